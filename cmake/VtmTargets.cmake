@@ -1,0 +1,33 @@
+# SPDX-FileCopyrightText: The Vortigo developers
+# SPDX-License-Identifier: MIT
+
+# What every target of the project is compiled with.
+add_library(vtm_options INTERFACE)
+target_compile_features(vtm_options INTERFACE cxx_std_20)
+target_compile_options(vtm_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(VTM_WERROR)
+    target_compile_options(vtm_options INTERFACE -Werror)
+endif()
+if(VTM_SANITIZE)
+    target_compile_options(
+        vtm_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(vtm_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# vtm_module(NAME SOURCES ... LINKS ...): a static library of toolkit-free code. It never links Qt.
+function(vtm_module name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE vtm_options)
+endfunction()
+
+# vtm_forms(NAME SOURCES ... LINKS ...): a static library of windows and pages, built on Qt Widgets.
+function(vtm_forms name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} Qt6::Widgets PRIVATE vtm_options)
+    target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+endfunction()

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "glyphs/RowText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace glyphs {
+
+std::string RowText(std::span<const GlyphCode> row) {
+    std::string text;
+    text.reserve(row.size());
+    for (const GlyphCode code : row) {
+        text.push_back(static_cast<char>(static_cast<unsigned char>(code)));
+    }
+    // find_last_not_of() + 1 is 0 for a row of blanks only.
+    text.resize(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+bool ParseQuotedLine(std::string_view line, std::span<GlyphCode> row) {
+    std::fill(row.begin(), row.end(), BlankGlyph);
+    const std::size_t quote = line.find('"');
+    const std::size_t first = quote == std::string_view::npos ? 0 : quote + 1;
+    const std::size_t end = line.empty() ? 0 : line.size() - 1;
+    if (first >= end) {
+        return true;
+    }
+    const std::string_view text = line.substr(first, end - first);
+    const std::size_t count = std::min(text.size(), row.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        row[i] = static_cast<unsigned char>(text[i]);
+    }
+    return text.size() <= row.size();
+}
+
+std::string_view ByteLines::next() {
+    const std::size_t end = m_rest.find_first_of("\r\n");
+    if (end == std::string_view::npos) {
+        return std::exchange(m_rest, {});
+    }
+    const std::string_view line = m_rest.substr(0, end);
+    const bool isPair = m_rest[end] == '\r' && end + 1 < m_rest.size() && m_rest[end + 1] == '\n';
+    m_rest.remove_prefix(end + (isPair ? 2U : 1U));
+    return line;
+}
+
+} // namespace glyphs

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/GlyphCode.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace glyphs {
+
+/// The cells of a row as bytes, one a cell, without the blanks (byte 32) at its right end.
+[[nodiscard]] std::string RowText(std::span<const GlyphCode> row);
+
+/// Reads the quoted text of a script line into a row. All cells become blank; then the bytes after the line's
+/// first double quote (the whole line, if there is none) up to but not including its last byte, whatever that
+/// is, go into the cells in order. Returns false when there are more bytes than cells; the cells then hold
+/// the first of them.
+[[nodiscard]] bool ParseQuotedLine(std::string_view line, std::span<GlyphCode> row);
+
+/// Takes a file's bytes apart into lines. A line ends at CR LF, CR or LF; what follows the last line end is a
+/// line of its own unless it is empty.
+class ByteLines {
+public:
+    explicit ByteLines(std::string_view bytes)
+        : m_rest(bytes) {}
+
+    [[nodiscard]] bool atEnd() const { return m_rest.empty(); }
+
+    /// The next line without its end. At the end of the bytes: an empty line.
+    std::string_view next();
+
+private:
+    std::string_view m_rest;
+};
+
+} // namespace glyphs

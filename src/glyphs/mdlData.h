@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/GlyphCode.h"
+#include "ui/Files.h"
+#include "ui/Picture.h"
+#include "ui/Platform.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace glyphs {
+
+constexpr std::string_view CharSetListName = "vtmtc.dat";
+constexpr std::string_view ArtworkStoreName = "vtmgrid.dat";
+constexpr std::string_view ScratchArtworkName = "curchar.gif";
+
+constexpr std::size_t CharSetNameWidth = 50;
+constexpr std::size_t WebAddressWidth = 100;
+constexpr std::size_t CharSetRecordSize = 154;
+constexpr std::size_t ArtworkSlotSize = 10000;
+
+/// Side of a glyph and of the whole picture in the unscaled artwork, in pixels.
+constexpr int ArtworkCell = 8;
+constexpr int ArtworkSide = 16 * ArtworkCell;
+
+/// One installed character set. Texts are Latin-1 bytes, blank padded to their full width.
+struct CharSetRecord {
+    std::int16_t listIndex = 0; ///< 0-based position in the list; the setting "grid"
+    std::string name = std::string(CharSetNameWidth, ' ');
+    std::string webAddress = std::string(WebAddressWidth, ' ');
+    std::int16_t artworkSlot = 0; ///< 0-based slot in the artwork store
+
+    friend bool operator==(const CharSetRecord&, const CharSetRecord&) = default;
+};
+
+/// The 154 bytes of a record: index, name, address, slot; little-endian. Longer texts are cut.
+[[nodiscard]] ui::Bytes EncodeCharSetRecord(const CharSetRecord& record);
+
+/// The record in exactly 154 bytes.
+[[nodiscard]] CharSetRecord DecodeCharSetRecord(std::string_view bytes);
+
+/// The web address without its trailing blanks.
+[[nodiscard]] std::string WebAddressText(const CharSetRecord& record);
+
+/// The display names of all whole records of the list, in file order, 50 bytes each. A missing list is made
+/// empty.
+[[nodiscard]] std::vector<std::string>
+LoadCharSetNames(ui::Files& files, const ui::ProgramDirectory& directory);
+
+/// Record `recordNumber` (1-based) of the list; the first one when the number lies outside the list.
+[[nodiscard]] ui::Result<CharSetRecord>
+ReadCharSetRecord(const ui::Files& files, const ui::ProgramDirectory& directory, int recordNumber);
+
+/// The picture in a slot (0-based) of the artwork store: 128 x 128, transparent pixels 0. Leaves no scratch
+/// file.
+[[nodiscard]] ui::Result<ui::Picture>
+LoadArtwork(ui::Files& files, const ui::ProgramDirectory& directory, int slot);
+
+} // namespace glyphs

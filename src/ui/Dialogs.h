@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Files.h"
+#include "ui/Picture.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ui {
+
+enum class Buttons { Ok, YesNo, YesNoCancel };
+
+enum class Answer { Ok, Yes, No, Cancel };
+
+enum class Icon { None, Exclamation };
+
+/// One entry of a file dialog's type list: the text shown and the patterns that it matches ("*.vtn").
+struct FileFilter {
+    std::string text;
+    std::vector<std::string> patterns;
+};
+
+/// What a file dialog is opened with.
+struct FileDialogRequest {
+    std::string title;       ///< empty: the platform's own title
+    std::string initialName; ///< what stands in the file-name box, for example "*.vtn"
+    std::vector<FileFilter> filters;
+    Path folder;                 ///< where it starts; empty: the current folder
+    std::string extension;       ///< added to a saved name that has none, with its dot; empty: none
+    bool asksToOverwrite = true; ///< save dialogs: whether an existing file is asked about
+};
+
+/// Message boxes, file choosers and the colour chooser. Texts are UTF-8; a message's lines end with '\n'.
+/// Every call is modal; the boxes carry the application's title.
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    /// Shows a message; the first button is the default. Escape answers No (YesNo) or Cancel (YesNoCancel).
+    virtual Answer box(const std::string& text, Buttons buttons, Icon icon) = 0;
+
+    /// The chosen existing file; nothing when cancelled.
+    virtual std::optional<Path> chooseFileToOpen(const FileDialogRequest& request) = 0;
+
+    /// The chosen path to write; nothing when cancelled. Never a name with '*' or '?' in it.
+    virtual std::optional<Path> chooseFileToSave(const FileDialogRequest& request) = 0;
+
+    /// The chosen colour; nothing when cancelled.
+    virtual std::optional<Pixel> chooseColour(Pixel initial) = 0;
+
+    /// Shows a message with one OK button and no icon.
+    void inform(const std::string& text) { box(text, Buttons::Ok, Icon::None); }
+
+    /// Shows a message with one OK button and an exclamation icon.
+    void warn(const std::string& text) { box(text, Buttons::Ok, Icon::Exclamation); }
+
+    /// Asks with Yes and No; true for Yes.
+    bool askYesNo(const std::string& text) { return box(text, Buttons::YesNo, Icon::None) == Answer::Yes; }
+};
+
+} // namespace ui
