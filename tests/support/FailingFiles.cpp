@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "support/FailingFiles.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace support {
+
+namespace {
+
+const char* StepText(FailingFiles::Step step) {
+    switch (step) {
+    case FailingFiles::Step::Read:
+        return "read";
+    case FailingFiles::Step::Open:
+        return "open";
+    case FailingFiles::Step::Write:
+        return "write";
+    case FailingFiles::Step::Flush:
+        return "flush";
+    case FailingFiles::Step::Close:
+        return "close";
+    case FailingFiles::Step::Remove:
+        return "remove";
+    case FailingFiles::Step::Rename:
+        return "rename";
+    }
+    return "";
+}
+
+ui::Failure InjectedFailure(FailingFiles::Step step, const ui::Path& path) {
+    return {
+        std::string("Could not ") + StepText(step) + " \"" + ui::PathText(path) + "\": injected failure."};
+}
+
+} // namespace
+
+class FailingFiles::File final : public ui::OutputFile {
+public:
+    File(FailingFiles& files, ui::Path path, std::unique_ptr<ui::OutputFile> file)
+        : m_files(files)
+        , m_path(std::move(path))
+        , m_file(std::move(file)) {}
+
+    ui::Status write(std::string_view bytes) override {
+        if (auto failure = m_files.take(Step::Write, m_path)) {
+            return *failure;
+        }
+        const std::size_t fitting = std::min(bytes.size(), m_files.m_room);
+        if (m_files.m_room != std::numeric_limits<std::size_t>::max()) {
+            m_files.m_room -= fitting;
+        }
+        if (auto written = m_file->write(bytes.substr(0, fitting)); !written) {
+            return written;
+        }
+        if (fitting < bytes.size()) {
+            return InjectedFailure(Step::Write, m_path);
+        }
+        return {};
+    }
+
+    ui::Status flush() override {
+        if (auto failure = m_files.take(Step::Flush, m_path)) {
+            return *failure;
+        }
+        return m_file->flush();
+    }
+
+    ui::Status close() override {
+        if (auto failure = m_files.take(Step::Close, m_path)) {
+            // A failed close still closes.
+            (void)m_file->close();
+            return *failure;
+        }
+        return m_file->close();
+    }
+
+private:
+    FailingFiles& m_files;
+    ui::Path m_path;
+    std::unique_ptr<ui::OutputFile> m_file;
+};
+
+void FailingFiles::failOnce(Step step, int number) {
+    Counter& counter = this->counter(step);
+    counter.failFirst = counter.count + number;
+    counter.failLast = counter.failFirst;
+}
+
+void FailingFiles::failFrom(Step step, int number) {
+    Counter& counter = this->counter(step);
+    counter.failFirst = counter.count + number;
+    counter.failLast = std::numeric_limits<int>::max();
+}
+
+void FailingFiles::failWritesAfter(std::size_t bytes) {
+    m_room = bytes;
+}
+
+void FailingFiles::failNothing() {
+    for (Counter& counter : m_counters) {
+        counter.failFirst = 0;
+        counter.failLast = 0;
+    }
+    m_room = std::numeric_limits<std::size_t>::max();
+}
+
+int FailingFiles::count(Step step) const {
+    return counter(step).count;
+}
+
+std::optional<ui::Failure>
+FailingFiles::take(Step step, const ui::Path& path, const std::string& more) const {
+    m_steps.push_back(std::string(StepText(step)) + " " + path.filename().native() + more);
+    Counter& counter = this->counter(step);
+    ++counter.count;
+    if (counter.failFirst > 0 && counter.count >= counter.failFirst && counter.count <= counter.failLast) {
+        return InjectedFailure(step, path);
+    }
+    return {};
+}
+
+bool FailingFiles::exists(const ui::Path& path) const {
+    return m_files.exists(path);
+}
+
+ui::Result<ui::Bytes> FailingFiles::read(const ui::Path& path) const {
+    if (auto failure = take(Step::Read, path)) {
+        return *failure;
+    }
+    return m_files.read(path);
+}
+
+ui::Result<std::unique_ptr<ui::OutputFile>> FailingFiles::open(const ui::Path& path, OpenMode mode) {
+    if (auto failure = take(Step::Open, path)) {
+        return *failure;
+    }
+    auto file = m_files.open(path, mode);
+    if (!file) {
+        return file.failure();
+    }
+    return std::unique_ptr<ui::OutputFile>(std::make_unique<File>(*this, path, std::move(file).value()));
+}
+
+ui::Status FailingFiles::remove(const ui::Path& path) {
+    if (auto failure = take(Step::Remove, path)) {
+        return *failure;
+    }
+    return m_files.remove(path);
+}
+
+ui::Status FailingFiles::rename(const ui::Path& from, const ui::Path& to) {
+    if (auto failure = take(Step::Rename, from, " " + to.filename().native())) {
+        return *failure;
+    }
+    return m_files.rename(from, to);
+}
+
+} // namespace support
