@@ -48,6 +48,12 @@ struct AnimationDocument {
     /// All 90 rows, in use or not.
     [[nodiscard]] GlyphRows rows() { return {nameGlyphs, NameLength}; }
 
+    /// The cells of a row (1 to 90).
+    [[nodiscard]] std::span<const GlyphCode> name(int row) const {
+        assert(row >= 1 && row <= MaxNames);
+        return std::span(nameGlyphs).subspan(static_cast<std::size_t>(row - 1) * NameLength, NameLength);
+    }
+
     /// The tick count of a row (1 to 90).
     [[nodiscard]] std::int16_t& ticks(int name) {
         assert(name >= 1 && name <= MaxNames);
