@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/Settings.h"
+
+#include "shell/SettingText.h"
+
+#include <optional>
+#include <utility>
+
+namespace shell {
+
+namespace {
+
+const std::string Section{OptionsSection};
+
+/// Shows every setting to a visitor with its key, in the order in which they are saved.
+template <class SettingsType, class Visitor>
+void VisitSettings(SettingsType& settings, Visitor& visitor) {
+    const auto numbered = [](std::string_view stem, std::size_t number) {
+        return std::string(stem) + std::to_string(number);
+    };
+
+    visitor.truth("loadatstartup", settings.loadAtStartup);
+    visitor.truth("saveatexit", settings.saveAtExit);
+    visitor.truth("bindprompt", settings.bindPrompt);
+    visitor.truth("casechoice", settings.caseChoice);
+    for (std::size_t i = 0; i < settings.colours.size(); ++i) {
+        visitor.colour(numbered("color", i + 1), settings.colours[i]);
+    }
+    for (std::size_t i = 0; i < settings.sounds.size(); ++i) {
+        visitor.truth(numbered("sound", i), settings.sounds[i]);
+    }
+    visitor.text("screenshot", settings.screenshot);
+    visitor.truth("prompt1", settings.promptNames);
+    visitor.truth("prompt2", settings.promptMessages);
+    visitor.number("grid", settings.grid);
+    for (std::size_t i = 0; i < settings.cursors.size(); ++i) {
+        visitor.number(numbered("cursor", i + 1), settings.cursors[i]);
+    }
+    for (std::size_t i = 0; i < settings.frequent.size(); ++i) {
+        visitor.glyph(numbered("freq", i + 1), settings.frequent[i]);
+    }
+    for (std::size_t i = 0; i < settings.favourites.size(); ++i) {
+        visitor.glyph(numbered("fav", i + 1), settings.favourites[i]);
+    }
+    visitor.truth("colmode", settings.modes.typingColour);
+    visitor.truth("insmode", settings.modes.insert);
+    visitor.truth("capmode", settings.modes.upperCase);
+    visitor.truth("nummode", settings.modes.numberPad);
+    visitor.number("maketype", settings.makeType);
+}
+
+/// Overwrites the defaults that it is shown with what is stored.
+class Reader {
+public:
+    Reader(const ui::SettingsStore& store, std::vector<UnreadableSetting>& unreadable)
+        : m_store(store)
+        , m_unreadable(unreadable) {}
+
+    void truth(const std::string& key, bool& value) { read(key, value, BooleanOf); }
+
+    void number(const std::string& key, std::int16_t& value) { read(key, value, ShortNumberOf); }
+
+    void text(const std::string& key, std::string& value) {
+        read(key, value, [](const std::string& stored) { return std::optional<std::string>(stored); });
+    }
+
+    void colour(const std::string& key, ui::Pixel& value) {
+        read(key, value, [](std::string_view stored) -> std::optional<ui::Pixel> {
+            const auto packed = NumberOf(stored);
+            return packed ? std::optional<ui::Pixel>(UnpackedColour(*packed)) : std::nullopt;
+        });
+    }
+
+    void glyph(const std::string& key, glyphs::GlyphCode& value) {
+        read(key, value, [](std::string_view stored) {
+            auto code = ShortNumberOf(stored);
+            if (code && (*code < 0 || *code >= glyphs::GlyphCount)) {
+                code.reset();
+            }
+            return code;
+        });
+    }
+
+private:
+    template <class Value, class Conversion>
+    void read(const std::string& key, Value& value, Conversion&& convert) {
+        const auto stored = m_store.read(Section, key);
+        if (!stored) {
+            return;
+        }
+        if (auto converted = convert(*stored)) {
+            value = *std::move(converted);
+        } else {
+            m_unreadable.push_back({key, *stored});
+        }
+    }
+
+    const ui::SettingsStore& m_store;
+    std::vector<UnreadableSetting>& m_unreadable;
+};
+
+class Writer {
+public:
+    explicit Writer(ui::SettingsStore& store)
+        : m_store(store) {}
+
+    void truth(const std::string& key, bool value) { text(key, TextOf(value)); }
+
+    void number(const std::string& key, std::int16_t value) { text(key, std::to_string(value)); }
+
+    void text(const std::string& key, const std::string& value) { m_store.write(Section, key, value); }
+
+    void colour(const std::string& key, ui::Pixel value) { text(key, std::to_string(PackedColour(value))); }
+
+    void glyph(const std::string& key, glyphs::GlyphCode value) { number(key, value); }
+
+private:
+    ui::SettingsStore& m_store;
+};
+
+} // namespace
+
+std::string DefaultScreenshot(const ui::Path& programFolder) {
+    return (programFolder / "quake00.bmp").native();
+}
+
+void Defaults(Settings& settings, const ui::Path& programFolder) {
+    const auto frequent = settings.frequent;
+    settings = Settings{};
+    settings.frequent = frequent;
+    settings.screenshot = DefaultScreenshot(programFolder);
+}
+
+bool LoadsAtStartup(const ui::SettingsStore& store) {
+    const auto stored = store.read(Section, "loadatstartup");
+    return !stored || BooleanOf(*stored).value_or(true);
+}
+
+LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolder) {
+    LoadedSettings loaded;
+    Defaults(loaded.settings, programFolder);
+    loaded.settings.frequent.fill(glyphs::BlankGlyph);
+    Reader reader(store, loaded.unreadable);
+    VisitSettings(loaded.settings, reader);
+    if (loaded.settings.makeType < 0 || loaded.settings.makeType > 2) {
+        loaded.settings.makeType = Settings{}.makeType;
+    }
+    return loaded;
+}
+
+ui::Status Save(ui::SettingsStore& store, const Settings& settings) {
+    Writer writer(store);
+    VisitSettings(settings, writer);
+    return store.save();
+}
+
+std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreadable) {
+    if (unreadable.empty()) {
+        return {};
+    }
+    std::string text = unreadable.size() == 1
+                           ? "A stored setting could not be read, its default is used: "
+                           : "Stored settings could not be read, their defaults are used: ";
+    const char* separator = "";
+    for (const auto& [key, value] : unreadable) {
+        text += separator + key + " = \"" + value + "\"";
+        separator = ", ";
+    }
+    return text + ".";
+}
+
+std::int32_t PackedColour(ui::Pixel colour) {
+    const ui::Pixel red = (colour >> 16U) & 0xFFU;
+    const ui::Pixel green = (colour >> 8U) & 0xFFU;
+    const ui::Pixel blue = colour & 0xFFU;
+    return static_cast<std::int32_t>(red + 256U * green + 65536U * blue);
+}
+
+ui::Pixel UnpackedColour(std::int32_t packed) {
+    const auto bits = static_cast<std::uint32_t>(packed);
+    return ui::OpaquePixel(bits & 0xFFU, (bits >> 8U) & 0xFFU, (bits >> 16U) & 0xFFU);
+}
+
+} // namespace shell

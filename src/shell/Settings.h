@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "glyphs/GlyphCode.h"
+#include "glyphs/mdlPaint.h"
+#include "ui/Files.h"
+#include "ui/Picture.h"
+#include "ui/Platform.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace shell {
+
+/// The store section that holds the options.
+constexpr std::string_view OptionsSection = "options";
+
+/// Number of keys that Save writes.
+constexpr std::size_t SettingCount = 34;
+
+constexpr std::size_t ColourCount = 5;
+constexpr std::size_t CursorCount = 4;
+
+/// Places in Settings::colours.
+enum SettingColour : std::size_t {
+    BackgroundColour,
+    GridMarkerColour,
+    NameMarkerColour,
+    AnimationMarkerColour,
+    MessagesMarkerColour,
+};
+
+/// Places in Settings::cursors.
+enum SettingCursor : std::size_t { GridCursor, NameCursor, AnimationCursor, MessagesCursor };
+
+/// Everything that is kept between runs. A new object holds the defaults, but no screenshot and frequent
+/// glyphs 0.
+struct Settings {
+    bool loadAtStartup = true;
+    bool saveAtExit = true;
+    bool bindPrompt = true; ///< offer the binding wizard after a script was saved
+    bool caseChoice = true; ///< case operations change letters only
+    std::array<ui::Pixel, ColourCount> colours{
+        ui::OpaquePixel(0, 0, 0), ui::OpaquePixel(255, 255, 0), ui::OpaquePixel(0, 255, 0),
+        ui::OpaquePixel(0, 255, 0), ui::OpaquePixel(0, 255, 0)};
+    glyphs::SoundOptions sounds{true, true, true, true};
+    std::string screenshot;     ///< path of the picture behind the full-screen preview; may be empty
+    bool promptNames = true;    ///< ask before formatting all names
+    bool promptMessages = true; ///< ask before formatting all messages
+    std::int16_t grid = 0;      ///< 0-based place of the character set in its list; unchecked
+    std::array<std::int16_t, CursorCount> cursors{0, 2, 2, 2}; ///< 0 none, 1 arrow, 2 cross; unchecked
+    std::array<glyphs::GlyphCode, 3> frequent{0, 0, 0};
+    std::array<glyphs::GlyphCode, 5> favourites{16, 86, 84, 77, 17};
+    editing::Modes modes;
+    std::int16_t makeType = 1; ///< page in view: 0 name, 1 animation, 2 messages
+
+    /// makeType as a page.
+    [[nodiscard]] editing::Page page() const { return static_cast<editing::Page>(makeType); }
+};
+
+/// A stored value that cannot be read as what its key holds.
+struct UnreadableSetting {
+    std::string key;
+    std::string value;
+};
+
+struct LoadedSettings {
+    Settings settings;
+    std::vector<UnreadableSetting> unreadable; ///< each of these has its default in `settings`
+};
+
+/// The path of the screenshot that comes with the program.
+[[nodiscard]] std::string DefaultScreenshot(const ui::Path& programFolder);
+
+/// Sets everything but the frequent glyphs to its default.
+void Defaults(Settings& settings, const ui::Path& programFolder);
+
+/// Whether the stored settings are to be loaded at start; yes, if nothing (readable) is stored.
+[[nodiscard]] bool LoadsAtStartup(const ui::SettingsStore& store);
+
+/// Reads all keys; an absent or unreadable one yields its default, which is 32 for the frequent glyphs. A
+/// page number that does not exist yields the animation page.
+[[nodiscard]] LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolder);
+
+/// Writes all keys and makes them last.
+ui::Status Save(ui::SettingsStore& store, const Settings& settings);
+
+/// One sentence that names the settings that could not be read; empty when there is none.
+[[nodiscard]] std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreadable);
+
+/// A colour as it is stored: red + 256 x green + 65536 x blue.
+[[nodiscard]] std::int32_t PackedColour(ui::Pixel colour);
+
+/// The opaque pixel of a stored colour; only its lower 24 bits count.
+[[nodiscard]] ui::Pixel UnpackedColour(std::int32_t packed);
+
+} // namespace shell
