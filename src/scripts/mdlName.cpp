@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "scripts/mdlName.h"
+
+#include "editing/ScriptFile.h"
+#include "glyphs/RowText.h"
+#include "scripts/Texts.h"
+
+namespace scripts {
+
+namespace {
+
+constexpr std::string_view LineEnd = "\r\n";
+
+bool Holds(std::string_view line, std::string_view word) {
+    return line.find(word) != std::string_view::npos;
+}
+
+ui::FileFilter NameScriptFilter() {
+    return {"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}};
+}
+
+} // namespace
+
+std::string NameText(const editing::NameDocument& name) {
+    return glyphs::RowText(name.cells);
+}
+
+std::string NameLine(NameCommand command, const editing::NameDocument& name) {
+    std::string line = command == NameCommand::SetName ? "set name \"" : "name \"";
+    line += NameText(name);
+    line += '"';
+    return line;
+}
+
+ui::Bytes WriteNameScript(NameCommand command, const editing::NameDocument& name) {
+    ui::Bytes script = "// ";
+    script += NameScriptHeader;
+    script += LineEnd;
+    script += NameLine(command, name);
+    script += LineEnd;
+    return script;
+}
+
+ReadOutcome ReadNameScript(std::string_view script, editing::NameDocument& name) {
+    glyphs::ByteLines lines(script);
+    if (!Holds(lines.next(), NameScriptHeader)) {
+        return ReadOutcome::NotRecognised;
+    }
+    const std::string_view line = lines.next();
+    if (!Holds(line, "name")) {
+        return ReadOutcome::NotRecognised;
+    }
+    return glyphs::ParseQuotedLine(line, name.cells) ? ReadOutcome::Read : ReadOutcome::TooLong;
+}
+
+ui::FileDialogRequest SaveNameScriptRequest(const ui::ProgramDirectory& directory) {
+    ui::FileDialogRequest request;
+    request.title = "Save as a Script File";
+    request.initialName = "*.vtn";
+    request.filters = {NameScriptFilter()};
+    if (directory.writable()) {
+        request.folder = directory.folder();
+    }
+    request.extension = ".vtn";
+    return request;
+}
+
+ui::FileDialogRequest LoadNameScriptRequest() {
+    ui::FileDialogRequest request;
+    request.title = "Select the Script file";
+    request.initialName = "*.vtn";
+    request.filters = {NameScriptFilter()};
+    return request;
+}
+
+SaveOutcome SaveNameScript(
+    ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory,
+    const editing::NameDocument& name) {
+    const auto path = dialogs.chooseFileToSave(SaveNameScriptRequest(directory));
+    if (!path || !editing::MayReplaceFile(dialogs, files, *path, NameScriptHeader)) {
+        return {};
+    }
+    // Yes gives the plain command and No the other one, although the games want it the other way round:
+    // scripts have always been made so.
+    const NameCommand command =
+        dialogs.askYesNo(texts::IsQuake2Name) ? NameCommand::Name : NameCommand::SetName;
+    if (const auto written = ui::WriteFile(files, *path, WriteNameScript(command, name)); !written) {
+        dialogs.warn(written.failure().message);
+        return {SaveOutcome::Kind::Failed};
+    }
+    dialogs.inform(texts::ScriptWritten(*path));
+    return {SaveOutcome::Kind::Written, *path};
+}
+
+std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs) {
+    return dialogs.chooseFileToOpen(LoadNameScriptRequest());
+}
+
+LoadOutcome LoadNameScript(
+    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
+    editing::NameDocument& name, const Repaint& repaint) {
+    LoadOutcome outcome;
+    ReadOutcome read = ReadOutcome::NotRecognised;
+    if (const auto script = files.read(path)) {
+        read = ReadNameScript(script.value(), name);
+        if (read == ReadOutcome::TooLong) {
+            outcome.reason = "The name is longer than 15 glyphs; the first 15 were read.";
+        }
+    } else {
+        outcome.reason = script.failure().message;
+    }
+    outcome.loaded = read == ReadOutcome::Read;
+    // A name that was too long has filled the cells all the same: the page must not show another.
+    if (read != ReadOutcome::NotRecognised) {
+        repaint();
+    }
+    if (!outcome.loaded) {
+        dialogs.inform(texts::NameNotRead(path));
+    } else if (!quiet) {
+        dialogs.inform(texts::ScriptRead(path));
+    }
+    return outcome;
+}
+
+void CopyNameToClipboard(ui::Clipboard& clipboard, ui::Dialogs& dialogs, const editing::NameDocument& name) {
+    clipboard.setText(NameText(name));
+    dialogs.inform(texts::NameCopied);
+}
+
+bool OffersBinding(const SaveOutcome& outcome) {
+    return outcome.kind != SaveOutcome::Kind::Failed;
+}
+
+bool AskToBind(ui::Dialogs& dialogs) {
+    return dialogs.askYesNo(texts::BindNow);
+}
+
+} // namespace scripts

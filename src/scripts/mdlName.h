@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "ui/Platform.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace scripts {
+
+constexpr std::string_view NameScriptHeader = "Name File Created by Vortigo";
+
+/// The console command that sets the name: `name` or `set name`.
+enum class NameCommand { Name, SetName };
+
+/// What came of reading a script's bytes into its document.
+enum class ReadOutcome {
+    Read,
+    TooLong,      ///< more glyphs than cells: the cells hold the first of them
+    NotRecognised ///< not such a script
+};
+
+/// What came of a save command.
+struct SaveOutcome {
+    enum class Kind {
+        Cancelled,
+        Written, ///< the script is on the disk and the user was told
+        Failed   ///< the user was told why; the command ends here, nothing follows it
+    };
+
+    Kind kind = Kind::Cancelled;
+    ui::Path path = {}; ///< of a written script: for the recent files and as the script to bind
+};
+
+/// What came of a load command. The user has been told and the page repainted as far as either was due.
+struct LoadOutcome {
+    bool loaded = false;
+    std::string reason = {}; ///< why it could not be loaded, for the status line; may be empty
+};
+
+/// Repaints and shows a document's page. Called before the user is told that a script was read, so that the
+/// page behind the box is the new one.
+using Repaint = std::function<void()>;
+
+/// The name's cells as bytes, without the blanks at its right end.
+[[nodiscard]] std::string NameText(const editing::NameDocument& name);
+
+/// The line, without its end, that sets the name: the command, a blank and the quoted name text.
+[[nodiscard]] std::string NameLine(NameCommand command, const editing::NameDocument& name);
+
+/// A whole name script.
+[[nodiscard]] ui::Bytes WriteNameScript(NameCommand command, const editing::NameDocument& name);
+
+/// Reads a name script. The name is unchanged unless the script is recognised; the cursor never moves.
+[[nodiscard]] ReadOutcome ReadNameScript(std::string_view script, editing::NameDocument& name);
+
+/// What the file dialogs of the name script are opened with.
+[[nodiscard]] ui::FileDialogRequest SaveNameScriptRequest(const ui::ProgramDirectory& directory);
+[[nodiscard]] ui::FileDialogRequest LoadNameScriptRequest();
+
+/// Asks for the path and for the game, writes the script and says so, or why not.
+[[nodiscard]] SaveOutcome SaveNameScript(
+    ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory,
+    const editing::NameDocument& name);
+
+/// The name script to load; nothing when cancelled.
+[[nodiscard]] std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs);
+
+/// Reads the name script `path` into the name, repaints what changed and tells the user. `quiet` leaves out
+/// the message of success, never that of a failure.
+LoadOutcome LoadNameScript(
+    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
+    editing::NameDocument& name, const Repaint& repaint);
+
+/// Puts the name text on the clipboard and says so.
+void CopyNameToClipboard(ui::Clipboard& clipboard, ui::Dialogs& dialogs, const editing::NameDocument& name);
+
+/// Whether a save command is followed by the question of AskToBind(): written or cancelled, but not failed.
+[[nodiscard]] bool OffersBinding(const SaveOutcome& outcome);
+
+/// Asks whether to open the binding wizard; true for Yes. Asked only while the setting for it is on.
+[[nodiscard]] bool AskToBind(ui::Dialogs& dialogs);
+
+} // namespace scripts

@@ -1,0 +1,396 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "scripts/mdlName.h"
+
+#include "support/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+using editing::NameDocument;
+using scripts::NameCommand;
+using scripts::ReadOutcome;
+using scripts::SaveOutcome;
+
+namespace {
+
+NameDocument Name(std::string_view glyphs) {
+    NameDocument name;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        name.cells.at(i) = static_cast<unsigned char>(glyphs[i]);
+    }
+    return name;
+}
+
+std::string Cells(const NameDocument& name) {
+    std::string text;
+    for (const auto code : name.cells) {
+        text += static_cast<char>(code);
+    }
+    return text;
+}
+
+/// Every glyph code a name can hold but the blank, fifteen at a time.
+std::vector<std::string> AllNames() {
+    std::vector<std::string> names;
+    std::string text;
+    for (int code = 0; code < 256; ++code) {
+        text += static_cast<char>(code);
+        if (text.size() == 15 || code == 255) {
+            names.push_back(text);
+            text.clear();
+        }
+    }
+    return names;
+}
+
+const std::vector<ui::FileFilter> ScriptFilter = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
+constexpr auto Question = "Is this name to be used in Quake2?";
+
+class NameScript : public testing::Test {
+protected:
+    support::FakePlatform fake;
+    NameDocument name;
+    int repaints = 0;
+
+    ui::Path file(const char* fileName) { return fake.directory.folder() / fileName; }
+
+    ui::Path put(const char* fileName, std::string_view bytes) {
+        const ui::Path path = file(fileName);
+        EXPECT_TRUE(ui::WriteFile(fake.disk, path, bytes).ok());
+        return path;
+    }
+
+    ui::Bytes get(const ui::Path& path) {
+        auto bytes = fake.disk.read(path);
+        return bytes ? bytes.value() : "(not there)";
+    }
+
+    void expectSaveDialog(std::optional<ui::Path> answer) {
+        fake.dialogs.expectSave(
+            {"Save as a Script File", "*.vtn", ScriptFilter, fake.directory.folder(), ".vtn", true}, answer);
+    }
+
+    SaveOutcome save() { return scripts::SaveNameScript(fake.dialogs, fake.files, fake.directory, name); }
+
+    scripts::LoadOutcome load(const ui::Path& path, bool quiet = false) {
+        return scripts::LoadNameScript(fake.dialogs, fake.files, path, quiet, name, [this] { ++repaints; });
+    }
+};
+
+} // namespace
+
+TEST(NameText, dropsBlanksAtTheRightEndOnly) {
+    EXPECT_EQ("  a b", scripts::NameText(Name("  a b    ")));
+    EXPECT_EQ("", scripts::NameText(NameDocument{}));
+    EXPECT_EQ("123456789012345", scripts::NameText(Name("123456789012345")));
+    // Only glyph 32 is a blank; its likeness in colour 2 is not.
+    EXPECT_EQ("a\xA0", scripts::NameText(Name("a\xA0 ")));
+}
+
+TEST(WriteNameScript, writesTwoLinesThatEndWithCrLf) {
+    EXPECT_EQ(
+        "// Name File Created by Vortigo\r\nname \"Player\"\r\n",
+        scripts::WriteNameScript(NameCommand::Name, Name("Player")));
+    EXPECT_EQ(
+        "// Name File Created by Vortigo\r\nset name \"  Player\"\r\n",
+        scripts::WriteNameScript(NameCommand::SetName, Name("  Player  ")));
+}
+
+TEST(WriteNameScript, writesNothingBetweenTheQuotesOfABlankName) {
+    EXPECT_EQ(
+        "// Name File Created by Vortigo\r\nname \"\"\r\n",
+        scripts::WriteNameScript(NameCommand::Name, NameDocument{}));
+}
+
+TEST(WriteNameScript, writesEveryGlyphAsItsByte) {
+    for (const std::string& glyphs : AllNames()) {
+        EXPECT_EQ(
+            "// Name File Created by Vortigo\r\nname \"" + glyphs + "\"\r\n",
+            scripts::WriteNameScript(NameCommand::Name, Name(glyphs)));
+    }
+}
+
+TEST(ReadNameScript, readsBackWhatWasWritten) {
+    for (const std::string& glyphs : AllNames()) {
+        // Line ends and quotes are written all the same, but the game and the reader see them as what they
+        // are.
+        if (glyphs.find_first_of("\r\n\"") != std::string::npos) {
+            continue;
+        }
+        NameDocument name = Name("old");
+        EXPECT_EQ(
+            ReadOutcome::Read,
+            scripts::ReadNameScript(scripts::WriteNameScript(NameCommand::SetName, Name(glyphs)), name));
+        EXPECT_EQ(Cells(Name(glyphs)), Cells(name));
+    }
+}
+
+TEST(ReadNameScript, takesBothCommandsForTheSame) {
+    for (const std::string command : {"name", "set name", "alias name", "nameless"}) {
+        NameDocument name = Name("replaced whole");
+        EXPECT_EQ(
+            ReadOutcome::Read,
+            scripts::ReadNameScript("// Name File Created by Vortigo\r\n" + command + " \" ab\"\r\n", name));
+        EXPECT_EQ(" ab            ", Cells(name));
+    }
+}
+
+TEST(ReadNameScript, readsEveryLineEndAndAnUnterminatedLine) {
+    for (const std::string end : {"\r\n", "\r", "\n"}) {
+        for (const std::string& last : {end, std::string()}) {
+            NameDocument name;
+            EXPECT_EQ(
+                ReadOutcome::Read, scripts::ReadNameScript(
+                                       "// Name File Created by Vortigo" + end + "name \"ab\"" + last, name));
+            EXPECT_EQ("ab             ", Cells(name));
+        }
+    }
+}
+
+TEST(ReadNameScript, dropsTheLastByteOfTheLineWhateverItIs) {
+    NameDocument name;
+    EXPECT_EQ(
+        ReadOutcome::Read,
+        scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"ab\" \r\n", name));
+    EXPECT_EQ("ab\"            ", Cells(name));
+}
+
+TEST(ReadNameScript, readsALineWithoutQuotesFromItsStart) {
+    NameDocument name;
+    EXPECT_EQ(
+        ReadOutcome::Read, scripts::ReadNameScript("// Name File Created by Vortigo\r\nname abc\r\n", name));
+    EXPECT_EQ("name ab        ", Cells(name));
+}
+
+TEST(ReadNameScript, findsItsHeaderAnywhereInTheFirstLine) {
+    NameDocument name;
+    EXPECT_EQ(
+        ReadOutcome::Read, scripts::ReadNameScript("xx Name File Created by Vortigo 2\r\nname \"a\"", name));
+}
+
+TEST(ReadNameScript, leavesTheNameAloneWhenTheScriptIsNotOne) {
+    for (const std::string script : {
+             "",
+             "\r\n",
+             "// Name File Created by Vortigo",
+             "// Name File Created by Vortigo\r\n",
+             "// Name File Created by Vortigo\r\n\r\nname \"a\"\r\n",
+             "// Name File Created by Vortigo\r\nNAME \"a\"\r\n",
+             "// Name File Created by Vortigo\r\nsay \"a\"\r\n",
+             "// name file created by vortigo\r\nname \"a\"\r\n",
+             "\r\n// Name File Created by Vortigo\r\nname \"a\"\r\n",
+             "// Macro File Created by Vortigo\r\nname \"a\"\r\n",
+             "name \"a\"\r\n",
+         }) {
+        NameDocument name = Name("old");
+        EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadNameScript(script, name)) << script;
+        EXPECT_EQ("old            ", Cells(name)) << script;
+    }
+}
+
+TEST(ReadNameScript, keepsTheFirstFifteenGlyphsOfALongerName) {
+    NameDocument name = Name("old");
+    EXPECT_EQ(
+        ReadOutcome::TooLong,
+        scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n", name));
+    EXPECT_EQ("123456789012345", Cells(name));
+}
+
+TEST(ReadNameScript, leavesTheCursorWhereItIs) {
+    NameDocument name;
+    name.cursorPos = 7;
+    ASSERT_EQ(
+        ReadOutcome::Read,
+        scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"abc\"\r\n", name));
+    EXPECT_EQ(7, name.cursorPos);
+}
+
+TEST_F(NameScript, isSavedForTheGameThatWasAnswered) {
+    name = Name("Player");
+    const ui::Path path = file("a.vtn");
+    expectSaveDialog(path);
+    // The question comes before the file is made.
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes, [&] { EXPECT_FALSE(fake.disk.exists(path)); });
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
+        EXPECT_EQ("// Name File Created by Vortigo\r\nname \"Player\"\r\n", get(path));
+    });
+    const SaveOutcome outcome = save();
+    EXPECT_EQ(SaveOutcome::Kind::Written, outcome.kind);
+    EXPECT_EQ(path, outcome.path);
+    EXPECT_TRUE(scripts::OffersBinding(outcome));
+    fake.dialogs.expectAllAsked();
+
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::No);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    (void)save();
+    EXPECT_EQ("// Name File Created by Vortigo\r\nset name \"Player\"\r\n", get(path));
+}
+
+TEST_F(NameScript, replacesALongerScriptWhole) {
+    name = Name("a");
+    const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"123456789012345\"\r\n");
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    (void)save();
+    EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", get(path));
+}
+
+TEST_F(NameScript, endsSilentlyWhenTheSaveDialogIsCancelled) {
+    expectSaveDialog(std::nullopt);
+    const SaveOutcome outcome = save();
+    EXPECT_EQ(SaveOutcome::Kind::Cancelled, outcome.kind);
+    EXPECT_TRUE(scripts::OffersBinding(outcome)) << "the binding prompt follows a cancelled dialog too";
+    EXPECT_EQ(0, fake.files.count(support::FailingFiles::Step::Open));
+}
+
+TEST_F(NameScript, asksBeforeItReplacesAFileOfAnotherKind) {
+    const ui::Path path = put("autoexec.cfg", "bind a b\n");
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(
+        "The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        ui::Answer::No);
+    EXPECT_EQ(SaveOutcome::Kind::Cancelled, save().kind);
+    EXPECT_EQ("bind a b\n", get(path));
+    fake.dialogs.expectAllAsked();
+
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(
+        "The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        ui::Answer::Yes);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
+    EXPECT_EQ("// Name File Created by Vortigo\r\nname \"\"\r\n", get(path));
+}
+
+TEST_F(NameScript, replacesAnEmptyFileWithoutAsking) {
+    const ui::Path path = put("a.vtn", "");
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
+}
+
+TEST_F(NameScript, thatCannotBeWrittenSaysWhichFileAndWhy) {
+    const ui::Path path = file("nowhere/a.vtn");
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
+    const SaveOutcome outcome = save();
+    EXPECT_EQ(SaveOutcome::Kind::Failed, outcome.kind);
+    EXPECT_FALSE(scripts::OffersBinding(outcome)) << "nothing follows a failed save";
+}
+
+TEST_F(NameScript, isNotDoneWhenAnyStepOfTheWritingFails) {
+    using Step = support::FailingFiles::Step;
+    const ui::Path path = file("a.vtn");
+    for (const auto& [step, word] :
+         {std::pair(Step::Open, "open"), {Step::Write, "write"}, {Step::Close, "close"}}) {
+        fake.files.failOnce(step);
+        expectSaveDialog(path);
+        fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+        fake.dialogs.expectWarning(
+            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
+        EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
+        fake.dialogs.expectAllAsked();
+        fake.files.failNothing();
+        (void)fake.disk.remove(path);
+    }
+}
+
+TEST_F(NameScript, startsItsSaveDialogInTheProgramFolderOnlyIfItIsWritable) {
+    EXPECT_EQ(fake.directory.folder(), scripts::SaveNameScriptRequest(fake.directory).folder);
+    fake.directory.isWritable = false;
+    EXPECT_EQ(ui::Path(), scripts::SaveNameScriptRequest(fake.directory).folder);
+}
+
+TEST_F(NameScript, isChosenInTheDefaultFolder) {
+    fake.dialogs.expectOpen({"Select the Script file", "*.vtn", ScriptFilter, ui::Path()}, std::nullopt);
+    EXPECT_EQ(std::nullopt, scripts::ChooseNameScript(fake.dialogs));
+    fake.dialogs.expectOpen(
+        {"Select the Script file", "*.vtn", ScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
+    EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseNameScript(fake.dialogs));
+}
+
+TEST_F(NameScript, isShownBeforeTheLoadIsReported) {
+    const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
+    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+        EXPECT_EQ(1, repaints);
+        EXPECT_EQ("Player         ", Cells(name));
+    });
+    EXPECT_TRUE(load(path).loaded);
+    EXPECT_EQ(1, repaints);
+}
+
+TEST_F(NameScript, isLoadedWithoutASuccessMessageWhileTheProgramStarts) {
+    const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
+    EXPECT_TRUE(load(path, true).loaded);
+    EXPECT_EQ(1, repaints);
+    EXPECT_EQ("Player         ", Cells(name));
+}
+
+TEST_F(NameScript, thatIsNotOneIsReportedEvenWhileTheProgramStarts) {
+    name = Name("old");
+    const ui::Path path = put("a.vtn", "// name file created by vortigo\r\nname \"a\"\r\n");
+    for (const bool quiet : {false, true}) {
+        fake.dialogs.expectInform("Error reading name from " + path.native() + ".");
+        EXPECT_FALSE(load(path, quiet).loaded);
+    }
+    EXPECT_EQ(0, repaints);
+    EXPECT_EQ("old            ", Cells(name));
+}
+
+TEST_F(NameScript, thatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
+    name = Name("old");
+    // Paths are shown as they were given: the start-up gives the file's name alone.
+    fake.dialogs.expectInform("Error reading name from not-there.vtn.");
+    const auto outcome = load("not-there.vtn");
+    EXPECT_FALSE(outcome.loaded);
+    EXPECT_EQ("Could not open \"not-there.vtn\": No such file or directory.", outcome.reason);
+    EXPECT_EQ(0, repaints);
+    EXPECT_EQ("old            ", Cells(name));
+}
+
+TEST_F(NameScript, thatIsTooLongIsReportedAndShownAsFarAsItFits) {
+    name = Name("old");
+    const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n");
+    fake.dialogs.expectInform(
+        "Error reading name from " + path.native() + ".", [&] { EXPECT_EQ(1, repaints); });
+    EXPECT_FALSE(load(path).loaded);
+    EXPECT_EQ("123456789012345", Cells(name));
+    EXPECT_EQ(1, repaints);
+}
+
+TEST_F(NameScript, isSavedAndLoadedUnderAnyFileName) {
+    name = Name("Player");
+    const ui::Path path = file("g\xFCnther \xC3\xBC.vtn");
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    (void)save();
+    name = {};
+    EXPECT_TRUE(load(path, true).loaded);
+    EXPECT_EQ("Player         ", Cells(name));
+}
+
+TEST_F(NameScript, isOnTheClipboardAsItsBytes) {
+    name = Name(" \x01\xFF\x80q ");
+    fake.dialogs.expectInform(
+        "Your name is now in the Windows Clipboard.\n"
+        "Place the cursor anywhere you can Paste or\n"
+        "Shift-Insert to use your new name.\n"
+        "Like the Profile Name of GameSpy.",
+        [&] { EXPECT_EQ(1U, fake.clipboard.texts.size()); });
+    scripts::CopyNameToClipboard(fake.clipboard, fake.dialogs, name);
+    EXPECT_EQ(std::vector<std::string>{" \x01\xFF\x80q"}, fake.clipboard.texts);
+}
+
+TEST_F(NameScript, asksForTheBindingWizard) {
+    constexpr auto text = "Would you like to use the Binding Wizard to bind the script file you just saved?";
+    fake.dialogs.expectYesNo(text, ui::Answer::Yes);
+    EXPECT_TRUE(scripts::AskToBind(fake.dialogs));
+    fake.dialogs.expectYesNo(text, ui::Answer::No);
+    EXPECT_FALSE(scripts::AskToBind(fake.dialogs));
+}
