@@ -6,7 +6,7 @@
 #include <charconv>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 
 namespace tools {
 
@@ -19,10 +19,15 @@ bool parseWhole(const std::string& word, Number& value) {
     return error == std::errc() && next == end;
 }
 
-[[noreturn]] void refuseNumber(
-    const std::string& file, int line, const std::string& word, const std::string& low,
-    const std::string& high) {
-    Refuse(file, line, "\"" + word + "\" is not a number from " + low + " to " + high);
+template <class Number>
+Number numberIn(const std::string& file, int line, const std::string& word, Number low, Number high) {
+    Number value = 0;
+    if (!parseWhole(word, value) || !(value >= low && value <= high)) {
+        std::ostringstream range;
+        range << low << " to " << high;
+        Refuse(file, line, "\"" + word + "\" is not a number from " + range.str());
+    }
+    return value;
 }
 
 } // namespace
@@ -62,19 +67,11 @@ std::vector<std::string> SplitWords(std::string_view text) {
 }
 
 double NumberIn(const std::string& file, int line, const std::string& word, double low, double high) {
-    double value = 0;
-    if (!parseWhole(word, value) || !(value >= low && value <= high)) {
-        refuseNumber(file, line, word, std::to_string(low), std::to_string(high));
-    }
-    return value;
+    return numberIn(file, line, word, low, high);
 }
 
 int IntegerIn(const std::string& file, int line, const std::string& word, int low, int high) {
-    int value = 0;
-    if (!parseWhole(word, value) || value < low || value > high) {
-        refuseNumber(file, line, word, std::to_string(low), std::to_string(high));
-    }
-    return value;
+    return numberIn(file, line, word, low, high);
 }
 
 void WriteOutput(const std::string& file, std::string_view bytes) {
