@@ -54,14 +54,12 @@ ReadOutcome ReadNameScript(std::string_view script, editing::NameDocument& name)
     return glyphs::ParseQuotedLine(line, name.cells) ? ReadOutcome::Read : ReadOutcome::TooLong;
 }
 
-ui::FileDialogRequest SaveNameScriptRequest(const ui::ProgramDirectory& directory) {
+ui::FileDialogRequest SaveNameScriptRequest(const ui::Path& folder) {
     ui::FileDialogRequest request;
     request.title = "Save as a Script File";
     request.initialName = "*.vtn";
     request.filters = {NameScriptFilter()};
-    if (directory.writable()) {
-        request.folder = directory.folder();
-    }
+    request.folder = folder;
     request.extension = ".vtn";
     return request;
 }
@@ -75,9 +73,8 @@ ui::FileDialogRequest LoadNameScriptRequest() {
 }
 
 SaveOutcome SaveNameScript(
-    ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory,
-    const editing::NameDocument& name) {
-    const auto path = dialogs.chooseFileToSave(SaveNameScriptRequest(directory));
+    ui::Dialogs& dialogs, ui::Files& files, const ui::Path& folder, const editing::NameDocument& name) {
+    const auto path = dialogs.chooseFileToSave(SaveNameScriptRequest(folder));
     if (!path || !editing::MayReplaceFile(dialogs, files, *path, NameScriptHeader)) {
         return {};
     }

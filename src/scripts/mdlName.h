@@ -58,14 +58,14 @@ using Repaint = std::function<void()>;
 /// Reads a name script. The name is unchanged unless the script is recognised; the cursor never moves.
 [[nodiscard]] ReadOutcome ReadNameScript(std::string_view script, editing::NameDocument& name);
 
-/// What the file dialogs of the name script are opened with.
-[[nodiscard]] ui::FileDialogRequest SaveNameScriptRequest(const ui::ProgramDirectory& directory);
+/// What the file dialogs of the name script are opened with. Saving starts in `folder`: the program's own, if
+/// it is writable.
+[[nodiscard]] ui::FileDialogRequest SaveNameScriptRequest(const ui::Path& folder);
 [[nodiscard]] ui::FileDialogRequest LoadNameScriptRequest();
 
-/// Asks for the path and for the game, writes the script and says so, or why not.
+/// Asks for the path, starting in `folder`, and for the game; writes the script and says so, or why not.
 [[nodiscard]] SaveOutcome SaveNameScript(
-    ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory,
-    const editing::NameDocument& name);
+    ui::Dialogs& dialogs, ui::Files& files, const ui::Path& folder, const editing::NameDocument& name);
 
 /// The name script to load; nothing when cancelled.
 [[nodiscard]] std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs);

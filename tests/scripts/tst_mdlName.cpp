@@ -70,7 +70,9 @@ protected:
             {"Save as a Script File", "*.vtn", ScriptFilter, fake.directory.folder(), ".vtn", true}, answer);
     }
 
-    SaveOutcome save() { return scripts::SaveNameScript(fake.dialogs, fake.files, fake.directory, name); }
+    SaveOutcome save() {
+        return scripts::SaveNameScript(fake.dialogs, fake.files, fake.directory.folder(), name);
+    }
 
     scripts::LoadOutcome load(const ui::Path& path, bool quiet = false) {
         return scripts::LoadNameScript(fake.dialogs, fake.files, path, quiet, name, [this] { ++repaints; });
@@ -298,12 +300,6 @@ TEST_F(NameScript, isNotDoneWhenAnyStepOfTheWritingFails) {
         fake.files.failNothing();
         (void)fake.disk.remove(path);
     }
-}
-
-TEST_F(NameScript, startsItsSaveDialogInTheProgramFolderOnlyIfItIsWritable) {
-    EXPECT_EQ(fake.directory.folder(), scripts::SaveNameScriptRequest(fake.directory).folder);
-    fake.directory.isWritable = false;
-    EXPECT_EQ(ui::Path(), scripts::SaveNameScriptRequest(fake.directory).folder);
 }
 
 TEST_F(NameScript, isChosenInTheDefaultFolder) {
