@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "ui/Files.h"
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace shell {
+
+/// A script file that the command line names.
+struct CommandLineFile {
+    editing::Page kind = editing::Page::Name;  ///< whose script it is
+    ui::Path folder;                           ///< to be made the current folder; empty: none
+    ui::Path file;                             ///< what to load, relative to `folder`
+    editing::Page shown = editing::Page::Name; ///< the page to show afterwards: not that of the kind
+};
+
+/// What to load at start.
+struct StartFiles {
+    bool intro = false; ///< load the intro files that exist
+    std::optional<CommandLineFile> file;
+};
+
+/// An intro file: loaded at start from the program's directory when nothing is asked for.
+struct IntroFile {
+    editing::Page kind;
+    std::string_view name;
+};
+
+/// The intro files in the order in which they are loaded.
+constexpr std::array<IntroFile, 3> IntroFiles{{
+    {editing::Page::Animation, "intro.vta"},
+    {editing::Page::Name, "intro.vtn"},
+    {editing::Page::Messages, "intro.vtm"},
+}};
+
+/// The arguments (without the program's own name and the toolkit's options) as one text, a blank between any
+/// two.
+[[nodiscard]] std::string JoinArguments(std::span<const std::string> arguments);
+
+/// The file that a command line asks for; nothing when it holds none of the switches. If there are two double
+/// quotes, only what stands between the first two counts.
+[[nodiscard]] std::optional<CommandLineFile> ParseCommandLine(std::string_view commandLine);
+
+/// What the arguments ask for. A switch that is an argument of its own and the only other argument, a path,
+/// need no quotes.
+[[nodiscard]] StartFiles ReadArguments(std::span<const std::string> arguments);
+
+} // namespace shell
