@@ -98,6 +98,8 @@ struct Modes {
     bool insert = false;      ///< placing shifts the rest of the row right
     bool upperCase = false;   ///< keys type their shifted glyph
     bool numberPad = true;    ///< the number pad types digits
+
+    friend bool operator==(const Modes&, const Modes&) = default;
 };
 
 } // namespace editing
