@@ -28,4 +28,7 @@ constexpr auto NameCopied = "Your name is now in the Windows Clipboard.\n"
                             "Shift-Insert to use your new name.\n"
                             "Like the Profile Name of GameSpy.";
 
+constexpr auto MessagesNotRead = "Error retrieving Macro from script file.";
+constexpr auto NoMessageSelected = "You need to select at least 1 message to display!";
+
 } // namespace scripts::texts

@@ -4,17 +4,12 @@
 
 #include "editing/ScriptFile.h"
 #include "glyphs/RowText.h"
+#include "scripts/Lines.h"
 #include "scripts/Texts.h"
 
 namespace scripts {
 
 namespace {
-
-constexpr std::string_view LineEnd = "\r\n";
-
-bool Holds(std::string_view line, std::string_view word) {
-    return line.find(word) != std::string_view::npos;
-}
 
 ui::FileFilter NameScriptFilter() {
     return {"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}};

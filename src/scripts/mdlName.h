@@ -3,9 +3,9 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "scripts/Outcome.h"
 #include "ui/Platform.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,35 +16,6 @@ constexpr std::string_view NameScriptHeader = "Name File Created by Vortigo";
 
 /// The console command that sets the name: `name` or `set name`.
 enum class NameCommand { Name, SetName };
-
-/// What came of reading a script's bytes into its document.
-enum class ReadOutcome {
-    Read,
-    TooLong,      ///< more glyphs than cells: the cells hold the first of them
-    NotRecognised ///< not such a script
-};
-
-/// What came of a save command.
-struct SaveOutcome {
-    enum class Kind {
-        Cancelled,
-        Written, ///< the script is on the disk and the user was told
-        Failed   ///< the user was told why; the command ends here, nothing follows it
-    };
-
-    Kind kind = Kind::Cancelled;
-    ui::Path path = {}; ///< of a written script: for the recent files and as the script to bind
-};
-
-/// What came of a load command. The user has been told and the page repainted as far as either was due.
-struct LoadOutcome {
-    bool loaded = false;
-    std::string reason = {}; ///< why it could not be loaded, for the status line; may be empty
-};
-
-/// Repaints and shows a document's page. Called before the user is told that a script was read, so that the
-/// page behind the box is the new one.
-using Repaint = std::function<void()>;
 
 /// The name's cells as bytes, without the blanks at its right end.
 [[nodiscard]] std::string NameText(const editing::NameDocument& name);
