@@ -6,6 +6,7 @@
 #include "ui/Files.h"
 #include "ui/Picture.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -74,12 +75,13 @@ public:
 
 /// One script type that the desktop opens with this program.
 struct FileType {
-    std::string extension;    ///< ".vtn"
-    std::string className;    ///< "VTM_Name"
-    std::string description;  ///< "Quake Name Script"
-    std::string switchText;   ///< " /name ": what the start-up finds in its command line
-    std::string commandValue; ///< program path and quoted argument, as a file-type registry holds it
-    std::string iconValue;    ///< program path and icon index
+    std::string extension;       ///< ".vtn"
+    std::string className;       ///< "VTM_Name"
+    std::string description;     ///< "Quake Name Script"
+    std::string switchText;      ///< " /name ": what the start-up finds in its command line
+    std::string commandValue;    ///< program path and quoted argument, as a file-type registry holds it
+    std::string iconValue;       ///< program path and icon index
+    std::uint32_t editFlags = 0; ///< always 0: nothing is hidden from the user
 };
 
 /// Registers script types with the desktop, for this user only. Silent; a failure changes nothing else.
