@@ -5,10 +5,13 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -50,11 +53,23 @@ private:
     int m_number;
 };
 
+/// Forces a file onto the disk. Pipes and some file systems cannot do that; for them the write itself is all
+/// there is.
+bool Synchronise(int number) {
+    return ::fsync(number) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+Path FolderOf(const Path& path) {
+    const Path folder = path.parent_path();
+    return folder.empty() ? Path(".") : folder;
+}
+
 class DiskOutputFile final : public OutputFile {
 public:
-    DiskOutputFile(Path path, int number)
+    DiskOutputFile(Path path, int number, bool isNew)
         : m_path(std::move(path))
-        , m_descriptor(number) {}
+        , m_descriptor(number)
+        , m_isNew(isNew) {}
 
     Status write(std::string_view bytes) override {
         while (!bytes.empty()) {
@@ -71,10 +86,18 @@ public:
     }
 
     Status flush() override {
-        // Pipes and some file systems cannot be synchronised; for them the write itself is all there is.
-        if (::fsync(m_descriptor.number()) != 0 && errno != EINVAL && errno != ENOTSUP) {
+        if (!Synchronise(m_descriptor.number())) {
             return FileFailure("Could not write", m_path, errno);
         }
+        if (!m_isNew) {
+            return {};
+        }
+        // A folder that may be written but not read cannot be opened: then its names are left to the system.
+        const Descriptor folder(::open(FolderOf(m_path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (folder.number() >= 0 && !Synchronise(folder.number())) {
+            return FileFailure("Could not write", m_path, errno);
+        }
+        m_isNew = false;
         return {};
     }
 
@@ -88,6 +111,16 @@ public:
 private:
     Path m_path;
     Descriptor m_descriptor;
+    bool m_isNew; ///< the folder may not know of the file yet
+};
+
+class DiskFileLock final : public FileLock {
+public:
+    explicit DiskFileLock(int number)
+        : m_folder(number) {}
+
+private:
+    Descriptor m_folder;
 };
 
 } // namespace
@@ -194,7 +227,8 @@ Result<std::unique_ptr<OutputFile>> DiskFiles::open(const Path& path, OpenMode m
     if (number < 0) {
         return FileFailure(mode == OpenMode::CreateNew ? "Could not create" : "Could not open", path, errno);
     }
-    return std::unique_ptr<OutputFile>(std::make_unique<DiskOutputFile>(path, number));
+    return std::unique_ptr<OutputFile>(
+        std::make_unique<DiskOutputFile>(path, number, mode == OpenMode::CreateNew));
 }
 
 Status DiskFiles::remove(const Path& path) {
@@ -209,6 +243,31 @@ Status DiskFiles::rename(const Path& from, const Path& to) {
         return FileFailure("Could not replace", to, errno);
     }
     return {};
+}
+
+bool DiskFiles::sameFile(const Path& first, const Path& second) const {
+    std::error_code error;
+    return std::filesystem::equivalent(first, second, error) && !error;
+}
+
+Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
+    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.number() < 0) {
+        return FileFailure("Could not lock", folder, errno);
+    }
+    // What holds such a lock is done in moments: rather than wait for ever for one that hangs, give up.
+    constexpr int Attempts = 50;
+    constexpr std::chrono::milliseconds Pause(20);
+    for (int attempt = 1; ::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0; ++attempt) {
+        if (errno != EWOULDBLOCK && errno != EINTR) {
+            break;
+        }
+        if (attempt == Attempts) {
+            return Failure{"Could not lock \"" + PathText(folder) + "\": another program is writing in it."};
+        }
+        std::this_thread::sleep_for(Pause);
+    }
+    return std::unique_ptr<FileLock>(std::make_unique<DiskFileLock>(descriptor.release()));
 }
 
 } // namespace ui

@@ -26,11 +26,17 @@ public:
     /// Appends all of `bytes`.
     virtual Status write(std::string_view bytes) = 0;
 
-    /// Forces what was written onto the disk.
+    /// Forces what was written onto the disk; of a file opened with CreateNew its name in the folder as well.
     virtual Status flush() = 0;
 
     /// Closes the file; the object accepts no more writes.
     virtual Status close() = 0;
+};
+
+/// A lock that is held as long as the object lives.
+class FileLock {
+public:
+    virtual ~FileLock() = default;
 };
 
 /// The file system as the modules see it. Failures name the path and the cause.
@@ -58,6 +64,13 @@ public:
     virtual Status remove(const Path& path) = 0;
 
     virtual Status rename(const Path& from, const Path& to) = 0;
+
+    /// Whether both paths lead to the same existing file or folder, by whatever names and links.
+    [[nodiscard]] virtual bool sameFile(const Path& first, const Path& second) const = 0;
+
+    /// Keeps out every other lock of the same folder, of this process and of others. Waits up to a second for
+    /// one that is held. On a file system without locks it keeps out nobody.
+    [[nodiscard]] virtual Result<std::unique_ptr<FileLock>> lockFolder(const Path& folder) = 0;
 };
 
 /// Opens `path`, writes `bytes`, closes. With Truncate it replaces the content in place. Fails at the first
@@ -80,6 +93,8 @@ public:
     [[nodiscard]] Result<std::unique_ptr<OutputFile>> open(const Path& path, OpenMode mode) override;
     Status remove(const Path& path) override;
     Status rename(const Path& from, const Path& to) override;
+    [[nodiscard]] bool sameFile(const Path& first, const Path& second) const override;
+    [[nodiscard]] Result<std::unique_ptr<FileLock>> lockFolder(const Path& folder) override;
 };
 
 } // namespace ui

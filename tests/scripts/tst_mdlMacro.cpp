@@ -67,16 +67,16 @@ protected:
 
 } // namespace
 
-TEST(MessageText, dropsBlanksAtTheRightEndOnly) {
+TEST(MessageText, DropsBlanksAtTheRightEndOnly) {
     EXPECT_EQ(Strings({"  a b", "", Full}), Texts(Messages("  a b  ", "", Full)));
 }
 
-TEST(MessageText, ofThirtyOneGlyphsWithABlankAtTheEndHasThirty) {
+TEST(MessageText, OfThirtyOneGlyphsWithABlankAtTheEndHasThirty) {
     const std::string thirty = Full.substr(0, 30);
     EXPECT_EQ(thirty, scripts::MessageText(Messages(thirty + " ", "", ""), 1));
 }
 
-TEST(WriteMessageScript, writesTheSelectedMessagesInOrderWithOneCommand) {
+TEST(WriteMessageScript, WritesTheSelectedMessagesInOrderWithOneCommand) {
     const MessageDocument messages = Messages("one", "  two", "three");
     EXPECT_EQ(
         std::string(Header) + "say \"one\"\r\nsay \"  two\"\r\nsay \"three\"\r\n",
@@ -86,13 +86,13 @@ TEST(WriteMessageScript, writesTheSelectedMessagesInOrderWithOneCommand) {
         scripts::WriteMessageScript({{true, false, true}, SayCommand::SayTeam}, messages));
 }
 
-TEST(WriteMessageScript, writesNothingBetweenTheQuotesOfABlankMessage) {
+TEST(WriteMessageScript, WritesNothingBetweenTheQuotesOfABlankMessage) {
     EXPECT_EQ(
         std::string(Header) + "say \"\"\r\n",
         scripts::WriteMessageScript({{false, true, false}, SayCommand::Say}, MessageDocument{}));
 }
 
-TEST(WriteMessageScript, writesEveryGlyphAsItsByte) {
+TEST(WriteMessageScript, WritesEveryGlyphAsItsByte) {
     for (int code = 0; code < 256; ++code) {
         if (code == 32) {
             continue;
@@ -104,7 +104,7 @@ TEST(WriteMessageScript, writesEveryGlyphAsItsByte) {
     }
 }
 
-TEST(CountMessages, countsUpToThree) {
+TEST(CountMessages, CountsUpToThree) {
     const std::string header = Header;
     EXPECT_EQ(1, scripts::CountMessages(header + "say \"a\"\r\n"));
     EXPECT_EQ(2, scripts::CountMessages(header + "say \"a\"\r\nsay_team \"b\""));
@@ -115,7 +115,7 @@ TEST(CountMessages, countsUpToThree) {
     EXPECT_EQ(2, scripts::CountMessages("// Macro File Created by Vortigo\rsay \"a\"\rsay \"b\"\r"));
 }
 
-TEST(CountMessages, isNoneWhenTheScriptCannotBeRead) {
+TEST(CountMessages, IsNoneWhenTheScriptCannotBeRead) {
     const std::string header = Header;
     EXPECT_EQ(0, scripts::CountMessages(""));
     EXPECT_EQ(0, scripts::CountMessages(header));
@@ -129,7 +129,7 @@ TEST(CountMessages, isNoneWhenTheScriptCannotBeRead) {
     EXPECT_EQ(0, scripts::CountMessages(header + "say \"a\"\r\nsay \"b\"\r\necho\r\n"));
 }
 
-TEST(ReadMessageScript, fillsTheMessagesFromTheTopAndLeavesTheOthers) {
+TEST(ReadMessageScript, FillsTheMessagesFromTheTopAndLeavesTheOthers) {
     const MessageDocument source = Messages("one", "two", "three");
     const auto script = scripts::WriteMessageScript({{false, true, false}, SayCommand::SayTeam}, source);
     EXPECT_EQ(std::string(Header) + "say_team \"two\"\r\n", script);
@@ -138,14 +138,14 @@ TEST(ReadMessageScript, fillsTheMessagesFromTheTopAndLeavesTheOthers) {
     EXPECT_EQ(Strings({"two", "old two", "old three"}), Texts(messages));
 }
 
-TEST(ReadMessageScript, ignoresAFourthLine) {
+TEST(ReadMessageScript, IgnoresAFourthLine) {
     MessageDocument messages;
     const std::string script = "say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nsay \"d\"\r\n";
     EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(Header + script, messages));
     EXPECT_EQ(Strings({"a", "b", "c"}), Texts(messages));
 }
 
-TEST(ReadMessageScript, readsBackWhatWasWritten) {
+TEST(ReadMessageScript, ReadsBackWhatWasWritten) {
     const MessageDocument source = Messages(Full, "", std::string(" \x80\xFF\x01\0x", 6));
     MessageDocument messages = Messages("old", "old", "old");
     const auto script = scripts::WriteMessageScript({{true, true, true}, SayCommand::Say}, source);
@@ -153,14 +153,14 @@ TEST(ReadMessageScript, readsBackWhatWasWritten) {
     EXPECT_EQ(source.cells, messages.cells);
 }
 
-TEST(ReadMessageScript, followsTheQuotesAndNotTheCommand) {
+TEST(ReadMessageScript, FollowsTheQuotesAndNotTheCommand) {
     MessageDocument messages;
     const std::string script = "say \"a\" \r\nsay abc\r\nalias x essay \"b\"\r\n";
     EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(Header + script, messages));
     EXPECT_EQ(Strings({"a\"", "say ab", "b"}), Texts(messages));
 }
 
-TEST(ReadMessageScript, leavesTheMessagesAloneWhenTheScriptIsNotOne) {
+TEST(ReadMessageScript, LeavesTheMessagesAloneWhenTheScriptIsNotOne) {
     for (const std::string lines : {"", "SAY \"a\"\r\n", "say \"a\"\r\nfoo\r\nsay \"b\"\r\n"}) {
         MessageDocument messages = Messages("one", "two", "three");
         EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadMessageScript(Header + lines, messages));
@@ -168,7 +168,7 @@ TEST(ReadMessageScript, leavesTheMessagesAloneWhenTheScriptIsNotOne) {
     }
 }
 
-TEST(ReadMessageScript, endsAtAMessageThatIsTooLong) {
+TEST(ReadMessageScript, EndsAtAMessageThatIsTooLong) {
     MessageDocument messages = Messages("one", "two", "three");
     EXPECT_EQ(
         ReadOutcome::TooLong,
@@ -177,7 +177,7 @@ TEST(ReadMessageScript, endsAtAMessageThatIsTooLong) {
     EXPECT_EQ(Strings({"a", Full, "three"}), Texts(messages));
 }
 
-TEST(ReadMessageScript, leavesTheCursorWhereItIs) {
+TEST(ReadMessageScript, LeavesTheCursorWhereItIs) {
     MessageDocument messages;
     messages.cursorPos = 20;
     messages.currentMessage = 3;
@@ -186,7 +186,7 @@ TEST(ReadMessageScript, leavesTheCursorWhereItIs) {
     EXPECT_EQ(3, messages.currentMessage);
 }
 
-TEST_F(MessageScript, isSavedWithoutAQuestion) {
+TEST_F(MessageScript, IsSavedWithoutAQuestion) {
     const ui::Path path = fake.directory.files / "a.vtm";
     expectSaveDialog(path);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
@@ -199,18 +199,18 @@ TEST_F(MessageScript, isSavedWithoutAQuestion) {
     EXPECT_EQ(path, outcome.path);
 }
 
-TEST_F(MessageScript, needsAMessage) {
+TEST_F(MessageScript, NeedsAMessage) {
     fake.dialogs.expectInform("You need to select at least 1 message to display!");
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save({}).kind);
     EXPECT_EQ(1U, fake.dialogs.calls().size());
 }
 
-TEST_F(MessageScript, endsSilentlyWhenTheSaveDialogIsCancelled) {
+TEST_F(MessageScript, EndsSilentlyWhenTheSaveDialogIsCancelled) {
     expectSaveDialog(std::nullopt);
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save({{true, false, false}, SayCommand::Say}).kind);
 }
 
-TEST_F(MessageScript, asksBeforeItReplacesAFileOfAnotherKind) {
+TEST_F(MessageScript, AsksBeforeItReplacesAFileOfAnotherKind) {
     const ui::Path path =
         fake.directory.files.put("a.vtn", "// Name File Created by Vortigo\r\nname \"a\"\r\n");
     expectSaveDialog(path);
@@ -221,7 +221,7 @@ TEST_F(MessageScript, asksBeforeItReplacesAFileOfAnotherKind) {
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", fake.directory.files.content("a.vtn"));
 }
 
-TEST_F(MessageScript, isNotDoneWhenAnyStepOfTheWritingFails) {
+TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
     using Step = support::FailingFiles::Step;
     const ui::Path path = fake.directory.files / "a.vtm";
     for (const auto& [step, word] :
@@ -237,7 +237,7 @@ TEST_F(MessageScript, isNotDoneWhenAnyStepOfTheWritingFails) {
     }
 }
 
-TEST_F(MessageScript, isChosenInTheDefaultFolder) {
+TEST_F(MessageScript, IsChosenInTheDefaultFolder) {
     fake.dialogs.expectOpen({"Select the Script file", "*.vtm", ScriptFilter, ui::Path()}, std::nullopt);
     EXPECT_EQ(std::nullopt, scripts::ChooseMessageScript(fake.dialogs));
     fake.dialogs.expectOpen(
@@ -245,7 +245,7 @@ TEST_F(MessageScript, isChosenInTheDefaultFolder) {
     EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseMessageScript(fake.dialogs));
 }
 
-TEST_F(MessageScript, isShownBeforeTheLoadIsReported) {
+TEST_F(MessageScript, IsShownBeforeTheLoadIsReported) {
     const ui::Path path = fake.directory.files.put("a.vtm", std::string(Header) + "say \"x\"\r\n");
     fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
         EXPECT_EQ(1, repaints);
@@ -254,13 +254,13 @@ TEST_F(MessageScript, isShownBeforeTheLoadIsReported) {
     EXPECT_TRUE(load(path).loaded);
 }
 
-TEST_F(MessageScript, isLoadedWithoutASuccessMessageWhileTheProgramStarts) {
+TEST_F(MessageScript, IsLoadedWithoutASuccessMessageWhileTheProgramStarts) {
     const ui::Path path = fake.directory.files.put("a.vtm", std::string(Header) + "say \"x\"\r\n");
     EXPECT_TRUE(load(path, true).loaded);
     EXPECT_EQ(1, repaints);
 }
 
-TEST_F(MessageScript, thatIsNotOneIsReportedEvenWhileTheProgramStarts) {
+TEST_F(MessageScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     const ui::Path path = fake.directory.files.put("a.vtm", "say \"x\"\r\n");
     for (const bool quiet : {false, true}) {
         fake.dialogs.expectInform("Error retrieving Macro from script file.");
@@ -270,7 +270,7 @@ TEST_F(MessageScript, thatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     EXPECT_EQ(Strings({"one", "two", "three"}), Texts(messages));
 }
 
-TEST_F(MessageScript, thatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
+TEST_F(MessageScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     fake.dialogs.expectInform("Error retrieving Macro from script file.");
     const auto outcome = load("not-there.vtm");
     EXPECT_FALSE(outcome.loaded);
@@ -278,7 +278,7 @@ TEST_F(MessageScript, thatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     EXPECT_EQ(0, repaints);
 }
 
-TEST_F(MessageScript, withAMessageThatIsTooLongIsReportedAndShownAsFarAsItWasRead) {
+TEST_F(MessageScript, WithAMessageThatIsTooLongIsReportedAndShownAsFarAsItWasRead) {
     const ui::Path path =
         fake.directory.files.put("a.vtm", Header + ("say \"x\"\r\nsay \"" + Full) + "6\"\r\n");
     fake.dialogs.expectInform("Error retrieving Macro from script file.", [&] { EXPECT_EQ(1, repaints); });

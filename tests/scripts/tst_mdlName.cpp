@@ -81,7 +81,7 @@ protected:
 
 } // namespace
 
-TEST(NameText, dropsBlanksAtTheRightEndOnly) {
+TEST(NameText, DropsBlanksAtTheRightEndOnly) {
     EXPECT_EQ("  a b", scripts::NameText(Name("  a b    ")));
     EXPECT_EQ("", scripts::NameText(NameDocument{}));
     EXPECT_EQ("123456789012345", scripts::NameText(Name("123456789012345")));
@@ -89,7 +89,7 @@ TEST(NameText, dropsBlanksAtTheRightEndOnly) {
     EXPECT_EQ("a\xA0", scripts::NameText(Name("a\xA0 ")));
 }
 
-TEST(WriteNameScript, writesTwoLinesThatEndWithCrLf) {
+TEST(WriteNameScript, WritesTwoLinesThatEndWithCrLf) {
     EXPECT_EQ(
         "// Name File Created by Vortigo\r\nname \"Player\"\r\n",
         scripts::WriteNameScript(NameCommand::Name, Name("Player")));
@@ -98,13 +98,13 @@ TEST(WriteNameScript, writesTwoLinesThatEndWithCrLf) {
         scripts::WriteNameScript(NameCommand::SetName, Name("  Player  ")));
 }
 
-TEST(WriteNameScript, writesNothingBetweenTheQuotesOfABlankName) {
+TEST(WriteNameScript, WritesNothingBetweenTheQuotesOfABlankName) {
     EXPECT_EQ(
         "// Name File Created by Vortigo\r\nname \"\"\r\n",
         scripts::WriteNameScript(NameCommand::Name, NameDocument{}));
 }
 
-TEST(WriteNameScript, writesEveryGlyphAsItsByte) {
+TEST(WriteNameScript, WritesEveryGlyphAsItsByte) {
     for (const std::string& glyphs : AllNames()) {
         EXPECT_EQ(
             "// Name File Created by Vortigo\r\nname \"" + glyphs + "\"\r\n",
@@ -112,7 +112,7 @@ TEST(WriteNameScript, writesEveryGlyphAsItsByte) {
     }
 }
 
-TEST(ReadNameScript, readsBackWhatWasWritten) {
+TEST(ReadNameScript, ReadsBackWhatWasWritten) {
     for (const std::string& glyphs : AllNames()) {
         // Line ends and quotes are written all the same, but the game and the reader see them as what they
         // are.
@@ -127,7 +127,7 @@ TEST(ReadNameScript, readsBackWhatWasWritten) {
     }
 }
 
-TEST(ReadNameScript, takesBothCommandsForTheSame) {
+TEST(ReadNameScript, TakesBothCommandsForTheSame) {
     for (const std::string command : {"name", "set name", "alias name", "nameless"}) {
         NameDocument name = Name("replaced whole");
         EXPECT_EQ(
@@ -137,7 +137,7 @@ TEST(ReadNameScript, takesBothCommandsForTheSame) {
     }
 }
 
-TEST(ReadNameScript, readsEveryLineEndAndAnUnterminatedLine) {
+TEST(ReadNameScript, ReadsEveryLineEndAndAnUnterminatedLine) {
     for (const std::string end : {"\r\n", "\r", "\n"}) {
         for (const std::string& last : {end, std::string()}) {
             NameDocument name;
@@ -149,7 +149,7 @@ TEST(ReadNameScript, readsEveryLineEndAndAnUnterminatedLine) {
     }
 }
 
-TEST(ReadNameScript, dropsTheLastByteOfTheLineWhateverItIs) {
+TEST(ReadNameScript, DropsTheLastByteOfTheLineWhateverItIs) {
     NameDocument name;
     EXPECT_EQ(
         ReadOutcome::Read,
@@ -157,20 +157,20 @@ TEST(ReadNameScript, dropsTheLastByteOfTheLineWhateverItIs) {
     EXPECT_EQ("ab\"            ", Cells(name));
 }
 
-TEST(ReadNameScript, readsALineWithoutQuotesFromItsStart) {
+TEST(ReadNameScript, ReadsALineWithoutQuotesFromItsStart) {
     NameDocument name;
     EXPECT_EQ(
         ReadOutcome::Read, scripts::ReadNameScript("// Name File Created by Vortigo\r\nname abc\r\n", name));
     EXPECT_EQ("name ab        ", Cells(name));
 }
 
-TEST(ReadNameScript, findsItsHeaderAnywhereInTheFirstLine) {
+TEST(ReadNameScript, FindsItsHeaderAnywhereInTheFirstLine) {
     NameDocument name;
     EXPECT_EQ(
         ReadOutcome::Read, scripts::ReadNameScript("xx Name File Created by Vortigo 2\r\nname \"a\"", name));
 }
 
-TEST(ReadNameScript, leavesTheNameAloneWhenTheScriptIsNotOne) {
+TEST(ReadNameScript, LeavesTheNameAloneWhenTheScriptIsNotOne) {
     for (const std::string script : {
              "",
              "\r\n",
@@ -190,7 +190,7 @@ TEST(ReadNameScript, leavesTheNameAloneWhenTheScriptIsNotOne) {
     }
 }
 
-TEST(ReadNameScript, keepsTheFirstFifteenGlyphsOfALongerName) {
+TEST(ReadNameScript, KeepsTheFirstFifteenGlyphsOfALongerName) {
     NameDocument name = Name("old");
     EXPECT_EQ(
         ReadOutcome::TooLong,
@@ -198,7 +198,7 @@ TEST(ReadNameScript, keepsTheFirstFifteenGlyphsOfALongerName) {
     EXPECT_EQ("123456789012345", Cells(name));
 }
 
-TEST(ReadNameScript, leavesTheCursorWhereItIs) {
+TEST(ReadNameScript, LeavesTheCursorWhereItIs) {
     NameDocument name;
     name.cursorPos = 7;
     ASSERT_EQ(
@@ -207,7 +207,7 @@ TEST(ReadNameScript, leavesTheCursorWhereItIs) {
     EXPECT_EQ(7, name.cursorPos);
 }
 
-TEST_F(NameScript, isSavedForTheGameThatWasAnswered) {
+TEST_F(NameScript, IsSavedForTheGameThatWasAnswered) {
     name = Name("Player");
     const ui::Path path = file("a.vtn");
     expectSaveDialog(path);
@@ -229,7 +229,7 @@ TEST_F(NameScript, isSavedForTheGameThatWasAnswered) {
     EXPECT_EQ("// Name File Created by Vortigo\r\nset name \"Player\"\r\n", get(path));
 }
 
-TEST_F(NameScript, replacesALongerScriptWhole) {
+TEST_F(NameScript, ReplacesALongerScriptWhole) {
     name = Name("a");
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"123456789012345\"\r\n");
     expectSaveDialog(path);
@@ -239,7 +239,7 @@ TEST_F(NameScript, replacesALongerScriptWhole) {
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", get(path));
 }
 
-TEST_F(NameScript, endsSilentlyWhenTheSaveDialogIsCancelled) {
+TEST_F(NameScript, EndsSilentlyWhenTheSaveDialogIsCancelled) {
     expectSaveDialog(std::nullopt);
     const SaveOutcome outcome = save();
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, outcome.kind);
@@ -247,7 +247,7 @@ TEST_F(NameScript, endsSilentlyWhenTheSaveDialogIsCancelled) {
     EXPECT_EQ(0, fake.files.count(support::FailingFiles::Step::Open));
 }
 
-TEST_F(NameScript, asksBeforeItReplacesAFileOfAnotherKind) {
+TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
     const ui::Path path = put("autoexec.cfg", "bind a b\n");
     expectSaveDialog(path);
     fake.dialogs.expectYesNo(
@@ -267,7 +267,7 @@ TEST_F(NameScript, asksBeforeItReplacesAFileOfAnotherKind) {
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"\"\r\n", get(path));
 }
 
-TEST_F(NameScript, replacesAnEmptyFileWithoutAsking) {
+TEST_F(NameScript, ReplacesAnEmptyFileWithoutAsking) {
     const ui::Path path = put("a.vtn", "");
     expectSaveDialog(path);
     fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
@@ -275,7 +275,7 @@ TEST_F(NameScript, replacesAnEmptyFileWithoutAsking) {
     EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
 }
 
-TEST_F(NameScript, thatCannotBeWrittenSaysWhichFileAndWhy) {
+TEST_F(NameScript, ThatCannotBeWrittenSaysWhichFileAndWhy) {
     const ui::Path path = file("nowhere/a.vtn");
     expectSaveDialog(path);
     fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
@@ -285,7 +285,7 @@ TEST_F(NameScript, thatCannotBeWrittenSaysWhichFileAndWhy) {
     EXPECT_FALSE(scripts::OffersBinding(outcome)) << "nothing follows a failed save";
 }
 
-TEST_F(NameScript, isNotDoneWhenAnyStepOfTheWritingFails) {
+TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
     using Step = support::FailingFiles::Step;
     const ui::Path path = file("a.vtn");
     for (const auto& [step, word] :
@@ -302,7 +302,7 @@ TEST_F(NameScript, isNotDoneWhenAnyStepOfTheWritingFails) {
     }
 }
 
-TEST_F(NameScript, isChosenInTheDefaultFolder) {
+TEST_F(NameScript, IsChosenInTheDefaultFolder) {
     fake.dialogs.expectOpen({"Select the Script file", "*.vtn", ScriptFilter, ui::Path()}, std::nullopt);
     EXPECT_EQ(std::nullopt, scripts::ChooseNameScript(fake.dialogs));
     fake.dialogs.expectOpen(
@@ -310,7 +310,7 @@ TEST_F(NameScript, isChosenInTheDefaultFolder) {
     EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseNameScript(fake.dialogs));
 }
 
-TEST_F(NameScript, isShownBeforeTheLoadIsReported) {
+TEST_F(NameScript, IsShownBeforeTheLoadIsReported) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
     fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
         EXPECT_EQ(1, repaints);
@@ -320,14 +320,14 @@ TEST_F(NameScript, isShownBeforeTheLoadIsReported) {
     EXPECT_EQ(1, repaints);
 }
 
-TEST_F(NameScript, isLoadedWithoutASuccessMessageWhileTheProgramStarts) {
+TEST_F(NameScript, IsLoadedWithoutASuccessMessageWhileTheProgramStarts) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
     EXPECT_TRUE(load(path, true).loaded);
     EXPECT_EQ(1, repaints);
     EXPECT_EQ("Player         ", Cells(name));
 }
 
-TEST_F(NameScript, thatIsNotOneIsReportedEvenWhileTheProgramStarts) {
+TEST_F(NameScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     name = Name("old");
     const ui::Path path = put("a.vtn", "// name file created by vortigo\r\nname \"a\"\r\n");
     for (const bool quiet : {false, true}) {
@@ -338,7 +338,7 @@ TEST_F(NameScript, thatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     EXPECT_EQ("old            ", Cells(name));
 }
 
-TEST_F(NameScript, thatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
+TEST_F(NameScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     name = Name("old");
     // Paths are shown as they were given: the start-up gives the file's name alone.
     fake.dialogs.expectInform("Error reading name from not-there.vtn.");
@@ -349,7 +349,7 @@ TEST_F(NameScript, thatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     EXPECT_EQ("old            ", Cells(name));
 }
 
-TEST_F(NameScript, thatIsTooLongIsReportedAndShownAsFarAsItFits) {
+TEST_F(NameScript, ThatIsTooLongIsReportedAndShownAsFarAsItFits) {
     name = Name("old");
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n");
     fake.dialogs.expectInform(
@@ -359,7 +359,7 @@ TEST_F(NameScript, thatIsTooLongIsReportedAndShownAsFarAsItFits) {
     EXPECT_EQ(1, repaints);
 }
 
-TEST_F(NameScript, isSavedAndLoadedUnderAnyFileName) {
+TEST_F(NameScript, IsSavedAndLoadedUnderAnyFileName) {
     name = Name("Player");
     const ui::Path path = file("g\xFCnther \xC3\xBC.vtn");
     expectSaveDialog(path);
@@ -371,7 +371,7 @@ TEST_F(NameScript, isSavedAndLoadedUnderAnyFileName) {
     EXPECT_EQ("Player         ", Cells(name));
 }
 
-TEST_F(NameScript, isOnTheClipboardAsItsBytes) {
+TEST_F(NameScript, IsOnTheClipboardAsItsBytes) {
     name = Name(" \x01\xFF\x80q ");
     fake.dialogs.expectInform(
         "Your name is now in the Windows Clipboard.\n"
@@ -383,7 +383,7 @@ TEST_F(NameScript, isOnTheClipboardAsItsBytes) {
     EXPECT_EQ(std::vector<std::string>{" \x01\xFF\x80q"}, fake.clipboard.texts);
 }
 
-TEST_F(NameScript, asksForTheBindingWizard) {
+TEST_F(NameScript, AsksForTheBindingWizard) {
     constexpr auto text = "Would you like to use the Binding Wizard to bind the script file you just saved?";
     fake.dialogs.expectYesNo(text, ui::Answer::Yes);
     EXPECT_TRUE(scripts::AskToBind(fake.dialogs));

@@ -25,6 +25,8 @@ const char* StepText(FailingFiles::Step step) {
         return "remove";
     case FailingFiles::Step::Rename:
         return "rename";
+    case FailingFiles::Step::Lock:
+        return "lock";
     }
     return "";
 }
@@ -155,6 +157,17 @@ ui::Status FailingFiles::rename(const ui::Path& from, const ui::Path& to) {
         return *failure;
     }
     return m_files.rename(from, to);
+}
+
+bool FailingFiles::sameFile(const ui::Path& first, const ui::Path& second) const {
+    return m_files.sameFile(first, second);
+}
+
+ui::Result<std::unique_ptr<ui::FileLock>> FailingFiles::lockFolder(const ui::Path& folder) {
+    if (auto failure = take(Step::Lock, folder)) {
+        return *failure;
+    }
+    return m_files.lockFolder(folder);
 }
 
 } // namespace support

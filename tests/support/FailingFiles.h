@@ -16,7 +16,7 @@ namespace support {
 /// Files that count every step, remember them in order, and fail where they are told to.
 class FailingFiles final : public ui::Files {
 public:
-    enum class Step { Read, Open, Write, Flush, Close, Remove, Rename };
+    enum class Step { Read, Open, Write, Flush, Close, Remove, Rename, Lock };
 
     /// Passes every step on to `files`, which outlives this object.
     explicit FailingFiles(ui::Files& files)
@@ -46,6 +46,8 @@ public:
     open(const ui::Path& path, OpenMode mode) override;
     ui::Status remove(const ui::Path& path) override;
     ui::Status rename(const ui::Path& from, const ui::Path& to) override;
+    [[nodiscard]] bool sameFile(const ui::Path& first, const ui::Path& second) const override;
+    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFolder(const ui::Path& folder) override;
 
 private:
     class File;
@@ -62,7 +64,7 @@ private:
     Counter& counter(Step step) const { return m_counters[static_cast<std::size_t>(step)]; }
 
     ui::Files& m_files;
-    mutable std::array<Counter, 7> m_counters{};
+    mutable std::array<Counter, 8> m_counters{};
     mutable std::vector<std::string> m_steps;
     std::size_t m_room = std::numeric_limits<std::size_t>::max();
 };

@@ -212,4 +212,61 @@ TEST(PathText, KeepsForeignBytes) {
     EXPECT_EQ(ui::PathText("/tmp/\xFF.vtn"), "/tmp/\xFF.vtn");
 }
 
+TEST(DiskFiles, KnowsAFileByAllItsNames) {
+    const TempFolder folder;
+    const DiskFiles files;
+    folder.put("a", "x");
+    folder.put("b", "x");
+    std::filesystem::create_symlink(folder / "a", folder / "soft");
+    std::filesystem::create_hard_link(folder / "a", folder / "hard");
+    EXPECT_TRUE(files.sameFile(folder / "a", folder / "a"));
+    EXPECT_TRUE(files.sameFile(folder / "a", folder / "." / "soft"));
+    EXPECT_TRUE(files.sameFile(folder / "hard", folder / "soft"));
+    EXPECT_TRUE(files.sameFile(folder.path(), folder / "."));
+    EXPECT_FALSE(files.sameFile(folder / "a", folder / "b"));
+    EXPECT_FALSE(files.sameFile(folder / "a", folder / "gone"));
+    EXPECT_FALSE(files.sameFile(folder / "gone", folder / "gone"));
+}
+
+TEST(DiskFiles, LocksAFolderForOneAtATime) {
+    const TempFolder folder;
+    const TempFolder other;
+    DiskFiles files;
+    auto lock = files.lockFolder(folder.path());
+    ASSERT_TRUE(lock);
+    EXPECT_TRUE(files.lockFolder(other.path()));
+    const auto second = files.lockFolder(folder / ".");
+    ASSERT_FALSE(second);
+    EXPECT_EQ(
+        second.failure().message,
+        "Could not lock \"" + (folder / ".").native() + "\": another program is writing in it.");
+    lock = ui::Failure{"released"};
+    EXPECT_TRUE(files.lockFolder(folder.path()));
+}
+
+TEST(DiskFiles, CannotLockAFolderThatIsNotThere) {
+    const TempFolder folder;
+    const auto lock = DiskFiles().lockFolder(folder / "gone");
+    ASSERT_FALSE(lock);
+    EXPECT_EQ(
+        lock.failure().message,
+        "Could not lock \"" + (folder / "gone").native() + "\": No such file or directory.");
+}
+
+TEST(DiskFiles, FlushesNewFilesOfTheCurrentFolderToo) {
+    const TempFolder folder;
+    DiskFiles files;
+    const auto old = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    {
+        auto file = files.open("new", Mode::CreateNew);
+        ASSERT_TRUE(file);
+        EXPECT_TRUE(file.value()->write("x"));
+        EXPECT_TRUE(file.value()->flush());
+        EXPECT_TRUE(file.value()->close());
+    }
+    std::filesystem::current_path(old);
+    EXPECT_EQ(folder.content("new"), "x");
+}
+
 } // namespace
