@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/KeyTranslation.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace ui::qt {
+
+namespace {
+
+constexpr int KeyBackspace = 8;
+constexpr int KeyTab = 9;
+constexpr int KeyClear = 12;
+constexpr int KeyEnter = 13;
+constexpr int KeyPause = 19;
+constexpr int KeyPageUp = 33;
+constexpr int KeyPageDown = 34;
+constexpr int KeyEnd = 35;
+constexpr int KeyHome = 36;
+constexpr int KeyLeft = 37;
+constexpr int KeyUp = 38;
+constexpr int KeyRight = 39;
+constexpr int KeyDown = 40;
+constexpr int KeyInsert = 45;
+constexpr int KeyDelete = 46;
+constexpr int KeyPad0 = 96;
+constexpr int KeyPadMultiply = 106;
+constexpr int KeyPadAdd = 107;
+constexpr int KeyPadSubtract = 109;
+constexpr int KeyPadDecimal = 110;
+constexpr int KeyPadDivide = 111;
+constexpr int KeyF1 = 112;
+constexpr int KeyF13 = 124;
+
+constexpr unsigned BreakSymbol = 0xFF6B;
+constexpr unsigned FirstPadSymbol = 0xFF80;
+constexpr unsigned LastPadSymbol = 0xFFBD;
+constexpr unsigned F13ScanCode = 191;
+constexpr unsigned F16ScanCode = 194;
+
+/// A key of the US keyboard and what it types there without and with Shift.
+struct UsKey {
+    char plain;
+    char shifted;
+    int virtualKey;
+};
+
+constexpr std::array<UsKey, 21> UsKeys = {{
+    {'1', '!', 49},  {'2', '@', 50},  {'3', '#', 51},  {'4', '$', 52},   {'5', '%', 53},  {'6', '^', 54},
+    {'7', '&', 55},  {'8', '*', 56},  {'9', '(', 57},  {'0', ')', 48},   {'-', '_', 189}, {'=', '+', 187},
+    {'[', '{', 219}, {']', '}', 221}, {';', ':', 186}, {'\'', '"', 222}, {'`', '~', 192}, {'\\', '|', 220},
+    {',', '<', 188}, {'.', '>', 190}, {'/', '?', 191},
+}};
+
+/// What the keys of an unbroken range of scan codes type on a US keyboard without Shift.
+struct UsRow {
+    unsigned firstScanCode;
+    std::string_view symbols;
+};
+
+constexpr std::array<UsRow, 5> UsRows = {{
+    {10, "1234567890-="},
+    {24, "qwertyuiop[]"},
+    {38, "asdfghjkl;'"},
+    {49, "`"},
+    {51, "\\zxcvbnm,./"},
+}};
+
+/// Keys that mean the same on every keyboard.
+struct NamedKey {
+    int key;
+    int virtualKey;
+};
+
+constexpr std::array<NamedKey, 27> NamedKeys = {{
+    {Qt::Key_Backspace, KeyBackspace},
+    {Qt::Key_Tab, KeyTab},
+    {Qt::Key_Backtab, KeyTab},
+    {Qt::Key_Clear, KeyClear},
+    {Qt::Key_Return, KeyEnter},
+    {Qt::Key_Enter, KeyEnter},
+    {Qt::Key_Shift, 16},
+    {Qt::Key_Control, 17},
+    {Qt::Key_Alt, 18},
+    {Qt::Key_Pause, KeyPause},
+    {Qt::Key_CapsLock, 20},
+    {Qt::Key_Escape, 27},
+    {Qt::Key_Space, 32},
+    {Qt::Key_PageUp, KeyPageUp},
+    {Qt::Key_PageDown, KeyPageDown},
+    {Qt::Key_End, KeyEnd},
+    {Qt::Key_Home, KeyHome},
+    {Qt::Key_Left, KeyLeft},
+    {Qt::Key_Up, KeyUp},
+    {Qt::Key_Right, KeyRight},
+    {Qt::Key_Down, KeyDown},
+    {Qt::Key_Insert, KeyInsert},
+    {Qt::Key_Delete, KeyDelete},
+    {Qt::Key_Menu, 93},
+    {Qt::Key_NumLock, 144},
+    {Qt::Key_ScrollLock, 145},
+    {Qt::Key_Cancel, 3},
+}};
+
+/// The symbol that a dead key stands for when nothing follows it; 0 when there is none on a US keyboard.
+int DeadKeyBase(int key) {
+    switch (key) {
+    case Qt::Key_Dead_Acute:
+        return '\'';
+    case Qt::Key_Dead_Grave:
+        return '`';
+    case Qt::Key_Dead_Circumflex:
+        return '^';
+    case Qt::Key_Dead_Tilde:
+        return '~';
+    case Qt::Key_Dead_Diaeresis:
+        return '"';
+    default:
+        return 0;
+    }
+}
+
+/// A key of the number pad that Num Lock changes.
+struct PadKey {
+    int digit;    ///< with Num Lock
+    int movement; ///< without
+};
+
+constexpr std::array<PadKey, 11> PadKeys = {{
+    {KeyPad0, KeyInsert},
+    {KeyPad0 + 1, KeyEnd},
+    {KeyPad0 + 2, KeyDown},
+    {KeyPad0 + 3, KeyPageDown},
+    {KeyPad0 + 4, KeyLeft},
+    {KeyPad0 + 5, KeyClear},
+    {KeyPad0 + 6, KeyRight},
+    {KeyPad0 + 7, KeyHome},
+    {KeyPad0 + 8, KeyUp},
+    {KeyPad0 + 9, KeyPageUp},
+    {KeyPadDecimal, KeyDelete},
+}};
+
+/// The pad key that a press at this scan code is, whatever symbol the layout gives it.
+std::optional<PadKey> PadKeyAt(unsigned scanCode) {
+    constexpr unsigned First = 79;
+    constexpr std::array<int, 13> Indexes = {7, 8, 9, -1, 4, 5, 6, -1, 1, 2, 3, 0, 10};
+    if (scanCode < First || scanCode >= First + Indexes.size() || Indexes[scanCode - First] < 0) {
+        return {};
+    }
+    return PadKeys[static_cast<std::size_t>(Indexes[scanCode - First])];
+}
+
+int NamedVirtualKey(int key) {
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
+        return KeyF1 + (key - Qt::Key_F1);
+    }
+    const auto* found = std::find_if(
+        NamedKeys.begin(), NamedKeys.end(), [key](const NamedKey& named) { return named.key == key; });
+    return found == NamedKeys.end() ? 0 : found->virtualKey;
+}
+
+/// The pad key that a press on the number pad is, by what the press means.
+std::optional<PadKey> PadKeyOf(int key) {
+    if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+        return PadKeys[static_cast<std::size_t>(key - Qt::Key_0)];
+    }
+    if (key == Qt::Key_Period || key == Qt::Key_Comma) {
+        return PadKeys.back();
+    }
+    const int movement = NamedVirtualKey(key);
+    const auto* found = std::find_if(
+        PadKeys.begin(), PadKeys.end(), [movement](const PadKey& pad) { return pad.movement == movement; });
+    if (movement == 0 || found == PadKeys.end()) {
+        return {};
+    }
+    return *found;
+}
+
+/// The keys of the pad that Num Lock leaves alone; 0 for any other.
+int PadOperator(int key) {
+    switch (key) {
+    case Qt::Key_Asterisk:
+        return KeyPadMultiply;
+    case Qt::Key_Plus:
+        return KeyPadAdd;
+    case Qt::Key_Minus:
+        return KeyPadSubtract;
+    case Qt::Key_Slash:
+        return KeyPadDivide;
+    case Qt::Key_Enter:
+        return KeyEnter;
+    default:
+        return 0;
+    }
+}
+
+bool IsLetter(int key) {
+    return key >= Qt::Key_A && key <= Qt::Key_Z;
+}
+
+bool IsCharacter(int key) {
+    return key > Qt::Key_Space && key < Qt::Key_Escape;
+}
+
+/// Fills in the key that a symbol of the US keyboard is typed with; false for any other symbol.
+bool TranslateUsSymbol(int symbol, bool isReal, VirtualKeyPress& press) {
+    for (const UsKey& key : UsKeys) {
+        if (symbol != key.plain && symbol != key.shifted) {
+            continue;
+        }
+        press.virtualKey = key.virtualKey;
+        if (isReal) {
+            press.shift = symbol == key.shifted;
+        }
+        return true;
+    }
+    return false;
+}
+
+/// The key at a place of the keyboard, as a US keyboard has it; 0 when it types no character there.
+int VirtualKeyAt(unsigned scanCode) {
+    for (const UsRow& row : UsRows) {
+        if (scanCode < row.firstScanCode || scanCode >= row.firstScanCode + row.symbols.size()) {
+            continue;
+        }
+        const char symbol = row.symbols[scanCode - row.firstScanCode];
+        if (symbol >= 'a' && symbol <= 'z') {
+            return symbol - 'a' + 'A';
+        }
+        VirtualKeyPress press;
+        TranslateUsSymbol(symbol, false, press);
+        return press.virtualKey;
+    }
+    return 0;
+}
+
+bool IsOnPad(const KeyFacts& facts) {
+    return facts.keypad || (facts.symbol >= FirstPadSymbol && facts.symbol <= LastPadSymbol) ||
+           PadKeyAt(facts.scanCode).has_value();
+}
+
+/// Fills in a press on the number pad.
+void TranslatePadKey(const KeyFacts& facts, NumberPad mode, VirtualKeyPress& press) {
+    press.isPadKey = true;
+    auto pad = PadKeyAt(facts.scanCode);
+    if (!pad) {
+        pad = PadKeyOf(facts.key);
+    }
+    if (!pad) {
+        const int operatorKey = PadOperator(facts.key);
+        press.virtualKey = operatorKey != 0 ? operatorKey : NamedVirtualKey(facts.key);
+        return;
+    }
+    // Without the keyboard's own Num Lock, Shift still reaches the other meaning of a digit.
+    const bool isDigit =
+        mode == NumberPad::AsReported ? IsCharacter(facts.key) : mode == NumberPad::Digits && !facts.shift;
+    press.virtualKey = isDigit ? pad->digit : pad->movement;
+    if (!isDigit) {
+        // Shift only chose the movement; the movement itself is an unshifted one.
+        press.shift = false;
+    }
+}
+
+} // namespace
+
+VirtualKeyPress TranslateKey(const KeyFacts& facts, NumberPad pad) {
+    VirtualKeyPress press;
+    press.shift = facts.shift;
+    press.ctrl = facts.ctrl;
+    press.alt = facts.alt;
+    press.isAutoRepeat = facts.autoRepeat;
+    if (facts.meta || facts.groupSwitch) {
+        return press;
+    }
+    const bool isReal = facts.scanCode != 0;
+    if (IsOnPad(facts)) {
+        TranslatePadKey(facts, pad, press);
+        return press;
+    }
+    if (facts.symbol == BreakSymbol) {
+        press.virtualKey = NamedVirtualKey(Qt::Key_Cancel);
+        return press;
+    }
+    if (facts.scanCode >= F13ScanCode && facts.scanCode <= F16ScanCode) {
+        // The usual layouts put tool and launch keys in the place of these four.
+        press.virtualKey = KeyF13 + static_cast<int>(facts.scanCode - F13ScanCode);
+        return press;
+    }
+    if (IsLetter(facts.key)) {
+        press.virtualKey = facts.key;
+        return press;
+    }
+    if (facts.key == Qt::Key_nobreakspace) {
+        // Some layouts have it on the space bar.
+        press.virtualKey = NamedVirtualKey(Qt::Key_Space);
+        return press;
+    }
+    if (IsCharacter(facts.key)) {
+        if (!TranslateUsSymbol(facts.key, isReal, press)) {
+            press.virtualKey = VirtualKeyAt(facts.scanCode);
+        }
+        return press;
+    }
+    if (const int base = DeadKeyBase(facts.key); base != 0) {
+        TranslateUsSymbol(base, isReal, press);
+        return press;
+    }
+    press.virtualKey = NamedVirtualKey(facts.key);
+    if (facts.key == Qt::Key_Backtab && isReal) {
+        press.shift = true;
+    }
+    return press;
+}
+
+KeyFacts FactsOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    KeyFacts facts;
+    facts.key = event.key();
+    facts.scanCode = event.nativeScanCode();
+    facts.symbol = event.nativeVirtualKey();
+    facts.shift = held.testFlag(Qt::ShiftModifier);
+    facts.ctrl = held.testFlag(Qt::ControlModifier);
+    facts.alt = held.testFlag(Qt::AltModifier);
+    facts.meta = held.testFlag(Qt::MetaModifier);
+    facts.groupSwitch = held.testFlag(Qt::GroupSwitchModifier);
+    facts.keypad = held.testFlag(Qt::KeypadModifier);
+    facts.autoRepeat = event.isAutoRepeat();
+    return facts;
+}
+
+} // namespace ui::qt
