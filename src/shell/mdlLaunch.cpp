@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/mdlLaunch.h"
 
-#include "shell/Addresses.h"
+#include "shell/Product.h"
 #include "shell/Texts.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "shell/Addresses.h"
+#include "shell/Product.h"
 #include "shell/mdlLaunch.h"
 #include "support/FakePlatform.h"
 

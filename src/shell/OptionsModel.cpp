@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/OptionsModel.h"
+
+#include <utility>
+
+namespace shell {
+
+void OptionsModel::setCaseChoice(bool value) {
+    m_settings.caseChoice = value;
+    markChanged(OptionsPage::Other);
+}
+
+void OptionsModel::setScreenshot(const std::string& path) {
+    m_settings.screenshot = path;
+    markChanged(OptionsPage::Other);
+}
+
+void OptionsModel::setSound(std::size_t index, bool value) {
+    m_settings.sounds.at(index) = value;
+    markChanged(OptionsPage::Other);
+}
+
+void OptionsModel::setSaveAtExit(bool value) {
+    m_settings.saveAtExit = value;
+    markChanged(OptionsPage::Other);
+}
+
+void OptionsModel::setLoadAtStartup(bool value) {
+    m_settings.loadAtStartup = value;
+    markChanged(OptionsPage::Other);
+}
+
+void OptionsModel::setColour(std::size_t index, ui::Pixel colour) {
+    m_settings.colours.at(index) = colour;
+    markChanged(OptionsPage::Colours);
+}
+
+void OptionsModel::setPromptNames(bool value) {
+    m_settings.promptNames = value;
+    markChanged(OptionsPage::Prompts);
+}
+
+void OptionsModel::setPromptMessages(bool value) {
+    m_settings.promptMessages = value;
+    markChanged(OptionsPage::Prompts);
+}
+
+void OptionsModel::setBindPrompt(bool value) {
+    m_settings.bindPrompt = value;
+    markChanged(OptionsPage::Prompts);
+}
+
+void OptionsModel::setCharacterSet(int listIndex, const glyphs::CharSetRecord& record) {
+    m_characterSet = record;
+    m_characterSet.listIndex = static_cast<std::int16_t>(listIndex);
+    m_settings.grid = m_characterSet.listIndex;
+    markChanged(OptionsPage::ConversionList);
+}
+
+void OptionsModel::setCursor(std::size_t index, std::int16_t style) {
+    m_settings.cursors.at(index) = style;
+    markChanged(OptionsPage::Cursors);
+}
+
+void OptionsModel::setKeyGlyph(
+    editing::KeyMap& map, std::size_t key, std::size_t column, glyphs::GlyphCode code) {
+    auto& glyph = map.at(key).at(column);
+    if (std::exchange(glyph, code) != code) {
+        markChanged(OptionsPage::KeyMapping);
+    }
+}
+
+AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& characterSet) const {
+    AppliedOptions applied;
+    if (isChanged(OptionsPage::Other)) {
+        settings.loadAtStartup = m_settings.loadAtStartup;
+        settings.saveAtExit = m_settings.saveAtExit;
+        settings.sounds = m_settings.sounds;
+        settings.screenshot = m_settings.screenshot;
+        settings.caseChoice = m_settings.caseChoice;
+    }
+    if (isChanged(OptionsPage::Colours)) {
+        settings.colours = m_settings.colours;
+        applied.colours = true;
+        applied.glyphs = true;
+    }
+    if (isChanged(OptionsPage::Prompts)) {
+        settings.promptNames = m_settings.promptNames;
+        settings.promptMessages = m_settings.promptMessages;
+        settings.bindPrompt = m_settings.bindPrompt;
+    }
+    if (isChanged(OptionsPage::ConversionList)) {
+        settings.grid = m_settings.grid;
+        characterSet = m_characterSet;
+        applied.glyphs = true;
+    }
+    if (isChanged(OptionsPage::Cursors)) {
+        settings.cursors = m_settings.cursors;
+        applied.cursors = true;
+    }
+    applied.keyMap = isChanged(OptionsPage::KeyMapping);
+    return applied;
+}
+
+ui::Result<ConversionPreview>
+LoadConversion(ui::Files& files, const ui::ProgramDirectory& directory, int listIndex, ui::Pixel background) {
+    auto record = glyphs::ReadCharSetRecord(files, directory, listIndex + 1);
+    if (!record) {
+        return record.failure();
+    }
+    const auto artwork = glyphs::LoadArtwork(files, directory, record.value().artworkSlot);
+    if (!artwork) {
+        return artwork.failure();
+    }
+    return ConversionPreview{
+        std::move(record).value(), glyphs::BuildAtlas(artwork.value(), background).cells};
+}
+
+ui::FileDialogRequest ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder) {
+    // An absolute path replaces the folder that it is joined to.
+    const ui::Path current = programFolder / screenshot;
+    ui::FileDialogRequest request;
+    request.title = "Select the Screen Shot";
+    request.initialName = current.has_filename() ? ui::PathText(current.filename()) : "*.bmp";
+    request.filters = {{"Quake Screen Shot (*.bmp)", {"*.bmp"}}};
+    request.folder = current.parent_path();
+    request.extension = ".bmp";
+    return request;
+}
+
+} // namespace shell
