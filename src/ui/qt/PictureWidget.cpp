@@ -41,6 +41,19 @@ void PictureWidget::setPicture(const Picture* picture) {
     update();
 }
 
+void PictureWidget::setPointer(int style) {
+    switch (style) {
+    case 1:
+        setCursor(Qt::ArrowCursor);
+        break;
+    case 2:
+        setCursor(Qt::CrossCursor);
+        break;
+    default:
+        unsetCursor();
+    }
+}
+
 void PictureWidget::showDamage(const Rect& damage) {
     fitPicture();
     if (!damage.empty()) {

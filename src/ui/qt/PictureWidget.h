@@ -28,6 +28,9 @@ public:
     /// Shows a part of the picture again after it was painted into.
     void showDamage(const Rect& damage);
 
+    /// The mouse pointer over the picture: 0 none of its own, 1 arrow, 2 cross.
+    void setPointer(int style);
+
     /// Whether pointerMoved() is sent without a button held as well. Off at first.
     void setHoverTracking(bool on) { setMouseTracking(on); }
 

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/NamePage.h"
+
+#include "ui/qt/PictureWidget.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace editing {
+
+NamePage::NamePage(NameDocument& document, glyphs::PagePicture& picture, QWidget* parent)
+    : PagePanel(picture, QStringLiteral("NamePic"), QStringLiteral("NamePosShape"), parent)
+    , m_document(document)
+    , NameScroll(makeScrollBar(
+          Qt::Horizontal, QStringLiteral("NameScroll"), tr("Cursor position in the name"), 1, NameLength)) {
+    setObjectName(QStringLiteral("pgeName"));
+    pictureWidget()->setAccessibleName(tr("Player name"));
+    NameScroll->setFixedWidth(picture.pixels().width());
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addStretch(2);
+    layout->addWidget(new QLabel(tr("Your name as the game shows it"), this), 0, Qt::AlignHCenter);
+    layout->addWidget(makeFrame(), 0, Qt::AlignHCenter);
+    layout->addWidget(NameScroll, 0, Qt::AlignHCenter);
+    layout->addStretch(3);
+    connectControls();
+}
+
+void NamePage::connectControls() {
+    connect(NameScroll, &QScrollBar::valueChanged, this, &NamePage::NameScroll_Change);
+}
+
+void NamePage::syncScrollBars() {
+    NameScroll->setValue(m_document.cursorPos);
+}
+
+void NamePage::NameScroll_Change(int value) {
+    m_document.cursorPos = value;
+    moveMarker(value, m_document.currentRow);
+    Q_EMIT cursorMoved();
+}
+
+} // namespace editing

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/mdlPaint.h"
+#include "ui/Picture.h"
+
+#include <QWidget>
+
+class QScrollBar;
+
+namespace ui::qt {
+class MarkerShape;
+class PictureWidget;
+} // namespace ui::qt
+
+namespace editing {
+
+/// What the three pages of the main window have in common: the page's picture with the cursor marker over it.
+/// A panel holds no rules: it shows its document and says what the user did.
+class PagePanel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Writes the document's cursor into the scroll bars, whose change handlers move the marker.
+    virtual void syncScrollBars() = 0;
+
+    /// Shows what else of the document is not in the picture: labels and lists.
+    virtual void refresh() {}
+
+    /// Shows again what has changed in the picture.
+    void showDamage();
+
+    /// Flips the marker's outline between dashed and dotted.
+    void blink();
+
+    void setMarkerColour(ui::Pixel colour);
+
+    /// The mouse pointer over the picture: 0 none of its own, 1 arrow, 2 cross.
+    void setPointer(int cursorStyle);
+
+Q_SIGNALS:
+    /// The user acts on one of the panel's controls; comes before the act takes effect.
+    void userActed();
+    /// A mouse button went down over the picture, at a position in its pixels.
+    void picturePressed(int x, int y, Qt::MouseButton button);
+    /// A scroll bar has moved the cursor.
+    void cursorMoved();
+
+protected:
+    /// Makes the picture and the marker, with these objectNames.
+    PagePanel(
+        glyphs::PagePicture& picture, const QString& pictureName, const QString& markerName, QWidget* parent);
+
+    [[nodiscard]] ui::qt::PictureWidget* pictureWidget() const { return m_widget; }
+
+    /// Puts the marker over a cell (1-based).
+    void moveMarker(int column, int row);
+
+    /// A scroll bar that steps by one and leaves the keyboard to typing. Its moves by the user Q_EMIT
+    /// userActed().
+    QScrollBar* makeScrollBar(
+        Qt::Orientation orientation, const QString& name, const QString& accessibleName, int minimum,
+        int maximum);
+
+    /// A sunken frame around the picture.
+    QWidget* makeFrame();
+
+private:
+    glyphs::PagePicture& m_picture;
+    ui::qt::PictureWidget* m_widget;
+    ui::qt::MarkerShape* m_marker;
+};
+
+} // namespace editing
