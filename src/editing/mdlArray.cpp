@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/mdlArray.h"
+
+#include <algorithm>
+#include <cassert>
+#include <span>
+
+namespace editing {
+
+namespace {
+
+using Row = std::span<GlyphCode>;
+
+bool IsBlank(GlyphCode code) {
+    return code == glyphs::BlankGlyph;
+}
+
+/// Applies a transform of one row to the selected rows.
+template <class Transform>
+void ForRows(const GlyphRows& rows, int selector, Transform transform) {
+    if (selector != AllRows) {
+        transform(rows.row(selector));
+        return;
+    }
+    for (int row = 1; row <= rows.count(); ++row) {
+        transform(rows.row(row));
+    }
+}
+
+/// Applies a transform of one glyph to every cell of the selected rows.
+template <class Transform>
+void ForCells(const GlyphRows& rows, int selector, Transform transform) {
+    ForRows(rows, selector, [&](Row row) { std::transform(row.begin(), row.end(), row.begin(), transform); });
+}
+
+/// Moves what stands between the blanks at both ends of a row: `offset` tells, from its length, how many
+/// blanks go before it.
+template <class Offset>
+void MoveText(Row row, Offset offset) {
+    const auto first = std::find_if_not(row.begin(), row.end(), IsBlank);
+    if (first == row.end()) {
+        return;
+    }
+    const auto end = std::find_if_not(row.rbegin(), row.rend(), IsBlank).base();
+    std::array<GlyphCode, MessageLength> scratch{};
+    assert(row.size() <= scratch.size());
+    const auto scratchEnd = std::copy(first, end, scratch.begin());
+    const auto length = scratchEnd - scratch.begin();
+    std::fill(row.begin(), row.end(), glyphs::BlankGlyph);
+    std::copy(scratch.begin(), scratchEnd, row.begin() + offset(static_cast<int>(length)));
+}
+
+void PaintPage(const EditContext& context, glyphs::Progress& progress) {
+    switch (context.page) {
+    case Page::Name:
+        PaintNamePage(context, progress);
+        break;
+    case Page::Animation:
+        PaintAnimationPage(context, progress);
+        break;
+    case Page::Messages:
+        PaintMessagePage(context, progress);
+        break;
+    }
+}
+
+/// Whether every row of the page in view is to be formatted.
+bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& settings) {
+    const auto answer = [&](bool asks, const char* question) {
+        return !asks || dialogs.box(question, ui::Buttons::YesNoCancel, ui::Icon::None) == ui::Answer::Yes;
+    };
+    switch (page) {
+    case Page::Animation:
+        return answer(settings.asksForNames, "Do you wish to format all names?");
+    case Page::Messages:
+        return answer(settings.asksForMessages, "Do you wish to format all macros?");
+    case Page::Name:
+        break;
+    }
+    return false;
+}
+
+} // namespace
+
+int HalfToEven(int number) {
+    const int lower = number / 2;
+    return lower + (number % 2 != 0 && lower % 2 != 0 ? 1 : 0);
+}
+
+void AlignLeft(const GlyphRows& rows, int selector) {
+    ForRows(rows, selector, [](Row row) { MoveText(row, [](int) { return 0; }); });
+}
+
+void AlignCenter(const GlyphRows& rows, int selector) {
+    const int width = rows.width();
+    ForRows(rows, selector, [width](Row row) {
+        MoveText(row, [width](int length) { return HalfToEven(width - length); });
+    });
+}
+
+void AlignRight(const GlyphRows& rows, int selector) {
+    const int width = rows.width();
+    ForRows(
+        rows, selector, [width](Row row) { MoveText(row, [width](int length) { return width - length; }); });
+}
+
+void ReverseCharacters(const GlyphRows& rows, int selector) {
+    ForRows(rows, selector, [](Row row) { std::reverse(row.begin(), row.end()); });
+}
+
+void FormatRows(
+    const GlyphRows& rows, int selector, FormatOperation operation, glyphs::CaseChoice caseChoice) {
+    switch (operation) {
+    case FormatOperation::AlignLeft:
+        AlignLeft(rows, selector);
+        break;
+    case FormatOperation::AlignCenter:
+        AlignCenter(rows, selector);
+        break;
+    case FormatOperation::AlignRight:
+        AlignRight(rows, selector);
+        break;
+    case FormatOperation::ToLowerCase:
+        ForCells(rows, selector, [=](GlyphCode code) { return glyphs::ToLowerGlyph(code, caseChoice); });
+        break;
+    case FormatOperation::ToUpperCase:
+        ForCells(rows, selector, [=](GlyphCode code) { return glyphs::ToUpperGlyph(code, caseChoice); });
+        break;
+    case FormatOperation::SwitchCase:
+        ForCells(rows, selector, [=](GlyphCode code) { return glyphs::SwitchCaseGlyph(code, caseChoice); });
+        break;
+    case FormatOperation::Color1ToColor2:
+        ForCells(rows, selector, glyphs::ToColor2Glyph);
+        break;
+    case FormatOperation::Color2ToColor1:
+        ForCells(rows, selector, glyphs::ToColor1Glyph);
+        break;
+    case FormatOperation::SwitchColor:
+        ForCells(rows, selector, glyphs::SwitchColorGlyph);
+        break;
+    case FormatOperation::ReverseCharacters:
+        ReverseCharacters(rows, selector);
+        break;
+    }
+}
+
+void ReverseRows(const GlyphRows& rows, int count) {
+    // Rounding up at the half swaps the middle row with itself at most.
+    const int half = HalfToEven(count);
+    for (int row = 1; row <= half; ++row) {
+        const Row first = rows.row(row);
+        const Row last = rows.row(count - row + 1);
+        if (first.data() != last.data()) {
+            std::swap_ranges(first.begin(), first.end(), last.begin());
+        }
+    }
+}
+
+void FormatPage(
+    const EditContext& context, ui::Dialogs& dialogs, const FormatSettings& settings,
+    glyphs::Progress& progress, FormatOperation operation) {
+    const bool isAll = AsksForAllRows(context.page, dialogs, settings);
+    const PageCursor cursor = CursorOf(context.documents, context.page);
+    FormatRows(cursor.rows, isAll ? AllRows : cursor.row, operation, settings.caseChoice);
+    if (isAll || context.page == Page::Name) {
+        PaintPage(context, progress);
+    } else {
+        PaintRow(context, context.page, cursor.row);
+    }
+}
+
+void ReverseNameOrder(const EditContext& context, glyphs::Progress& progress) {
+    if (context.page == Page::Name) {
+        return;
+    }
+    const PageCursor cursor = CursorOf(context.documents, context.page);
+    ReverseRows(cursor.rows, cursor.rowsInUse);
+    PaintPage(context, progress);
+}
+
+void CopyRow(const EditContext& context, EditClipboard& clipboard) {
+    const PageCursor cursor = CursorOf(context.documents, context.page);
+    const Row row = cursor.rows.row(cursor.row);
+    clipboard.cells.fill(glyphs::BlankGlyph);
+    std::copy(row.begin(), row.end(), clipboard.cells.begin());
+    clipboard.page = context.page;
+}
+
+void CutRow(const EditContext& context, EditClipboard& clipboard) {
+    CopyRow(context, clipboard);
+    const PageCursor cursor = CursorOf(context.documents, context.page);
+    const Row row = cursor.rows.row(cursor.row);
+    std::fill(row.begin(), row.end(), glyphs::BlankGlyph);
+    PaintRow(context, context.page, cursor.row);
+}
+
+void PasteRow(const EditContext& context, const EditClipboard& clipboard) {
+    const PageCursor cursor = CursorOf(context.documents, context.page);
+    const Row row = cursor.rows.row(cursor.row);
+    std::copy_n(clipboard.cells.begin(), row.size(), row.begin());
+    PaintRow(context, context.page, cursor.row);
+}
+
+} // namespace editing

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/mdlCommon.h"
+#include "glyphs/mdlSwitches.h"
+#include "ui/Dialogs.h"
+
+#include <array>
+
+namespace editing {
+
+/// The row selector that means every row, in use or not; any other is the number of one row.
+constexpr int AllRows = 0;
+
+/// What the Format menu does to rows of glyphs.
+enum class FormatOperation {
+    AlignLeft,
+    AlignCenter,
+    AlignRight,
+    ToLowerCase,
+    ToUpperCase,
+    SwitchCase,
+    Color1ToColor2,
+    Color2ToColor1,
+    SwitchColor,
+    ReverseCharacters,
+};
+
+/// Half of `number` (0 or more); a half left over goes to the even neighbour, so 3 gives 2 and 5 gives 2.
+[[nodiscard]] int HalfToEven(int number);
+
+/// The row transforms. Blanks inside a row are kept; a row of blanks stays one.
+void AlignLeft(const GlyphRows& rows, int selector);
+void AlignCenter(const GlyphRows& rows, int selector);
+void AlignRight(const GlyphRows& rows, int selector);
+
+/// Turns rows round over their whole width, blanks at the end included.
+void ReverseCharacters(const GlyphRows& rows, int selector);
+
+/// Any of the transforms. `caseChoice` matters to the three case operations only.
+void FormatRows(
+    const GlyphRows& rows, int selector, FormatOperation operation, glyphs::CaseChoice caseChoice);
+
+/// Turns the order of the first `count` rows round.
+void ReverseRows(const GlyphRows& rows, int count);
+
+/// The settings that formatting reads.
+struct FormatSettings {
+    bool asksForNames = true;    ///< "prompt1": ask before all names of the animation are formatted
+    bool asksForMessages = true; ///< "prompt2": the same for all messages
+    glyphs::CaseChoice caseChoice = glyphs::CaseChoice::LettersOnly;
+};
+
+/// Formats the page in view and paints what changed: the name; or all rows of the other pages if the answer,
+/// or the setting without a question, is yes; otherwise the current row alone, also when the question is
+/// cancelled.
+void FormatPage(
+    const EditContext& context, ui::Dialogs& dialogs, const FormatSettings& settings,
+    glyphs::Progress& progress, FormatOperation operation);
+
+/// Turns the order of the names in use, or of the messages, round and repaints the page. Nothing happens on
+/// the name page.
+void ReverseNameOrder(const EditContext& context, glyphs::Progress& progress);
+
+/// The program's own clipboard for one row, apart from the system's. Blank at first.
+struct EditClipboard {
+    std::array<GlyphCode, MessageLength> cells = BlankCells<MessageLength>();
+    Page page = Page::Name; ///< where the row came from
+};
+
+/// Copies the current row of the page in view; cells past the end of a name become blank.
+void CopyRow(const EditContext& context, EditClipboard& clipboard);
+
+/// Copies the current row, blanks it and paints it.
+void CutRow(const EditContext& context, EditClipboard& clipboard);
+
+/// Puts the clipboard's first cells into the current row of the page in view, wherever they came from, and
+/// paints it.
+void PasteRow(const EditContext& context, const EditClipboard& clipboard);
+
+} // namespace editing
