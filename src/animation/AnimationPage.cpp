@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/AnimationPage.h"
+
+#include "animation/mdlAniName.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+
+namespace animation {
+
+using editing::MaxNames;
+using editing::MinNames;
+using editing::NameLength;
+
+namespace {
+
+constexpr int VisibleNames = 15;
+constexpr int ViewLargeStep = 10;
+
+struct NameButton {
+    const char* caption;
+    const char* tooltip;
+};
+
+constexpr std::array<NameButton, 4> NameButtons{{
+    {"Insert", "Insert a new name at the cursor"},
+    {"Delete", "Delete the current name"},
+    {"Move Up", "Move current name up"},
+    {"Move Dn", "Move current name down"},
+}};
+
+QLabel* MakeLabel(const char* name, const QString& text, const QString& tooltip, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(QLatin1String(name));
+    label->setToolTip(tooltip);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00")));
+    return label;
+}
+
+/// A list of the ticks offered. It shows any number, also one that is not offered, but takes none from the
+/// keyboard.
+QComboBox* MakeTickList(const char* name, const QString& tooltip, QWidget* parent) {
+    auto* list = new QComboBox(parent);
+    list->setObjectName(QLatin1String(name));
+    list->setAccessibleName(tooltip);
+    list->setToolTip(tooltip);
+    for (int ticks = 0; ticks <= editing::MaxOfferedTicks; ++ticks) {
+        list->addItem(QString::number(ticks));
+    }
+    list->setMaxVisibleItems(editing::MaxOfferedTicks + 1);
+    list->setEditable(true);
+    list->setInsertPolicy(QComboBox::NoInsert);
+    list->lineEdit()->setReadOnly(true);
+    list->lineEdit()->setFocusPolicy(Qt::NoFocus);
+    list->setFocusPolicy(Qt::NoFocus);
+    return list;
+}
+
+} // namespace
+
+AnimationPage::AnimationPage(
+    editing::AnimationDocument& document, glyphs::PagePicture& picture, QWidget* parent)
+    : PagePanel(picture, QStringLiteral("AniPic"), QStringLiteral("AniPosShape"), parent)
+    , m_document(document) {
+    setObjectName(QStringLiteral("pgeAnimation"));
+    pictureWidget()->setAccessibleName(tr("Animation names"));
+    pictureWidget()->setToolTip(tr("The names in the aniimation"));
+    buildControls();
+    layOut();
+    connectControls();
+    VScroll1_Change(VScroll1->value());
+    showCursor();
+}
+
+void AnimationPage::buildControls() {
+    AniTotalScroll = makeScrollBar(
+        Qt::Horizontal, QStringLiteral("AniTotalScroll"), tr("Total names"), MinNames, MaxNames);
+    AniScroll = makeScrollBar(
+        Qt::Horizontal, QStringLiteral("AniScroll"), tr("Current name"), 1, m_document.nameCount);
+    AniScroll->setValue(m_document.currentName);
+    AniNameScroll = makeScrollBar(
+        Qt::Horizontal, QStringLiteral("AniNameScroll"), tr("Cursor position in the name"), 1, NameLength);
+    VScroll1 = makeScrollBar(
+        Qt::Vertical, QStringLiteral("VScroll1"), tr("First name in view"), 1,
+        m_document.nameCount - VisibleNames + 1);
+    VScroll1->setPageStep(ViewLargeStep);
+
+    lblAniTotalNum =
+        MakeLabel("lblAniTotalNum", QString::number(m_document.nameCount), tr("The total names"), this);
+    lblAniNameNum =
+        MakeLabel("lblAniNameNum", QString::number(m_document.currentName), tr("The current name"), this);
+    lblNum[0] = MakeLabel("lblNum_0", QString::number(1), {}, this);
+    lblNum[1] = MakeLabel("lblNum_1", QString::number(VisibleNames), {}, this);
+
+    ThisTickList = MakeTickList("ThisTickList", tr("Set this names tick"), this);
+    ThisTickList->setEditText(QString::number(editing::InitialTicks));
+    TickList = MakeTickList("TickList", tr("Set all ticks to selected number"), this);
+    TickList->setCurrentIndex(-1);
+
+    for (std::size_t i = 0; i < cmdName.size(); ++i) {
+        cmdName[i] = new QPushButton(tr(NameButtons[i].caption), this);
+        cmdName[i]->setObjectName(QStringLiteral("cmdName_%1").arg(i));
+        cmdName[i]->setToolTip(tr(NameButtons[i].tooltip));
+        cmdName[i]->setFocusPolicy(Qt::NoFocus);
+    }
+}
+
+void AnimationPage::layOut() {
+    auto* frame = new QFrame(this);
+    frame->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    AniPicBox = new QWidget(frame);
+    AniPicBox->setObjectName(QStringLiteral("AniPicBox"));
+    AniPicBox->setFixedSize(NameLength * glyphs::CellSide, VisibleNames * glyphs::CellSide);
+    pictureWidget()->setParent(AniPicBox);
+    auto* frameLayout = new QHBoxLayout(frame);
+    frameLayout->setContentsMargins(0, 0, 0, 0);
+    frameLayout->addWidget(AniPicBox);
+    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+
+    auto* names = new QGridLayout;
+    names->setSpacing(2);
+    names->addWidget(lblNum[0], 0, 0, Qt::AlignTop | Qt::AlignRight);
+    names->addWidget(lblNum[1], 0, 0, Qt::AlignBottom | Qt::AlignRight);
+    names->addWidget(frame, 0, 1);
+    names->addWidget(VScroll1, 0, 2);
+    names->addWidget(AniNameScroll, 1, 1);
+
+    auto* controls = new QGridLayout;
+    controls->setHorizontalSpacing(6);
+    controls->setVerticalSpacing(6);
+    controls->setColumnStretch(1, 1);
+    controls->addWidget(new QLabel(tr("Total:"), this), 0, 0);
+    controls->addWidget(AniTotalScroll, 0, 1);
+    controls->addWidget(lblAniTotalNum, 0, 2);
+    controls->addWidget(new QLabel(tr("Name:"), this), 1, 0);
+    controls->addWidget(AniScroll, 1, 1);
+    controls->addWidget(lblAniNameNum, 1, 2);
+    controls->addWidget(new QLabel(tr("Wait:"), this), 2, 0);
+    controls->addWidget(ThisTickList, 2, 1, 1, 2);
+    controls->addWidget(new QLabel(tr("Set All:"), this), 3, 0);
+    controls->addWidget(TickList, 3, 1, 1, 2);
+    auto* buttons = new QGridLayout;
+    buttons->setSpacing(6);
+    for (std::size_t i = 0; i < cmdName.size(); ++i) {
+        buttons->addWidget(cmdName[i], static_cast<int>(i) / 2, static_cast<int>(i) % 2);
+    }
+    controls->setRowMinimumHeight(4, 8);
+    controls->addLayout(buttons, 5, 0, 1, 3);
+    controls->setRowStretch(6, 1);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setSpacing(14);
+    layout->addStretch(1);
+    layout->addLayout(names);
+    layout->addLayout(controls);
+    layout->addStretch(1);
+    layout->setAlignment(names, Qt::AlignVCenter);
+    layout->setAlignment(controls, Qt::AlignVCenter);
+}
+
+void AnimationPage::connectControls() {
+    connect(AniTotalScroll, &QScrollBar::valueChanged, this, &AnimationPage::AniTotalScroll_Change);
+    connect(AniScroll, &QScrollBar::valueChanged, this, &AnimationPage::AniScroll_Change);
+    connect(AniNameScroll, &QScrollBar::valueChanged, this, &AnimationPage::AniNameScroll_Change);
+    connect(VScroll1, &QScrollBar::valueChanged, this, &AnimationPage::VScroll1_Change);
+    connect(VScroll1, &QScrollBar::sliderMoved, this, &AnimationPage::VScroll1_Scroll);
+    // activated, not a change of the index: only a choice of the user sets ticks.
+    connect(ThisTickList, &QComboBox::activated, this, &AnimationPage::ThisTickList_Click);
+    connect(TickList, &QComboBox::activated, this, &AnimationPage::TickList_Click);
+    for (int i = 0; i < static_cast<int>(cmdName.size()); ++i) {
+        connect(cmdName[static_cast<std::size_t>(i)], &QPushButton::clicked, this, [this, i] {
+            Q_EMIT nameButtonClicked(i);
+        });
+    }
+}
+
+void AnimationPage::syncScrollBars() {
+    // All are taken first: each change handler writes its bar's value back, clamped to the range that still
+    // holds.
+    const int total = m_document.nameCount;
+    const int name = m_document.currentName;
+    const int position = m_document.cursorPos;
+    AniTotalScroll->setValue(total);
+    AniScroll->setValue(name);
+    AniNameScroll->setValue(position);
+}
+
+void AnimationPage::refresh() {
+    ThisTickList->setEditText(QString::number(m_document.ticks(m_document.currentName)));
+}
+
+void AnimationPage::AniTotalScroll_Change(int value) {
+    const int before = m_document.nameCount;
+    lblAniTotalNum->setText(QString::number(value));
+    AniScroll->setMaximum(value);
+    SetNameCount(m_document, value);
+    if (value > before) {
+        Q_EMIT namesAdded(before + 1);
+    }
+    VScroll1->setValue(1);
+    VScroll1->setMaximum(value - VisibleNames + 1);
+}
+
+void AnimationPage::AniScroll_Change(int value) {
+    m_document.currentName = value;
+    lblAniNameNum->setText(QString::number(value));
+    refresh();
+    showCursor();
+    VScroll1_Change(VScroll1->value());
+}
+
+void AnimationPage::AniNameScroll_Change(int value) {
+    m_document.cursorPos = value;
+    VScroll1_Change(VScroll1->value());
+    showCursor();
+}
+
+void AnimationPage::VScroll1_Change(int value) {
+    pictureWidget()->move(0, -(value - 1) * glyphs::CellSide);
+    lblNum[0]->setText(QString::number(value));
+    lblNum[1]->setText(QString::number(value + VisibleNames - 1));
+}
+
+void AnimationPage::VScroll1_Scroll(int value) {
+    VScroll1_Change(value);
+}
+
+void AnimationPage::ThisTickList_Click(int index) {
+    Q_EMIT userActed();
+    SetTicks(m_document, m_document.currentName, static_cast<std::int16_t>(index));
+    refresh();
+}
+
+void AnimationPage::TickList_Click(int index) {
+    Q_EMIT userActed();
+    SetAllTicks(m_document, static_cast<std::int16_t>(index));
+    refresh();
+}
+
+void AnimationPage::showCursor() {
+    moveMarker(m_document.cursorPos, m_document.currentName);
+    Q_EMIT cursorMoved();
+}
+
+} // namespace animation

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "editing/PagePanel.h"
+
+#include <array>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace animation {
+
+/// The page of the name animation: all names painted, of which fifteen are in view, and the controls of the
+/// name list and the ticks.
+class AnimationPage : public editing::PagePanel {
+    Q_OBJECT
+
+public:
+    AnimationPage(
+        editing::AnimationDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
+
+    void syncScrollBars() override;
+    void refresh() override;
+
+Q_SIGNALS:
+    /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.
+    void nameButtonClicked(int index);
+    /// More names came into use: the rows from `firstName` on are to be painted.
+    void namesAdded(int firstName);
+
+private:
+    void buildControls();
+    void layOut();
+    void connectControls();
+
+    void AniTotalScroll_Change(int value);
+    void AniScroll_Change(int value);
+    void AniNameScroll_Change(int value);
+    void VScroll1_Change(int value);
+    void VScroll1_Scroll(int value);
+    void ThisTickList_Click(int index);
+    void TickList_Click(int index);
+    void showCursor();
+
+    editing::AnimationDocument& m_document;
+    QWidget* AniPicBox = nullptr;
+    QScrollBar* AniTotalScroll = nullptr;
+    QScrollBar* AniScroll = nullptr;
+    QScrollBar* AniNameScroll = nullptr;
+    QScrollBar* VScroll1 = nullptr;
+    QLabel* lblAniTotalNum = nullptr;
+    QLabel* lblAniNameNum = nullptr;
+    std::array<QLabel*, 2> lblNum{};
+    QComboBox* ThisTickList = nullptr;
+    QComboBox* TickList = nullptr;
+    std::array<QPushButton*, 4> cmdName{};
+};
+
+} // namespace animation

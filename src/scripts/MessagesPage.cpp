@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "scripts/MessagesPage.h"
+
+#include "ui/qt/PictureWidget.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollBar>
+
+namespace scripts {
+
+using editing::MessageCount;
+using editing::MessageLength;
+
+MessagesPage::MessagesPage(editing::MessageDocument& document, glyphs::PagePicture& picture, QWidget* parent)
+    : PagePanel(picture, QStringLiteral("MacPic"), QStringLiteral("MacPosShape"), parent)
+    , m_document(document)
+    , MacNameScroll(makeScrollBar(
+          Qt::Horizontal, QStringLiteral("MacNameScroll"), tr("Cursor position in the message"), 1,
+          MessageLength))
+    , MacScroll(
+          makeScrollBar(Qt::Vertical, QStringLiteral("MacScroll"), tr("Current message"), 1, MessageCount)) {
+    setObjectName(QStringLiteral("pgeMessages"));
+    pictureWidget()->setAccessibleName(tr("Chat messages"));
+    MacNameScroll->setFixedWidth(picture.pixels().width());
+    MacScroll->setFixedHeight(picture.pixels().height());
+
+    auto* layout = new QGridLayout(this);
+    layout->setHorizontalSpacing(4);
+    layout->setColumnStretch(0, 1);
+    layout->setColumnStretch(3, 1);
+    layout->setRowStretch(0, 2);
+    layout->addWidget(new QLabel(tr("Your messages: top, middle and bottom"), this), 1, 1);
+    layout->addWidget(makeFrame(), 2, 1);
+    layout->addWidget(MacScroll, 2, 2, Qt::AlignVCenter);
+    layout->addWidget(MacNameScroll, 3, 1, Qt::AlignHCenter);
+    layout->setRowStretch(4, 3);
+    connectControls();
+}
+
+void MessagesPage::connectControls() {
+    connect(MacNameScroll, &QScrollBar::valueChanged, this, &MessagesPage::MacNameScroll_Change);
+    connect(MacScroll, &QScrollBar::valueChanged, this, &MessagesPage::MacScroll_Change);
+}
+
+void MessagesPage::syncScrollBars() {
+    // Both are taken first: each change handler writes its bar's value back.
+    const int column = m_document.cursorPos;
+    const int message = m_document.currentMessage;
+    MacNameScroll->setValue(column);
+    MacScroll->setValue(message);
+}
+
+void MessagesPage::MacNameScroll_Change(int value) {
+    m_document.cursorPos = value;
+    showCursor();
+}
+
+void MessagesPage::MacScroll_Change(int value) {
+    m_document.currentMessage = value;
+    showCursor();
+}
+
+void MessagesPage::showCursor() {
+    moveMarker(m_document.cursorPos, m_document.currentMessage);
+    Q_EMIT cursorMoved();
+}
+
+} // namespace scripts

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "editing/PagePanel.h"
+
+namespace scripts {
+
+/// The page of the three chat messages: their picture and the scroll bars of its cursor.
+class MessagesPage : public editing::PagePanel {
+    Q_OBJECT
+
+public:
+    MessagesPage(editing::MessageDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
+
+    void syncScrollBars() override;
+
+private:
+    void connectControls();
+    void MacNameScroll_Change(int value);
+    void MacScroll_Change(int value);
+    void showCursor();
+
+    editing::MessageDocument& m_document;
+    QScrollBar* MacNameScroll;
+    QScrollBar* MacScroll;
+};
+
+} // namespace scripts
