@@ -5,6 +5,10 @@
 add_library(vtm_options INTERFACE)
 target_compile_features(vtm_options INTERFACE cxx_std_20)
 target_compile_options(vtm_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC 12 sees an overlap that cannot be wherever a string is added to a literal (GCC bug 105651).
+    target_compile_options(vtm_options INTERFACE -Wno-restrict)
+endif()
 if(VTM_WERROR)
     target_compile_options(vtm_options INTERFACE -Werror)
 endif()

@@ -126,7 +126,7 @@ KeyMap DefaultKeyMap() {
     FillRows(map, KeyIndex(KeyDigit0), 10, '0', std::nullopt);
     constexpr std::string_view ShiftedDigits = ")!@#$%^&*(";
     for (std::size_t digit = 0; digit < ShiftedDigits.size(); ++digit) {
-        map[KeyIndex(KeyDigit0) + digit][1] = ShiftedDigits[digit];
+        map[KeyIndex(KeyDigit0) + digit][1] = static_cast<unsigned char>(ShiftedDigits[digit]);
     }
     // The pad types the game's own small digits.
     FillRows(map, KeyIndex(KeyPad0), 10, 18, 18);
