@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/mdlPick.h"
+
+#include <algorithm>
+#include <cassert>
+#include <span>
+
+namespace editing {
+
+std::array<GlyphCode, 3> FrequentGlyphs(const Documents& documents) {
+    std::array<int, glyphs::GlyphCount> counts{};
+    const auto count = [&counts](std::span<const GlyphCode> cells) {
+        for (const GlyphCode code : cells) {
+            assert(code >= 0 && code < glyphs::GlyphCount);
+            ++counts[static_cast<std::size_t>(code)];
+        }
+    };
+    const AnimationDocument& animation = documents.animation;
+    count(documents.name.cells);
+    count(std::span(animation.nameGlyphs).first(static_cast<std::size_t>(animation.nameCount) * NameLength));
+    count(documents.messages.cells);
+    counts[glyphs::BlankGlyph] = 0;
+
+    std::array<GlyphCode, 3> frequent{};
+    for (GlyphCode& entry : frequent) {
+        // The first of the largest, so that the lower code goes first; glyph 0 when nothing is left to count.
+        const auto best = std::max_element(counts.begin(), counts.end());
+        entry = static_cast<GlyphCode>(best - counts.begin());
+        *best = 0;
+    }
+    return frequent;
+}
+
+} // namespace editing
