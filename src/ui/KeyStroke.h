@@ -9,6 +9,7 @@ namespace ui {
 /// number pad from KeyPad0 on and the function keys from KeyF1 on.
 enum VirtualKey : int {
     KeyNone = 0, ///< a key that the program leaves to the desktop
+    KeyCancel = 3,
     KeyBackspace = 8,
     KeyTab = 9,
     KeyClear = 12,
@@ -43,6 +44,7 @@ enum VirtualKey : int {
     KeyPadDecimal = 110,
     KeyPadDivide = 111,
     KeyF1 = 112,
+    KeyF13 = 124,
     KeyF16 = 127,
     KeyF24 = 135,
     KeyNumLock = 144,
@@ -62,11 +64,11 @@ enum VirtualKey : int {
 
 /// One press of a key, or one repeat of a key that is held down.
 struct KeyStroke {
-    int virtualKey = KeyNone; ///< of a digit key of the number pad: what the desktop's Num Lock made of it
-    bool isShift = false;     ///< modifiers that are held
+    int virtualKey = KeyNone; ///< on the number pad: what the keyboard's Num Lock made of it
+    bool isShift = false;     ///< off the number pad: what the typed symbol needs on a US keyboard
     bool isCtrl = false;
     bool isAlt = false;
-    bool isOnNumberPad = false;
+    bool isOnNumberPad = false; ///< Enter and the operators included
     bool isRepeat = false;
 
     friend bool operator==(const KeyStroke&, const KeyStroke&) = default;

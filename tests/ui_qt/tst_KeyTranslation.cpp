@@ -9,22 +9,21 @@
 #include <string>
 #include <vector>
 
-namespace ui::qt {
+namespace ui {
 
-void PrintTo(const VirtualKeyPress& press, std::ostream* out) {
-    *out << press.virtualKey << (press.shift ? " shift" : "") << (press.ctrl ? " ctrl" : "")
-         << (press.alt ? " alt" : "") << (press.isAutoRepeat ? " repeat" : "")
-         << (press.isPadKey ? " pad" : "");
+void PrintTo(const KeyStroke& press, std::ostream* out) {
+    *out << press.virtualKey << (press.isShift ? " shift" : "") << (press.isCtrl ? " ctrl" : "")
+         << (press.isAlt ? " alt" : "") << (press.isRepeat ? " repeat" : "")
+         << (press.isOnNumberPad ? " pad" : "");
 }
 
-} // namespace ui::qt
+} // namespace ui
 
 namespace {
 
+using ui::KeyStroke;
 using ui::qt::KeyFacts;
-using ui::qt::NumberPad;
 using ui::qt::TranslateKey;
-using ui::qt::VirtualKeyPress;
 
 /// A press of a real keyboard.
 KeyFacts Real(int key, unsigned scanCode, bool shift = false) {
@@ -54,12 +53,12 @@ struct Row {
     bool shift = false;
 };
 
-void CheckRows(const std::vector<Row>& rows, NumberPad pad = NumberPad::AsReported) {
+void CheckRows(const std::vector<Row>& rows) {
     for (const Row& row : rows) {
-        const VirtualKeyPress press = TranslateKey(row.facts, pad);
+        const KeyStroke press = TranslateKey(row.facts);
         EXPECT_EQ(press.virtualKey, row.virtualKey) << row.name;
         if (row.virtualKey != 0) {
-            EXPECT_EQ(press.shift, row.shift) << row.name;
+            EXPECT_EQ(press.isShift, row.shift) << row.name;
         }
     }
 }
@@ -173,16 +172,16 @@ TEST(TranslateKey, KnowsEveryPlaceThatTypesACharacter) {
     const std::string bottom = "ZXCVBNM";
     constexpr int Foreign = 0x419;
     for (unsigned i = 0; i < Digits.size(); ++i) {
-        EXPECT_EQ(TranslateKey(Real(Foreign, 10 + i), NumberPad::AsReported).virtualKey, Digits[i]);
+        EXPECT_EQ(TranslateKey(Real(Foreign, 10 + i)).virtualKey, Digits[i]);
     }
     for (unsigned i = 0; i < top.size(); ++i) {
-        EXPECT_EQ(TranslateKey(Real(Foreign, 24 + i), NumberPad::AsReported).virtualKey, top[i]);
+        EXPECT_EQ(TranslateKey(Real(Foreign, 24 + i)).virtualKey, top[i]);
     }
     for (unsigned i = 0; i < middle.size(); ++i) {
-        EXPECT_EQ(TranslateKey(Real(Foreign, 38 + i), NumberPad::AsReported).virtualKey, middle[i]);
+        EXPECT_EQ(TranslateKey(Real(Foreign, 38 + i)).virtualKey, middle[i]);
     }
     for (unsigned i = 0; i < bottom.size(); ++i) {
-        EXPECT_EQ(TranslateKey(Real(Foreign, 52 + i), NumberPad::AsReported).virtualKey, bottom[i]);
+        EXPECT_EQ(TranslateKey(Real(Foreign, 52 + i)).virtualKey, bottom[i]);
     }
     CheckRows({
         {"[", Real(Foreign, 34), 219},
@@ -253,7 +252,7 @@ TEST(TranslateKey, KnowsBreakByItsSymbol) {
     KeyFacts facts = Real(0, 127);
     facts.symbol = 0xFF6B;
     facts.ctrl = true;
-    EXPECT_EQ(TranslateKey(facts, NumberPad::AsReported).virtualKey, 3);
+    EXPECT_EQ(TranslateKey(facts).virtualKey, 3);
 }
 
 TEST(TranslateKey, CountsDeadKeysAsTheSymbolThatTheyStandFor) {
@@ -287,13 +286,13 @@ TEST(TranslateKey, LeavesTheDesktopsKeysAlone) {
 TEST(TranslateKey, TypesNothingWhileSuperOrAltGrIsHeld) {
     KeyFacts super = Real(Qt::Key_A, 38);
     super.meta = true;
-    EXPECT_EQ(TranslateKey(super, NumberPad::AsReported).virtualKey, 0);
+    EXPECT_EQ(TranslateKey(super).virtualKey, 0);
     KeyFacts altGr = Real(Qt::Key_At, 24);
     altGr.groupSwitch = true;
-    EXPECT_EQ(TranslateKey(altGr, NumberPad::AsReported).virtualKey, 0);
+    EXPECT_EQ(TranslateKey(altGr).virtualKey, 0);
     KeyFacts altGrLock = Real(Qt::Key_Insert, 118);
     altGrLock.groupSwitch = true;
-    EXPECT_EQ(TranslateKey(altGrLock, NumberPad::AsReported).virtualKey, 0);
+    EXPECT_EQ(TranslateKey(altGrLock).virtualKey, 0);
 }
 
 TEST(TranslateKey, PassesControlAltAndRepetitionOn) {
@@ -301,8 +300,7 @@ TEST(TranslateKey, PassesControlAltAndRepetitionOn) {
     facts.ctrl = true;
     facts.alt = true;
     facts.autoRepeat = true;
-    EXPECT_EQ(
-        TranslateKey(facts, NumberPad::AsReported), (VirtualKeyPress{65, false, true, true, true, false}));
+    EXPECT_EQ(TranslateKey(facts), (KeyStroke{65, false, true, true, false, true}));
 }
 
 TEST(TranslateKey, ReadsThePadAsTheKeyboardReportsIt) {
@@ -324,7 +322,7 @@ TEST(TranslateKey, ReadsThePadAsTheKeyboardReportsIt) {
         {"Up", Pad(Qt::Key_Up, 80, 0xFF97), 38},
         {"Page Up", Pad(Qt::Key_PageUp, 81, 0xFF9A), 33},
         {"Delete", Pad(Qt::Key_Delete, 91, 0xFF9F), 46},
-        {"Shift+4 comes as Left and is no shifted Left", Pad(Qt::Key_Left, 83, 0xFF96, true), 37, false},
+        {"Shift+4 comes as Left", Pad(Qt::Key_Left, 83, 0xFF96, true), 37, true},
         {"multiply", Pad(Qt::Key_Asterisk, 63, 0xFFAA), 106},
         {"add", Pad(Qt::Key_Plus, 86, 0xFFAB), 107},
         {"subtract", Pad(Qt::Key_Minus, 82, 0xFFAD), 109},
@@ -336,70 +334,39 @@ TEST(TranslateKey, ReadsThePadAsTheKeyboardReportsIt) {
 TEST(TranslateKey, KnowsThePadWithoutTheToolkitSayingSo) {
     KeyFacts symbolOnly = Pad(Qt::Key_4, 83, 0xFFB4);
     symbolOnly.keypad = false;
-    EXPECT_EQ(TranslateKey(symbolOnly, NumberPad::AsReported).virtualKey, 100);
+    EXPECT_EQ(TranslateKey(symbolOnly).virtualKey, 100);
     KeyFacts add = Pad(Qt::Key_Plus, 86, 0xFFAB);
     add.keypad = false;
-    EXPECT_EQ(TranslateKey(add, NumberPad::AsReported).virtualKey, 107);
+    EXPECT_EQ(TranslateKey(add).virtualKey, 107);
     // Layouts that put a plain full stop on the pad.
-    EXPECT_EQ(TranslateKey(Real(Qt::Key_Period, 91), NumberPad::AsReported).virtualKey, 110);
+    EXPECT_EQ(TranslateKey(Real(Qt::Key_Period, 91)).virtualKey, 110);
 }
 
 TEST(TranslateKey, KnowsThePadInSyntheticPresses) {
     KeyFacts digit = Synthetic(Qt::Key_4);
     digit.keypad = true;
-    EXPECT_EQ(
-        TranslateKey(digit, NumberPad::AsReported), (VirtualKeyPress{100, false, false, false, false, true}));
+    EXPECT_EQ(TranslateKey(digit), (KeyStroke{100, false, false, false, true}));
     KeyFacts arrow = Synthetic(Qt::Key_Left);
     arrow.keypad = true;
-    EXPECT_EQ(
-        TranslateKey(arrow, NumberPad::AsReported), (VirtualKeyPress{37, false, false, false, false, true}));
+    EXPECT_EQ(TranslateKey(arrow), (KeyStroke{37, false, false, false, true}));
 }
 
 TEST(TranslateKey, KeepsThePlainArrowsOffThePad) {
-    for (const NumberPad pad : {NumberPad::AsReported, NumberPad::Digits, NumberPad::Navigation}) {
-        EXPECT_EQ(TranslateKey(Real(Qt::Key_Left, 113), pad), (VirtualKeyPress{37}));
-        EXPECT_EQ(TranslateKey(Real(Qt::Key_4, 13), pad), (VirtualKeyPress{52}));
-    }
-}
-
-TEST(TranslateKey, LetsTheProgramsOwnModeDecideWhereItMust) {
-    const std::vector<Row> digits = {
-        {"0", Pad(Qt::Key_Insert, 90, 0xFF9E), 96},
-        {"1", Pad(Qt::Key_End, 87, 0xFF9C), 97},
-        {"4", Pad(Qt::Key_Left, 83, 0xFF96), 100},
-        {"5", Pad(Qt::Key_Clear, 84, 0xFF9D), 101},
-        {"9", Pad(Qt::Key_PageUp, 81, 0xFF9A), 105},
-        {"decimal", Pad(Qt::Key_Delete, 91, 0xFF9F), 110},
-        {"7", Pad(Qt::Key_7, 79, 0xFFB7), 103},
-        {"Shift+4", Pad(Qt::Key_Left, 83, 0xFF96, true), 37, false},
-    };
-    CheckRows(digits, NumberPad::Digits);
-    const std::vector<Row> navigation = {
-        {"0", Pad(Qt::Key_0, 90, 0xFFB0), 45},          {"5", Pad(Qt::Key_5, 84, 0xFFB5), 12},
-        {"9", Pad(Qt::Key_9, 81, 0xFFB9), 33},          {"decimal", Pad(Qt::Key_Period, 91, 0xFFAE), 46},
-        {"7", Pad(Qt::Key_Home, 79, 0xFF95), 36},       {"add", Pad(Qt::Key_Plus, 86, 0xFFAB), 107},
-        {"Enter", Pad(Qt::Key_Enter, 104, 0xFF8D), 13},
-    };
-    CheckRows(navigation, NumberPad::Navigation);
-    KeyFacts synthetic = Synthetic(Qt::Key_4);
-    synthetic.keypad = true;
-    EXPECT_EQ(TranslateKey(synthetic, NumberPad::Navigation).virtualKey, 37);
-    EXPECT_EQ(TranslateKey(synthetic, NumberPad::Digits).virtualKey, 100);
+    EXPECT_EQ(TranslateKey(Real(Qt::Key_Left, 113)), (KeyStroke{37}));
+    EXPECT_EQ(TranslateKey(Real(Qt::Key_4, 13)), (KeyStroke{52}));
 }
 
 TEST(TranslateKey, ReadsTheFactsOfAnEvent) {
     const QKeyEvent event(
         QEvent::KeyPress, Qt::Key_Slash, Qt::ShiftModifier | Qt::ControlModifier, 16, 0x2F, 0,
         QStringLiteral("/"), true);
-    EXPECT_EQ(
-        TranslateKey(event, NumberPad::AsReported), (VirtualKeyPress{191, false, true, false, true, false}));
+    EXPECT_EQ(TranslateKey(event), (KeyStroke{191, false, true, false, false, true}));
     const QKeyEvent altGr(QEvent::KeyPress, Qt::Key_At, Qt::GroupSwitchModifier, 24, 0x40, 0);
-    EXPECT_EQ(TranslateKey(altGr, NumberPad::AsReported).virtualKey, 0);
+    EXPECT_EQ(TranslateKey(altGr).virtualKey, 0);
     const QKeyEvent super(QEvent::KeyPress, Qt::Key_A, Qt::MetaModifier);
-    EXPECT_EQ(TranslateKey(super, NumberPad::AsReported).virtualKey, 0);
+    EXPECT_EQ(TranslateKey(super).virtualKey, 0);
     const QKeyEvent pad(QEvent::KeyPress, Qt::Key_4, Qt::KeypadModifier | Qt::AltModifier);
-    EXPECT_EQ(
-        TranslateKey(pad, NumberPad::AsReported), (VirtualKeyPress{100, false, false, true, false, true}));
+    EXPECT_EQ(TranslateKey(pad), (KeyStroke{100, false, false, true, true}));
 }
 
 } // namespace

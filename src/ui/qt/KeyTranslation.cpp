@@ -12,30 +12,6 @@ namespace ui::qt {
 
 namespace {
 
-constexpr int KeyBackspace = 8;
-constexpr int KeyTab = 9;
-constexpr int KeyClear = 12;
-constexpr int KeyEnter = 13;
-constexpr int KeyPause = 19;
-constexpr int KeyPageUp = 33;
-constexpr int KeyPageDown = 34;
-constexpr int KeyEnd = 35;
-constexpr int KeyHome = 36;
-constexpr int KeyLeft = 37;
-constexpr int KeyUp = 38;
-constexpr int KeyRight = 39;
-constexpr int KeyDown = 40;
-constexpr int KeyInsert = 45;
-constexpr int KeyDelete = 46;
-constexpr int KeyPad0 = 96;
-constexpr int KeyPadMultiply = 106;
-constexpr int KeyPadAdd = 107;
-constexpr int KeyPadSubtract = 109;
-constexpr int KeyPadDecimal = 110;
-constexpr int KeyPadDivide = 111;
-constexpr int KeyF1 = 112;
-constexpr int KeyF13 = 124;
-
 constexpr unsigned BreakSymbol = 0xFF6B;
 constexpr unsigned FirstPadSymbol = 0xFF80;
 constexpr unsigned LastPadSymbol = 0xFFBD;
@@ -50,10 +26,27 @@ struct UsKey {
 };
 
 constexpr std::array<UsKey, 21> UsKeys = {{
-    {'1', '!', 49},  {'2', '@', 50},  {'3', '#', 51},  {'4', '$', 52},   {'5', '%', 53},  {'6', '^', 54},
-    {'7', '&', 55},  {'8', '*', 56},  {'9', '(', 57},  {'0', ')', 48},   {'-', '_', 189}, {'=', '+', 187},
-    {'[', '{', 219}, {']', '}', 221}, {';', ':', 186}, {'\'', '"', 222}, {'`', '~', 192}, {'\\', '|', 220},
-    {',', '<', 188}, {'.', '>', 190}, {'/', '?', 191},
+    {'1', '!', 49},
+    {'2', '@', 50},
+    {'3', '#', 51},
+    {'4', '$', 52},
+    {'5', '%', 53},
+    {'6', '^', 54},
+    {'7', '&', 55},
+    {'8', '*', 56},
+    {'9', '(', 57},
+    {'0', ')', 48},
+    {'-', '_', KeyMinus},
+    {'=', '+', KeyEquals},
+    {'[', '{', KeyOpenBracket},
+    {']', '}', KeyCloseBracket},
+    {';', ':', KeySemicolon},
+    {'\'', '"', KeyApostrophe},
+    {'`', '~', KeyBackquote},
+    {'\\', '|', KeyBackslash},
+    {',', '<', KeyComma},
+    {'.', '>', KeyPeriod},
+    {'/', '?', KeySlash},
 }};
 
 /// What the keys of an unbroken range of scan codes type on a US keyboard without Shift.
@@ -83,13 +76,13 @@ constexpr std::array<NamedKey, 27> NamedKeys = {{
     {Qt::Key_Clear, KeyClear},
     {Qt::Key_Return, KeyEnter},
     {Qt::Key_Enter, KeyEnter},
-    {Qt::Key_Shift, 16},
-    {Qt::Key_Control, 17},
-    {Qt::Key_Alt, 18},
+    {Qt::Key_Shift, KeyShift},
+    {Qt::Key_Control, KeyCtrl},
+    {Qt::Key_Alt, KeyAlt},
     {Qt::Key_Pause, KeyPause},
-    {Qt::Key_CapsLock, 20},
-    {Qt::Key_Escape, 27},
-    {Qt::Key_Space, 32},
+    {Qt::Key_CapsLock, KeyCapsLock},
+    {Qt::Key_Escape, KeyEscape},
+    {Qt::Key_Space, KeySpace},
     {Qt::Key_PageUp, KeyPageUp},
     {Qt::Key_PageDown, KeyPageDown},
     {Qt::Key_End, KeyEnd},
@@ -100,10 +93,10 @@ constexpr std::array<NamedKey, 27> NamedKeys = {{
     {Qt::Key_Down, KeyDown},
     {Qt::Key_Insert, KeyInsert},
     {Qt::Key_Delete, KeyDelete},
-    {Qt::Key_Menu, 93},
-    {Qt::Key_NumLock, 144},
-    {Qt::Key_ScrollLock, 145},
-    {Qt::Key_Cancel, 3},
+    {Qt::Key_Menu, KeyMenu},
+    {Qt::Key_NumLock, KeyNumLock},
+    {Qt::Key_ScrollLock, KeyScrollLock},
+    {Qt::Key_Cancel, KeyCancel},
 }};
 
 /// The symbol that a dead key stands for when nothing follows it; 0 when there is none on a US keyboard.
@@ -207,14 +200,14 @@ bool IsCharacter(int key) {
 }
 
 /// Fills in the key that a symbol of the US keyboard is typed with; false for any other symbol.
-bool TranslateUsSymbol(int symbol, bool isReal, VirtualKeyPress& press) {
+bool TranslateUsSymbol(int symbol, bool isReal, KeyStroke& press) {
     for (const UsKey& key : UsKeys) {
         if (symbol != key.plain && symbol != key.shifted) {
             continue;
         }
         press.virtualKey = key.virtualKey;
         if (isReal) {
-            press.shift = symbol == key.shifted;
+            press.isShift = symbol == key.shifted;
         }
         return true;
     }
@@ -231,7 +224,7 @@ int VirtualKeyAt(unsigned scanCode) {
         if (symbol >= 'a' && symbol <= 'z') {
             return symbol - 'a' + 'A';
         }
-        VirtualKeyPress press;
+        KeyStroke press;
         TranslateUsSymbol(symbol, false, press);
         return press.virtualKey;
     }
@@ -243,42 +236,34 @@ bool IsOnPad(const KeyFacts& facts) {
            PadKeyAt(facts.scanCode).has_value();
 }
 
-/// Fills in a press on the number pad.
-void TranslatePadKey(const KeyFacts& facts, NumberPad mode, VirtualKeyPress& press) {
-    press.isPadKey = true;
+/// The key that a press on the number pad is.
+int TranslatePadKey(const KeyFacts& facts) {
     auto pad = PadKeyAt(facts.scanCode);
     if (!pad) {
         pad = PadKeyOf(facts.key);
     }
     if (!pad) {
         const int operatorKey = PadOperator(facts.key);
-        press.virtualKey = operatorKey != 0 ? operatorKey : NamedVirtualKey(facts.key);
-        return;
+        return operatorKey != 0 ? operatorKey : NamedVirtualKey(facts.key);
     }
-    // Without the keyboard's own Num Lock, Shift still reaches the other meaning of a digit.
-    const bool isDigit =
-        mode == NumberPad::AsReported ? IsCharacter(facts.key) : mode == NumberPad::Digits && !facts.shift;
-    press.virtualKey = isDigit ? pad->digit : pad->movement;
-    if (!isDigit) {
-        // Shift only chose the movement; the movement itself is an unshifted one.
-        press.shift = false;
-    }
+    return IsCharacter(facts.key) ? pad->digit : pad->movement;
 }
 
 } // namespace
 
-VirtualKeyPress TranslateKey(const KeyFacts& facts, NumberPad pad) {
-    VirtualKeyPress press;
-    press.shift = facts.shift;
-    press.ctrl = facts.ctrl;
-    press.alt = facts.alt;
-    press.isAutoRepeat = facts.autoRepeat;
+KeyStroke TranslateKey(const KeyFacts& facts) {
+    KeyStroke press;
+    press.isShift = facts.shift;
+    press.isCtrl = facts.ctrl;
+    press.isAlt = facts.alt;
+    press.isRepeat = facts.autoRepeat;
     if (facts.meta || facts.groupSwitch) {
         return press;
     }
     const bool isReal = facts.scanCode != 0;
     if (IsOnPad(facts)) {
-        TranslatePadKey(facts, pad, press);
+        press.isOnNumberPad = true;
+        press.virtualKey = TranslatePadKey(facts);
         return press;
     }
     if (facts.symbol == BreakSymbol) {
@@ -311,7 +296,7 @@ VirtualKeyPress TranslateKey(const KeyFacts& facts, NumberPad pad) {
     }
     press.virtualKey = NamedVirtualKey(facts.key);
     if (facts.key == Qt::Key_Backtab && isReal) {
-        press.shift = true;
+        press.isShift = true;
     }
     return press;
 }

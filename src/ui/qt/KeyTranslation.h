@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/KeyStroke.h"
+
 class QKeyEvent;
 
 namespace ui::qt {
@@ -20,32 +22,13 @@ struct KeyFacts {
     bool autoRepeat = false;
 };
 
-/// What the digit keys of the number pad are.
-enum class NumberPad {
-    AsReported, ///< as the keyboard's own Num Lock has it
-    Digits,
-    Navigation,
-};
-
-/// A key press as the editor's key map knows it.
-struct VirtualKeyPress {
-    int virtualKey = 0; ///< Windows virtual-key code; 0: a key that does nothing here
-    bool shift = false; ///< what the typed symbol needs on a US keyboard, whatever was held down
-    bool ctrl = false;
-    bool alt = false;
-    bool isAutoRepeat = false;
-    bool isPadKey = false; ///< a key of the number pad, Enter included
-
-    friend bool operator==(const VirtualKeyPress&, const VirtualKeyPress&) = default;
-};
-
 /// Which key of the editor's key map a press counts as.
-[[nodiscard]] VirtualKeyPress TranslateKey(const KeyFacts& facts, NumberPad pad);
+[[nodiscard]] KeyStroke TranslateKey(const KeyFacts& facts);
 
 [[nodiscard]] KeyFacts FactsOf(const QKeyEvent& event);
 
-[[nodiscard]] inline VirtualKeyPress TranslateKey(const QKeyEvent& event, NumberPad pad) {
-    return TranslateKey(FactsOf(event), pad);
+[[nodiscard]] inline KeyStroke TranslateKey(const QKeyEvent& event) {
+    return TranslateKey(FactsOf(event));
 }
 
 } // namespace ui::qt
