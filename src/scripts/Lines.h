@@ -22,7 +22,9 @@ constexpr std::string_view LineEnd = "\r\n";
 
 /// Whether `line` holds `word` anywhere, whatever the case of the letters A to Z.
 [[nodiscard]] inline bool HoldsAnyCase(std::string_view line, std::string_view word) {
-    const auto same = [](char a, char b) { return FoldCase(a) == FoldCase(b); };
+    const auto same = [](char a, char b) {
+        return FoldCase(a) == FoldCase(b);
+    };
     return std::search(line.begin(), line.end(), word.begin(), word.end(), same) != line.end() ||
            word.empty();
 }

@@ -34,6 +34,12 @@ struct LoadOutcome {
     std::string reason = {}; ///< why it could not be loaded, for the status line; may be empty
 };
 
+/// What came of writing into a configuration file. The user has been told.
+struct ConfigOutcome {
+    bool written = false;
+    std::string statusText = {}; ///< for the status line: the line that was replaced; may be empty
+};
+
 /// Repaints and shows a document's page. Called before the user is told that a script was read, so that the
 /// page behind the box is the new one.
 using Repaint = std::function<void()>;

@@ -28,7 +28,34 @@ constexpr auto NameCopied = "Your name is now in the Windows Clipboard.\n"
                             "Shift-Insert to use your new name.\n"
                             "Like the Profile Name of GameSpy.";
 
+constexpr auto NameTooLong = "The name is longer than 15 glyphs; the first 15 were read.";
+constexpr auto NoNameInConfig = "This config file does not contain a name.";
+constexpr auto NameReadFromConfig = "Done! The name was read from the config file.";
+constexpr auto AddNameToConfig = "This config file does not contain a name. Do you wish to add it?";
+
+inline std::string NameUpdatedInConfig(const ui::Path& path) {
+    return "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.";
+}
+
+inline std::string NameAddedToConfig(const ui::Path& path) {
+    return "Done! Your name was added to the config file, " + ui::PathText(path) + ".";
+}
+
+inline std::string TooManyLines(const ui::Path& path) {
+    return "The config file, " + ui::PathText(path) + ", has more than 32,767 lines. VTM cannot handle it.";
+}
+
 constexpr auto MessagesNotRead = "Error retrieving Macro from script file.";
 constexpr auto NoMessageSelected = "You need to select at least 1 message to display!";
+
+constexpr auto NoConfigFile = "Please select a config file!";
+constexpr auto NoScriptFile = "Please select a script file!";
+constexpr auto NoKey = "Please select a key!";
+constexpr auto KeyIsBound = "You have selected a key that is already bound!\n"
+                            "VTM will now replace it with your binding, OK?";
+
+inline std::string BindingUpdatedInConfig(const ui::Path& path) {
+    return "Done! The config file, " + ui::PathText(path) + ", was updated with your new binding.";
+}
 
 } // namespace scripts::texts

@@ -97,7 +97,7 @@ LoadOutcome LoadNameScript(
     if (const auto script = files.read(path)) {
         read = ReadNameScript(script.value(), name);
         if (read == ReadOutcome::TooLong) {
-            outcome.reason = "The name is longer than 15 glyphs; the first 15 were read.";
+            outcome.reason = texts::NameTooLong;
         }
     } else {
         outcome.reason = script.failure().message;

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Platform.h"
+
+#include <string>
+#include <string_view>
+
+namespace scripts {
+
+/// The copy of a configuration file that is kept, in the program's folder, while the file is rewritten.
+constexpr std::string_view ConfigCopyName = "tempfile.cfg";
+
+/// A configuration file with line `number` (1-based) replaced by `line` (without its end). Every other line
+/// keeps its bytes; every line ends with CR LF, the last one too. A number past the last line replaces
+/// nothing.
+[[nodiscard]] ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line);
+
+/// What a rewrite left to tell.
+struct Rewritten {
+    std::string leftover = {}; ///< why the copy could not be deleted, though the file is done; mostly empty
+};
+
+/// The status text after line `number`, which was `line`, has been replaced. What is not ASCII is shown as a
+/// dot, glyphs of colour 2 as those of colour 1; long lines are cut.
+[[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);
+
+/// Gives the configuration file `path`, which holds `before`, the content `after`, in place: its links, owner
+/// and permissions stay. At every instant the file or the copy beside the program holds `before` or `after`
+/// whole; the copy is deleted when the file is on the disk. A copy that an earlier run left behind is kept
+/// under another name. Fails when the file is the copy itself or no longer holds `before`. After a failure
+/// the file is either untouched or the message says so and names the copy, which is then kept.
+[[nodiscard]] ui::Result<Rewritten> RewriteConfig(
+    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path, std::string_view before,
+    std::string_view after);
+
+/// Adds bytes to the end of a configuration file, which is made if it is not there, and waits until they are
+/// on the disk. Refuses the copy.
+[[nodiscard]] ui::Status AppendToConfig(
+    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path, std::string_view bytes);
+
+} // namespace scripts

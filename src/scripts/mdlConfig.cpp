@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "scripts/mdlConfig.h"
+
+#include "glyphs/RowText.h"
+#include "scripts/ConfigRewrite.h"
+#include "scripts/Lines.h"
+#include "scripts/Texts.h"
+#include "scripts/mdlName.h"
+
+namespace scripts {
+
+namespace {
+
+ui::FileDialogRequest ConfigRequest(const char* title) {
+    ui::FileDialogRequest request;
+    request.title = title;
+    request.initialName = "*.cfg";
+    request.filters = {{"Config File (*.cfg)", {"*.cfg"}}};
+    return request;
+}
+
+/// The file and its name line. A file that is not there is one without a name.
+struct SearchedConfig {
+    ui::Bytes bytes;
+    ConfigNameLine found;
+};
+
+ui::Status Search(const ui::Files& files, const ui::Path& path, SearchedConfig& config) {
+    auto bytes = files.read(path);
+    if (!bytes) {
+        return bytes.failure();
+    }
+    config.bytes = std::move(bytes).value();
+    const auto found = FindNameLine(config.bytes);
+    if (!found) {
+        return ui::Failure{texts::TooManyLines(path)};
+    }
+    config.found = *found;
+    return {};
+}
+
+} // namespace
+
+std::optional<ConfigNameLine> FindNameLine(std::string_view config) {
+    ConfigNameLine found;
+    glyphs::ByteLines lines(config);
+    for (int number = 1; !lines.atEnd(); ++number) {
+        if (number > MaxConfigLines) {
+            return {};
+        }
+        const std::string_view line = lines.next();
+        // Any line that mentions a name counts, a host's too, and the last one wins: players have always been
+        // told so.
+        if (HoldsAnyCase(line, "name") && !Holds(line, "//")) {
+            found = {number, HoldsAnyCase(line, "set name"), ui::Bytes(line)};
+        }
+    }
+    return found;
+}
+
+ui::FileDialogRequest LoadConfigRequest() {
+    return ConfigRequest("Select the Config file");
+}
+
+ui::FileDialogRequest SaveConfigRequest() {
+    auto request = ConfigRequest("Select The CFG File To Alter");
+    request.extension = ".cfg";
+    // The file is altered, not replaced.
+    request.asksToOverwrite = false;
+    return request;
+}
+
+std::optional<ui::Path> ChooseConfigToLoad(ui::Dialogs& dialogs) {
+    return dialogs.chooseFileToOpen(LoadConfigRequest());
+}
+
+std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs) {
+    return dialogs.chooseFileToSave(SaveConfigRequest());
+}
+
+LoadOutcome LoadNameFromConfig(
+    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, editing::NameDocument& name,
+    const Repaint& repaint) {
+    SearchedConfig config;
+    if (const auto searched = Search(files, path, config); !searched) {
+        dialogs.warn(searched.failure().message);
+        return {false, searched.failure().message};
+    }
+    if (config.found.number == 0) {
+        dialogs.inform(texts::NoNameInConfig);
+        return {};
+    }
+    const bool fits = glyphs::ParseQuotedLine(config.found.text, name.cells);
+    repaint();
+    if (!fits) {
+        dialogs.inform(texts::NameNotRead(path));
+        return {false, texts::NameTooLong};
+    }
+    dialogs.inform(texts::NameReadFromConfig);
+    return {true};
+}
+
+ConfigOutcome SaveNameToConfig(
+    ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path,
+    const editing::NameDocument& name) {
+    SearchedConfig config;
+    if (files.exists(path)) {
+        if (const auto searched = Search(files, path, config); !searched) {
+            dialogs.warn(searched.failure().message);
+            return {};
+        }
+    }
+    const ConfigNameLine& found = config.found;
+    if (found.number == 0) {
+        if (!dialogs.askYesNo(texts::AddNameToConfig)) {
+            return {};
+        }
+        // The line goes right behind the last byte, even if that does not end a line.
+        const ui::Bytes line = NameLine(NameCommand::Name, name) + ui::Bytes(LineEnd);
+        if (const auto added = AppendToConfig(files, directory, path, line); !added) {
+            dialogs.warn(added.failure().message);
+            return {};
+        }
+        dialogs.inform(texts::NameAddedToConfig(path));
+        return {true};
+    }
+    const NameCommand command = found.isSetName ? NameCommand::SetName : NameCommand::Name;
+    const auto rewritten = RewriteConfig(
+        files, directory, path, config.bytes,
+        ReplaceLine(config.bytes, found.number, NameLine(command, name)));
+    if (!rewritten) {
+        dialogs.warn(rewritten.failure().message);
+        return {};
+    }
+    dialogs.inform(texts::NameUpdatedInConfig(path));
+    return {true, ReplacedLineText(found.number, found.text, rewritten.value().leftover)};
+}
+
+} // namespace scripts
