@@ -17,6 +17,13 @@ if(VTM_SANITIZE)
         vtm_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(vtm_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(VTM_LIBFUZZER)
+    # The sanitizers' run time holds what the coverage of programs without libFuzzer's main function calls.
+    if(NOT VTM_SANITIZE OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "VTM_LIBFUZZER needs Clang and VTM_SANITIZE.")
+    endif()
+    target_compile_options(vtm_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # vtm_module(NAME SOURCES ... LINKS ...): a static library of toolkit-free code. It never links Qt.
 function(vtm_module name)
