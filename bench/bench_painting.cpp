@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/mdlCommon.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+class SilentPlayer : public ui::SoundPlayer {
+public:
+    void play(std::string_view /*wave*/) override {}
+};
+
+/// Documents full of glyphs, an atlas of noise, and the pictures they are painted into.
+struct Editor {
+    editing::Documents documents;
+    editing::Modes modes;
+    glyphs::GlyphAtlas atlas;
+    editing::PagePictures pictures;
+    SilentPlayer sounds;
+    glyphs::SoundOptions soundOptions{true, true, true, true};
+
+    Editor() {
+        ui::Picture artwork(128, 128);
+        for (int y = 0; y < artwork.height(); ++y) {
+            for (int x = 0; x < artwork.width(); ++x) {
+                artwork.setPixel(
+                    x, y, ui::OpaqueBlack | static_cast<ui::Pixel>(x * 2654435761U + y * 40503U));
+            }
+        }
+        atlas = glyphs::BuildAtlas(artwork, ui::OpaqueBlack);
+        fill(documents.name.cells);
+        fill(documents.animation.nameGlyphs);
+        fill(documents.messages.cells);
+        documents.animation.nameCount = editing::MaxNames;
+    }
+
+    editing::EditContext context(editing::Page page) {
+        return {documents, page, modes, atlas, pictures, sounds, soundOptions};
+    }
+
+private:
+    template <typename Cells>
+    static void fill(Cells& cells) {
+        unsigned code = 1;
+        for (editing::GlyphCode& cell : cells) {
+            code = (code * 73U + 41U) % 256U;
+            cell = static_cast<editing::GlyphCode>(code);
+        }
+    }
+};
+
+double median(std::vector<double>& values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// Repaints all 90 names, and copies the same bytes at once in the same breath: no painting can be quicker
+/// than that copy, so their ratio says how good the painting is on any machine.
+template <typename Repaint>
+void repaintAgainstCopy(benchmark::State& state, Repaint repaint) {
+    using Clock = std::chrono::steady_clock;
+    Editor editor;
+    const editing::EditContext context = editor.context(editing::Page::Animation);
+    const ui::Picture& page = editor.pictures.animation.pixels();
+    ui::Picture copy(page.width(), page.height());
+    const std::size_t bytes =
+        static_cast<std::size_t>(page.width()) * static_cast<std::size_t>(page.height()) * sizeof(ui::Pixel);
+    std::vector<double> painting;
+    std::vector<double> copying;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        repaint(context);
+        benchmark::ClobberMemory();
+        const auto painted = Clock::now();
+        std::memcpy(copy.row(0), page.row(0), bytes);
+        benchmark::ClobberMemory();
+        const auto copied = Clock::now();
+        painting.push_back(std::chrono::duration<double>(painted - start).count());
+        copying.push_back(std::chrono::duration<double>(copied - painted).count());
+        state.SetIterationTime(painting.back());
+    }
+    const double cells = editing::MaxNames * editing::NameLength;
+    const double paintTime = median(painting);
+    state.counters["ratio"] = paintTime / median(copying);
+    state.counters["cells/s"] = cells / paintTime;
+}
+
+void RepaintRowsInUse(benchmark::State& state) {
+    repaintAgainstCopy(state, [](const editing::EditContext& context) {
+        editing::PaintRowsInUse(context, editing::Page::Animation);
+    });
+}
+
+void RepaintAnimationPage(benchmark::State& state) {
+    repaintAgainstCopy(state, [](const editing::EditContext& context) {
+        int shown = 0;
+        glyphs::Progress progress([&shown](int percentage) { shown = percentage; });
+        editing::PaintAnimationPage(context, progress);
+        benchmark::DoNotOptimize(shown);
+    });
+}
+
+/// The argument is the page: 0 has 15 cells in a row, 2 has 31.
+void PutGlyphOverwriting(benchmark::State& state) {
+    Editor editor;
+    const auto page = static_cast<editing::Page>(state.range(0));
+    const editing::EditContext context = editor.context(page);
+    editing::PageCursor cursor = editing::CursorOf(editor.documents, page);
+    for (auto _ : state) {
+        cursor.column = 1;
+        benchmark::DoNotOptimize(editing::PutGlyph(context, 'a'));
+    }
+}
+
+void PutGlyphInserting(benchmark::State& state) {
+    Editor editor;
+    editor.modes.insert = true;
+    const auto page = static_cast<editing::Page>(state.range(0));
+    const editing::EditContext context = editor.context(page);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(editing::PutGlyph(context, 'a'));
+    }
+}
+
+void DeleteGlyph(benchmark::State& state) {
+    Editor editor;
+    const editing::EditContext context = editor.context(static_cast<editing::Page>(state.range(0)));
+    for (auto _ : state) {
+        editing::DeleteGlyph(context);
+        benchmark::ClobberMemory();
+    }
+}
+
+BENCHMARK(RepaintRowsInUse)->UseManualTime();
+BENCHMARK(RepaintAnimationPage)->UseManualTime();
+BENCHMARK(PutGlyphOverwriting)->Arg(0)->Arg(2);
+BENCHMARK(PutGlyphInserting)->Arg(0)->Arg(2);
+BENCHMARK(DeleteGlyph)->Arg(0)->Arg(2);
+
+} // namespace

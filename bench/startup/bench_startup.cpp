@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+//
+// bench_startup [--rounds N] [--keys N] VTM FLOOR_CONTROLS FLOOR_EMPTY
+//
+// Measures from outside, on the display that DISPLAY names and that nobody else uses, how long each program
+// takes from its start to its first paint, what memory it has needed by then, and how soon a key press is on
+// the screen. The programs take turns, and ratios are taken round by round, so a machine that is busy now and
+// then slows both sides. Prints a table in Markdown; the exit status is 1 when a ratio is over its limit.
+#include "startup/Watcher.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using bench::KeyEcho;
+using bench::Start;
+using bench::Watcher;
+
+constexpr double PaintLimitToControls = 1.2;
+constexpr double PaintLimitToEmpty = 2.7;
+constexpr double MemoryLimitToControls = 1.2;
+
+double median(std::vector<double> values) {
+    if (values.empty()) {
+        return 0;
+    }
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+struct Subject {
+    const char* name;
+    std::string path;
+    std::vector<Start> starts = {};
+    std::vector<KeyEcho> echoes = {};
+
+    template <typename Field>
+    [[nodiscard]] double medianStart(Field field) const {
+        std::vector<double> values(starts.size());
+        std::transform(starts.begin(), starts.end(), values.begin(), field);
+        return median(values);
+    }
+
+    template <typename Field>
+    [[nodiscard]] double medianEcho(Field field) const {
+        std::vector<double> values(echoes.size());
+        std::transform(echoes.begin(), echoes.end(), values.begin(), field);
+        return median(values);
+    }
+};
+
+/// The median of the ratios of two programs, taken round by round.
+template <typename Field>
+double ratio(const Subject& subject, const Subject& floor, Field field) {
+    std::vector<double> ratios;
+    for (std::size_t round = 0; round < subject.starts.size(); ++round) {
+        ratios.push_back(field(subject.starts[round]) / field(floor.starts[round]));
+    }
+    return median(ratios);
+}
+
+bool judge(const char* what, double value, double limit) {
+    const bool kept = value <= limit;
+    std::printf("%s %s: %.2f, limit %.2f\n", kept ? "kept:" : "OVER:", what, value, limit);
+    return kept;
+}
+
+int number(const char* text) {
+    return std::max(1, std::atoi(text));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    int rounds = 25;
+    int keys = 60;
+    std::vector<std::string> paths;
+    for (int index = 1; index < argc; ++index) {
+        if (std::strcmp(argv[index], "--rounds") == 0 && index + 1 < argc) {
+            rounds = number(argv[++index]);
+        } else if (std::strcmp(argv[index], "--keys") == 0 && index + 1 < argc) {
+            keys = number(argv[++index]);
+        } else {
+            paths.emplace_back(argv[index]);
+        }
+    }
+    if (paths.size() != 3) {
+        std::fprintf(stderr, "usage: bench_startup [--rounds N] [--keys N] VTM FLOOR_CONTROLS FLOOR_EMPTY\n");
+        return 2;
+    }
+
+    Watcher watcher;
+    if (!watcher.connected()) {
+        std::fprintf(stderr, "bench_startup: no display with the extensions DAMAGE and XTEST\n");
+        return 2;
+    }
+    std::array<Subject, 3> subjects{
+        {{"VTM", paths[0]}, {"the same controls", paths[1]}, {"an empty window", paths[2]}}};
+
+    // The first round warms the file cache and lets the program write what it writes once.
+    for (int round = -1; round < rounds; ++round) {
+        for (std::size_t turn = 0; turn < subjects.size(); ++turn) {
+            Subject& subject = subjects[(turn + static_cast<std::size_t>(round + 1)) % subjects.size()];
+            const auto start = watcher.start(subject.path);
+            if (!start) {
+                std::fprintf(stderr, "bench_startup: %s does not paint\n", subject.path.c_str());
+                return 2;
+            }
+            if (round >= 0) {
+                subject.starts.push_back(*start);
+            }
+        }
+    }
+    for (Subject* subject : {&subjects[0], &subjects[1]}) {
+        subject->echoes = watcher.pressKeys(subject->path, keys);
+        if (subject->echoes.empty()) {
+            std::fprintf(stderr, "bench_startup: %s does not answer keys\n", subject->path.c_str());
+            return 2;
+        }
+    }
+
+    const auto paint = [](const Start& start) {
+        return start.paintMilliseconds;
+    };
+    const auto computing = [](const Start& start) {
+        return start.cpuMilliseconds;
+    };
+    const auto memory = [](const Start& start) {
+        return start.peakMebibytes;
+    };
+    const auto& [program, controls, empty] = subjects;
+    std::printf(
+        "| program | start to first paint | ratio to the same controls | peak memory | key to screen |\n");
+    std::printf("| --- | --- | --- | --- | --- |\n");
+    for (const Subject& subject : subjects) {
+        std::printf(
+            "| %s | %.1f ms (%.2f) | %.1f ms (%.2f) | %.1f MiB (%.2f) |", subject.name,
+            subject.medianStart(paint), ratio(subject, controls, paint), subject.medianStart(computing),
+            ratio(subject, controls, computing), subject.medianStart(memory),
+            ratio(subject, controls, memory));
+        if (subject.echoes.empty()) {
+            std::printf(" |\n");
+        } else {
+            std::printf(
+                " %.2f ms, %.0f pixels |\n",
+                subject.medianEcho([](const KeyEcho& echo) { return echo.milliseconds; }),
+                subject.medianEcho([](const KeyEcho& echo) { return echo.pixels; }));
+        }
+    }
+    std::printf("\n");
+
+    bool kept = judge(
+        "first paint, against the same controls", ratio(program, controls, paint), PaintLimitToControls);
+    kept &= judge("first paint, against an empty window", ratio(program, empty, paint), PaintLimitToEmpty);
+    kept &= judge(
+        "peak memory, against the same controls", ratio(program, controls, memory), MemoryLimitToControls);
+    return kept ? 0 : 1;
+}
