@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/frmOptions.h"
+
+#include "ui_frmOptions.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include "shell/Texts.h"
+#include "shell/mdlLaunch.h"
+
+#include <utility>
+
+namespace shell {
+
+namespace {
+
+QColor ColourOf(ui::Pixel pixel) {
+    return QColor::fromRgb(pixel);
+}
+
+QString Latin1(const std::string& bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+/// A glyph, large enough to be judged.
+ui::Picture LargeGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) {
+    ui::Picture picture(KeyStrip::GlyphSide, KeyStrip::GlyphSide);
+    glyphs::StretchCells(
+        picture, picture.bounds(), atlas.source,
+        {code % 16 * glyphs::ArtworkCell, code / 16 * glyphs::ArtworkCell, glyphs::ArtworkCell,
+         glyphs::ArtworkCell});
+    return picture;
+}
+
+} // namespace
+
+frmOptions::frmOptions(
+    const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
+    const glyphs::GlyphAtlas& atlas, editing::KeyMap& keyMap, GlyphPicker pickGlyph, QWidget* parent)
+    : QDialog(parent)
+    , m_platform(platform)
+    , m_atlas(atlas)
+    , m_keyMap(keyMap)
+    , m_pickGlyph(std::move(pickGlyph))
+    , m_model(settings, characterSet)
+    , m_form(std::make_unique<Ui::frmOptions>()) {
+    m_form->setupUi(this);
+    setObjectName(QStringLiteral("frmOptions"));
+    auto* const ok = m_form->buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName(QStringLiteral("cmdOK"));
+    ok->setText(QStringLiteral("OK"));
+    auto* const cancel = m_form->buttons->button(QDialogButtonBox::Cancel);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    cancel->setText(QStringLiteral("Cancel"));
+
+    m_sounds = {m_form->optSounds_0, m_form->optSounds_1, m_form->optSounds_2, m_form->optSounds_3};
+    m_colours = {
+        m_form->picColor_0, m_form->picColor_1, m_form->picColor_2, m_form->picColor_3, m_form->picColor_4};
+    m_cursors = {m_form->cmbMouse_0, m_form->cmbMouse_1, m_form->cmbMouse_2, m_form->cmbMouse_3};
+    m_keyStrips = {m_form->picKeyStripCont_0, m_form->picKeyStripCont_1, m_form->picKeyStripCont_2};
+    m_keyPictures = {m_form->picKey_0, m_form->picKey_1, m_form->picKey_2};
+
+    QFont underlined = m_form->cmdDefaultSS->font();
+    underlined.setUnderline(true);
+    m_form->cmdDefaultSS->setFont(underlined);
+    m_form->cmdDefaultSS->setCursor(Qt::PointingHandCursor);
+
+    showSettings();
+    listCharacterSets();
+    for (const auto name : editing::KeyNames()) {
+        m_form->KeyListBox->addItem(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    // Completion would put text into the box that the user has not chosen.
+    m_form->KeyListBox->setCompleter(nullptr);
+    for (auto* const picture : m_keyPictures) {
+        const QMargins margins = picture->parentWidget()->contentsMargins();
+        picture->move(margins.left(), margins.top());
+    }
+    showKey();
+    connectControls();
+}
+
+frmOptions::~frmOptions() = default;
+
+void frmOptions::connectControls() {
+    connect(m_form->chkCaseChoice, &QCheckBox::clicked, this, &frmOptions::chkCaseChoice_Click);
+    connect(
+        m_form->txtbmpScreenShotFileName, &QLineEdit::textEdited, this,
+        &frmOptions::txtbmpScreenShotFileName_Change);
+    connect(m_form->cmdDefaultSS, &QPushButton::clicked, this, &frmOptions::cmdDefaultSS_Click);
+    connect(m_form->cmdSetSS, &QPushButton::clicked, this, &frmOptions::cmdSetSS_Click);
+    for (std::size_t i = 0; i < m_sounds.size(); ++i) {
+        connect(m_sounds[i], &QCheckBox::clicked, this, [this, i] { optSounds_Click(i); });
+    }
+    connect(m_form->SaveSettings, &QCheckBox::clicked, this, &frmOptions::SaveSettings_Click);
+    connect(m_form->LoadSettings, &QCheckBox::clicked, this, &frmOptions::LoadSettings_Click);
+    for (std::size_t i = 0; i < m_colours.size(); ++i) {
+        connect(m_colours[i], &ColourBox::clicked, this, [this, i] { picColor_Click(i); });
+    }
+    connect(m_form->optFormatVal_0, &QCheckBox::clicked, this, [this] { optFormatVal_Click(0); });
+    connect(m_form->optFormatVal_1, &QCheckBox::clicked, this, [this] { optFormatVal_Click(1); });
+    connect(m_form->optPromptBinding, &QCheckBox::clicked, this, &frmOptions::optPromptBinding_Click);
+    connect(m_form->GridList, &QListWidget::currentRowChanged, this, &frmOptions::GridList_Click);
+    connect(m_form->cmdGotoTc, &QPushButton::clicked, this, &frmOptions::cmdGotoTc_Click);
+    for (std::size_t i = 0; i < m_cursors.size(); ++i) {
+        connect(m_cursors[i], &QComboBox::activated, this, [this, i] { cmbMouse_Click(i); });
+    }
+    connect(m_form->KeyListBox, &QComboBox::activated, this, &frmOptions::KeyListBox_Click);
+    connect(m_form->KeyListBox->lineEdit(), &QLineEdit::textEdited, this, &frmOptions::KeyListBox_KeyPress);
+    for (std::size_t i = 0; i < m_keyStrips.size(); ++i) {
+        connect(m_keyStrips[i], &KeyStrip::clicked, this, [this, i] { picKeyStripCont_Click(i); });
+        connect(
+            m_keyPictures[i], &ui::qt::PictureWidget::pressed, this,
+            [this, i](QPoint, Qt::MouseButton button) {
+                if (button == Qt::LeftButton) {
+                    picKeyStripCont_Click(i);
+                }
+            });
+    }
+    connect(
+        m_form->cmdResetKeysToDefault, &QPushButton::clicked, this, &frmOptions::cmdResetKeysToDefault_Click);
+    connect(m_form->buttons, &QDialogButtonBox::accepted, this, &frmOptions::cmdOK_Click);
+    connect(m_form->buttons, &QDialogButtonBox::rejected, this, &frmOptions::cmdCancel_Click);
+}
+
+void frmOptions::showSettings() {
+    const Settings& settings = m_model.settings();
+    m_form->chkCaseChoice->setChecked(settings.caseChoice);
+    showScreenshot();
+    for (std::size_t i = 0; i < m_sounds.size(); ++i) {
+        m_sounds[i]->setChecked(settings.sounds[i]);
+    }
+    m_form->SaveSettings->setChecked(settings.saveAtExit);
+    m_form->LoadSettings->setChecked(settings.loadAtStartup);
+    for (std::size_t i = 0; i < m_colours.size(); ++i) {
+        m_colours[i]->setColour(ColourOf(settings.colours[i]));
+    }
+    m_form->optFormatVal_0->setChecked(settings.promptNames);
+    m_form->optFormatVal_1->setChecked(settings.promptMessages);
+    m_form->optPromptBinding->setChecked(settings.bindPrompt);
+    for (std::size_t i = 0; i < m_cursors.size(); ++i) {
+        m_cursors[i]->setCurrentIndex(settings.cursors[i]);
+    }
+}
+
+void frmOptions::showScreenshot() {
+    m_form->txtbmpScreenShotFileName->setText(
+        QFile::decodeName(QByteArray::fromStdString(m_model.settings().screenshot)));
+}
+
+void frmOptions::listCharacterSets() {
+    const auto names = glyphs::LoadCharSetNames(m_platform.files, m_platform.directory);
+    for (const auto& name : names) {
+        m_form->GridList->addItem(Latin1(name));
+    }
+    m_form->cmdGotoTc->setEnabled(false);
+    if (names.empty()) {
+        return;
+    }
+    const auto inUse = static_cast<std::size_t>(m_model.settings().grid);
+    const int row = inUse < names.size() ? m_model.settings().grid : 0;
+    m_form->GridList->setCurrentRow(row);
+    if (auto conversion = loadConversion(row)) {
+        showConversion(row, std::move(conversion).value());
+    }
+}
+
+ui::Result<ConversionPreview> frmOptions::loadConversion(int row) const {
+    return LoadConversion(
+        m_platform.files, m_platform.directory, row, m_model.settings().colours[BackgroundColour]);
+}
+
+void frmOptions::showConversion(int row, ConversionPreview conversion) {
+    m_shownConversion = row;
+    m_conversionGrid = std::move(conversion.grid);
+    m_form->ImgGrid->setPicture(&m_conversionGrid);
+    const QString address = Latin1(glyphs::WebAddressText(conversion.record));
+    m_form->lblWebAddress->setText(address);
+    m_form->lblWebAddress->setToolTip(address);
+    m_form->cmdGotoTc->setEnabled(!address.isEmpty());
+}
+
+void frmOptions::showKey() {
+    const auto& key = m_keyMap.at(static_cast<std::size_t>(m_form->KeyListBox->currentIndex()));
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
+        m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
+        m_keyStrips[i]->setAccessibleDescription(QString::number(key[i]));
+    }
+}
+
+void frmOptions::chkCaseChoice_Click() {
+    m_model.setCaseChoice(m_form->chkCaseChoice->isChecked());
+}
+
+void frmOptions::txtbmpScreenShotFileName_Change(const QString& text) {
+    m_model.setScreenshot(QFile::encodeName(text).toStdString());
+}
+
+void frmOptions::cmdDefaultSS_Click() {
+    m_model.setScreenshot(DefaultScreenshot(m_platform.directory.folder()));
+    showScreenshot();
+}
+
+void frmOptions::cmdSetSS_Click() {
+    const auto chosen = m_platform.dialogs.chooseFileToOpen(
+        ScreenshotRequest(m_model.settings().screenshot, m_platform.directory.folder()));
+    if (!chosen) {
+        return;
+    }
+    m_model.setScreenshot(chosen->native());
+    showScreenshot();
+}
+
+void frmOptions::optSounds_Click(std::size_t index) {
+    m_model.setSound(index, m_sounds[index]->isChecked());
+}
+
+void frmOptions::SaveSettings_Click() {
+    m_model.setSaveAtExit(m_form->SaveSettings->isChecked());
+}
+
+void frmOptions::LoadSettings_Click() {
+    m_model.setLoadAtStartup(m_form->LoadSettings->isChecked());
+}
+
+void frmOptions::picColor_Click(std::size_t index) {
+    const auto chosen = m_platform.dialogs.chooseColour(m_model.settings().colours[index]);
+    if (!chosen) {
+        return;
+    }
+    m_model.setColour(index, *chosen);
+    m_colours[index]->setColour(ColourOf(*chosen));
+    if (index == BackgroundColour && m_shownConversion >= 0) {
+        if (auto conversion = loadConversion(m_shownConversion)) {
+            showConversion(m_shownConversion, std::move(conversion).value());
+        }
+    }
+}
+
+void frmOptions::optFormatVal_Click(std::size_t index) {
+    if (index == 0) {
+        m_model.setPromptNames(m_form->optFormatVal_0->isChecked());
+    } else {
+        m_model.setPromptMessages(m_form->optFormatVal_1->isChecked());
+    }
+}
+
+void frmOptions::optPromptBinding_Click() {
+    m_model.setBindPrompt(m_form->optPromptBinding->isChecked());
+}
+
+void frmOptions::GridList_Click(int row) {
+    if (row < 0) {
+        return;
+    }
+    auto conversion = loadConversion(row);
+    if (!conversion) {
+        m_platform.dialogs.inform(conversion.failure().message);
+        const QSignalBlocker quiet(m_form->GridList);
+        m_form->GridList->setCurrentRow(m_shownConversion);
+        return;
+    }
+    m_model.setCharacterSet(row, conversion.value().record);
+    showConversion(row, std::move(conversion).value());
+}
+
+void frmOptions::cmdGotoTc_Click() {
+    OpenUrl(m_platform, m_form->lblWebAddress->text().toLatin1().toStdString());
+}
+
+void frmOptions::cmbMouse_Click(std::size_t index) {
+    m_model.setCursor(index, static_cast<std::int16_t>(m_cursors[index]->currentIndex()));
+}
+
+void frmOptions::KeyListBox_Click() {
+    showKey();
+}
+
+void frmOptions::KeyListBox_KeyPress() {
+    m_form->KeyListBox->clearEditText();
+}
+
+void frmOptions::picKeyStripCont_Click(std::size_t index) {
+    const auto key = static_cast<std::size_t>(m_form->KeyListBox->currentIndex());
+    m_model.setKeyGlyph(m_keyMap, key, index, m_pickGlyph(m_keyMap.at(key).at(index)));
+    showKey();
+}
+
+void frmOptions::cmdResetKeysToDefault_Click() {
+    if (!m_platform.dialogs.askYesNo(texts::ResetKeys)) {
+        return;
+    }
+    const auto loaded = editing::LoadKeyMap(m_platform.files, m_platform.directory);
+    m_keyMap = loaded.map;
+    showKey();
+    if (!loaded.status) {
+        m_platform.dialogs.inform(loaded.status.failure().message);
+    }
+}
+
+void frmOptions::cmdOK_Click() {
+    accept();
+}
+
+void frmOptions::cmdCancel_Click() {
+    reject();
+}
+
+} // namespace shell

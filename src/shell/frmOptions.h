@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/OptionsModel.h"
+
+#include <QDialog>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+
+namespace ui::qt {
+class PictureWidget;
+}
+
+namespace shell {
+
+class ColourBox;
+class KeyStrip;
+
+namespace Ui {
+class frmOptions;
+}
+
+/// The options dialog. It works on a copy of the settings; when it was accepted, `model()` tells what to
+/// apply. Only the key map is edited in place.
+class frmOptions final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Lets the user pick a glyph, starting at one; returns the start when that is cancelled.
+    using GlyphPicker = std::function<glyphs::GlyphCode(glyphs::GlyphCode start)>;
+
+    /// `platform`, `atlas` (the glyphs as they are in use) and `keyMap` outlive the dialog.
+    frmOptions(
+        const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
+        const glyphs::GlyphAtlas& atlas, editing::KeyMap& keyMap, GlyphPicker pickGlyph,
+        QWidget* parent = nullptr);
+    ~frmOptions() override;
+
+    [[nodiscard]] const OptionsModel& model() const { return m_model; }
+
+private:
+    void connectControls();
+    void showSettings();
+    void showScreenshot();
+    void listCharacterSets();
+    [[nodiscard]] ui::Result<ConversionPreview> loadConversion(int row) const;
+    void showConversion(int row, ConversionPreview conversion);
+    void showKey();
+
+    void chkCaseChoice_Click();
+    void txtbmpScreenShotFileName_Change(const QString& text);
+    void cmdDefaultSS_Click();
+    void cmdSetSS_Click();
+    void optSounds_Click(std::size_t index);
+    void SaveSettings_Click();
+    void LoadSettings_Click();
+    void picColor_Click(std::size_t index);
+    void optFormatVal_Click(std::size_t index);
+    void optPromptBinding_Click();
+    void GridList_Click(int row);
+    void cmdGotoTc_Click();
+    void cmbMouse_Click(std::size_t index);
+    void KeyListBox_Click();
+    void KeyListBox_KeyPress();
+    void picKeyStripCont_Click(std::size_t index);
+    void cmdResetKeysToDefault_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    const ui::Platform& m_platform;
+    const glyphs::GlyphAtlas& m_atlas;
+    editing::KeyMap& m_keyMap;
+    GlyphPicker m_pickGlyph;
+    OptionsModel m_model;
+
+    std::unique_ptr<Ui::frmOptions> m_form;
+    std::array<QCheckBox*, 4> m_sounds{};
+    std::array<ColourBox*, ColourCount> m_colours{};
+    std::array<QComboBox*, CursorCount> m_cursors{};
+    std::array<KeyStrip*, 3> m_keyStrips{};
+    std::array<ui::qt::PictureWidget*, 3> m_keyPictures{};
+
+    int m_shownConversion = -1; // row of the list; none when no set could be loaded
+    ui::Picture m_conversionGrid;
+    std::array<ui::Picture, 3> m_keyGlyphs;
+};
+
+} // namespace shell

@@ -1,0 +1,686 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/OptionControls.h"
+#include "shell/frmOptions.h"
+#include "support/FakePlatform.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using shell::AppliedOptions;
+using shell::OptionsPage;
+
+class OptionsDialog : public testing::Test {
+protected:
+    support::FakePlatform fake;
+    shell::Settings settings;
+    glyphs::CharSetRecord characterSet;
+    glyphs::GlyphAtlas atlas;
+    editing::KeyMap keyMap = editing::DefaultKeyMap();
+    std::vector<glyphs::GlyphCode> pickerStarts;
+    glyphs::GlyphCode picked = 200;
+    std::unique_ptr<shell::frmOptions> dialog;
+
+    void SetUp() override {
+        for (const char* name : {"vtmtc.dat", "vtmgrid.dat"}) {
+            fake.directory.files.put(name, fake.disk.read(ui::Path(VTM_PROGRAM_DIR) / name).value());
+        }
+        shell::Defaults(settings, fake.directory.folder());
+        characterSet = glyphs::ReadCharSetRecord(fake.files, fake.directory, 1).value();
+        atlas = glyphs::BuildAtlas(
+            glyphs::LoadArtwork(fake.files, fake.directory, characterSet.artworkSlot).value(),
+            settings.colours[0]);
+    }
+
+    void open() {
+        dialog = std::make_unique<shell::frmOptions>(
+            fake.platform, settings, characterSet, atlas, keyMap, [this](glyphs::GlyphCode start) {
+                pickerStarts.push_back(start);
+                return picked;
+            });
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    template <class Widget>
+    Widget* find(const char* name) {
+        auto* const found = dialog->findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+
+    void showPage(int index) { find<QTabWidget>("tabOptions")->setCurrentIndex(index); }
+
+    /// Clicks the box of a check box with the mouse.
+    void tick(const char* name) {
+        auto* const box = find<QCheckBox>(name);
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+    }
+
+    void press(const char* name) { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
+
+    /// The pages that count as changed, by their numbers.
+    [[nodiscard]] std::string changedPages() const {
+        std::string pages;
+        for (std::size_t page = 0; page < shell::OptionsPageCount; ++page) {
+            if (dialog->model().isChanged(static_cast<OptionsPage>(page))) {
+                pages += std::to_string(page);
+            }
+        }
+        return pages;
+    }
+
+    AppliedOptions apply() { return dialog->model().applyTo(settings, characterSet); }
+
+    [[nodiscard]] std::map<std::string, std::string> stored() const {
+        support::MemorySettings store;
+        EXPECT_TRUE(shell::Save(store, settings));
+        return store.sections["options"];
+    }
+};
+
+std::vector<std::string> texts(const QComboBox& box) {
+    std::vector<std::string> all;
+    for (int i = 0; i < box.count(); ++i) {
+        all.push_back(box.itemText(i).toStdString());
+    }
+    return all;
+}
+
+} // namespace
+
+TEST_F(OptionsDialog, ItsCaptionTabsAndFramesAreAsDesigned) {
+    open();
+    EXPECT_EQ(dialog->windowTitle(), "Options");
+    EXPECT_EQ(dialog->objectName(), "frmOptions");
+    auto* const tabs = find<QTabWidget>("tabOptions");
+    using Frames = std::vector<std::string>;
+    const std::vector<std::pair<std::string, Frames>> pages = {
+        {"Other", {"Case Conversion Option", "Ranking Screen Shot", "Sounds", "Settings"}},
+        {"Colors", {"Colors"}},
+        {"Prompts", {"Multiple Formatting", "Binding"}},
+        {"Conversion List", {"Conversion List"}},
+        {"Cursors", {"Cursors"}},
+        {"Key Mapping", {"Keyboard Mapping"}},
+    };
+    ASSERT_EQ(tabs->count(), 6);
+    for (int i = 0; i < 6; ++i) {
+        const auto& [caption, frames] = pages[static_cast<std::size_t>(i)];
+        EXPECT_EQ(tabs->tabText(i).toStdString(), caption);
+        Frames found;
+        for (const auto* frame : tabs->widget(i)->findChildren<QGroupBox*>()) {
+            found.push_back(frame->title().toStdString());
+        }
+        EXPECT_EQ(found, frames);
+    }
+}
+
+TEST_F(OptionsDialog, ItsCaptionsAndTooltipsAreAsDesigned) {
+    open();
+    const std::vector<std::pair<const char*, const char*>> buttons = {
+        {"chkCaseChoice", "Convert all characters upper-lower on format"},
+        {"cmdSetSS", "Change"},
+        {"cmdDefaultSS", "Default"},
+        {"optSounds_0", "When hitting key"},
+        {"optSounds_1", "When selecting name, animated name, macro"},
+        {"optSounds_2", "When Previewing Animation"},
+        {"optSounds_3", "When formatting"},
+        {"SaveSettings", "Save Settings When Quitting"},
+        {"LoadSettings", "Load Settings From Last Session At Startup"},
+        {"optFormatVal_0", "Prompt For Names"},
+        {"optFormatVal_1", "Prompt For Messages"},
+        {"optPromptBinding", "Prompt For Binding When Saving Script Files"},
+        {"cmdGotoTc", "Go to their website"},
+        {"cmdResetKeysToDefault", "Reset"},
+        {"cmdOK", "OK"},
+        {"cmdCancel", "Cancel"},
+    };
+    for (const auto& [name, text] : buttons) {
+        EXPECT_EQ(find<QAbstractButton>(name)->text(), text) << name;
+    }
+    const std::vector<std::pair<const char*, const char*>> labels = {
+        {"lblColor_0", "Back Ground:"},      {"lblColor_1", "Grid Pointer:"},
+        {"lblColor_2", "Name Pointer:"},     {"lblColor_3", "Anim Pointer:"},
+        {"lblColor_4", "Macro Pointer:"},    {"lblNewCharSet", "New Character Set?"},
+        {"lblMouse_0", "Grid Cursor"},       {"lblMouse_1", "Name Cursor"},
+        {"lblMouse_2", "Animation Cursor"},  {"lblMouse_3", "Messages Cursor"},
+        {"lblSelectKey", "Select The Key."}, {"lblSetKey", "Set The Key"},
+        {"lblKeyStrip_0", "Lower Case"},     {"lblKeyStrip_1", "Upper Case"},
+        {"lblKeyStrip_2", "With CTRL"},      {"lblResetKeys", "Reset To Default"},
+    };
+    for (const auto& [name, text] : labels) {
+        EXPECT_EQ(find<QLabel>(name)->text(), text) << name;
+    }
+    for (const char* box : {"picColor_0", "picColor_4", "picKeyStripCont_1", "picKey_0", "picKey_2"}) {
+        EXPECT_EQ(find<QWidget>(box)->toolTip(), "Click here to change") << box;
+    }
+    EXPECT_EQ(find<QWidget>("GridList")->toolTip(), "Select the conversion");
+    EXPECT_EQ(find<QWidget>("cmbMouse_2")->toolTip(), "Select the cursor");
+    EXPECT_EQ(find<QWidget>("KeyListBox")->toolTip(), "All available keys to map");
+    EXPECT_EQ(find<QWidget>("cmdResetKeysToDefault")->toolTip(), "Reset to last configuration");
+    EXPECT_FALSE(find<QWidget>("chkCaseChoice")->toolTip().isEmpty());
+    EXPECT_FALSE(find<QWidget>("optFormatVal_0")->toolTip().isEmpty());
+}
+
+TEST_F(OptionsDialog, TheSoundBoxesStandSixteenPixelsApart) {
+    open();
+    for (int i = 1; i < 4; ++i) {
+        const auto name = "optSounds_" + std::to_string(i);
+        const auto above = "optSounds_" + std::to_string(i - 1);
+        EXPECT_EQ(find<QCheckBox>(name.c_str())->y() - find<QCheckBox>(above.c_str())->y(), 16);
+    }
+}
+
+TEST_F(OptionsDialog, ShowsTheSettingsInUse) {
+    settings.caseChoice = false;
+    settings.screenshot = "/p/a b.bmp";
+    settings.sounds = {true, false, true, false};
+    settings.saveAtExit = false;
+    settings.loadAtStartup = true;
+    settings.colours[3] = ui::OpaquePixel(12, 34, 56);
+    settings.promptNames = false;
+    settings.promptMessages = true;
+    settings.bindPrompt = false;
+    settings.cursors = {2, 1, 0, 1};
+    open();
+    EXPECT_FALSE(find<QCheckBox>("chkCaseChoice")->isChecked());
+    EXPECT_EQ(find<QLineEdit>("txtbmpScreenShotFileName")->text(), "/p/a b.bmp");
+    EXPECT_TRUE(find<QCheckBox>("optSounds_0")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>("optSounds_1")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>("optSounds_2")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>("optSounds_3")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>("SaveSettings")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>("LoadSettings")->isChecked());
+    EXPECT_EQ(find<shell::ColourBox>("picColor_3")->colour(), QColor(12, 34, 56));
+    EXPECT_FALSE(find<QCheckBox>("optFormatVal_0")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>("optFormatVal_1")->isChecked());
+    EXPECT_FALSE(find<QCheckBox>("optPromptBinding")->isChecked());
+    const std::vector<std::string> cursors = {"None", "Arrow", "Cross"};
+    for (int i = 0; i < 4; ++i) {
+        const auto* const box = find<QComboBox>(("cmbMouse_" + std::to_string(i)).c_str());
+        EXPECT_EQ(texts(*box), cursors);
+        EXPECT_EQ(box->currentIndex(), settings.cursors[static_cast<std::size_t>(i)]);
+    }
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, OpeningAndPressingOkAppliesNothing) {
+    open();
+    const auto before = stored();
+    press("cmdOK");
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(apply(), AppliedOptions{});
+    EXPECT_EQ(stored(), before);
+    EXPECT_TRUE(fake.settings.writes.empty());
+}
+
+TEST_F(OptionsDialog, LookingAtEveryPageAppliesNothing) {
+    open();
+    for (int page = 0; page < 6; ++page) {
+        showPage(page);
+        EXPECT_TRUE(find<QTabWidget>("tabOptions")->currentWidget()->isVisible());
+    }
+    QTest::keyClick(dialog.get(), Qt::Key_Return);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, EscapeCancels) {
+    open();
+    tick("chkCaseChoice");
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_TRUE(settings.caseChoice);
+}
+
+TEST_F(OptionsDialog, CancelLeavesTheSettings) {
+    open();
+    tick("optSounds_2");
+    press("cmdCancel");
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_TRUE(settings.sounds[2]);
+}
+
+TEST_F(OptionsDialog, EveryBoxOfThePageOtherSetsItsOption) {
+    open();
+    tick("chkCaseChoice");
+    tick("optSounds_0");
+    tick("optSounds_1");
+    tick("optSounds_2");
+    tick("optSounds_3");
+    tick("SaveSettings");
+    tick("LoadSettings");
+    EXPECT_EQ(changedPages(), "0");
+    EXPECT_TRUE(settings.caseChoice);
+    EXPECT_EQ(apply(), AppliedOptions{});
+    EXPECT_FALSE(settings.caseChoice);
+    EXPECT_EQ(settings.sounds, (glyphs::SoundOptions{false, false, false, false}));
+    EXPECT_FALSE(settings.saveAtExit);
+    EXPECT_FALSE(settings.loadAtStartup);
+}
+
+TEST_F(OptionsDialog, EachSoundBoxSetsItsOwnSound) {
+    open();
+    tick("optSounds_2");
+    (void)apply();
+    EXPECT_EQ(settings.sounds, (glyphs::SoundOptions{true, true, false, true}));
+}
+
+TEST_F(OptionsDialog, SpaceTicksABoxAsTheMouseDoes) {
+    open();
+    QTest::keyClick(find<QCheckBox>("chkCaseChoice"), Qt::Key_Space);
+    EXPECT_EQ(changedPages(), "0");
+    EXPECT_FALSE(dialog->model().settings().caseChoice);
+}
+
+TEST_F(OptionsDialog, ABoxTickedTwiceStillCountsAsAChange) {
+    open();
+    tick("chkCaseChoice");
+    tick("chkCaseChoice");
+    EXPECT_EQ(changedPages(), "0");
+    EXPECT_TRUE(dialog->model().settings().caseChoice);
+}
+
+TEST_F(OptionsDialog, AScreenshotIsChosenInAFileDialog) {
+    settings.screenshot = "/pictures/old.bmp";
+    open();
+    support::ExpectedFileDialog expected;
+    expected.title = "Select the Screen Shot";
+    expected.initialName = "old.bmp";
+    expected.filters = {{"Quake Screen Shot (*.bmp)", {"*.bmp"}}};
+    expected.folder = "/pictures";
+    fake.dialogs.expectOpen(expected, "/pictures/new \xE9.bmp");
+    press("cmdSetSS");
+    EXPECT_EQ(changedPages(), "0");
+    (void)apply();
+    EXPECT_EQ(settings.screenshot, "/pictures/new \xE9.bmp"); // the path's own bytes
+}
+
+TEST_F(OptionsDialog, ACancelledFileDialogChangesNothing) {
+    open();
+    support::ExpectedFileDialog expected;
+    expected.title = "Select the Screen Shot";
+    expected.initialName = "quake00.bmp";
+    expected.filters = {{"Quake Screen Shot (*.bmp)", {"*.bmp"}}};
+    expected.folder = fake.directory.folder();
+    fake.dialogs.expectOpen(expected, std::nullopt);
+    press("cmdSetSS");
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, TheScreenshotCanBeTypedAndEmptied) {
+    open();
+    auto* const box = find<QLineEdit>("txtbmpScreenShotFileName");
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_Delete);
+    EXPECT_EQ(changedPages(), "0");
+    EXPECT_EQ(dialog->model().settings().screenshot, "");
+    QTest::keyClicks(box, QStringLiteral("shots/mine.bmp"));
+    (void)apply();
+    EXPECT_EQ(settings.screenshot, "shots/mine.bmp");
+}
+
+TEST_F(OptionsDialog, DefaultPutsBackTheScreenshotThatComesWithTheProgram) {
+    settings.screenshot = "/other.bmp";
+    open();
+    press("cmdDefaultSS");
+    EXPECT_EQ(changedPages(), "0");
+    const std::string expected = (fake.directory.files / "quake00.bmp").native();
+    EXPECT_EQ(find<QLineEdit>("txtbmpScreenShotFileName")->text().toStdString(), expected);
+    (void)apply();
+    EXPECT_EQ(settings.screenshot, expected);
+}
+
+TEST_F(OptionsDialog, AColourIsChosenInTheColourChooser) {
+    open();
+    showPage(1);
+    fake.dialogs.expectColour(ui::OpaquePixel(255, 255, 0), ui::OpaquePixel(1, 2, 3));
+    press("picColor_1");
+    EXPECT_EQ(find<shell::ColourBox>("picColor_1")->colour(), QColor(1, 2, 3));
+    EXPECT_EQ(changedPages(), "1");
+    EXPECT_EQ(settings.colours[1], ui::OpaquePixel(255, 255, 0));
+    EXPECT_EQ(apply(), (AppliedOptions{true, false, true, false}));
+    EXPECT_EQ(settings.colours[1], ui::OpaquePixel(1, 2, 3));
+    EXPECT_EQ(settings.colours[2], ui::OpaquePixel(0, 255, 0));
+}
+
+TEST_F(OptionsDialog, ACancelledColourChooserChangesNothing) {
+    open();
+    showPage(1);
+    fake.dialogs.expectColour(ui::OpaquePixel(0, 255, 0), std::nullopt);
+    QTest::keyClick(find<QWidget>("picColor_4"), Qt::Key_Space);
+    EXPECT_EQ(changedPages(), "");
+    EXPECT_EQ(find<shell::ColourBox>("picColor_4")->colour(), QColor(0, 255, 0));
+}
+
+TEST_F(OptionsDialog, TheColourBoxShowsItsColour) {
+    settings.colours[2] = ui::OpaquePixel(200, 100, 50);
+    open();
+    showPage(1);
+    auto* const box = find<shell::ColourBox>("picColor_2");
+    EXPECT_EQ(box->grab().toImage().pixelColor(box->width() / 2, box->height() / 2), QColor(200, 100, 50));
+}
+
+TEST_F(OptionsDialog, ThePromptsSetTheirOptions) {
+    open();
+    showPage(2);
+    tick("optFormatVal_0");
+    EXPECT_EQ(changedPages(), "2");
+    EXPECT_FALSE(dialog->model().settings().promptNames);
+    EXPECT_TRUE(dialog->model().settings().promptMessages);
+    tick("optFormatVal_1");
+    tick("optPromptBinding");
+    EXPECT_EQ(apply(), AppliedOptions{});
+    EXPECT_FALSE(settings.promptNames);
+    EXPECT_FALSE(settings.promptMessages);
+    EXPECT_FALSE(settings.bindPrompt);
+}
+
+TEST_F(OptionsDialog, TheConversionListShowsAllSetsAndTheOneInUse) {
+    const auto names = glyphs::LoadCharSetNames(fake.files, fake.directory);
+    settings.grid = 1;
+    open();
+    showPage(3);
+    auto* const list = find<QListWidget>("GridList");
+    ASSERT_EQ(list->count(), static_cast<int>(names.size()));
+    for (int i = 0; i < list->count(); ++i) {
+        EXPECT_EQ(list->item(i)->text().toLatin1().toStdString(), names[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(list->item(i)->text().size(), 50);
+    }
+    EXPECT_EQ(list->currentRow(), 1);
+    const auto shown = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), shown.value().grid);
+    EXPECT_EQ(find<QWidget>("ImgGrid")->size(), QSize(256, 256));
+    const QString address = QString::fromStdString(glyphs::WebAddressText(shown.value().record));
+    EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), address);
+    EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), address);
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, AChosenSetIsPreviewedAndInUseOnlyAfterOk) {
+    open();
+    showPage(3);
+    auto* const list = find<QListWidget>("GridList");
+    ASSERT_GE(list->count(), 2);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(changedPages(), "3");
+    const auto expected = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
+    ASSERT_TRUE(expected);
+    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.value().grid);
+    EXPECT_EQ(settings.grid, 0);
+    EXPECT_EQ(characterSet.listIndex, 0);
+    press("cmdOK");
+    EXPECT_EQ(apply(), (AppliedOptions{false, false, true, false}));
+    EXPECT_EQ(settings.grid, 1);
+    EXPECT_EQ(characterSet, expected.value().record);
+}
+
+TEST_F(OptionsDialog, TheArrowKeysChooseASetToo) {
+    open();
+    showPage(3);
+    QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
+    EXPECT_EQ(changedPages(), "3");
+    EXPECT_EQ(dialog->model().settings().grid, 1);
+}
+
+TEST_F(OptionsDialog, ThePreviewFollowsANewBackground) {
+    open();
+    fake.dialogs.expectColour(ui::OpaquePixel(0, 0, 0), ui::OpaquePixel(9, 8, 7));
+    showPage(1);
+    press("picColor_0");
+    const auto expected = shell::LoadConversion(fake.files, fake.directory, 0, ui::OpaquePixel(9, 8, 7));
+    ASSERT_TRUE(expected);
+    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.value().grid);
+    EXPECT_EQ(changedPages(), "1");
+}
+
+TEST_F(OptionsDialog, ASetThatCannotBeLoadedIsReportedAndTheOldOneStays) {
+    open();
+    showPage(3);
+    const auto before = *find<ui::qt::PictureWidget>("ImgGrid")->picture();
+    auto* const list = find<QListWidget>("GridList");
+    fake.directory.files.put("vtmgrid.dat", "");
+    const auto failure = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
+    ASSERT_FALSE(failure);
+    fake.dialogs.expectInform(failure.failure().message);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->currentRow(), 0);
+    EXPECT_EQ(changedPages(), "");
+    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), before);
+}
+
+TEST_F(OptionsDialog, ASetOutsideTheListShowsTheFirst) {
+    settings.grid = 99;
+    open();
+    EXPECT_EQ(find<QListWidget>("GridList")->currentRow(), 0);
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, WithoutAListTheAddressKeepsItsOwnTooltip) {
+    fake.directory.files.put("vtmtc.dat", "");
+    open();
+    EXPECT_EQ(find<QListWidget>("GridList")->count(), 0);
+    EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), "");
+    EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), "The conversions website");
+    EXPECT_FALSE(find<QPushButton>("cmdGotoTc")->isEnabled());
+}
+
+TEST_F(OptionsDialog, TheWebsiteOfTheShownSetIsOpened) {
+    open();
+    showPage(3);
+    QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
+    press("cmdGotoTc");
+    ASSERT_EQ(fake.launcher.launches.size(), 1U);
+    EXPECT_EQ(fake.launcher.launches[0].address, find<QLabel>("lblWebAddress")->text().toStdString());
+    EXPECT_TRUE(dialog->isVisible());
+    fake.launcher.finish(33);
+}
+
+TEST_F(OptionsDialog, ChangingOnlyACursorAppliesOnlyTheCursors) {
+    open();
+    showPage(4);
+    QTest::keyClick(find<QComboBox>("cmbMouse_0"), Qt::Key_Down);
+    EXPECT_EQ(changedPages(), "4");
+    press("cmdOK");
+    auto expected = stored();
+    expected["cursor1"] = "1";
+    EXPECT_EQ(apply(), (AppliedOptions{false, true, false, false}));
+    EXPECT_EQ(stored(), expected);
+}
+
+TEST_F(OptionsDialog, ListsTheNamesOfAll83Keys) {
+    open();
+    const auto names = texts(*find<QComboBox>("KeyListBox"));
+    ASSERT_EQ(names.size(), 83U);
+    EXPECT_EQ(names[0], "Tab");
+    EXPECT_EQ(names[1], "Return");
+    EXPECT_EQ(names[4], "SpaceBar");
+    EXPECT_EQ(names[5], "A");
+    EXPECT_EQ(names[41], "NumPad 0");
+    EXPECT_EQ(names[71], "F16");
+    EXPECT_EQ(names[82], "\\");
+}
+
+TEST_F(OptionsDialog, ASelectedKeyShowsItsThreeGlyphs) {
+    open();
+    showPage(5);
+    auto* const list = find<QComboBox>("KeyListBox");
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(list, Qt::Key_Down);
+    }
+    ASSERT_EQ(list->currentText(), "A");
+    const std::vector<int> codes = {97, 65, 32};
+    for (int i = 0; i < 3; ++i) {
+        const auto* const picture =
+            find<ui::qt::PictureWidget>(("picKey_" + std::to_string(i)).c_str())->picture();
+        ASSERT_NE(picture, nullptr);
+        const int code = codes[static_cast<std::size_t>(i)];
+        ui::Picture expected(picture->width(), picture->height());
+        glyphs::StretchCells(expected, expected.bounds(), atlas.source, {code % 16 * 8, code / 16 * 8, 8, 8});
+        EXPECT_EQ(*picture, expected) << code;
+    }
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, TypingCannotEnterTextIntoTheKeyList) {
+    open();
+    showPage(5);
+    auto* const list = find<QComboBox>("KeyListBox");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClicks(list, QStringLiteral("xyz"));
+    EXPECT_EQ(list->currentText(), "");
+    EXPECT_EQ(list->currentIndex(), 1);
+    EXPECT_EQ(list->count(), 83);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->currentText(), "Pause");
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, AClickOnAGlyphPicksAnotherForThatColumn) {
+    open();
+    showPage(5);
+    find<QComboBox>("KeyListBox")->setCurrentIndex(5);
+    QTest::mouseClick(find<QWidget>("picKey_1"), Qt::LeftButton);
+    EXPECT_EQ(pickerStarts, std::vector<glyphs::GlyphCode>{65});
+    EXPECT_EQ(keyMap[5], (editing::KeyGlyphs{97, 200, 32}));
+    EXPECT_EQ(changedPages(), "5");
+    EXPECT_EQ(apply(), (AppliedOptions{false, false, false, true}));
+}
+
+TEST_F(OptionsDialog, AStripIsUsedByTheKeyboardToo) {
+    open();
+    showPage(5);
+    find<QComboBox>("KeyListBox")->setCurrentIndex(5);
+    QTest::keyClick(find<QWidget>("picKeyStripCont_2"), Qt::Key_Space);
+    EXPECT_EQ(pickerStarts, std::vector<glyphs::GlyphCode>{32});
+    EXPECT_EQ(keyMap[5], (editing::KeyGlyphs{97, 65, 200}));
+}
+
+TEST_F(OptionsDialog, ANewGlyphIsShownAtOnce) {
+    open();
+    showPage(5);
+    auto* const picture = find<ui::qt::PictureWidget>("picKey_0");
+    const ui::Picture before = *picture->picture();
+    QTest::mouseClick(picture, Qt::LeftButton);
+    EXPECT_NE(*picture->picture(), before);
+}
+
+TEST_F(OptionsDialog, PickingTheSameGlyphIsNoChange) {
+    open();
+    showPage(5);
+    picked = 32;
+    QTest::mouseClick(find<QWidget>("picKey_0"), Qt::LeftButton);
+    EXPECT_EQ(pickerStarts.size(), 1U);
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, OtherMouseButtonsDoNotPick) {
+    open();
+    showPage(5);
+    QTest::mouseClick(find<QWidget>("picKey_0"), Qt::RightButton);
+    QTest::mouseClick(find<QWidget>("picKeyStripCont_0"), Qt::RightButton, {}, QPoint(1, 1));
+    EXPECT_TRUE(pickerStarts.empty());
+}
+
+TEST_F(OptionsDialog, CancelKeepsTheKeysThatWereChanged) {
+    open();
+    QTest::mouseClick(find<QWidget>("picKey_0"), Qt::LeftButton);
+    press("cmdCancel");
+    EXPECT_EQ(keyMap[0][0], 200);
+    EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini"));
+}
+
+TEST_F(OptionsDialog, ResetReadsTheKeyMapFromItsFileAgain) {
+    auto saved = editing::DefaultKeyMap();
+    saved[0] = {1, 2, 3};
+    ASSERT_TRUE(editing::WriteKeyMap(fake.files, fake.directory, saved));
+    open();
+    showPage(5);
+    auto* const picture = find<ui::qt::PictureWidget>("picKey_0");
+    const ui::Picture before = *picture->picture();
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(keyMap, saved);
+    EXPECT_NE(*picture->picture(), before);
+    EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, ResetWithoutAFileGivesTheDefaults) {
+    keyMap[7] = {9, 9, 9};
+    open();
+    showPage(5);
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(keyMap, editing::DefaultKeyMap());
+}
+
+TEST_F(OptionsDialog, AnsweringNoResetsNothing) {
+    keyMap[7] = {9, 9, 9};
+    const auto before = keyMap;
+    open();
+    showPage(5);
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::No);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(keyMap, before);
+}
+
+TEST_F(OptionsDialog, ADamagedKeyMapIsReportedAndTheDefaultsUsed) {
+    fake.directory.files.put("vtmkeys.ini", "1,2\r\n");
+    keyMap[7] = {9, 9, 9};
+    const auto failure = editing::LoadKeyMap(fake.files, fake.directory).status;
+    ASSERT_FALSE(failure);
+    open();
+    showPage(5);
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
+    fake.dialogs.expectInform(failure.failure().message);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(keyMap, editing::DefaultKeyMap());
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "1,2\r\n");
+}
+
+TEST_F(OptionsDialog, TabReachesEveryControlOfAPage) {
+    open();
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    const std::vector<std::vector<std::string>> pages = {
+        {"chkCaseChoice", "txtbmpScreenShotFileName", "cmdDefaultSS", "cmdSetSS", "optSounds_0",
+         "optSounds_1", "optSounds_2", "optSounds_3", "SaveSettings", "LoadSettings", "cmdOK", "cmdCancel"},
+        {"picColor_0", "picColor_1", "picColor_2", "picColor_3", "picColor_4", "cmdOK", "cmdCancel"},
+        {"optFormatVal_0", "optFormatVal_1", "optPromptBinding", "cmdOK", "cmdCancel"},
+        {"GridList", "cmdGotoTc", "cmdOK", "cmdCancel"},
+        {"cmbMouse_0", "cmbMouse_1", "cmbMouse_2", "cmbMouse_3", "cmdOK", "cmdCancel"},
+        {"KeyListBox", "picKeyStripCont_0", "picKeyStripCont_1", "picKeyStripCont_2", "cmdResetKeysToDefault",
+         "cmdOK", "cmdCancel"},
+    };
+    for (std::size_t page = 0; page < pages.size(); ++page) {
+        SCOPED_TRACE(page);
+        showPage(static_cast<int>(page));
+        find<QTabWidget>("tabOptions")->setFocus();
+        for (const auto& expected : pages[page]) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            ASSERT_NE(QApplication::focusWidget(), nullptr);
+            EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), expected);
+        }
+    }
+}
+
+TEST_F(OptionsDialog, FitsTheSmallestScreenAtTwiceItsSize) {
+    open();
+    EXPECT_LE(dialog->width(), 510);
+    EXPECT_LE(dialog->height(), 370);
+}
