@@ -53,6 +53,9 @@ constexpr auto NoScriptFile = "Please select a script file!";
 constexpr auto NoKey = "Please select a key!";
 constexpr auto KeyIsBound = "You have selected a key that is already bound!\n"
                             "VTM will now replace it with your binding, OK?";
+constexpr auto ConfigNotThere = "There is no such file yet.";
+constexpr auto ConfigNotReadable = "This file cannot be read.";
+constexpr auto AwkwardScriptName = "The game cannot run a file whose name holds a blank, ; or \".";
 
 inline std::string BindingUpdatedInConfig(const ui::Path& path) {
     return "Done! The config file, " + ui::PathText(path) + ", was updated with your new binding.";

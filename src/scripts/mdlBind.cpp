@@ -90,8 +90,23 @@ ui::Bytes AppendedBinding(std::string_view config, int key, const ui::Path& scri
     return added;
 }
 
-bool IsAwkwardForTheGame(const ui::Path& script) {
-    return script.filename().native().find_first_of(" ;\"\r\n") != std::string::npos;
+std::string ScriptHint(const ui::Path& script) {
+    const bool isOneWord = script.filename().native().find_first_of(" ;\"\r\n") == std::string::npos;
+    return isOneWord ? "" : texts::AwkwardScriptName;
+}
+
+ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config) {
+    ConfigKeys keys;
+    if (config.empty()) {
+        return keys;
+    }
+    if (const auto bytes = files.read(config)) {
+        keys.bound = GetBoundKeys(bytes.value());
+    } else {
+        keys.hint = files.exists(config) ? texts::ConfigNotReadable : texts::ConfigNotThere;
+        keys.reason = bytes.failure().message;
+    }
+    return keys;
 }
 
 ui::FileDialogRequest BindConfigRequest() {

@@ -57,9 +57,18 @@ struct BindingLine {
 /// What is added to a configuration file to bind a key: the bind line, on a line of its own.
 [[nodiscard]] ui::Bytes AppendedBinding(std::string_view config, int key, const ui::Path& script);
 
-/// Whether the game would not take the script's file name for one word: it holds a blank, ';', '"' or a line
-/// end.
-[[nodiscard]] bool IsAwkwardForTheGame(const ui::Path& script);
+/// What to warn of beside the script's name; empty when the game takes its file name for one word.
+[[nodiscard]] std::string ScriptHint(const ui::Path& script);
+
+/// What a configuration file says of its keys, and what to say of the file.
+struct ConfigKeys {
+    BoundKeys bound{};
+    std::string hint = {};   ///< beside the file's name; empty when it was read
+    std::string reason = {}; ///< why it could not be read
+};
+
+/// The bound keys of a file: none if it is not there or cannot be read. No hint for an empty path.
+[[nodiscard]] ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config);
 
 /// What the file dialogs of the binding wizard are opened with.
 [[nodiscard]] ui::FileDialogRequest BindConfigRequest();

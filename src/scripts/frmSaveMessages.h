@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Documents.h"
+#include "ui/Dialogs.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <optional>
+
+namespace scripts {
+
+namespace Ui {
+class frmSaveMessages;
+}
+
+/// The wizard that saves messages as a script. It stays open until a script was written or it is cancelled.
+class frmSaveMessages final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Everything is borrowed and outlives the dialog.
+    frmSaveMessages(
+        ui::Dialogs& dialogs, ui::Files& files, const editing::MessageDocument& messages,
+        QWidget* parent = nullptr);
+    ~frmSaveMessages() override;
+
+    /// The script that was written: for the recent files and as the script to bind.
+    [[nodiscard]] const std::optional<ui::Path>& savedPath() const { return m_savedPath; }
+
+private:
+    void connectControls();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    std::unique_ptr<Ui::frmSaveMessages> m_form;
+    ui::Dialogs& m_dialogs;
+    ui::Files& m_files;
+    const editing::MessageDocument& m_messages;
+    std::optional<ui::Path> m_savedPath;
+};
+
+} // namespace scripts
