@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "editing/mdlCommon.h"
+#include "Editor.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,49 +11,7 @@
 
 namespace {
 
-class SilentPlayer : public ui::SoundPlayer {
-public:
-    void play(std::string_view /*wave*/) override {}
-};
-
-/// Documents full of glyphs, an atlas of noise, and the pictures they are painted into.
-struct Editor {
-    editing::Documents documents;
-    editing::Modes modes;
-    glyphs::GlyphAtlas atlas;
-    editing::PagePictures pictures;
-    SilentPlayer sounds;
-    glyphs::SoundOptions soundOptions{true, true, true, true};
-
-    Editor() {
-        ui::Picture artwork(128, 128);
-        for (int y = 0; y < artwork.height(); ++y) {
-            for (int x = 0; x < artwork.width(); ++x) {
-                artwork.setPixel(
-                    x, y, ui::OpaqueBlack | static_cast<ui::Pixel>(x * 2654435761U + y * 40503U));
-            }
-        }
-        atlas = glyphs::BuildAtlas(artwork, ui::OpaqueBlack);
-        fill(documents.name.cells);
-        fill(documents.animation.nameGlyphs);
-        fill(documents.messages.cells);
-        documents.animation.nameCount = editing::MaxNames;
-    }
-
-    editing::EditContext context(editing::Page page) {
-        return {documents, page, modes, atlas, pictures, sounds, soundOptions};
-    }
-
-private:
-    template <typename Cells>
-    static void fill(Cells& cells) {
-        unsigned code = 1;
-        for (editing::GlyphCode& cell : cells) {
-            code = (code * 73U + 41U) % 256U;
-            cell = static_cast<editing::GlyphCode>(code);
-        }
-    }
-};
+using bench::Editor;
 
 double median(std::vector<double>& values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);

@@ -137,8 +137,8 @@ int main(int argc, char** argv) {
         return start.peakMebibytes;
     };
     const auto& [program, controls, empty] = subjects;
-    std::printf(
-        "| program | start to first paint | ratio to the same controls | peak memory | key to screen |\n");
+    std::printf("In brackets: the ratio to a window with the same controls.\n\n");
+    std::printf("| program | start to first paint | computing | peak memory | key to screen |\n");
     std::printf("| --- | --- | --- | --- | --- |\n");
     for (const Subject& subject : subjects) {
         std::printf(
