@@ -63,7 +63,7 @@ public:
             refuse(what + " is missing");
         }
         const std::size_t end = std::min(m_rest.find(' '), m_rest.size());
-        const std::string taken = m_rest.substr(0, end);
+        std::string taken = m_rest.substr(0, end);
         m_rest.erase(0, end);
         return taken;
     }

@@ -23,7 +23,9 @@ struct Pattern {
     std::vector<Row> rows;
 
     [[nodiscard]] bool blank() const {
-        return std::all_of(rows.begin(), rows.end(), [](const Row& row) { return row == Row(); });
+        return std::all_of(rows.begin(), rows.end(), [](const Row& row) {
+            return std::all_of(row.begin(), row.end(), [](int cell) { return cell == 0; });
+        });
     }
 };
 
