@@ -4,6 +4,7 @@
 
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
+#include "editing/ScriptFile.h"
 #include "glyphs/RowText.h"
 
 #include <algorithm>
@@ -242,6 +243,24 @@ AnimationWritten WriteAnimationScript(
     }
     dialogs.inform("Done! The script file, " + ui::PathText(path) + ", was written.");
     return {.written = true, .statusText = LossText(animation)};
+}
+
+AnimationSaved SaveAnimationScript(
+    const AnimationDocument& animation, const ui::Path& folder, const std::function<void()>& accepted,
+    ui::Dialogs& dialogs, ui::Files& files) {
+    const std::optional<ui::Path> path = dialogs.chooseFileToSave(AnimationSaveRequest(folder));
+    if (!path) {
+        return {};
+    }
+    accepted();
+    if (!editing::MayReplaceFile(dialogs, files, *path, Header)) {
+        return {};
+    }
+    AnimationWritten written = WriteAnimationScript(animation, *path, dialogs, files);
+    return {
+        .kind = written.written ? AnimationSaved::Kind::Written : AnimationSaved::Kind::Failed,
+        .path = *path,
+        .statusText = std::move(written.statusText)};
 }
 
 AnimationRead ReadAnimationScript(

@@ -58,6 +58,24 @@ struct AnimationWritten {
 [[nodiscard]] AnimationWritten WriteAnimationScript(
     const AnimationDocument& animation, const ui::Path& path, ui::Dialogs& dialogs, ui::Files& files);
 
+/// What came of the save command.
+struct AnimationSaved {
+    enum class Kind {
+        Cancelled,
+        Written, ///< the script is on the disk and the user was told
+        Failed   ///< the command ends here: nothing follows it
+    };
+
+    Kind kind = Kind::Cancelled;
+    ui::Path path;          ///< of a written script: for the recent files and as the script to bind
+    std::string statusText; ///< for the status line; may be empty
+};
+
+/// Asks for the path, starting in `folder`, calls `accepted` when one is chosen, and writes the script.
+[[nodiscard]] AnimationSaved SaveAnimationScript(
+    const AnimationDocument& animation, const ui::Path& folder, const std::function<void()>& accepted,
+    ui::Dialogs& dialogs, ui::Files& files);
+
 /// What is shown when a script cannot be opened.
 enum class OpenFailure {
     StatusLine, ///< the reason, in the status line: a script chosen in a file dialog

@@ -580,6 +580,73 @@ TEST_F(ScriptFiles, ThatCannotBeOpenedAreReportedWhenNotChosenInADialog) {
     EXPECT_EQ(repaints, 0);
 }
 
+TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
+    int accepted = 0;
+    const auto save = [&] {
+        return SaveAnimationScript(
+            desk.animation(), platform.directory.folder(), [&accepted] { ++accepted; }, platform.dialogs,
+            platform.files);
+    };
+    const support::ExpectedFileDialog dialog{
+        .title = "",
+        .initialName = "*.vta",
+        .filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}},
+        .folder = platform.directory.folder()};
+
+    platform.dialogs.expectSave(dialog, std::nullopt);
+    EXPECT_EQ(save().kind, AnimationSaved::Kind::Cancelled);
+    EXPECT_EQ(accepted, 0);
+
+    platform.dialogs.expectSave(dialog, path());
+    platform.dialogs.expectYesNo(
+        "Is this animation to be used in Quake2?", ui::Answer::Yes, [&accepted] { EXPECT_EQ(accepted, 1); });
+    platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
+    AnimationSaved outcome = save();
+    EXPECT_EQ(outcome.kind, AnimationSaved::Kind::Written);
+    EXPECT_EQ(outcome.path, path());
+    platform.dialogs.expectAllAsked();
+
+    platform.files.failOnce(support::FailingFiles::Step::Open);
+    platform.dialogs.expectSave(dialog, path());
+    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    outcome = save();
+    EXPECT_EQ(outcome.kind, AnimationSaved::Kind::Failed);
+    EXPECT_NE(outcome.statusText, "");
+}
+
+TEST_F(ScriptFiles, AreNotSavedOverAForeignFileUnlessTheUserSaysSo) {
+    platform.directory.files.put("a.vta", "bind q quit\n");
+    const std::string question =
+        "The file \"" + path().string() + "\" is not a script of this kind.\nDo you wish to replace it?";
+    const auto expectDialog = [this] {
+        platform.dialogs.expectSave(
+            {.title = "",
+             .initialName = "*.vta",
+             .filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}}},
+            path());
+    };
+    const auto save = [this] {
+        return SaveAnimationScript(
+            desk.animation(), platform.directory.folder(), [] {}, platform.dialogs, platform.files);
+    };
+    expectDialog();
+    platform.dialogs.expectYesNo(question, ui::Answer::No);
+    EXPECT_EQ(save().kind, AnimationSaved::Kind::Cancelled);
+    EXPECT_EQ(platform.directory.files.content("a.vta"), "bind q quit\n");
+
+    expectDialog();
+    platform.dialogs.expectYesNo(question, ui::Answer::Yes);
+    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
+    EXPECT_EQ(save().kind, AnimationSaved::Kind::Written);
+
+    // Over an animation script there is no extra question.
+    expectDialog();
+    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
+    EXPECT_EQ(save().kind, AnimationSaved::Kind::Written);
+}
+
 TEST(AnimationRequests, AskForScripts) {
     const ui::FileDialogRequest open = AnimationOpenRequest("/program");
     EXPECT_EQ(open.title, "Select the Script file");
