@@ -127,7 +127,10 @@ std::string compile(const std::vector<Pattern>& patterns) {
         bytes += LineEnd;
         for (const auto& row : pattern.rows) {
             for (std::size_t at = 0; at < row.size(); ++at) {
-                bytes += (at == 0 ? "" : ",") + std::to_string(row[at]);
+                if (at > 0) {
+                    bytes += ',';
+                }
+                bytes += std::to_string(row[at]);
             }
             bytes += LineEnd;
         }
