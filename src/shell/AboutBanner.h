@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/mdlPaint.h"
+#include "ui/Picture.h"
+
+namespace shell {
+
+/// The product's name, painted in glyphs between two ornamental lines, for the about box: 320 x 96.
+[[nodiscard]] ui::Picture AboutBanner(const glyphs::GlyphAtlas& atlas);
+
+} // namespace shell
