@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "editing/mdlPick.h"
 
+#include "glyphs/mdlPaint.h"
+#include "glyphs/mdlSwitches.h"
+
 #include <algorithm>
 #include <cassert>
 #include <span>
@@ -30,6 +33,30 @@ std::array<GlyphCode, 3> FrequentGlyphs(const Documents& documents) {
         *best = 0;
     }
     return frequent;
+}
+
+GlyphCode PickedAt(GlyphCode chosen, int x, int y) {
+    const int hit = glyphs::GridHitTest(x * glyphs::TwipsPerPixel, y * glyphs::TwipsPerPixel);
+    const GlyphCode picked = hit < 0 ? GlyphCode{0} : glyphs::FilterPickedGlyph(static_cast<GlyphCode>(hit));
+    return picked == 0 ? chosen : picked;
+}
+
+GlyphCode PickedTowards(GlyphCode chosen, int columns, int rows) {
+    constexpr GlyphCode First = 1;
+    constexpr int Side = 16;
+    if (chosen == 0) {
+        return First;
+    }
+    int column = chosen % Side + columns;
+    int row = chosen / Side + rows;
+    for (; column >= 0 && column < Side && row >= 0 && row < Side; column += columns, row += rows) {
+        const auto code = static_cast<GlyphCode>(row * Side + column);
+        // A glyph that stands for another one would make the choice jump.
+        if (code != 0 && glyphs::FilterPickedGlyph(code) == code) {
+            return code;
+        }
+    }
+    return chosen;
 }
 
 } // namespace editing

@@ -13,4 +13,12 @@ namespace editing {
 /// glyph.
 [[nodiscard]] std::array<GlyphCode, 3> FrequentGlyphs(const Documents& documents);
 
+/// The glyph that is chosen after a press on, or a drag to, a pixel of the picker's grid: the one that stands
+/// there if it may be picked, otherwise `chosen` as before.
+[[nodiscard]] GlyphCode PickedAt(GlyphCode chosen, int x, int y);
+
+/// The nearest glyph that may be picked, `columns` (-1, 0, 1) and `rows` (-1, 0, 1) away from the chosen one
+/// or further on the same way; `chosen` when there is none. The first of the grid when none is chosen (0).
+[[nodiscard]] GlyphCode PickedTowards(GlyphCode chosen, int columns, int rows);
+
 } // namespace editing

@@ -73,6 +73,57 @@ TEST(FrequentGlyphs, CountGlyphZeroLikeAnyOther) {
     EXPECT_EQ(FrequentGlyphs(documents), (Three{0, 160, 0}));
 }
 
+TEST(PickedAt, IsTheGlyphUnderThePixel) {
+    EXPECT_EQ(PickedAt(5, 16, 0), 1);
+    EXPECT_EQ(PickedAt(5, 31, 15), 1);
+    EXPECT_EQ(PickedAt(5, 32, 16), 18);
+    EXPECT_EQ(PickedAt(5, 0, 255), 240);
+    EXPECT_EQ(PickedAt(5, 255, 0), 15);
+}
+
+TEST(PickedAt, StaysOnRefusedGlyphsAndOutsideTheGrid) {
+    for (const int code : {0, 34, 126, 127, 162, 254, 255}) {
+        EXPECT_EQ(PickedAt(5, code % 16 * 16, code / 16 * 16), 5) << code;
+    }
+    EXPECT_EQ(PickedAt(5, -1, 16), 5);
+    EXPECT_EQ(PickedAt(5, 16, -1), 5);
+    EXPECT_EQ(PickedAt(5, 256, 16), 5);
+    EXPECT_EQ(PickedAt(5, 16, 256), 5);
+    EXPECT_EQ(PickedAt(0, 0, 0), 0);
+}
+
+TEST(PickedAt, TakesTheOtherArrowHeadForTheCarriageReturn) {
+    EXPECT_EQ(PickedAt(5, 13 * 16, 0), 141);
+}
+
+TEST(PickedTowards, GoesToTheNeighbour) {
+    EXPECT_EQ(PickedTowards(100, 1, 0), 101);
+    EXPECT_EQ(PickedTowards(100, -1, 0), 99);
+    EXPECT_EQ(PickedTowards(100, 0, 1), 116);
+    EXPECT_EQ(PickedTowards(100, 0, -1), 84);
+}
+
+TEST(PickedTowards, PassesOverGlyphsThatMayNotBePicked) {
+    EXPECT_EQ(PickedTowards(33, 1, 0), 35);
+    EXPECT_EQ(PickedTowards(18, 0, 1), 50);
+    EXPECT_EQ(PickedTowards(12, 1, 0), 14);
+    EXPECT_EQ(PickedTowards(29, 0, -1), 29);
+}
+
+TEST(PickedTowards, StaysAtTheEdges) {
+    EXPECT_EQ(PickedTowards(1, -1, 0), 1);
+    EXPECT_EQ(PickedTowards(15, 1, 0), 15);
+    EXPECT_EQ(PickedTowards(125, 1, 0), 125);
+    EXPECT_EQ(PickedTowards(16, 0, -1), 16);
+    EXPECT_EQ(PickedTowards(240, 0, 1), 240);
+    EXPECT_EQ(PickedTowards(253, 1, 0), 253);
+}
+
+TEST(PickedTowards, BeginsAtTheFirstGlyphThatMayBePicked) {
+    EXPECT_EQ(PickedTowards(0, 1, 0), 1);
+    EXPECT_EQ(PickedTowards(0, 0, -1), 1);
+}
+
 } // namespace
 
 } // namespace editing

@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/frmGetChar.h"
+
+#include "editing/mdlPick.h"
+#include "glyphs/mdlPaint.h"
+#include "ui/qt/MarkerShape.h"
+#include "ui_frmGetChar.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTimer>
+
+namespace editing {
+
+namespace {
+
+constexpr int BlinkInterval = 500; // milliseconds
+constexpr int PreviewSide = 4 * glyphs::CellSide;
+
+/// The glyph's code and, where it is a character, what it reads as.
+QString ReadoutOf(GlyphCode code) {
+    if (code == 0) {
+        return frmGetChar::tr("No glyph chosen");
+    }
+    const QString number = frmGetChar::tr("Glyph %1").arg(code);
+    const int character = code % 128;
+    if (character < 33 || character > 126) {
+        return number;
+    }
+    const QString reading = code < 128 ? frmGetChar::tr("%1\n%2") : frmGetChar::tr("%1\n%2 in colour 2");
+    return reading.arg(number, QString(QLatin1Char(static_cast<char>(character))));
+}
+
+} // namespace
+
+frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::frmGetChar>())
+    , m_grid(grid)
+    , m_preview(PreviewSide, PreviewSide)
+    , m_start(start)
+    , m_chosen(start)
+    , m_glyph(start) {
+    m_ui->setupUi(this);
+    m_ui->ImgGrid->setPicture(&m_grid);
+    m_ui->ImgGrid->setFocusPolicy(Qt::StrongFocus);
+    m_ui->picChosen->setPicture(&m_preview);
+
+    QPushButton* const cmdOK = m_ui->buttons->button(QDialogButtonBox::Ok);
+    QPushButton* const cmdCancel = m_ui->buttons->button(QDialogButtonBox::Cancel);
+    QPushButton* const cmdReset = m_ui->buttons->button(QDialogButtonBox::Reset);
+    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    cmdReset->setObjectName(QStringLiteral("cmdReset"));
+    cmdReset->setText(tr("&Reset"));
+    // Enter confirms, whichever of the buttons has the focus.
+    cmdOK->setDefault(true);
+    cmdCancel->setAutoDefault(false);
+    cmdReset->setAutoDefault(false);
+
+    m_marker = new ui::qt::MarkerShape(m_ui->ImgGrid, ui::qt::MarkerShape::Style::Solid);
+    m_marker->setObjectName(QStringLiteral("GridPosShape"));
+    m_marker->setColour(QColor::fromRgb(markerColour));
+    m_blink = new QTimer(this);
+    m_blink->setObjectName(QStringLiteral("tmrCursor"));
+    m_blink->start(BlinkInterval);
+
+    connectControls();
+    choose(start);
+    m_ui->ImgGrid->setFocus();
+}
+
+frmGetChar::~frmGetChar() = default;
+
+void frmGetChar::connectControls() {
+    connect(m_ui->ImgGrid, &ui::qt::PictureWidget::pressed, this, &frmGetChar::ImgGrid_MouseDown);
+    connect(m_ui->ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &frmGetChar::ImgGrid_MouseMove);
+    connect(m_blink, &QTimer::timeout, this, &frmGetChar::tmrCursor_Timer);
+    connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &frmGetChar::cmdOK_Click);
+    connect(m_ui->buttons, &QDialogButtonBox::rejected, this, &frmGetChar::cmdCancel_Click);
+    connect(
+        m_ui->buttons->button(QDialogButtonBox::Reset), &QPushButton::clicked, this,
+        &frmGetChar::cmdReset_Click);
+}
+
+void frmGetChar::choose(GlyphCode code) {
+    m_chosen = code;
+    const int column = code % 16;
+    const int row = code / 16;
+    m_marker->moveToCell(column + 1, row + 1);
+    m_marker->setVisible(code != 0);
+    glyphs::StretchCells(
+        m_preview, m_preview.bounds(), m_grid,
+        {column * glyphs::CellSide, row * glyphs::CellSide, glyphs::CellSide, glyphs::CellSide});
+    m_ui->picChosen->showDamage(m_preview.bounds());
+    m_ui->picChosen->setVisible(code != 0);
+    m_ui->lblChosen->setText(ReadoutOf(code));
+    m_ui->ImgGrid->setAccessibleDescription(m_ui->lblChosen->text());
+}
+
+void frmGetChar::ImgGrid_MouseDown(QPoint pixel) {
+    choose(PickedAt(m_chosen, pixel.x(), pixel.y()));
+}
+
+void frmGetChar::ImgGrid_MouseMove(QPoint pixel, Qt::MouseButtons buttons) {
+    if (buttons != Qt::NoButton) {
+        choose(PickedAt(m_chosen, pixel.x(), pixel.y()));
+    }
+}
+
+void frmGetChar::tmrCursor_Timer() {
+    m_marker->toggleStyle();
+}
+
+void frmGetChar::cmdOK_Click() {
+    m_glyph = m_chosen;
+    accept();
+}
+
+void frmGetChar::cmdCancel_Click() {
+    reject();
+}
+
+void frmGetChar::cmdReset_Click() {
+    if (m_start != 0) {
+        choose(m_start);
+    }
+}
+
+void frmGetChar::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+        choose(PickedTowards(m_chosen, -1, 0));
+        break;
+    case Qt::Key_Right:
+        choose(PickedTowards(m_chosen, 1, 0));
+        break;
+    case Qt::Key_Up:
+        choose(PickedTowards(m_chosen, 0, -1));
+        break;
+    case Qt::Key_Down:
+        choose(PickedTowards(m_chosen, 0, 1));
+        break;
+    default:
+        QDialog::keyPressEvent(event);
+    }
+}
+
+GlyphCode PickGlyph(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent) {
+    frmGetChar picker(start, grid, markerColour, parent);
+    picker.exec();
+    return picker.glyph();
+}
+
+} // namespace editing
