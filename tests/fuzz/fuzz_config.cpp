@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "fuzz/Fuzz.h"
+#include "scripts/ConfigRewrite.h"
+#include "scripts/mdlBind.h"
+#include "scripts/mdlConfig.h"
+#include "scripts/mdlName.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+// The rules of configuration files once more, written another way and without a thought of speed.
+namespace {
+
+/// The lines of a file: every CR LF, CR and LF ends one.
+std::vector<std::string> LinesOf(std::string_view config) {
+    std::vector<std::string> lines(1);
+    for (std::size_t i = 0; i < config.size(); ++i) {
+        if (config[i] == '\n' && i > 0 && config[i - 1] == '\r') {
+            continue;
+        }
+        if (config[i] == '\r' || config[i] == '\n') {
+            lines.emplace_back();
+        } else {
+            lines.back() += config[i];
+        }
+    }
+    if (lines.back().empty()) {
+        lines.pop_back();
+    }
+    return lines;
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+    std::string config;
+    for (const std::string& line : lines) {
+        config += line + "\r\n";
+    }
+    return config;
+}
+
+std::string Small(std::string text) {
+    for (char& byte : text) {
+        if (byte >= 'A' && byte <= 'Z') {
+            byte = static_cast<char>(byte + 32);
+        }
+    }
+    return text;
+}
+
+bool Has(const std::string& line, const std::string& word) {
+    return Small(line).find(Small(word)) != std::string::npos;
+}
+
+std::string Quoted(int key) {
+    return '"' + std::string(scripts::KeyNames.at(static_cast<std::size_t>(key))) + '"';
+}
+
+int NameLineOf(const std::vector<std::string>& lines) {
+    for (std::size_t i = lines.size(); i > 0; --i) {
+        if (Has(lines[i - 1], "name") && !Has(lines[i - 1], "//")) {
+            return static_cast<int>(i);
+        }
+    }
+    return 0;
+}
+
+int BindingLineOf(const std::vector<std::string>& lines, int key) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (Has(lines[i], Quoted(key)) && !Has(lines[i], "//")) {
+            return static_cast<int>(i) + 1;
+        }
+    }
+    return 0;
+}
+
+int KeyOf(const std::string& line) {
+    for (int key = static_cast<int>(scripts::KeyCount) - 1; key >= 0; --key) {
+        if (Has(line, "bind") && Has(line, Quoted(key))) {
+            return key;
+        }
+    }
+    return scripts::NoKeyFound;
+}
+
+/// Replacing a line changes that line, the ends of the others to CR LF, and nothing else.
+void RequireReplaced(
+    std::string_view config, std::vector<std::string> lines, int number, const std::string& line) {
+    const std::string replaced = scripts::ReplaceLine(config, number, line);
+    if (number > 0) {
+        lines.at(static_cast<std::size_t>(number - 1)) = line;
+    }
+    fuzz::Require(replaced == Joined(lines), "all bytes but those of the line and of line ends stay");
+    fuzz::Require(
+        scripts::ReplaceLine(replaced, number, line) == replaced, "replacing a line again changes nothing");
+}
+
+void RequireNameLine(std::string_view config, const std::vector<std::string>& lines) {
+    const auto found = scripts::FindNameLine(config);
+    fuzz::Require(
+        found.has_value() == (lines.size() <= static_cast<std::size_t>(scripts::MaxConfigLines)),
+        "only a file with too many lines is refused");
+    if (!found) {
+        return;
+    }
+    fuzz::Require(found->number == NameLineOf(lines), "the last line with a name is the name line");
+    editing::NameDocument name;
+    name.cells[2] = 200;
+    if (found->number > 0) {
+        const std::string& text = lines.at(static_cast<std::size_t>(found->number - 1));
+        fuzz::Require(found->text == text, "the name line is shown as it is");
+        fuzz::Require(found->isSetName == Has(text, "set name"), "the name line's form is seen");
+        const auto command = found->isSetName ? scripts::NameCommand::SetName : scripts::NameCommand::Name;
+        RequireReplaced(config, lines, found->number, scripts::NameLine(command, name));
+    }
+}
+
+void RequireBinding(std::string_view config, std::vector<std::string> lines, int key) {
+    scripts::BoundKeys bound{};
+    for (const std::string& line : lines) {
+        const int found = KeyOf(line);
+        fuzz::Require(scripts::CheckStrForKey(line) == found, "a line binds the last key that it quotes");
+        if (found != scripts::NoKeyFound) {
+            bound.at(static_cast<std::size_t>(found)) = true;
+        }
+    }
+    fuzz::Require(scripts::GetBoundKeys(config) == bound, "the keys of all lines are bound");
+
+    const scripts::BindingLine found = scripts::FindBindingLine(config, key);
+    fuzz::Require(found.number == BindingLineOf(lines, key), "the first line that quotes the key is found");
+    const std::string line = scripts::BindLine(key, "a.vtn");
+    RequireReplaced(config, lines, found.number, line);
+
+    const std::string appended = std::string(config) + scripts::AppendedBinding(config, key, "a.vtn");
+    lines.push_back(line);
+    fuzz::Require(LinesOf(appended) == lines, "an added binding is one more line");
+    fuzz::Require(
+        appended.ends_with(line + "\r\n") && scripts::GetBoundKeys(appended)[static_cast<std::size_t>(key)],
+        "an added binding binds the key");
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) {
+        return 0;
+    }
+    // The first byte chooses a key.
+    const int key = data[0] % static_cast<int>(scripts::KeyCount);
+    const std::string_view config = fuzz::Bytes(data + 1, size - 1);
+    const std::vector<std::string> lines = LinesOf(config);
+    RequireNameLine(config, lines);
+    RequireBinding(config, lines, key);
+    return 0;
+}
