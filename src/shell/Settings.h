@@ -5,6 +5,7 @@
 #include "editing/Documents.h"
 #include "glyphs/GlyphCode.h"
 #include "glyphs/mdlPaint.h"
+#include "glyphs/mdlSwitches.h"
 #include "ui/Files.h"
 #include "ui/Picture.h"
 #include "ui/Platform.h"
@@ -58,6 +59,11 @@ struct Settings {
     std::array<glyphs::GlyphCode, 5> favourites{16, 86, 84, 77, 17};
     editing::Modes modes;
     std::int16_t makeType = 1; ///< page in view: 0 name, 1 animation, 2 messages
+
+    /// caseChoice as the case operations take it.
+    [[nodiscard]] glyphs::CaseChoice letterChoice() const {
+        return caseChoice ? glyphs::CaseChoice::LettersOnly : glyphs::CaseChoice::AllCharacters;
+    }
 
     /// makeType as a page.
     [[nodiscard]] editing::Page page() const { return static_cast<editing::Page>(makeType); }

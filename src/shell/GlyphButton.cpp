@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/GlyphButton.h"
+
+#include <QImage>
+#include <QMouseEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace shell {
+
+namespace {
+
+constexpr int Side = 30;
+
+} // namespace
+
+GlyphButton::GlyphButton(QWidget* parent)
+    : QAbstractButton(parent)
+    , m_picture(glyphs::CellSide, glyphs::CellSide) {
+    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void GlyphButton::setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) {
+    m_picture = glyphs::GlyphButtonPicture(atlas, code);
+    update();
+}
+
+QSize GlyphButton::sizeHint() const {
+    return {Side, Side};
+}
+
+void GlyphButton::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    option.initFrom(this);
+    option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    const QImage image(
+        reinterpret_cast<const uchar*>(m_picture.row(0)), m_picture.width(), m_picture.height(),
+        m_picture.width() * static_cast<qsizetype>(sizeof(ui::Pixel)), QImage::Format_RGB32);
+    painter.drawImage((width() - m_picture.width()) / 2, (height() - m_picture.height()) / 2, image);
+}
+
+void GlyphButton::mousePressEvent(QMouseEvent* event) {
+    setDown(true);
+    Q_EMIT mouseDown(event->button());
+}
+
+void GlyphButton::mouseReleaseEvent(QMouseEvent*) {
+    setDown(false);
+}
+
+} // namespace shell

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/GlyphCode.h"
+#include "glyphs/mdlPaint.h"
+#include "ui/Picture.h"
+
+#include <QAbstractButton>
+
+namespace shell {
+
+/// A button that shows one glyph and acts when a mouse button goes down on it.
+class GlyphButton : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit GlyphButton(QWidget* parent = nullptr);
+
+    /// Shows the glyph's artwork.
+    void setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code);
+
+    /// The 16 x 16 picture that is shown.
+    [[nodiscard]] const ui::Picture& picture() const { return m_picture; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    void mouseDown(Qt::MouseButton button);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    ui::Picture m_picture;
+};
+
+} // namespace shell

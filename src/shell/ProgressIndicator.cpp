@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/ProgressIndicator.h"
+
+#include <QPainter>
+
+namespace shell {
+
+namespace {
+
+constexpr int PictureWidth = 14;
+constexpr int Height = 8;
+
+} // namespace
+
+ProgressIndicator::ProgressIndicator(QWidget* parent)
+    : QWidget(parent) {
+    setObjectName(QStringLiteral("picProgress"));
+    setFixedSize(sizeHint());
+    setAccessibleName(tr("Painting progress"));
+}
+
+QSize ProgressIndicator::sizeHint() const {
+    return {PictureWidth * 8, Height};
+}
+
+QRect ProgressIndicator::pictureRect() const {
+    return {(width() - PictureWidth) * m_percentage / 100, 0, PictureWidth, height()};
+}
+
+void ProgressIndicator::showPercentage(int percentage) {
+    if (percentage != m_percentage) {
+        m_percentage = percentage;
+        if (isVisible()) {
+            repaint();
+        }
+    }
+}
+
+void ProgressIndicator::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(0, height() / 2, width(), height() / 2);
+    painter.fillRect(pictureRect(), palette().highlight());
+}
+
+} // namespace shell

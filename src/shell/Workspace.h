@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/mdlArray.h"
+#include "editing/mdlCommon.h"
+#include "editing/mdlKey.h"
+#include "glyphs/mdlData.h"
+#include "shell/Settings.h"
+#include "shell/mdlFileMenu.h"
+
+namespace shell {
+
+/// Everything that the main window holds for the whole run.
+struct Workspace {
+    editing::Documents documents;
+    editing::PagePictures pictures;
+    editing::KeyMap keyMap = editing::DefaultKeyMap();
+    editing::EditClipboard editClipboard;
+    Settings settings; ///< the page in view and the editing modes among them
+    RecentMenus recent;
+    glyphs::CharSetRecord charSet;
+    glyphs::GlyphAtlas atlas;
+    glyphs::GlyphCode rightButtonGlyph = 5; ///< what a right press on a page's picture stamps
+    ui::Path rememberedConfig;              ///< configuration file last chosen; offered by the binding wizard
+    ui::Path rememberedScript;              ///< script last saved or chosen; likewise
+    ui::Path lastFolder;                    ///< where a script was last saved
+
+    [[nodiscard]] editing::Page page() const { return settings.page(); }
+};
+
+} // namespace shell

@@ -1,0 +1,228 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/frmVTM.h"
+
+#include "animation/AnimationPage.h"
+#include "animation/mdlAniName.h"
+#include "editing/DirectionPad.h"
+#include "editing/NamePage.h"
+#include "scripts/MessagesPage.h"
+#include "shell/GlyphButton.h"
+#include "shell/ProgressIndicator.h"
+#include "shell/TabPicture.h"
+#include "ui/qt/MarkerShape.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace shell {
+
+using editing::Page;
+
+namespace {
+
+constexpr int BlinkInterval = 500; // milliseconds
+constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messages};
+
+} // namespace
+
+frmVTM::frmVTM(ui::Platform& platform)
+    : m_platform(platform) {
+    setObjectName(QStringLiteral("frmVTM"));
+    setFocusPolicy(Qt::StrongFocus);
+    buildMenus();
+    buildToolbar();
+    buildCentre();
+    connectControls();
+    tmrCursor.setParent(this);
+    tmrCursor.setObjectName(QStringLiteral("tmrCursor"));
+    tmrCursor.start(BlinkInterval);
+    qApp->installEventFilter(this);
+}
+
+frmVTM::~frmVTM() = default;
+
+void frmVTM::connectControls() {
+    for (int i = 0; i < static_cast<int>(AllPages.size()); ++i) {
+        const Page page = AllPages[static_cast<std::size_t>(i)];
+        editing::PagePanel& shown = panel(page);
+        connect(&shown, &editing::PagePanel::userActed, this, [this, page] { switchPageFor(page); });
+        connect(&shown, &editing::PagePanel::cursorMoved, this, &frmVTM::updateCursorLabel);
+        connect(
+            &shown, &editing::PagePanel::picturePressed, this,
+            [this, page](int x, int y, Qt::MouseButton button) { PagePic_MouseDown(page, x, y, button); });
+        connect(picTab[static_cast<std::size_t>(i)], &TabPicture::pressed, this, [this, i] {
+            if (i != static_cast<int>(m_workspace.page())) {
+                mnuView_Click(i);
+            }
+        });
+    }
+    connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
+    connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
+        animation::PaintNamesFrom(context(), firstName);
+    });
+    connect(ImgGrid, &ui::qt::PictureWidget::pressed, this, &frmVTM::ImgGrid_MouseDown);
+    connect(ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &frmVTM::ImgGrid_MouseMove);
+    for (int i = 0; i < static_cast<int>(cmdFavorite.size()); ++i) {
+        connect(
+            cmdFavorite[static_cast<std::size_t>(i)], &GlyphButton::mouseDown, this,
+            [this, i](Qt::MouseButton button) { cmdFavorite_MouseDown(i, button); });
+    }
+    for (int i = 0; i < static_cast<int>(cmdFrequent.size()); ++i) {
+        connect(cmdFrequent[static_cast<std::size_t>(i)], &GlyphButton::mouseDown, this, [this, i] {
+            cmdFrequent_MouseDown(i);
+        });
+    }
+    connect(cmdCalcFrequent, &QToolButton::clicked, this, &frmVTM::cmdCalcFrequent_Click);
+    for (int i = 0; i < static_cast<int>(cmdKey.size()); ++i) {
+        // clicked, not toggled: a lock key sets the button too, and must not be set by it in turn.
+        connect(
+            cmdKey[static_cast<std::size_t>(i)], &QToolButton::clicked, this, [this, i] { cmdKey_Click(i); });
+    }
+    connect(imgDir, &editing::DirectionPad::arrow, this, &frmVTM::imgDir_Arrow);
+    connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
+}
+
+editing::PagePanel& frmVTM::panel(Page page) const {
+    switch (page) {
+    case Page::Animation:
+        return *m_animationPage;
+    case Page::Messages:
+        return *m_messagesPage;
+    case Page::Name:
+        break;
+    }
+    return *m_namePage;
+}
+
+editing::EditContext frmVTM::context() {
+    return {
+        m_workspace.documents, m_workspace.page(), m_workspace.settings.modes,  m_workspace.atlas,
+        m_workspace.pictures,  m_platform.sounds,  m_workspace.settings.sounds,
+    };
+}
+
+glyphs::Progress frmVTM::progress() {
+    return glyphs::Progress([this](int percentage) { picProgress->showPercentage(percentage); });
+}
+
+void frmVTM::showStatus(const std::string& text) {
+    statusBar()->showMessage(QString::fromStdString(text));
+}
+
+void frmVTM::Refresh() {
+    editing::PagePanel& shown = panel(m_workspace.page());
+    shown.syncScrollBars();
+    shown.refresh();
+    showDamage();
+    updateCursorLabel();
+    if (isActiveWindow()) {
+        setFocus();
+    }
+}
+
+void frmVTM::showDamage() {
+    for (const Page page : AllPages) {
+        panel(page).showDamage();
+    }
+}
+
+void frmVTM::updateCursorLabel() {
+    const editing::PageCursor cursor = editing::CursorOf(m_workspace.documents, m_workspace.page());
+    QString text = QString::number(cursor.column);
+    if (m_workspace.page() == Page::Animation) {
+        text += QLatin1Char(',') + QString::number(cursor.row);
+    }
+    lblCurPos->setText(text);
+}
+
+void frmVTM::switchPageFor(Page page) {
+    if (page != m_workspace.page()) {
+        mnuView_Click(static_cast<int>(page));
+    }
+}
+
+void frmVTM::mnuView_Click(int index) {
+    glyphs::PlaySoundResource(m_platform.sounds, m_workspace.settings.sounds, glyphs::PageSwitchedSound);
+    m_workspace.settings.makeType = static_cast<std::int16_t>(index);
+    for (std::size_t i = 0; i < picTab.size(); ++i) {
+        picTab[i]->setActive(static_cast<int>(i) == index);
+    }
+    m_pageActions.at(index)->setChecked(true);
+    m_pages->setCurrentIndex(index);
+    const std::array<QString, 3> titles{
+        QStringLiteral("Vortigo [Name]"), QStringLiteral("Vortigo [Animation]"),
+        QStringLiteral("Vortigo [Messages]")};
+    setWindowTitle(titles[static_cast<std::size_t>(index)]);
+    Refresh();
+}
+
+ui::Status frmVTM::SelectCharSet(int recordNumber) {
+    auto record = glyphs::ReadCharSetRecord(m_platform.files, m_platform.directory, recordNumber);
+    if (!record) {
+        return record.failure();
+    }
+    const auto artwork =
+        glyphs::LoadArtwork(m_platform.files, m_platform.directory, record.value().artworkSlot);
+    if (!artwork) {
+        return artwork.failure();
+    }
+    m_workspace.charSet = std::move(record).value();
+    m_workspace.atlas = glyphs::BuildAtlas(artwork.value(), m_workspace.settings.colours[BackgroundColour]);
+    ImgGrid->setPicture(&m_workspace.atlas.cells);
+    return {};
+}
+
+void frmVTM::applyColours() {
+    const auto& colours = m_workspace.settings.colours;
+    GridPosShape->setColour(QColor::fromRgb(colours[GridMarkerColour]));
+    m_namePage->setMarkerColour(colours[NameMarkerColour]);
+    m_animationPage->setMarkerColour(colours[AnimationMarkerColour]);
+    m_messagesPage->setMarkerColour(colours[MessagesMarkerColour]);
+}
+
+void frmVTM::applyCursors() {
+    const auto& cursors = m_workspace.settings.cursors;
+    ImgGrid->setPointer(cursors[GridCursor]);
+    m_namePage->setPointer(cursors[NameCursor]);
+    m_animationPage->setPointer(cursors[AnimationCursor]);
+    m_messagesPage->setPointer(cursors[MessagesCursor]);
+}
+
+void frmVTM::applyModes() {
+    const editing::Modes& modes = m_workspace.settings.modes;
+    const std::array<bool, 4> states{modes.typingColour, modes.insert, modes.upperCase, modes.numberPad};
+    constexpr std::array<ui::LockKey, 4> LockKeys{
+        ui::LockKey::Scroll, ui::LockKey::Insert, ui::LockKey::Caps, ui::LockKey::Num};
+    for (std::size_t i = 0; i < states.size(); ++i) {
+        cmdKey[i]->setChecked(states[i]);
+        m_platform.lockKeys.setLocked(LockKeys[i], states[i]);
+    }
+}
+
+void frmVTM::paintGlyphButtons() {
+    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
+        cmdFrequent[i]->setGlyph(m_workspace.atlas, m_workspace.settings.frequent[i]);
+    }
+    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
+        cmdFavorite[i]->setGlyph(m_workspace.atlas, m_workspace.settings.favourites[i]);
+    }
+}
+
+void frmVTM::tmrCursor_Timer() {
+    GridPosShape->toggleStyle();
+    panel(m_workspace.page()).blink();
+}
+
+void frmVTM::closeEvent(QCloseEvent* event) {
+    Form_Unload();
+    event->accept();
+}
+
+} // namespace shell

@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "animation/mdlAniScript.h"
+#include "shell/Workspace.h"
+#include "ui/KeyStroke.h"
+#include "ui/Platform.h"
+
+#include <QMainWindow>
+#include <QTimer>
+#include <array>
+#include <span>
+#include <string>
+#include <vector>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QPushButton;
+class QStackedWidget;
+class QToolBar;
+class QToolButton;
+
+namespace ui::qt {
+class MarkerShape;
+class PictureWidget;
+} // namespace ui::qt
+
+namespace editing {
+class DirectionPad;
+class NamePage;
+class PagePanel;
+} // namespace editing
+
+namespace animation {
+class AnimationPage;
+} // namespace animation
+
+namespace scripts {
+class MessagesPage;
+} // namespace scripts
+
+namespace shell {
+
+class GlyphButton;
+class OptionsModel;
+class ProgressIndicator;
+class TabPicture;
+
+/// The main window: menus, toolbar, the three pages, the glyph grid with its buttons. Its load is the
+/// program's start-up and its unload the shut-down.
+class frmVTM : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit frmVTM(ui::Platform& platform);
+    ~frmVTM() override;
+
+    /// The start-up sequence; ends with the window shown. `arguments`: without the program's
+    /// own name.
+    /// The failure says why the program cannot run.
+    ui::Status Form_Load(std::span<const std::string> arguments);
+
+    /// The shut-down: saves the settings if "saveatexit" says so. The second call does nothing.
+    void Form_Unload();
+
+    /// A key press; keys that mean nothing here are left to the window. Returns whether it was used.
+    bool Form_KeyDown(const ui::KeyStroke& stroke);
+
+    [[nodiscard]] Workspace& workspace() { return m_workspace; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct MenuCommand;
+    struct ToolCommand;
+    static const std::array<MenuCommand, 72> MenuCommands;
+    static const std::array<ToolCommand, 31> ToolCommands;
+
+    // Building the window
+    void buildMenus();
+    void buildToolbar();
+    [[nodiscard]] QMenu* menu(const char* name) const;
+    void buildCentre();
+    QWidget* buildGlyphColumn();
+    QWidget* buildPageColumn();
+    void connectControls();
+
+    // What every command ends with, and how pages are shown
+    void Refresh();
+    void showDamage();
+    void switchPageFor(editing::Page page);
+    [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
+    [[nodiscard]] editing::EditContext context();
+    [[nodiscard]] glyphs::Progress progress();
+    void showStatus(const std::string& text);
+    void updateCursorLabel();
+
+    // Start-up and files
+    ui::Status loadSettings();
+    void loadScript(
+        editing::Page kind, const ui::Path& path,
+        animation::OpenFailure openFailure = animation::OpenFailure::StatusLine);
+    void openRecent(editing::Page kind, int index);
+    void rebuildRecentMenus();
+    void scriptSaved(editing::Page kind, const ui::Path& path);
+    void offerBinding();
+    void saveNameToConfigFile();
+    void repaintPage(editing::Page page);
+    void format(editing::FormatOperation operation);
+    [[nodiscard]] ui::Path dialogFolder() const;
+
+    // Settings that show
+    ui::Status SelectCharSet(int recordNumber);
+    bool RefreshCharSet();
+    void applyOptions(const OptionsModel& model);
+    void applyColours();
+    void applyCursors();
+    void applyModes();
+    void paintGlyphButtons();
+
+    // Mouse and timers
+    void ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button);
+    void ImgGrid_MouseMove(QPoint pixel);
+    void PagePic_MouseDown(editing::Page page, int x, int y, Qt::MouseButton button);
+    void cmdKey_Click(int index);
+    void cmdFavorite_MouseDown(int index, Qt::MouseButton button);
+    void cmdFrequent_MouseDown(int index);
+    void cmdCalcFrequent_Click();
+    void cmdName_Click(int index);
+    void imgDir_Arrow(int virtualKey);
+    void tmrCursor_Timer();
+    void moveGridMarker(glyphs::GlyphCode code);
+    [[nodiscard]] glyphs::GlyphCode pickGlyph(glyphs::GlyphCode start);
+    void putGlyphWithMarker(glyphs::GlyphCode code);
+
+    // Menu and toolbar commands
+    void mnuNewName_Click();
+    void mnuNewAni_Click();
+    void mnuNewMessages_Click();
+    void mnuFileLoadNameFromScriptFile_Click();
+    void mnuFileLoadNameFromConfigFile_Click();
+    void mnuFileLoadAniFromScriptFile_Click();
+    void mnuFileLoadMessagesFromScriptFile_Click();
+    void mnuFileSaveName_Click(int index);
+    void mnuFileSaveAni_Click();
+    void mnuFileSaveMessage_Click();
+    void mnuRecentNameFiles_Click(int index);
+    void mnuRecentAniFiles_Click(int index);
+    void mnuRecentMacroFiles_Click(int index);
+    void mnuFileExit_Click();
+    void mnuEditCut_Click();
+    void mnuEditCopy_Click();
+    void mnuEditPaste_Click();
+    void mnuFormatAlignLeft_Click();
+    void mnuFormatAlignCenter_Click();
+    void mnuFormatAlignRight_Click();
+    void mnuFormatUpperToLowerCase_Click();
+    void mnuFormatLowerToUpperCase_Click();
+    void mnuFormatSwitchCase_Click();
+    void mnuFormatColor1ToColor2_Click();
+    void mnuFormatColor2ToColor1_Click();
+    void mnuFormatSwitchColor_Click();
+    void mnuFormatReverseCharacters_Click();
+    void mnuFormatReverseNameOrder_Click();
+    void mnuView_Click(int index);
+    void mnuToolsAnimationWizard_Click();
+    void mnuToolsAnimationViewer_Click();
+    void mnuToolsBindingWizard_Click();
+    void mnuToolsSettings_Click();
+    void mnuHelp_Click();
+    void mnuAboutVTM_Click();
+    void Toolbar1_ButtonClick(const QString& key);
+
+    ui::Platform& m_platform;
+    Workspace m_workspace;
+    bool m_isStartingUp = false;
+    bool m_isUnloaded = false;
+
+    std::vector<QMenu*> m_menus;
+    QList<QAction*> m_pageActions;
+    QToolBar* Toolbar1 = nullptr;
+    ui::qt::PictureWidget* ImgGrid = nullptr;
+    ui::qt::MarkerShape* GridPosShape = nullptr;
+    std::array<GlyphButton*, 5> cmdFavorite{};
+    std::array<GlyphButton*, 3> cmdFrequent{};
+    QToolButton* cmdCalcFrequent = nullptr;
+    std::array<QToolButton*, 4> cmdKey{};
+    editing::DirectionPad* imgDir = nullptr;
+    QLabel* lblCurPos = nullptr;
+    std::array<TabPicture*, 3> picTab{};
+    QStackedWidget* m_pages = nullptr;
+    editing::NamePage* m_namePage = nullptr;
+    animation::AnimationPage* m_animationPage = nullptr;
+    scripts::MessagesPage* m_messagesPage = nullptr;
+    ProgressIndicator* picProgress = nullptr;
+    QTimer tmrCursor;
+};
+
+} // namespace shell

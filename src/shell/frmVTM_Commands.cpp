@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/PagePanel.h"
+#include "scripts/frmBindWiz.h"
+#include "scripts/frmSaveMessages.h"
+#include "shell/frmAbout.h"
+#include "shell/frmOptions.h"
+#include "shell/frmVTM.h"
+#include "shell/mdlLaunch.h"
+
+namespace shell {
+
+using editing::FormatOperation;
+using editing::Page;
+
+void frmVTM::format(FormatOperation operation) {
+    const Settings& settings = m_workspace.settings;
+    const editing::FormatSettings formatSettings{
+        .asksForNames = settings.promptNames,
+        .asksForMessages = settings.promptMessages,
+        .caseChoice = settings.letterChoice(),
+    };
+    glyphs::Progress shown = progress();
+    editing::FormatPage(context(), m_platform.dialogs, formatSettings, shown, operation);
+    Refresh();
+}
+
+void frmVTM::mnuFormatAlignLeft_Click() {
+    format(FormatOperation::AlignLeft);
+}
+
+void frmVTM::mnuFormatAlignCenter_Click() {
+    format(FormatOperation::AlignCenter);
+}
+
+void frmVTM::mnuFormatAlignRight_Click() {
+    format(FormatOperation::AlignRight);
+}
+
+void frmVTM::mnuFormatUpperToLowerCase_Click() {
+    format(FormatOperation::ToLowerCase);
+}
+
+void frmVTM::mnuFormatLowerToUpperCase_Click() {
+    format(FormatOperation::ToUpperCase);
+}
+
+void frmVTM::mnuFormatSwitchCase_Click() {
+    format(FormatOperation::SwitchCase);
+}
+
+void frmVTM::mnuFormatColor1ToColor2_Click() {
+    format(FormatOperation::Color1ToColor2);
+}
+
+void frmVTM::mnuFormatColor2ToColor1_Click() {
+    format(FormatOperation::Color2ToColor1);
+}
+
+void frmVTM::mnuFormatSwitchColor_Click() {
+    format(FormatOperation::SwitchColor);
+}
+
+void frmVTM::mnuFormatReverseCharacters_Click() {
+    format(FormatOperation::ReverseCharacters);
+}
+
+void frmVTM::mnuFormatReverseNameOrder_Click() {
+    glyphs::Progress shown = progress();
+    editing::ReverseNameOrder(context(), shown);
+    Refresh();
+}
+
+void frmVTM::mnuEditCopy_Click() {
+    editing::CopyRow(context(), m_workspace.editClipboard);
+    Refresh();
+}
+
+void frmVTM::mnuEditCut_Click() {
+    editing::CutRow(context(), m_workspace.editClipboard);
+    Refresh();
+}
+
+void frmVTM::mnuEditPaste_Click() {
+    editing::PasteRow(context(), m_workspace.editClipboard);
+    Refresh();
+}
+
+void frmVTM::mnuToolsAnimationWizard_Click() {
+    Refresh();
+}
+
+void frmVTM::mnuToolsAnimationViewer_Click() {
+    Refresh();
+}
+
+void frmVTM::mnuToolsBindingWizard_Click() {
+    scripts::frmBindWiz wizard(
+        m_platform.dialogs, m_platform.files, m_platform.directory,
+        {m_workspace.rememberedConfig, m_workspace.rememberedScript}, this);
+    wizard.exec();
+    m_workspace.rememberedConfig = wizard.remembered().config;
+    m_workspace.rememberedScript = wizard.remembered().script;
+    showStatus(wizard.statusText());
+    Refresh();
+}
+
+void frmVTM::mnuFileSaveMessage_Click() {
+    switchPageFor(Page::Messages);
+    scripts::frmSaveMessages wizard(
+        m_platform.dialogs, m_platform.files, m_workspace.documents.messages, this);
+    wizard.exec();
+    if (wizard.savedPath()) {
+        scriptSaved(Page::Messages, *wizard.savedPath());
+    }
+    Refresh();
+}
+
+void frmVTM::mnuToolsSettings_Click() {
+    frmOptions options(
+        m_platform, m_workspace.settings, m_workspace.charSet, m_workspace.atlas, m_workspace.keyMap,
+        [this](glyphs::GlyphCode start) { return pickGlyph(start); }, this);
+    if (options.exec() == QDialog::Accepted) {
+        applyOptions(options.model());
+    }
+    Refresh();
+}
+
+void frmVTM::applyOptions(const OptionsModel& model) {
+    const glyphs::CharSetRecord before = m_workspace.charSet;
+    const AppliedOptions applied = model.applyTo(m_workspace.settings, m_workspace.charSet);
+    if (applied.colours) {
+        applyColours();
+    }
+    if (applied.cursors) {
+        applyCursors();
+    }
+    if (applied.glyphs && !RefreshCharSet()) {
+        m_workspace.charSet = before;
+        m_workspace.settings.grid = before.listIndex;
+    }
+    if (applied.keyMap) {
+        if (const ui::Status written =
+                editing::WriteKeyMap(m_platform.files, m_platform.directory, m_workspace.keyMap);
+            !written) {
+            m_platform.dialogs.warn(written.failure().message);
+        }
+    }
+}
+
+bool frmVTM::RefreshCharSet() {
+    if (const ui::Status selected = SelectCharSet(m_workspace.charSet.listIndex + 1); !selected) {
+        m_platform.dialogs.warn(selected.failure().message);
+        return false;
+    }
+    paintGlyphButtons();
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        repaintPage(page);
+    }
+    return true;
+}
+
+void frmVTM::mnuAboutVTM_Click() {
+    frmAbout(m_platform, m_workspace.atlas, this).exec();
+    Refresh();
+}
+
+void frmVTM::mnuHelp_Click() {
+    ShowHelp(m_platform);
+    Refresh();
+}
+
+} // namespace shell

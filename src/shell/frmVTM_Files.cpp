@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/mdlAniScript.h"
+#include "editing/PagePanel.h"
+#include "scripts/mdlConfig.h"
+#include "scripts/mdlMacro.h"
+#include "scripts/mdlName.h"
+#include "shell/frmVTM.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+
+namespace shell {
+
+using editing::Page;
+
+ui::Path frmVTM::dialogFolder() const {
+    if (m_platform.directory.writable()) {
+        return m_platform.directory.folder();
+    }
+    if (!m_workspace.lastFolder.empty()) {
+        return m_workspace.lastFolder;
+    }
+    return QFile::encodeName(QDir::homePath()).toStdString();
+}
+
+void frmVTM::repaintPage(Page page) {
+    glyphs::Progress shown = progress();
+    switch (page) {
+    case Page::Name:
+        editing::PaintNamePage(context(), shown);
+        break;
+    case Page::Animation:
+        editing::PaintAnimationPage(context(), shown);
+        break;
+    case Page::Messages:
+        editing::PaintMessagePage(context(), shown);
+        break;
+    }
+    showDamage();
+}
+
+void frmVTM::mnuNewName_Click() {
+    switchPageFor(Page::Name);
+    editing::ClearName(m_workspace.documents.name);
+    repaintPage(Page::Name);
+    Refresh();
+}
+
+void frmVTM::mnuNewAni_Click() {
+    switchPageFor(Page::Animation);
+    editing::NewAnimation(m_workspace.documents.animation);
+    repaintPage(Page::Animation);
+    Refresh();
+}
+
+void frmVTM::mnuNewMessages_Click() {
+    switchPageFor(Page::Messages);
+    editing::ClearMessages(m_workspace.documents.messages);
+    repaintPage(Page::Messages);
+    Refresh();
+}
+
+void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure openFailure) {
+    const auto repaint = [this, kind] {
+        repaintPage(kind);
+        panel(kind).syncScrollBars();
+        panel(kind).refresh();
+    };
+    switch (kind) {
+    case Page::Name: {
+        const auto outcome = scripts::LoadNameScript(
+            m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.name, repaint);
+        showStatus(outcome.reason);
+        break;
+    }
+    case Page::Animation: {
+        const auto outcome = animation::ReadAnimationScript(
+            m_workspace.documents.animation, path, m_isStartingUp, openFailure, repaint, m_platform.dialogs,
+            m_platform.files);
+        showStatus(outcome.statusText);
+        break;
+    }
+    case Page::Messages: {
+        const auto outcome = scripts::LoadMessageScript(
+            m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.messages,
+            repaint);
+        showStatus(outcome.reason);
+        break;
+    }
+    }
+}
+
+void frmVTM::mnuFileLoadNameFromScriptFile_Click() {
+    if (const auto path = scripts::ChooseNameScript(m_platform.dialogs)) {
+        switchPageFor(Page::Name);
+        loadScript(Page::Name, *path);
+    }
+    Refresh();
+}
+
+void frmVTM::mnuFileLoadNameFromConfigFile_Click() {
+    if (const auto path = scripts::ChooseConfigToLoad(m_platform.dialogs)) {
+        switchPageFor(Page::Name);
+        m_workspace.rememberedConfig = *path;
+        const auto outcome = scripts::LoadNameFromConfig(
+            m_platform.dialogs, m_platform.files, *path, m_workspace.documents.name,
+            [this] { repaintPage(Page::Name); });
+        showStatus(outcome.reason);
+    }
+    Refresh();
+}
+
+void frmVTM::saveNameToConfigFile() {
+    if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs)) {
+        m_workspace.rememberedConfig = *path;
+        const auto outcome = scripts::SaveNameToConfig(
+            m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);
+        showStatus(outcome.statusText);
+    }
+}
+
+void frmVTM::mnuFileLoadAniFromScriptFile_Click() {
+    if (const auto path =
+            m_platform.dialogs.chooseFileToOpen(animation::AnimationOpenRequest(dialogFolder()))) {
+        switchPageFor(Page::Animation);
+        loadScript(Page::Animation, *path);
+    }
+    Refresh();
+}
+
+void frmVTM::mnuFileLoadMessagesFromScriptFile_Click() {
+    if (const auto path = scripts::ChooseMessageScript(m_platform.dialogs)) {
+        switchPageFor(Page::Messages);
+        loadScript(Page::Messages, *path);
+    }
+    Refresh();
+}
+
+void frmVTM::scriptSaved(Page kind, const ui::Path& path) {
+    m_workspace.rememberedScript = path;
+    m_workspace.lastFolder = path.parent_path();
+    if (const ui::Status added = AddRecentIfNew(m_workspace.recent, m_platform.settings, path.native(), kind);
+        !added) {
+        showStatus(added.failure().message);
+    }
+    rebuildRecentMenus();
+}
+
+void frmVTM::offerBinding() {
+    if (m_workspace.settings.bindPrompt && scripts::AskToBind(m_platform.dialogs)) {
+        mnuToolsBindingWizard_Click();
+    }
+}
+
+void frmVTM::mnuFileSaveName_Click(int index) {
+    switch (index) {
+    case 0: {
+        const auto outcome = scripts::SaveNameScript(
+            m_platform.dialogs, m_platform.files, dialogFolder(), m_workspace.documents.name);
+        if (outcome.kind == scripts::SaveOutcome::Kind::Written) {
+            scriptSaved(Page::Name, outcome.path);
+        }
+        if (scripts::OffersBinding(outcome)) {
+            offerBinding();
+        }
+        break;
+    }
+    case 1:
+        saveNameToConfigFile();
+        break;
+    default:
+        scripts::CopyNameToClipboard(m_platform.clipboard, m_platform.dialogs, m_workspace.documents.name);
+    }
+    Refresh();
+}
+
+void frmVTM::mnuFileSaveAni_Click() {
+    const auto path = m_platform.dialogs.chooseFileToSave(animation::AnimationSaveRequest(dialogFolder()));
+    bool failed = false;
+    if (path) {
+        switchPageFor(Page::Animation);
+        const auto outcome = animation::WriteAnimationScript(
+            m_workspace.documents.animation, *path, m_platform.dialogs, m_platform.files);
+        showStatus(outcome.statusText);
+        failed = !outcome.written;
+        if (outcome.written) {
+            scriptSaved(Page::Animation, *path);
+        }
+    }
+    if (!failed) {
+        offerBinding();
+    }
+    Refresh();
+}
+
+void frmVTM::rebuildRecentMenus() {
+    LoadRecentMenus(m_workspace.recent, m_platform.settings);
+
+    struct Group {
+        Page kind;
+        const char* heading;
+        const char* entry;
+    };
+
+    constexpr std::array<Group, 3> Groups{{
+        {Page::Name, "mnuFileRecentName", "mnuRecentNameFiles"},
+        {Page::Animation, "mnuFileRecentAni", "mnuRecentAniFiles"},
+        {Page::Messages, "mnuFileRecentMacro", "mnuRecentMacroFiles"},
+    }};
+    for (const Group& group : Groups) {
+        const std::vector<std::string>& paths = m_workspace.recent.of(group.kind);
+        QMenu* heading = menu(group.heading);
+        heading->menuAction()->setVisible(!paths.empty());
+        const QList<QAction*> entries = heading->actions();
+        for (int i = 0; i < entries.size(); ++i) {
+            const bool isUsed = static_cast<std::size_t>(i) < paths.size();
+            entries[i]->setVisible(isUsed);
+            if (isUsed) {
+                // An ampersand in a path is no mnemonic.
+                entries[i]->setText(QString::fromStdString(paths[static_cast<std::size_t>(i)])
+                                        .replace(QLatin1Char('&'), QLatin1String("&&")));
+            }
+        }
+    }
+}
+
+void frmVTM::openRecent(Page kind, int index) {
+    const std::vector<std::string>& paths = m_workspace.recent.of(kind);
+    if (static_cast<std::size_t>(index) < paths.size()) {
+        loadScript(kind, paths[static_cast<std::size_t>(index)], animation::OpenFailure::MessageBox);
+        mnuView_Click(static_cast<int>(kind));
+    }
+}
+
+void frmVTM::mnuRecentNameFiles_Click(int index) {
+    openRecent(Page::Name, index);
+}
+
+void frmVTM::mnuRecentAniFiles_Click(int index) {
+    openRecent(Page::Animation, index);
+}
+
+void frmVTM::mnuRecentMacroFiles_Click(int index) {
+    openRecent(Page::Messages, index);
+}
+
+void frmVTM::mnuFileExit_Click() {
+    close();
+}
+
+} // namespace shell

@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/mdlAniName.h"
+#include "editing/DirectionPad.h"
+#include "editing/frmGetChar.h"
+#include "editing/mdlPick.h"
+#include "glyphs/mdlSwitches.h"
+#include "shell/GlyphButton.h"
+#include "shell/frmVTM.h"
+#include "ui/qt/KeyTranslation.h"
+#include "ui/qt/MarkerShape.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QToolButton>
+
+namespace shell {
+
+using editing::Page;
+using glyphs::GlyphCode;
+
+namespace {
+
+/// Visits every kind of key action with its own function.
+template <class... Functions>
+struct Overloaded : Functions... {
+    using Functions::operator()...;
+};
+
+/// Widgets that have keys of their own while they are in use: an open menu, an unfolded list.
+bool KeepsItsKeys(const QWidget* widget) {
+    return QApplication::activePopupWidget() != nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr;
+}
+
+/// The glyph under a pixel of the glyph grid; -1 outside it.
+int GlyphAt(QPoint pixel) {
+    return glyphs::GridHitTest(pixel.x() * glyphs::TwipsPerPixel, pixel.y() * glyphs::TwipsPerPixel);
+}
+
+} // namespace
+
+bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget)) {
+            return Form_KeyDown(ui::qt::TranslateKey(*static_cast<QKeyEvent*>(event)));
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
+    using namespace editing;
+    const NumberPadRule numberPad =
+        m_platform.lockKeys.canLock(ui::LockKey::Num) ? NumberPadRule::Desktop : NumberPadRule::Mode;
+    const KeyAction action = RouteKey(stroke, m_workspace.settings.modes, m_workspace.keyMap, numberPad);
+    std::visit(
+        Overloaded{
+            [](std::monostate) {},
+            [this](const NameListAction& list) { cmdName_Click(list.index); },
+            [this](const NavigationAction& navigation) {
+                NavigateKey(context(), navigation.virtualKey);
+                imgDir->showKey(navigation.virtualKey);
+                Refresh();
+            },
+            [this](const ModeAction& mode) {
+                if (const auto index = ToggleModeKey(m_workspace.settings.modes, mode.virtualKey)) {
+                    const bool isOn = m_workspace.settings.modes.*ModeKeys[*index].flag;
+                    cmdKey[*index]->setChecked(isOn);
+                }
+            },
+            [this](const GlyphAction& glyph) { putGlyphWithMarker(glyph.code); },
+        },
+        action);
+    // Alt opens menus, so its keys go on to the window even though they mean nothing here.
+    return !stroke.isAlt && stroke.virtualKey != KeyAlt;
+}
+
+void frmVTM::putGlyphWithMarker(GlyphCode code) {
+    if (editing::PutGlyph(context(), code)) {
+        moveGridMarker(code);
+    }
+    Refresh();
+}
+
+void frmVTM::moveGridMarker(GlyphCode code) {
+    const glyphs::GridMarker marker = glyphs::ShowGridMarker(code);
+    GridPosShape->setVisible(marker.visible);
+    if (marker.visible) {
+        GridPosShape->move(marker.left / glyphs::TwipsPerPixel, marker.top / glyphs::TwipsPerPixel);
+    }
+}
+
+void frmVTM::ImgGrid_MouseMove(QPoint pixel) {
+    const int code = GlyphAt(pixel);
+    if (code >= 0) {
+        moveGridMarker(static_cast<GlyphCode>(code));
+    }
+}
+
+void frmVTM::ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button) {
+    const int hit = GlyphAt(pixel);
+    const GlyphCode code = hit < 0 ? GlyphCode{0} : glyphs::FilterPickedGlyph(static_cast<GlyphCode>(hit));
+    if (code == 0) {
+        return;
+    }
+    if (button == Qt::LeftButton) {
+        putGlyphWithMarker(code);
+    } else if (button == Qt::RightButton) {
+        m_workspace.rightButtonGlyph = code;
+        Refresh();
+    }
+}
+
+void frmVTM::PagePic_MouseDown(Page page, int x, int y, Qt::MouseButton button) {
+    switchPageFor(page);
+    editing::PageCursor cursor = editing::CursorOf(m_workspace.documents, page);
+    editing::PlaceCursor(cursor, x, y);
+    if (button == Qt::RightButton) {
+        editing::PutGlyph(context(), m_workspace.rightButtonGlyph);
+    }
+    Refresh();
+}
+
+void frmVTM::cmdKey_Click(int index) {
+    const auto& mode = editing::ModeKeys[static_cast<std::size_t>(index)];
+    const bool isOn = cmdKey[static_cast<std::size_t>(index)]->isChecked();
+    m_workspace.settings.modes.*mode.flag = isOn;
+    m_platform.lockKeys.setLocked(mode.lock, isOn);
+    Refresh();
+}
+
+GlyphCode frmVTM::pickGlyph(GlyphCode start) {
+    return editing::PickGlyph(
+        start, m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour],
+        QApplication::activeWindow());
+}
+
+void frmVTM::cmdFavorite_MouseDown(int index, Qt::MouseButton button) {
+    GlyphCode& favourite = m_workspace.settings.favourites[static_cast<std::size_t>(index)];
+    GlyphButton* shown = cmdFavorite[static_cast<std::size_t>(index)];
+    if (button == Qt::LeftButton) {
+        putGlyphWithMarker(favourite);
+    } else if (button == Qt::RightButton) {
+        favourite = pickGlyph(favourite);
+        shown->setGlyph(m_workspace.atlas, favourite);
+        m_platform.clipboard.setPicture(shown->picture());
+    }
+    Refresh();
+}
+
+void frmVTM::cmdFrequent_MouseDown(int index) {
+    putGlyphWithMarker(m_workspace.settings.frequent[static_cast<std::size_t>(index)]);
+}
+
+void frmVTM::cmdCalcFrequent_Click() {
+    m_workspace.settings.frequent = editing::FrequentGlyphs(m_workspace.documents);
+    paintGlyphButtons();
+    Refresh();
+}
+
+void frmVTM::cmdName_Click(int index) {
+    switchPageFor(Page::Animation);
+    constexpr std::array<void (*)(const editing::EditContext&), 4> Operations{
+        animation::InsertName, animation::DeleteName, animation::MoveNameUp, animation::MoveNameDown};
+    Operations[static_cast<std::size_t>(index)](context());
+    Refresh();
+}
+
+void frmVTM::imgDir_Arrow(int virtualKey) {
+    editing::NavigateKey(context(), virtualKey);
+    Refresh();
+}
+
+} // namespace shell

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/AnimationPage.h"
+#include "editing/DirectionPad.h"
+#include "editing/NamePage.h"
+#include "scripts/MessagesPage.h"
+#include "shell/GlyphButton.h"
+#include "shell/ProgressIndicator.h"
+#include "shell/TabPicture.h"
+#include "shell/frmVTM.h"
+#include "ui/qt/MarkerShape.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace shell {
+
+namespace {
+
+constexpr int Margin = 12;
+constexpr int Spacing = 8;
+
+struct ModeKey {
+    const char* caption;
+    const char* tooltip;
+};
+
+constexpr std::array<ModeKey, 4> ModeKeys{{
+    {"Color 2", "Type glyphs in color 2 (Scroll Lock)"},
+    {"Insert", "Insert glyphs before the cursor instead of overwriting (Insert)"},
+    {"Caps", "Type the shifted glyph of every key (Caps Lock)"},
+    {"Num Pad", "The number pad types digits instead of moving the cursor (Num Lock)"},
+}};
+
+QString Member(const char* name, std::size_t index) {
+    return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
+}
+
+QLabel* Heading(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+} // namespace
+
+QWidget* frmVTM::buildGlyphColumn() {
+    auto* column = new QWidget(this);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Spacing);
+
+    auto* frame = new QFrame(column);
+    frame->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    auto* frameLayout = new QVBoxLayout(frame);
+    frameLayout->setContentsMargins(0, 0, 0, 0);
+    ImgGrid = new ui::qt::PictureWidget(frame);
+    ImgGrid->setObjectName(QStringLiteral("ImgGrid"));
+    ImgGrid->setAccessibleName(tr("Glyph grid"));
+    ImgGrid->setFixedSize(glyphs::AtlasSide, glyphs::AtlasSide);
+    ImgGrid->setHoverTracking(true);
+    GridPosShape = new ui::qt::MarkerShape(ImgGrid);
+    GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
+    frameLayout->addWidget(ImgGrid);
+    layout->addWidget(frame);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(2);
+    auto* favourites = new QVBoxLayout;
+    favourites->setSpacing(3);
+    favourites->addWidget(Heading(tr("Favorites"), column));
+    auto* favouriteRow = new QHBoxLayout;
+    favouriteRow->setSpacing(2);
+    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
+        cmdFavorite[i] = new GlyphButton(column);
+        cmdFavorite[i]->setObjectName(Member("cmdFavorite", i));
+        cmdFavorite[i]->setAccessibleName(tr("Favorite glyph %1").arg(i + 1));
+        cmdFavorite[i]->setToolTip(tr("Click to place this character, Right click to change"));
+        favouriteRow->addWidget(cmdFavorite[i]);
+    }
+    favourites->addLayout(favouriteRow);
+    auto* frequents = new QVBoxLayout;
+    frequents->setSpacing(3);
+    frequents->addWidget(Heading(tr("Frequent"), column));
+    auto* frequentRow = new QHBoxLayout;
+    frequentRow->setSpacing(2);
+    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
+        cmdFrequent[i] = new GlyphButton(column);
+        cmdFrequent[i]->setObjectName(Member("cmdFrequent", i));
+        cmdFrequent[i]->setAccessibleName(tr("Frequent glyph %1").arg(i + 1));
+        cmdFrequent[i]->setToolTip(tr("Click to place this character"));
+        frequentRow->addWidget(cmdFrequent[i]);
+    }
+    // The arrow is a letter of every font: no theme has to be asked for an icon.
+    cmdCalcFrequent = new QToolButton(column);
+    cmdCalcFrequent->setObjectName(QStringLiteral("cmdCalcFrequent"));
+    cmdCalcFrequent->setAccessibleName(tr("Calculate frequent glyphs"));
+    cmdCalcFrequent->setToolTip(tr("Click here to calculate your most frequent characters"));
+    cmdCalcFrequent->setText(QStringLiteral("\u03A3"));
+    cmdCalcFrequent->setFocusPolicy(Qt::NoFocus);
+    cmdCalcFrequent->setFixedSize(
+        cmdFrequent[0]->sizeHint().width() - 6, cmdFrequent[0]->sizeHint().height());
+    frequentRow->addWidget(cmdCalcFrequent);
+    frequents->addLayout(frequentRow);
+    buttons->addLayout(favourites);
+    buttons->addStretch(1);
+    buttons->addLayout(frequents);
+    layout->addLayout(buttons);
+
+    auto* modeRow = new QHBoxLayout;
+    modeRow->setSpacing(2);
+    for (std::size_t i = 0; i < cmdKey.size(); ++i) {
+        cmdKey[i] = new QToolButton(column);
+        cmdKey[i]->setObjectName(Member("cmdKey", i));
+        cmdKey[i]->setText(tr(ModeKeys[i].caption));
+        cmdKey[i]->setToolTip(tr(ModeKeys[i].tooltip));
+        cmdKey[i]->setCheckable(true);
+        cmdKey[i]->setFocusPolicy(Qt::NoFocus);
+        cmdKey[i]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        modeRow->addWidget(cmdKey[i]);
+    }
+    layout->addWidget(Heading(tr("Typing"), column));
+    layout->addLayout(modeRow);
+    layout->addStretch(1);
+    return column;
+}
+
+QWidget* frmVTM::buildPageColumn() {
+    auto* column = new QWidget(this);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+
+    auto* tabs = new QHBoxLayout;
+    tabs->setSpacing(2);
+    const std::array<QString, 3> captions{tr("Name"), tr("Animation"), tr("Messages")};
+    for (std::size_t i = 0; i < picTab.size(); ++i) {
+        picTab[i] = new TabPicture(captions[i], column);
+        picTab[i]->setObjectName(Member("picTab", i));
+        tabs->addWidget(picTab[i]);
+    }
+    layout->addLayout(tabs);
+
+    m_namePage = new editing::NamePage(m_workspace.documents.name, m_workspace.pictures.name, this);
+    m_animationPage =
+        new animation::AnimationPage(m_workspace.documents.animation, m_workspace.pictures.animation, this);
+    m_messagesPage =
+        new scripts::MessagesPage(m_workspace.documents.messages, m_workspace.pictures.messages, this);
+    m_pages = new QStackedWidget(column);
+    m_pages->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    m_pages->addWidget(m_namePage);
+    m_pages->addWidget(m_animationPage);
+    m_pages->addWidget(m_messagesPage);
+    layout->addWidget(m_pages, 1);
+    layout->addSpacing(Spacing);
+
+    auto* cursorRow = new QHBoxLayout;
+    imgDir = new editing::DirectionPad(column);
+    imgDir->setObjectName(QStringLiteral("imgDir"));
+    lblCurPos = new QLabel(column);
+    lblCurPos->setObjectName(QStringLiteral("lblCurPos"));
+    lblCurPos->setAccessibleName(tr("Cursor position"));
+    lblCurPos->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("15,90")));
+    cursorRow->addWidget(imgDir);
+    cursorRow->addSpacing(Spacing);
+    cursorRow->addWidget(Heading(tr("Cursor"), column));
+    cursorRow->addSpacing(Spacing);
+    cursorRow->addWidget(lblCurPos);
+    cursorRow->addStretch(1);
+    layout->addLayout(cursorRow);
+    return column;
+}
+
+void frmVTM::buildCentre() {
+    auto* centre = new QWidget(this);
+    auto* layout = new QHBoxLayout(centre);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
+    layout->setSpacing(Margin);
+    layout->addWidget(buildGlyphColumn());
+    layout->addWidget(buildPageColumn(), 1);
+    setCentralWidget(centre);
+
+    picProgress = new ProgressIndicator(this);
+    statusBar()->addPermanentWidget(picProgress);
+    statusBar()->setSizeGripEnabled(false);
+    // No toolbar button hides behind an arrow.
+    setMinimumWidth(Toolbar1->sizeHint().width());
+}
+
+} // namespace shell

@@ -1,0 +1,439 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/frmVTM.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QIcon>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+
+namespace shell {
+
+namespace {
+
+constexpr int IconSide = 24;
+
+/// The picture of a toolbar button for plain and for scaled screens.
+QIcon ToolIcon(const QString& key) {
+    QIcon icon;
+    icon.addFile(QStringLiteral(":/icons/%1.png").arg(key));
+    icon.addFile(QStringLiteral(":/icons/%1@2x.png").arg(key));
+    return icon;
+}
+
+} // namespace
+
+/// An entry of a menu. Without an action it is a submenu; without a caption it is a separator.
+struct frmVTM::MenuCommand {
+    const char* menu; ///< objectName of the menu that it stands in; empty: the menu bar
+    const char* name; ///< objectName
+    const char* caption;
+    void (*run)(frmVTM&);
+};
+
+/// A button of the toolbar. Its action carries the key as objectName. Without a key it is a separator.
+struct frmVTM::ToolCommand {
+    const char* key;
+    const char* tooltip;
+    const char* menu; ///< objectName of the submenu that the button pops up, or nullptr
+    void (*run)(frmVTM&);
+};
+
+const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
+    {"", "mnuFile", "&File", nullptr},
+    {"mnuFile", "mnuFileNew", "&New", nullptr},
+    {"mnuFileNew", "mnuNewName", "&Name",
+     [](frmVTM& w) {
+         w.mnuNewName_Click();
+     }},
+    {"mnuFileNew", "mnuNewAni", "&Animation",
+     [](frmVTM& w) {
+         w.mnuNewAni_Click();
+     }},
+    {"mnuFileNew", "mnuNewMessages", "&Messages",
+     [](frmVTM& w) {
+         w.mnuNewMessages_Click();
+     }},
+    {"mnuFile", "mnuLoad", "&Load", nullptr},
+    {"mnuLoad", "mnuLoadName", "&Name", nullptr},
+    {"mnuLoadName", "mnuFileLoadNameFromScriptFile", "From &Script File",
+     [](frmVTM& w) {
+         w.mnuFileLoadNameFromScriptFile_Click();
+     }},
+    {"mnuLoadName", "mnuFileLoadNameFromConfigFile", "From &Config File",
+     [](frmVTM& w) {
+         w.mnuFileLoadNameFromConfigFile_Click();
+     }},
+    {"mnuLoad", "mnuLoadAni", "&Animation", nullptr},
+    {"mnuLoadAni", "mnuFileLoadAniFromScriptFile", "From &Script File",
+     [](frmVTM& w) {
+         w.mnuFileLoadAniFromScriptFile_Click();
+     }},
+    {"mnuLoad", "mnuLoadMessages", "&Messages", nullptr},
+    {"mnuLoadMessages", "mnuFileLoadMessagesFromScriptFile", "From &Script File",
+     [](frmVTM& w) {
+         w.mnuFileLoadMessagesFromScriptFile_Click();
+     }},
+    {"mnuFile", "mnuSave", "&Save", nullptr},
+    {"mnuSave", "mnuSaveName", "&Name", nullptr},
+    {"mnuSaveName", "mnuFileSaveName_0", "To &Script File",
+     [](frmVTM& w) {
+         w.mnuFileSaveName_Click(0);
+     }},
+    {"mnuSaveName", "mnuFileSaveName_1", "To A &Config File",
+     [](frmVTM& w) {
+         w.mnuFileSaveName_Click(1);
+     }},
+    {"mnuSaveName", "mnuFileSaveName_2", "To Clip&board",
+     [](frmVTM& w) {
+         w.mnuFileSaveName_Click(2);
+     }},
+    {"mnuSave", "mnuSaveAni", "&Animation", nullptr},
+    {"mnuSaveAni", "mnuFileSaveAni_0", "To &Script File",
+     [](frmVTM& w) {
+         w.mnuFileSaveAni_Click();
+     }},
+    {"mnuSave", "mnuSaveMessages", "&Messages", nullptr},
+    {"mnuSaveMessages", "mnuFileSaveMessage", "To &Script File",
+     [](frmVTM& w) {
+         w.mnuFileSaveMessage_Click();
+     }},
+    {"mnuFile", nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuFileRecentName", "&Recent Name", nullptr},
+    {"mnuFileRecentName", "mnuRecentNameFiles_0", "",
+     [](frmVTM& w) {
+         w.mnuRecentNameFiles_Click(0);
+     }},
+    {"mnuFileRecentName", "mnuRecentNameFiles_1", "",
+     [](frmVTM& w) {
+         w.mnuRecentNameFiles_Click(1);
+     }},
+    {"mnuFileRecentName", "mnuRecentNameFiles_2", "",
+     [](frmVTM& w) {
+         w.mnuRecentNameFiles_Click(2);
+     }},
+    {"mnuFileRecentName", "mnuRecentNameFiles_3", "",
+     [](frmVTM& w) {
+         w.mnuRecentNameFiles_Click(3);
+     }},
+    {"mnuFile", "mnuFileRecentAni", "Recent &Animation", nullptr},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_0", "",
+     [](frmVTM& w) {
+         w.mnuRecentAniFiles_Click(0);
+     }},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_1", "",
+     [](frmVTM& w) {
+         w.mnuRecentAniFiles_Click(1);
+     }},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_2", "",
+     [](frmVTM& w) {
+         w.mnuRecentAniFiles_Click(2);
+     }},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_3", "",
+     [](frmVTM& w) {
+         w.mnuRecentAniFiles_Click(3);
+     }},
+    {"mnuFile", "mnuFileRecentMacro", "Recent &Macro", nullptr},
+    {"mnuFileRecentMacro", "mnuRecentMacroFiles_0", "",
+     [](frmVTM& w) {
+         w.mnuRecentMacroFiles_Click(0);
+     }},
+    {"mnuFileRecentMacro", "mnuRecentMacroFiles_1", "",
+     [](frmVTM& w) {
+         w.mnuRecentMacroFiles_Click(1);
+     }},
+    {"mnuFileRecentMacro", "mnuRecentMacroFiles_2", "",
+     [](frmVTM& w) {
+         w.mnuRecentMacroFiles_Click(2);
+     }},
+    {"mnuFileRecentMacro", "mnuRecentMacroFiles_3", "",
+     [](frmVTM& w) {
+         w.mnuRecentMacroFiles_Click(3);
+     }},
+    {"mnuFile", nullptr, nullptr, nullptr},
+    {"mnuFile", "mnuFileExit", "E&xit",
+     [](frmVTM& w) {
+         w.mnuFileExit_Click();
+     }},
+    {"", "mnuEdit", "&Edit", nullptr},
+    {"mnuEdit", "mnuEditCut", "Cu&t",
+     [](frmVTM& w) {
+         w.mnuEditCut_Click();
+     }},
+    {"mnuEdit", "mnuEditCopy", "&Copy",
+     [](frmVTM& w) {
+         w.mnuEditCopy_Click();
+     }},
+    {"mnuEdit", "mnuEditPaste", "&Paste",
+     [](frmVTM& w) {
+         w.mnuEditPaste_Click();
+     }},
+    {"", "mnuFormat", "F&ormat", nullptr},
+    {"mnuFormat", "mnuFormatAlignLeft", "Align &Left",
+     [](frmVTM& w) {
+         w.mnuFormatAlignLeft_Click();
+     }},
+    {"mnuFormat", "mnuFormatAlignCenter", "Align &Center",
+     [](frmVTM& w) {
+         w.mnuFormatAlignCenter_Click();
+     }},
+    {"mnuFormat", "mnuFormatAlignRight", "Align &Right",
+     [](frmVTM& w) {
+         w.mnuFormatAlignRight_Click();
+     }},
+    {"mnuFormat", nullptr, nullptr, nullptr},
+    {"mnuFormat", "mnuFormatUpperToLowerCase", "Upper To Lo&wer Case",
+     [](frmVTM& w) {
+         w.mnuFormatUpperToLowerCase_Click();
+     }},
+    {"mnuFormat", "mnuFormatLowerToUpperCase", "Lower To &Upper Case",
+     [](frmVTM& w) {
+         w.mnuFormatLowerToUpperCase_Click();
+     }},
+    {"mnuFormat", "mnuFormatSwitchCase", "Switch C&ase",
+     [](frmVTM& w) {
+         w.mnuFormatSwitchCase_Click();
+     }},
+    {"mnuFormat", nullptr, nullptr, nullptr},
+    {"mnuFormat", "mnuFormatColor1ToColor2", "Color&1 To Color2",
+     [](frmVTM& w) {
+         w.mnuFormatColor1ToColor2_Click();
+     }},
+    {"mnuFormat", "mnuFormatColor2ToColor1", "Color&2 To Color1",
+     [](frmVTM& w) {
+         w.mnuFormatColor2ToColor1_Click();
+     }},
+    {"mnuFormat", "mnuFormatSwitchColor", "&Switch Color",
+     [](frmVTM& w) {
+         w.mnuFormatSwitchColor_Click();
+     }},
+    {"mnuFormat", nullptr, nullptr, nullptr},
+    {"mnuFormat", "mnuFormatReverseCharacters", "Re&verse Character Order",
+     [](frmVTM& w) {
+         w.mnuFormatReverseCharacters_Click();
+     }},
+    {"mnuFormat", "mnuFormatReverseNameOrder", "Reverse &Name Order",
+     [](frmVTM& w) {
+         w.mnuFormatReverseNameOrder_Click();
+     }},
+    {"", "mnuView", "&View", nullptr},
+    {"mnuView", "mnuView_0", "&Name",
+     [](frmVTM& w) {
+         w.mnuView_Click(0);
+     }},
+    {"mnuView", "mnuView_1", "&Animation",
+     [](frmVTM& w) {
+         w.mnuView_Click(1);
+     }},
+    {"mnuView", "mnuView_2", "&Messages",
+     [](frmVTM& w) {
+         w.mnuView_Click(2);
+     }},
+    {"", "mnuTools", "&Tools", nullptr},
+    {"mnuTools", "mnuToolsAnimationWizard", "&Animation Wizard",
+     [](frmVTM& w) {
+         w.mnuToolsAnimationWizard_Click();
+     }},
+    {"mnuTools", "mnuToolsAnimationViewer", "&Full Screen Preview",
+     [](frmVTM& w) {
+         w.mnuToolsAnimationViewer_Click();
+     }},
+    {"mnuTools", "mnuToolsBindingWizard", "&Binding Wizard",
+     [](frmVTM& w) {
+         w.mnuToolsBindingWizard_Click();
+     }},
+    {"mnuTools", nullptr, nullptr, nullptr},
+    {"mnuTools", "mnuToolsSettings", "&Configure",
+     [](frmVTM& w) {
+         w.mnuToolsSettings_Click();
+     }},
+    {"", "mnuHelpMenu", "&Help", nullptr},
+    {"mnuHelpMenu", "mnuHelp", "VTM &Help",
+     [](frmVTM& w) {
+         w.mnuHelp_Click();
+     }},
+    {"mnuHelpMenu", "mnuAboutVTM", "&About VTM",
+     [](frmVTM& w) {
+         w.mnuAboutVTM_Click();
+     }},
+}};
+
+// The page buttons are buttons 5 to 7, so a separator stands before them. The tooltips of the two colour
+// buttons name the opposite of what they run: they always have, and people know the buttons by their
+// pictures.
+const std::array<frmVTM::ToolCommand, 31> frmVTM::ToolCommands{{
+    {"fnew", "File New", "mnuFileNew", nullptr},
+    {"fopen", "File Open", "mnuLoad", nullptr},
+    {"fsave", "File Save", "mnuSave", nullptr},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"sname", "Switch To Name", nullptr,
+     [](frmVTM& w) {
+         w.mnuView_Click(0);
+     }},
+    {"sani", "Switch To Animate", nullptr,
+     [](frmVTM& w) {
+         w.mnuView_Click(1);
+     }},
+    {"smess", "Switch To Messages", nullptr,
+     [](frmVTM& w) {
+         w.mnuView_Click(2);
+     }},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"cut", "Cut", nullptr,
+     [](frmVTM& w) {
+         w.mnuEditCut_Click();
+     }},
+    {"copy", "Copy", nullptr,
+     [](frmVTM& w) {
+         w.mnuEditCopy_Click();
+     }},
+    {"paste", "Paste", nullptr,
+     [](frmVTM& w) {
+         w.mnuEditPaste_Click();
+     }},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"aleft", "Align Left", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatAlignLeft_Click();
+     }},
+    {"acenter", "Align Center", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatAlignCenter_Click();
+     }},
+    {"aright", "Align Right", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatAlignRight_Click();
+     }},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"lcase", "Upper To Lower Case", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatUpperToLowerCase_Click();
+     }},
+    {"ucase", "Lower To Upper Case", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatLowerToUpperCase_Click();
+     }},
+    {"scase", "Switch Case", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatSwitchCase_Click();
+     }},
+    {"color1", "Color2 To Color1", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatColor1ToColor2_Click();
+     }},
+    {"color2", "Color1 To Color2", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatColor2ToColor1_Click();
+     }},
+    {"scolor", "Switch Color", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatSwitchColor_Click();
+     }},
+    {"revorder", "Reverse Name Order", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatReverseNameOrder_Click();
+     }},
+    {"revchar", "Reverse Character Order", nullptr,
+     [](frmVTM& w) {
+         w.mnuFormatReverseCharacters_Click();
+     }},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"wiz", "Animation Wizard", nullptr,
+     [](frmVTM& w) {
+         w.mnuToolsAnimationWizard_Click();
+     }},
+    {"view", "Full Screen Preview", nullptr,
+     [](frmVTM& w) {
+         w.mnuToolsAnimationViewer_Click();
+     }},
+    {nullptr, nullptr, nullptr, nullptr},
+    {"config", "Configure", nullptr,
+     [](frmVTM& w) {
+         w.mnuToolsSettings_Click();
+     }},
+    {"about", "About VTM", nullptr,
+     [](frmVTM& w) {
+         w.mnuAboutVTM_Click();
+     }},
+    {"help", "VTM Help", nullptr,
+     [](frmVTM& w) {
+         w.mnuHelp_Click();
+     }},
+}};
+
+void frmVTM::buildMenus() {
+    for (const MenuCommand& entry : MenuCommands) {
+        QMenu* parent = *entry.menu == '\0' ? nullptr : menu(entry.menu);
+        if (entry.caption == nullptr) {
+            parent->addSeparator();
+        } else if (entry.run == nullptr) {
+            QMenu* submenu = parent == nullptr ? menuBar()->addMenu(tr(entry.caption))
+                                               : parent->addMenu(tr(entry.caption));
+            submenu->setObjectName(QLatin1String(entry.name));
+            m_menus.push_back(submenu);
+        } else {
+            QAction* action =
+                parent->addAction(tr(entry.caption), this, [this, run = entry.run] { run(*this); });
+            action->setObjectName(QLatin1String(entry.name));
+        }
+    }
+}
+
+QMenu* frmVTM::menu(const char* name) const {
+    const auto found = std::find_if(m_menus.begin(), m_menus.end(), [name](const QMenu* m) {
+        return m->objectName() == QLatin1String(name);
+    });
+    Q_ASSERT(found != m_menus.end());
+    return *found;
+}
+
+void frmVTM::buildToolbar() {
+    Toolbar1 = addToolBar(tr("Toolbar"));
+    Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
+    Toolbar1->setMovable(false);
+    Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
+    Toolbar1->setIconSize({IconSide, IconSide});
+    for (const ToolCommand& command : ToolCommands) {
+        if (command.key == nullptr) {
+            Toolbar1->addSeparator();
+            continue;
+        }
+        const QString key = QLatin1String(command.key);
+        QAction* action = Toolbar1->addAction(ToolIcon(key), tr(command.tooltip));
+        action->setObjectName(key);
+        connect(action, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
+        QWidget* button = Toolbar1->widgetForAction(action);
+        button->setObjectName(key);
+        button->setAccessibleName(tr(command.tooltip));
+        button->setFocusPolicy(Qt::NoFocus);
+    }
+    auto* pages = new QActionGroup(this);
+    for (const char* key : {"sname", "sani", "smess"}) {
+        auto* action = Toolbar1->findChild<QAction*>(QLatin1String(key));
+        action->setCheckable(true);
+        pages->addAction(action);
+    }
+    m_pageActions = pages->actions();
+}
+
+void frmVTM::Toolbar1_ButtonClick(const QString& key) {
+    const auto* command =
+        std::find_if(ToolCommands.begin(), ToolCommands.end(), [&key](const ToolCommand& c) {
+            return c.key != nullptr && key == QLatin1String(c.key);
+        });
+    if (command != ToolCommands.end()) {
+        if (command->menu != nullptr) {
+            const auto* button = Toolbar1->findChild<QToolButton*>(key);
+            menu(command->menu)->exec(button->mapToGlobal(QPoint(0, button->height())));
+        } else {
+            command->run(*this);
+        }
+    }
+    Refresh();
+}
+
+} // namespace shell

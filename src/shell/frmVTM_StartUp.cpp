@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/mdlAniScript.h"
+#include "editing/PagePanel.h"
+#include "shell/CommandLine.h"
+#include "shell/frmVTM.h"
+#include "shell/mdlLaunch.h"
+#include "shell/mdlRegistry.h"
+
+#include <QTimer>
+#include <filesystem>
+
+namespace shell {
+
+using editing::Page;
+
+ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
+    m_isStartingUp = true;
+    std::vector<std::string> notices;
+
+    auto keys = editing::LoadKeyMap(m_platform.files, m_platform.directory);
+    m_workspace.keyMap = keys.map;
+    if (!keys.status) {
+        notices.push_back(keys.status.failure().message);
+    }
+
+    editing::NewAnimation(m_workspace.documents.animation);
+    editing::ClearName(m_workspace.documents.name);
+    editing::ClearMessages(m_workspace.documents.messages);
+
+    if (auto loaded = loadSettings(); !loaded) {
+        return loaded;
+    }
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        editing::PaintRowsInUse(context(), page);
+    }
+    paintGlyphButtons();
+
+    const StartFiles start = ReadArguments(arguments);
+    if (start.intro) {
+        for (const IntroFile& intro : IntroFiles) {
+            const ui::Path path = m_platform.directory.toRead(std::string(intro.name));
+            if (m_platform.files.exists(path)) {
+                loadScript(intro.kind, path);
+            }
+        }
+    } else if (start.file) {
+        if (!start.file->folder.empty()) {
+            // A folder that is not there is reported by the loader, which then does not find the file.
+            std::error_code ignored;
+            std::filesystem::current_path(start.file->folder, ignored);
+        }
+        loadScript(start.file->kind, start.file->file);
+        m_workspace.settings.makeType = static_cast<std::int16_t>(start.file->shown);
+    }
+    rebuildRecentMenus();
+
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        panel(page).syncScrollBars();
+        panel(page).refresh();
+    }
+    mnuView_Click(static_cast<int>(m_workspace.page()));
+    show();
+    m_isStartingUp = false;
+
+    // The desktop learns about the file types once the window stands: nothing in it waits for them.
+    QTimer::singleShot(
+        0, this, [this] { WriteFileAssociations(m_platform.fileTypes, m_platform.directory.folder()); });
+    for (const std::string& notice : notices) {
+        m_platform.dialogs.warn(notice);
+    }
+    CheckHelp(m_platform);
+    return {};
+}
+
+ui::Status frmVTM::loadSettings() {
+    Settings& settings = m_workspace.settings;
+    const ui::Path folder = m_platform.directory.folder();
+    int recordNumber = 1;
+    if (LoadsAtStartup(m_platform.settings)) {
+        LoadedSettings loaded = Load(m_platform.settings, folder);
+        settings = loaded.settings;
+        recordNumber = settings.grid + 1;
+        if (const std::string text = UnreadableSettingsText(loaded.unreadable); !text.empty()) {
+            showStatus(text);
+        }
+    } else {
+        Defaults(settings, folder);
+    }
+    applyColours();
+    applyCursors();
+    applyModes();
+    return SelectCharSet(recordNumber);
+}
+
+void frmVTM::Form_Unload() {
+    if (m_isUnloaded) {
+        return;
+    }
+    m_isUnloaded = true;
+    if (m_workspace.settings.saveAtExit) {
+        if (const ui::Status saved = Save(m_platform.settings, m_workspace.settings); !saved) {
+            m_platform.dialogs.warn(saved.failure().message);
+        }
+    }
+}
+
+} // namespace shell
