@@ -35,10 +35,15 @@ bool ParseQuotedLine(std::string_view line, std::span<GlyphCode> row) {
 }
 
 std::string_view ByteLines::next() {
-    const std::size_t end = m_rest.find_first_of("\r\n");
-    if (end == std::string_view::npos) {
+    // A plain loop: find_first_of() calls a function for every byte.
+    const auto isEnd = [](char byte) {
+        return byte == '\r' || byte == '\n';
+    };
+    const auto found = std::find_if(m_rest.begin(), m_rest.end(), isEnd);
+    if (found == m_rest.end()) {
         return std::exchange(m_rest, {});
     }
+    const auto end = static_cast<std::size_t>(found - m_rest.begin());
     const std::string_view line = m_rest.substr(0, end);
     const bool isPair = m_rest[end] == '\r' && end + 1 < m_rest.size() && m_rest[end + 1] == '\n';
     m_rest.remove_prefix(end + (isPair ? 2U : 1U));

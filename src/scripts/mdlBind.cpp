@@ -19,25 +19,28 @@ std::string_view NameOf(int key) {
     return KeyNames[static_cast<std::size_t>(key)];
 }
 
-/// Whether `text` begins with `name` and a double quote.
-bool BeginsWithQuotedEnd(std::string_view text, std::string_view name) {
-    return text.size() > name.size() && text[name.size()] == '"' &&
-           std::equal(name.begin(), name.end(), text.begin(), [](char a, char b) {
-               return FoldCase(a) == FoldCase(b);
-           });
+bool IsSameName(std::string_view text, std::string_view name) {
+    return std::equal(text.begin(), text.end(), name.begin(), name.end(), [](char a, char b) {
+        return FoldCase(a) == FoldCase(b);
+    });
 }
 
-/// The last key of the table whose quoted name is in the line.
+/// The last key of the table whose quoted name is in the line. A quote may end one word and begin the next.
 int LastQuotedKey(std::string_view line) {
     int last = -1;
-    for (std::size_t quote = line.find('"'); quote != std::string_view::npos;
-         quote = line.find('"', quote + 1)) {
-        const std::string_view text = line.substr(quote + 1);
+    std::size_t quote = line.find('"');
+    while (quote != std::string_view::npos) {
+        const std::size_t end = line.find('"', quote + 1);
+        if (end == std::string_view::npos) {
+            break;
+        }
+        const std::string_view word = line.substr(quote + 1, end - quote - 1);
         for (int key = static_cast<int>(KeyCount) - 1; key > last; --key) {
-            if (BeginsWithQuotedEnd(text, NameOf(key))) {
+            if (IsSameName(word, NameOf(key))) {
                 last = key;
             }
         }
+        quote = end;
     }
     return last < 0 ? NoKeyFound : last;
 }
