@@ -11,7 +11,7 @@ namespace shell {
 
 namespace {
 
-constexpr int Side = 30;
+constexpr int Side = 27;
 
 } // namespace
 

@@ -69,6 +69,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     GridPosShape = new ui::qt::MarkerShape(ImgGrid);
     GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
     frameLayout->addWidget(ImgGrid);
+    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     layout->addWidget(frame);
 
     auto* buttons = new QHBoxLayout;
@@ -106,7 +107,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     cmdCalcFrequent->setText(QStringLiteral("\u03A3"));
     cmdCalcFrequent->setFocusPolicy(Qt::NoFocus);
     cmdCalcFrequent->setFixedSize(
-        cmdFrequent[0]->sizeHint().width() - 6, cmdFrequent[0]->sizeHint().height());
+        cmdFrequent[0]->sizeHint().width() - 4, cmdFrequent[0]->sizeHint().height());
     frequentRow->addWidget(cmdCalcFrequent);
     frequents->addLayout(frequentRow);
     buttons->addLayout(favourites);
@@ -183,12 +184,13 @@ void frmVTM::buildCentre() {
     auto* layout = new QHBoxLayout(centre);
     layout->setContentsMargins(Margin, Margin, Margin, Margin);
     layout->setSpacing(Margin);
-    layout->addWidget(buildGlyphColumn());
+    layout->addWidget(buildGlyphColumn(), 0, Qt::AlignTop);
     layout->addWidget(buildPageColumn(), 1);
     setCentralWidget(centre);
 
     picProgress = new ProgressIndicator(this);
     statusBar()->addPermanentWidget(picProgress);
+    statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
     statusBar()->setSizeGripEnabled(false);
     // No toolbar button hides behind an arrow.
     setMinimumWidth(Toolbar1->sizeHint().width());
