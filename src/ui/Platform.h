@@ -114,8 +114,8 @@ public:
     /// Whether files can be made in folder().
     [[nodiscard]] virtual bool writable() const = 0;
 
-    /// Where to read a file of that name: the user's stand-in folder first, if the file is there, then
-    /// folder().
+    /// Where to read a file of that name: folder(); where that cannot be written, the user's stand-in folder
+    /// first, if the file is there.
     [[nodiscard]] virtual Path toRead(const std::string& name) const = 0;
 
     /// Where to write a file of that name: folder() if it is writable, otherwise the user's stand-in folder,

@@ -51,7 +51,7 @@ bool TempFolder::has(const ui::Path& name) const {
 }
 
 ui::Path TempProgramDirectory::toRead(const std::string& name) const {
-    return standIn.has(name) ? standIn / name : files / name;
+    return !isWritable && standIn.has(name) ? standIn / name : files / name;
 }
 
 ui::Path TempProgramDirectory::toWrite(const std::string& name) const {

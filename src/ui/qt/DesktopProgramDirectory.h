@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Platform.h"
+
+namespace ui::qt {
+
+/// The program directory of a desktop program: the executable's folder; for an installed program, whose data
+/// lie apart in PREFIX/share/vtm, that folder. The stand-in folder is "vtm" in the user's data home; it takes
+/// part only where the program directory cannot be written.
+class DesktopProgramDirectory final : public ProgramDirectory {
+public:
+    /// Of the running program.
+    DesktopProgramDirectory();
+
+    /// Of a program at `executable` for a user whose data home is `dataHome`.
+    DesktopProgramDirectory(const Path& executable, const Path& dataHome);
+
+    [[nodiscard]] Path folder() const override { return m_folder; }
+
+    [[nodiscard]] bool writable() const override { return m_writable; }
+
+    [[nodiscard]] Path toRead(const std::string& name) const override;
+    [[nodiscard]] Path toWrite(const std::string& name) const override;
+
+    /// The running program's own file.
+    [[nodiscard]] static Path Executable();
+
+private:
+    Path m_folder;
+    Path m_standIn;
+    bool m_writable;
+};
+
+} // namespace ui::qt

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Dialogs.h"
+
+#include <QFileDialog>
+
+class QLineEdit;
+
+namespace ui::qt {
+
+/// The toolkit's own file dialog, opened as a request says. A name with '*' or '?' in it is never chosen: it
+/// narrows what the dialog lists, and the dialog stays.
+class FileChooser final : public QFileDialog {
+    Q_OBJECT
+
+public:
+    FileChooser(const FileDialogRequest& request, AcceptMode mode, QWidget* parent);
+
+    /// The chosen file, once the dialog was accepted.
+    [[nodiscard]] Path chosenPath() const;
+
+    void accept() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] QLineEdit* nameEdit() const;
+
+    /// Lists only what matches the patterns of `text`, which may begin with a folder to list.
+    void narrow(const QString& text);
+};
+
+} // namespace ui::qt

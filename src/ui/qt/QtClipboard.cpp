@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/QtClipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+
+namespace ui::qt {
+
+void QtClipboard::setText(std::string_view bytes) {
+    // Latin-1, not the locale's encoding: only so does every byte arrive unchanged where it is pasted.
+    QGuiApplication::clipboard()->setText(
+        QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())));
+}
+
+void QtClipboard::setPicture(const Picture& picture) {
+    if (picture.empty()) {
+        QGuiApplication::clipboard()->clear();
+        return;
+    }
+    const QImage view(
+        reinterpret_cast<const uchar*>(picture.row(0)), picture.width(), picture.height(),
+        static_cast<qsizetype>(picture.width()) * static_cast<qsizetype>(sizeof(Pixel)),
+        QImage::Format_RGB32);
+    // The clipboard outlives the picture's memory.
+    QGuiApplication::clipboard()->setImage(view.copy());
+}
+
+} // namespace ui::qt

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Platform.h"
+
+namespace ui::qt {
+
+/// The desktop's clipboard.
+class QtClipboard final : public Clipboard {
+public:
+    void setText(std::string_view bytes) override;
+    void setPicture(const Picture& picture) override;
+};
+
+} // namespace ui::qt

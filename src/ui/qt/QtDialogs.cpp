@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/QtDialogs.h"
+
+#include "ui/qt/FileChooser.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QMessageBox>
+
+namespace ui::qt {
+
+namespace {
+
+/// The title of every message box.
+constexpr auto BoxTitle = "Vortigo";
+
+QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok:
+        return QMessageBox::Ok;
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton EscapeButton(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok:
+        return QMessageBox::Ok;
+    case Buttons::YesNo:
+        return QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+/// A message's lines end with a line feed on the screen, whatever ends them in the text.
+QString BoxText(const std::string& text) {
+    return QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode) {
+    FileChooser chooser(request, mode, QApplication::activeWindow());
+    if (chooser.exec() != QDialog::Accepted) {
+        return {};
+    }
+    return chooser.chosenPath();
+}
+
+} // namespace
+
+Answer QtDialogs::box(const std::string& text, Buttons buttons, Icon icon) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(QString::fromLatin1(BoxTitle));
+    box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+    // A path in the text may look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(BoxText(text));
+    box.setStandardButtons(StandardButtons(buttons));
+    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+    box.setEscapeButton(EscapeButton(buttons));
+    // Yes, No, Cancel in this order: some desktops would turn them round.
+    box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: WinLayout; }"));
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+std::optional<Path> QtDialogs::chooseFileToOpen(const FileDialogRequest& request) {
+    return ChooseFile(request, QFileDialog::AcceptOpen);
+}
+
+std::optional<Path> QtDialogs::chooseFileToSave(const FileDialogRequest& request) {
+    return ChooseFile(request, QFileDialog::AcceptSave);
+}
+
+std::optional<Pixel> QtDialogs::chooseColour(Pixel initial) {
+    QColorDialog dialog(QColor(initial | OpaqueBlack), QApplication::activeWindow());
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
+    }
+    const QColor chosen = dialog.selectedColor();
+    return OpaquePixel(
+        static_cast<unsigned>(chosen.red()), static_cast<unsigned>(chosen.green()),
+        static_cast<unsigned>(chosen.blue()));
+}
+
+} // namespace ui::qt

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "support/TempProgramDirectory.h"
+#include "ui/qt/DesktopProgramDirectory.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+using support::TempFolder;
+using ui::qt::DesktopProgramDirectory;
+
+TEST(DesktopProgramDirectory, IsTheExecutablesFolder) {
+    const TempFolder folder;
+    folder.put("bin/vtmtc.dat", "");
+    folder.put("share/vtm/vtmtc.dat", "");
+    const DesktopProgramDirectory directory(folder / "bin/VTM", folder / "home");
+    EXPECT_EQ(directory.folder(), folder / "bin");
+    EXPECT_TRUE(directory.writable());
+    EXPECT_EQ(directory.toRead("vtmkeys.ini"), folder / "bin/vtmkeys.ini");
+    EXPECT_EQ(directory.toWrite("vtmkeys.ini"), folder / "bin/vtmkeys.ini");
+    EXPECT_FALSE(folder.has("home"));
+}
+
+TEST(DesktopProgramDirectory, IsTheDataFolderOfAnInstalledProgram) {
+    const TempFolder folder;
+    folder.put("bin/VTM", "");
+    folder.put("share/vtm/vtmtc.dat", "");
+    const DesktopProgramDirectory directory(folder / "bin/VTM", folder / "home");
+    EXPECT_EQ(directory.folder(), folder / "share/vtm");
+}
+
+TEST(DesktopProgramDirectory, StaysBesideTheExecutableWithoutAnyData) {
+    const TempFolder folder;
+    folder.put("bin/VTM", "");
+    const DesktopProgramDirectory directory(folder / "bin/VTM", folder / "home");
+    EXPECT_EQ(directory.folder(), folder / "bin");
+}
+
+TEST(DesktopProgramDirectory, KnowsItsOwnExecutable) {
+    EXPECT_EQ(DesktopProgramDirectory::Executable().filename(), "tst_ui_qt");
+    EXPECT_EQ(DesktopProgramDirectory().folder(), DesktopProgramDirectory::Executable().parent_path());
+}
+
+/// A program folder that cannot be written. The superuser may write everywhere but where nothing can be
+/// written, so for it the folder is one of the system's own.
+class UnwritableDirectory : public testing::Test {
+protected:
+    void SetUp() override {
+        if (::geteuid() == 0) {
+            program = "/proc/self/VTM";
+            known = "status";
+        } else {
+            folder.put("program/status", "");
+            program = folder / "program/VTM";
+            std::filesystem::permissions(
+                folder / "program", std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+        }
+    }
+
+    void TearDown() override {
+        if (::geteuid() != 0) {
+            std::filesystem::permissions(folder / "program", std::filesystem::perms::owner_all);
+        }
+    }
+
+    TempFolder folder;
+    ui::Path program;
+    std::string known = "status";
+};
+
+TEST_F(UnwritableDirectory, IsStoodInForByTheUsersFolder) {
+    const DesktopProgramDirectory directory(program, folder / "home/data");
+    EXPECT_FALSE(directory.writable());
+    EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
+    EXPECT_FALSE(folder.has("home"));
+    EXPECT_EQ(directory.toWrite(known), folder / "home/data/vtm" / known);
+    EXPECT_TRUE(folder.has("home/data/vtm"));
+    EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
+    folder.put("home/data/vtm/status", "mine");
+    EXPECT_EQ(directory.toRead(known), folder / "home/data/vtm" / known);
+}
+
+TEST(DesktopProgramDirectory, ForgetsTheUsersFolderWhereItCanWrite) {
+    const TempFolder folder;
+    folder.put("bin/vtmtc.dat", "");
+    folder.put("home/vtm/vtmkeys.ini", "of another installation");
+    const DesktopProgramDirectory directory(folder / "bin/VTM", folder / "home");
+    EXPECT_EQ(directory.toRead("vtmkeys.ini"), folder / "bin/vtmkeys.ini");
+}
+
+} // namespace

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/QtClipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QMimeData>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(QtClipboard, CarriesEveryByteAsOneCharacter) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) {
+        bytes.push_back(static_cast<char>(i));
+    }
+    ui::qt::QtClipboard().setText(bytes);
+    const QString text = QGuiApplication::clipboard()->text();
+    ASSERT_EQ(text.size(), 256);
+    for (int i = 0; i < 256; ++i) {
+        EXPECT_EQ(text.at(i).unicode(), i);
+    }
+}
+
+TEST(QtClipboard, ReplacesWhatWasThere) {
+    ui::qt::QtClipboard clipboard;
+    clipboard.setPicture(ui::Picture(16, 16));
+    clipboard.setText("name");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("name"));
+    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
+    clipboard.setText("");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString());
+}
+
+TEST(QtClipboard, KeepsThePictureWhenItsMemoryIsGone) {
+    ui::qt::QtClipboard clipboard;
+    clipboard.setText("name");
+    {
+        ui::Picture picture(16, 16);
+        picture.setPixel(3, 5, 0xFF123456U);
+        clipboard.setPicture(picture);
+        picture.fill(picture.bounds(), 0xFFFFFFFFU);
+    }
+    const QImage image = QGuiApplication::clipboard()->image();
+    ASSERT_EQ(image.size(), QSize(16, 16));
+    EXPECT_EQ(image.pixel(3, 5), 0xFF123456U);
+    EXPECT_EQ(image.pixel(0, 0), 0xFF000000U);
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasText());
+}
+
+} // namespace
