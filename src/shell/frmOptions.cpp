@@ -260,7 +260,7 @@ void frmOptions::GridList_Click(int row) {
     }
     auto conversion = loadConversion(row);
     if (!conversion) {
-        m_platform.dialogs.inform(conversion.failure().message);
+        m_platform.dialogs.warn(conversion.failure().message);
         const QSignalBlocker quiet(m_form->GridList);
         m_form->GridList->setCurrentRow(m_shownConversion);
         return;
@@ -299,7 +299,7 @@ void frmOptions::cmdResetKeysToDefault_Click() {
     m_keyMap = loaded.map;
     showKey();
     if (!loaded.status) {
-        m_platform.dialogs.inform(loaded.status.failure().message);
+        m_platform.dialogs.warn(loaded.status.failure().message);
     }
 }
 

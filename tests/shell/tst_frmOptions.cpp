@@ -457,7 +457,7 @@ TEST_F(OptionsDialog, ASetThatCannotBeLoadedIsReportedAndTheOldOneStays) {
     fake.directory.files.put("vtmgrid.dat", "");
     const auto failure = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
     ASSERT_FALSE(failure);
-    fake.dialogs.expectInform(failure.failure().message);
+    fake.dialogs.expectWarning(failure.failure().message);
     QTest::keyClick(list, Qt::Key_Down);
     EXPECT_EQ(list->currentRow(), 0);
     EXPECT_EQ(changedPages(), "");
@@ -647,7 +647,7 @@ TEST_F(OptionsDialog, ADamagedKeyMapIsReportedAndTheDefaultsUsed) {
     open();
     showPage(5);
     fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
-    fake.dialogs.expectInform(failure.failure().message);
+    fake.dialogs.expectWarning(failure.failure().message);
     press("cmdResetKeysToDefault");
     EXPECT_EQ(keyMap, editing::DefaultKeyMap());
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "1,2\r\n");

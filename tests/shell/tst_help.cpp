@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "editing/mdlKey.h"
+#include "ui/Files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <set>
+
+namespace {
+
+const ui::Path ProgramFolder = VTM_PROGRAM_DIR;
+
+std::string page() {
+    return ui::DiskFiles().read(ProgramFolder / "vtmhelp.htm").value();
+}
+
+/// What a reader sees: no tags, entities decoded, all white space one blank.
+std::string text(std::string html) {
+    if (const auto body = html.find("<body>"); body != std::string::npos) {
+        html.erase(0, body);
+    }
+    html = std::regex_replace(html, std::regex("</?(i|b|em|kbd|code|a|span)\\b[^>]*>"), "");
+    html = std::regex_replace(html, std::regex("<[^>]*>"), " ");
+    for (const auto& [entity, character] : std::vector<std::pair<const char*, const char*>>{
+             {"&lt;", "<"}, {"&gt;", ">"}, {"&quot;", "\""}, {"&amp;", "&"}}) {
+        html = std::regex_replace(html, std::regex(entity), character);
+    }
+    return std::regex_replace(html, std::regex("\\s+"), " ");
+}
+
+/// All that a pattern's first group matches.
+std::vector<std::string> matches(const std::string& html, const std::string& pattern) {
+    const std::regex expression(pattern);
+    std::vector<std::string> found;
+    for (std::sregex_iterator match(html.begin(), html.end(), expression); match != std::sregex_iterator();
+         ++match) {
+        found.push_back((*match)[1]);
+    }
+    return found;
+}
+
+void expectAllIn(const std::string& shown, const std::vector<std::string>& wanted) {
+    for (const auto& one : wanted) {
+        EXPECT_NE(shown.find(one), std::string::npos) << one;
+    }
+}
+
+} // namespace
+
+TEST(Help, ExplainsEveryMessage) {
+    expectAllIn(
+        text(page()),
+        {
+            "Do you wish to format all names?",
+            "Do you wish to format all macros?",
+            "Is this animation to be used in Quake2?",
+            "Is this name to be used in Quake2?",
+            "Done! The script file, path, was written.",
+            "Error reading animation from path.",
+            "Done! path was read succesfully.",
+            "The Animation Data file/s needed by VTM 'vtmani01.dat or vtmani02.dat' is not in the programs "
+            "directory! Automatic animation has been disabled.",
+            "Nothing to do!",
+            "There is no screen shot chosen to display. Please go to the options and select a new screen "
+            "shot.",
+            "The chosen screen shot, file, was not found in the VTM directory. Please go to the options and "
+            "select a new screen shot.",
+            "Would you like to use the Binding Wizard to bind the script file you just saved?",
+            "Error reading name from path.",
+            "Your name is now in the Windows Clipboard. Place the cursor anywhere you can Paste or "
+            "Shift-Insert to use your new name. Like the Profile Name of GameSpy.",
+            "This config file does not contain a name.",
+            "Done! The name was read from the config file.",
+            "Done! The config file, path, was updated with your new name.",
+            "This config file does not contain a name. Do you wish to add it?",
+            "Done! Your name was added to the config file, path.",
+            "You need to select at least 1 message to display!",
+            "Error retrieving Macro from script file.",
+            "Please select a config file!",
+            "Please select a script file!",
+            "Please select a key!",
+            "You have selected a key that is already bound! VTM will now replace it with your binding, OK?",
+            "Done! The config file, path, was updated with your new binding.",
+            "The file \"vtmhelp.htm\" was not found in the VTM directory. This is the help file. It is "
+            "included in the zip, \"vtmhelp.zip\". Please unzip it and place the files in the VTM directory!",
+            "Are you sure you wish to reset the current configuration?",
+            "The file \"vtmhelp.htm\" was not found in the VTM directory. Either download it from the VTM "
+            "website or use your internet browser to locate it on your hard drive.",
+            "File not found",
+            "Path not found",
+            "Access denied",
+            "Out of memory",
+            "Invalid EXE file or error in EXE image",
+            "A sharing violation occurred",
+            "Incomplete or invalid file association",
+            "DDE Time out",
+            "DDE transaction failed",
+            "DDE busy",
+            "No association for file extension",
+            "DLL not found",
+            "Unknown error",
+        });
+}
+
+TEST(Help, ExplainsTheMessagesAboutFiles) {
+    expectAllIn(
+        text(page()),
+        {
+            "The file \"path\" is not a script of this kind. Do you wish to replace it?",
+            "The config file, path, has more than 32,767 lines. VTM cannot handle it.",
+            "There is no such file yet.",
+            "This file cannot be read.",
+            "The game cannot run a file whose name holds a blank, ; or \".",
+            "Could not alter \"path\": VTM needs a file of this name for itself. Please copy it to another "
+            "name first.",
+            "Another program has just changed the file.",
+            "The config file, path, was not changed.",
+            "The config file, path, may be incomplete now. It was copied before, and the whole copy is kept "
+            "as "
+            "\"path\".",
+            "The key map \"path\" is damaged:",
+            "The character-set list \"path\" holds no record.",
+            "The artwork store \"path\" has no slot",
+            "Could not open \"path\":",
+            "Could not read \"path\":",
+            "Could not write \"path\":",
+            "Could not create \"path\":",
+            "Could not delete \"path\":",
+            "Could not replace \"path\":",
+            "Could not lock \"path\":",
+            "The name is longer than 15 glyphs; the first 15 were read.",
+            "A message is longer than 31 glyphs; its first 31 were read.",
+            "A stored setting could not be read, its default is used:",
+        });
+}
+
+TEST(Help, ShowsWhatEveryKeyTypes) {
+    const auto rows = matches(page(), "<tr><td>(<kbd>[^]*?)</tr>");
+    std::set<std::string> shown;
+    for (const auto& row : rows) {
+        shown.insert(text(row + " "));
+    }
+    const auto map = editing::DefaultKeyMap();
+    const auto& names = editing::KeyNames();
+    for (std::size_t key = 0; key < map.size(); ++key) {
+        std::string expected(names[key]);
+        for (const auto code : map[key]) {
+            expected += " " + std::to_string(code);
+        }
+        EXPECT_TRUE(shown.contains(expected + " ")) << expected;
+    }
+}
+
+TEST(Help, ShowsTheGlyphOfEveryCodeInTheKeyTable) {
+    for (const auto& cell : matches(page(), "(<i class=\"g\" style=\"--x:\\d+;--y:\\d+\"></i> \\d+)")) {
+        std::smatch parts;
+        ASSERT_TRUE(std::regex_match(cell, parts, std::regex(".*--x:(\\d+);--y:(\\d+).*> (\\d+)")));
+        EXPECT_EQ(std::stoi(parts[1]) + 16 * std::stoi(parts[2]), std::stoi(parts[3]));
+    }
+}
+
+TEST(Help, TellsOfEveryCommandAndOption) {
+    expectAllIn(
+        text(page()), {
+                          "File New",
+                          "File Open",
+                          "File Save",
+                          "Switch To Name",
+                          "Switch To Animate",
+                          "Switch To Messages",
+                          "Edit > Cut",
+                          "Edit > Copy",
+                          "Edit > Paste",
+                          "Align Left",
+                          "Align Center",
+                          "Align Right",
+                          "Upper To Lower Case",
+                          "Lower To Upper Case",
+                          "Switch Case",
+                          "Color1 To Color2",
+                          "Color2 To Color1",
+                          "Switch Color",
+                          "Reverse Name Order",
+                          "Reverse Character Order",
+                          "Tools > Animation Wizard",
+                          "Tools > Full Screen Preview",
+                          "Tools > Binding Wizard",
+                          "Tools > Configure",
+                          "Help > About VTM",
+                          "Help > VTM Help",
+                          "File > Exit",
+                          "File > Load > Name > From Config File",
+                          "File > Save > Name > To A Config File",
+                          "File > Save > Name > To Clipboard",
+                          "Save Messages Wizard",
+                          "Convert all characters upper-lower on format",
+                          "Ranking Screen Shot",
+                          "When hitting key",
+                          "When selecting name, animated name, macro",
+                          "When Previewing Animation",
+                          "When formatting",
+                          "Save Settings When Quitting",
+                          "Load Settings From Last Session At Startup",
+                          "Prompt For Names",
+                          "Prompt For Messages",
+                          "Prompt For Binding When Saving Script Files",
+                          "Conversion List",
+                          "Key Mapping",
+                          "Ctrl+Insert",
+                          "Ctrl+Delete",
+                          "Ctrl+Up",
+                          "Ctrl+Down",
+                          "Scroll Lock",
+                          "Num Lock",
+                          "Caps Lock",
+                      });
+}
+
+TEST(Help, EveryLinkWithinThePageLeadsSomewhere) {
+    const std::string html = page();
+    const auto ids = matches(html, "\\bid=\"([^\"]+)\"");
+    const std::set<std::string> places(ids.begin(), ids.end());
+    EXPECT_EQ(places.size(), ids.size()) << "an id is used twice";
+    const auto links = matches(html, "href=\"([^\"]+)\"");
+    EXPECT_GT(links.size(), 30U);
+    for (const auto& link : links) {
+        ASSERT_TRUE(link.starts_with('#')) << link << " leads out of the page";
+        EXPECT_TRUE(places.contains(link.substr(1))) << link;
+    }
+}
+
+TEST(Help, EveryChapterIsInTheContents) {
+    const std::string html = page();
+    const std::string contents = html.substr(html.find("<nav"), html.find("</nav>") - html.find("<nav"));
+    const auto chapters = matches(html, "<h2 id=\"([^\"]+)\"");
+    EXPECT_GT(chapters.size(), 20U);
+    for (const auto& chapter : chapters) {
+        EXPECT_NE(contents.find("href=\"#" + chapter + "\""), std::string::npos) << chapter;
+    }
+}
+
+TEST(Help, TheGlyphsLieBesideThePage) {
+    const auto glyphs = matches(page(), "url\\(([^)]+)\\)");
+    ASSERT_FALSE(glyphs.empty());
+    for (const auto& file : glyphs) {
+        const auto bytes = ui::DiskFiles().read(ProgramFolder / file);
+        ASSERT_TRUE(bytes) << file;
+        EXPECT_TRUE(bytes.value().starts_with("GIF8")) << file;
+    }
+}
+
+TEST(Help, EveryPictureLiesBesideThePage) {
+    const auto pictures = matches(page(), "src=\"([^\"]+)\"");
+    EXPECT_FALSE(pictures.empty());
+    if (!std::filesystem::exists(VTM_SCREENSHOTS_DIR)) {
+        GTEST_SKIP() << "the pictures of the windows have not been taken";
+    }
+    for (const auto& picture : pictures) {
+        EXPECT_TRUE(std::filesystem::exists(ProgramFolder / picture)) << picture;
+    }
+}
