@@ -63,6 +63,15 @@ std::optional<std::size_t> IndexOf(const Container& container, int value) {
     return static_cast<std::size_t>(found - container.begin());
 }
 
+std::optional<std::size_t> ModeKeyIndex(int virtualKey) {
+    for (std::size_t i = 0; i < ModeKeys.size(); ++i) {
+        if (ModeKeys[i].virtualKey == virtualKey) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
 /// The key that a key of the number pad is with or without its digits.
 int NumberPadKey(int virtualKey, bool typesDigits) {
     if (virtualKey == KeyPadDecimal || virtualKey == KeyDelete) {
@@ -257,15 +266,19 @@ ui::Status WriteKeyMap(ui::Files& files, const ui::ProgramDirectory& directory, 
     return ui::WriteFileAtomically(files, directory.toWrite(std::string(KeyMapName)), KeyMapText(map));
 }
 
-std::optional<std::size_t> ToggleModeKey(Modes& modes, int virtualKey) {
-    for (std::size_t i = 0; i < ModeKeys.size(); ++i) {
-        if (ModeKeys[i].virtualKey == virtualKey) {
-            bool& flag = modes.*ModeKeys[i].flag;
-            flag = !flag;
-            return i;
-        }
+void SetLockKey(ui::LockKeys& locks, int virtualKey, bool isOn) {
+    if (const auto index = ModeKeyIndex(virtualKey)) {
+        locks.setLocked(ModeKeys[*index].lock, isOn);
     }
-    return std::nullopt;
+}
+
+std::optional<std::size_t> ToggleModeKey(Modes& modes, int virtualKey) {
+    const auto index = ModeKeyIndex(virtualKey);
+    if (index) {
+        bool& flag = modes.*ModeKeys[*index].flag;
+        flag = !flag;
+    }
+    return index;
 }
 
 KeyAction

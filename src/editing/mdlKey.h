@@ -74,6 +74,9 @@ constexpr std::array<ModeKey, 4> ModeKeys{{
     {KeyNumLock, ui::LockKey::Num, &Modes::numberPad},
 }};
 
+/// Sets the lock of a lock key, as far as the desktop lets a program do so; other keys have none.
+void SetLockKey(ui::LockKeys& locks, int virtualKey, bool isOn);
+
 /// Flips the mode of a lock key; the index of its button, or nothing when it is no lock key.
 std::optional<std::size_t> ToggleModeKey(Modes& modes, int virtualKey);
 

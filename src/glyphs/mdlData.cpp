@@ -98,6 +98,11 @@ ReadCharSetRecord(const ui::Files& files, const ui::ProgramDirectory& directory,
 }
 
 ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory& directory, int slot) {
+    // The picture is decoded in memory. A scratch file of that name can only be left over from a crash.
+    const ui::Path scratch = directory.toWrite(std::string(ScratchArtworkName));
+    if (files.exists(scratch)) {
+        (void)files.remove(scratch);
+    }
     const ui::Path store = directory.toRead(std::string(ArtworkStoreName));
     const auto bytes = files.read(store);
     if (!bytes) {
@@ -108,11 +113,6 @@ ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory
     if (slot < 0 || offset >= slots.size()) {
         return ui::Failure{
             "The artwork store \"" + ui::PathText(store) + "\" has no slot " + std::to_string(slot) + "."};
-    }
-    // The picture is decoded in memory. A scratch file of that name can only be left over from a crash.
-    const ui::Path scratch = directory.toWrite(std::string(ScratchArtworkName));
-    if (files.exists(scratch)) {
-        (void)files.remove(scratch);
     }
     auto picture = DecodeGif(slots.substr(offset, ArtworkSlotSize));
     if (!picture) {

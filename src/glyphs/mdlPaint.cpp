@@ -43,6 +43,8 @@ void StretchCells(
     if (to.empty() || from.empty()) {
         return;
     }
+    assert(destination.bounds().united(to) == destination.bounds());
+    assert(source.bounds().united(from) == source.bounds());
     std::vector<int> columns(static_cast<std::size_t>(to.width));
     for (int x = 0; x < to.width; ++x) {
         columns[static_cast<std::size_t>(x)] = from.x + x * from.width / to.width;
@@ -78,12 +80,11 @@ void PaintGlyph(ui::Picture& destination, const GlyphAtlas& atlas, GlyphCode cod
     assert(x >= 0 && y >= 0 && x + CellSide <= destination.width() && y + CellSide <= destination.height());
     // A cell has a fixed size: copies of a known length take a third of the time of those that BlitCells
     // clips.
-    const ui::Pixel* from = atlas.cells.row(cell / 16 * CellSide) + cell % 16 * CellSide;
-    ui::Pixel* to = destination.row(y) + x;
+    const int left = cell % 16 * CellSide;
+    const int top = cell / 16 * CellSide;
     for (int line = 0; line < CellSide; ++line) {
-        std::memcpy(to, from, CellSide * sizeof(ui::Pixel));
-        from += AtlasSide;
-        to += destination.width();
+        std::memcpy(
+            destination.row(y + line) + x, atlas.cells.row(top + line) + left, CellSide * sizeof(ui::Pixel));
     }
 }
 

@@ -548,6 +548,22 @@ TEST(ToggleModeKey, LeavesTheModesAloneForOtherKeys) {
     EXPECT_EQ(modes, Modes());
 }
 
+TEST(SetLockKey, SetsTheLockThatMirrorsTheMode) {
+    support::FakeLockKeys locks;
+    SetLockKey(locks, 145, true);
+    SetLockKey(locks, 45, false);
+    SetLockKey(locks, 20, true);
+    SetLockKey(locks, 144, false);
+    SetLockKey(locks, 'A', true);
+    using Change = std::pair<ui::LockKey, bool>;
+    EXPECT_EQ(
+        locks.changes, (std::vector<Change>{
+                           {ui::LockKey::Scroll, true},
+                           {ui::LockKey::Insert, false},
+                           {ui::LockKey::Caps, true},
+                           {ui::LockKey::Num, false}}));
+}
+
 /// Navigation on the three pages.
 class Navigation : public testing::Test {
 protected:
