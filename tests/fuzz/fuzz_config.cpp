@@ -76,8 +76,9 @@ int BindingLineOf(const std::vector<std::string>& lines, int key) {
 }
 
 int KeyOf(const std::string& line) {
+    const std::string small = Small(line);
     for (int key = static_cast<int>(scripts::KeyCount) - 1; key >= 0; --key) {
-        if (Has(line, "bind") && Has(line, Quoted(key))) {
+        if (small.find("bind") != std::string::npos && small.find(Small(Quoted(key))) != std::string::npos) {
             return key;
         }
     }

@@ -347,8 +347,8 @@ TEST_F(Binding, AndTheNameGoIntoTheConfigOfAGame) {
     put(Fixture("game.cfg"));
     editing::NameDocument name;
     int column = 0;
-    for (const unsigned char glyph : std::string("\x80New \xFF")) {
-        name.cells.at(static_cast<std::size_t>(column++)) = glyph;
+    for (const char glyph : std::string("\x80New \xFF")) {
+        name.cells.at(static_cast<std::size_t>(column++)) = static_cast<unsigned char>(glyph);
     }
     fake.dialogs.expectInform(
         "Done! The config file, " + path.native() + ", was updated with your new name.");
