@@ -12,11 +12,11 @@
 
 class QKeyEvent;
 
-namespace shell {
-
 namespace Ui {
 class frmAbout;
 }
+
+namespace shell {
 
 /// The about box. Any key closes it; its links are reached by their mnemonics.
 class frmAbout final : public QDialog {

@@ -49,7 +49,6 @@ frmOptions::frmOptions(
     , m_model(settings, characterSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
     m_form->setupUi(this);
-    setObjectName(QStringLiteral("frmOptions"));
     auto* const ok = m_form->buttons->button(QDialogButtonBox::Ok);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setText(QStringLiteral("OK"));

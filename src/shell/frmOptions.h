@@ -17,14 +17,14 @@ namespace ui::qt {
 class PictureWidget;
 }
 
+namespace Ui {
+class frmOptions;
+}
+
 namespace shell {
 
 class ColourBox;
 class KeyStrip;
-
-namespace Ui {
-class frmOptions;
-}
 
 /// The options dialog. It works on a copy of the settings; when it was accepted, `model()` tells what to
 /// apply. Only the key map is edited in place.
