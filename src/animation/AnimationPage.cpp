@@ -3,16 +3,21 @@
 #include "animation/AnimationPage.h"
 
 #include "animation/mdlAniName.h"
+#include "animation/mdlAniScript.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QToolTip>
+
+#include <utility>
 
 namespace animation {
 
@@ -69,10 +74,12 @@ QComboBox* MakeTickList(const char* name, const QString& tooltip, QWidget* paren
 AnimationPage::AnimationPage(
     editing::AnimationDocument& document, glyphs::PagePicture& picture, QWidget* parent)
     : PagePanel(picture, QStringLiteral("AniPic"), QStringLiteral("AniPosShape"), parent)
-    , m_document(document) {
+    , m_document(document)
+    , m_shownTotal(document.nameCount) {
     setObjectName(QStringLiteral("pgeAnimation"));
     pictureWidget()->setAccessibleName(tr("Animation names"));
     pictureWidget()->setToolTip(tr("The names in the aniimation"));
+    pictureWidget()->installEventFilter(this);
     buildControls();
     layOut();
     connectControls();
@@ -194,11 +201,36 @@ void AnimationPage::syncScrollBars() {
 }
 
 void AnimationPage::refresh() {
-    ThisTickList->setEditText(QString::number(m_document.ticks(m_document.currentName)));
+    const int ticks = m_document.ticks(m_document.currentName);
+    ThisTickList->setCurrentIndex(ticks <= editing::MaxOfferedTicks ? ticks : -1);
+    ThisTickList->setEditText(QString::number(ticks));
+}
+
+bool AnimationPage::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == pictureWidget() && event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), pictureWidget());
+        return true;
+    }
+    return PagePanel::eventFilter(watched, event);
+}
+
+QString AnimationPage::toolTipAt(QPoint pixel) const {
+    QString text = pictureWidget()->toolTip();
+    const int row = pixel.y() / glyphs::CellSide + 1;
+    const int column = pixel.x() / glyphs::CellSide + 1;
+    if (row <= m_document.nameCount && column <= NameLength) {
+        const glyphs::GlyphCode code = m_document.name(row)[static_cast<std::size_t>(column - 1)];
+        if (BreaksScriptLine(code)) {
+            text += tr("\nGlyph %1 breaks the line that this name is saved in").arg(code);
+        }
+    }
+    return text;
 }
 
 void AnimationPage::AniTotalScroll_Change(int value) {
-    const int before = m_document.nameCount;
+    // Not the document's number: an operation that raised it has not painted what came into use.
+    const int before = std::exchange(m_shownTotal, value);
     lblAniTotalNum->setText(QString::number(value));
     AniScroll->setMaximum(value);
     SetNameCount(m_document, value);

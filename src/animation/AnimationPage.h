@@ -25,6 +25,9 @@ public:
     void syncScrollBars() override;
     void refresh() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.
     void nameButtonClicked(int index);
@@ -44,8 +47,10 @@ private:
     void ThisTickList_Click(int index);
     void TickList_Click(int index);
     void showCursor();
+    [[nodiscard]] QString toolTipAt(QPoint pixel) const;
 
     editing::AnimationDocument& m_document;
+    int m_shownTotal;
     QWidget* AniPicBox = nullptr;
     QScrollBar* AniTotalScroll = nullptr;
     QScrollBar* AniScroll = nullptr;

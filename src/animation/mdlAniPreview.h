@@ -3,9 +3,12 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "ui/Picture.h"
+#include "ui/Platform.h"
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace animation {
 
@@ -61,6 +64,38 @@ private:
     std::int64_t m_tickCounter = 0;
     std::int64_t m_deadline = 0; ///< count of ticks at which the current wait ends
 };
+
+/// The screenshot behind the preview: where it lies, or what to say when there is none.
+struct ScreenShot {
+    std::string message; ///< empty: the file is there
+    ui::Path path;
+};
+
+/// Looks for the screenshot of the settings; a relative path lies in the program directory.
+[[nodiscard]] ScreenShot
+FindScreenShot(const std::string& setting, const ui::Files& files, const ui::ProgramDirectory& directory);
+
+/// Widths and heights in pixels.
+struct RankingsSizes {
+    int windowWidth = 0;
+    int windowHeight = 0;
+    int screenShotWidth = 0; ///< 0: there is no screenshot
+    int screenShotHeight = 0;
+    int playerWidth = 0;
+    int playerHeight = 0;
+};
+
+/// Where everything stands in the preview's window.
+struct RankingsLayout {
+    int enlarge = 1;     ///< screenshot and strip are so many times as large as their pictures,
+    int reduce = 1;      ///< or this part of them; one of both is 1
+    ui::Rect screenShot; ///< empty: there is none
+    ui::Rect strip;      ///< the one-name frame over the line of the board where the player's name stands
+    ui::Rect player;     ///< the bar of the player buttons
+    ui::Rect quit;       ///< the OK button
+};
+
+[[nodiscard]] RankingsLayout LayOutRankings(const RankingsSizes& sizes);
 
 /// How many ticks are due `milliseconds` after playing began, when `passed` have been stepped. A clock that
 /// is read a little early counts as being in time.

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "animation/frmAniWiz.h"
+#include "animation/frmRankings.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
@@ -87,10 +89,22 @@ void frmVTM::mnuEditPaste_Click() {
 }
 
 void frmVTM::mnuToolsAnimationWizard_Click() {
+    animation::frmAniWiz wizard(
+        m_workspace.documents.animation, m_workspace.settings.letterChoice(), m_platform.dialogs,
+        m_platform.files, m_platform.directory, this);
+    wizard.exec();
+    if (wizard.built()) {
+        switchPageFor(Page::Animation);
+        repaintPage(Page::Animation);
+    }
     Refresh();
 }
 
 void frmVTM::mnuToolsAnimationViewer_Click() {
+    animation::frmRankings preview(
+        m_workspace.documents.animation, m_workspace.pictures.animation.pixels(),
+        m_workspace.settings.screenshot, m_platform, m_workspace.settings.sounds, this);
+    preview.exec();
     Refresh();
 }
 

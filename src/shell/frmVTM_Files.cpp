@@ -80,6 +80,8 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         const auto outcome = animation::ReadAnimationScript(
             m_workspace.documents.animation, path, m_isStartingUp, openFailure, repaint, m_platform.dialogs,
             m_platform.files);
+        // A reading that was abandoned may have changed the number of names all the same.
+        panel(kind).syncScrollBars();
         showStatus(outcome.statusText);
         break;
     }
@@ -178,19 +180,14 @@ void frmVTM::mnuFileSaveName_Click(int index) {
 }
 
 void frmVTM::mnuFileSaveAni_Click() {
-    const auto path = m_platform.dialogs.chooseFileToSave(animation::AnimationSaveRequest(dialogFolder()));
-    bool failed = false;
-    if (path) {
-        switchPageFor(Page::Animation);
-        const auto outcome = animation::WriteAnimationScript(
-            m_workspace.documents.animation, *path, m_platform.dialogs, m_platform.files);
-        showStatus(outcome.statusText);
-        failed = !outcome.written;
-        if (outcome.written) {
-            scriptSaved(Page::Animation, *path);
-        }
+    const auto outcome = animation::SaveAnimationScript(
+        m_workspace.documents.animation, dialogFolder(), [this] { switchPageFor(Page::Animation); },
+        m_platform.dialogs, m_platform.files);
+    showStatus(outcome.statusText);
+    if (outcome.kind == animation::AnimationSaved::Kind::Written) {
+        scriptSaved(Page::Animation, outcome.path);
     }
-    if (!failed) {
+    if (outcome.kind != animation::AnimationSaved::Kind::Failed) {
         offerBinding();
     }
     Refresh();

@@ -3,10 +3,13 @@
 #include "animation/mdlAniPreview.h"
 
 #include "animation/mdlAniName.h"
+#include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string>
+#include <utility>
 
 namespace animation {
 namespace {
@@ -241,6 +244,102 @@ TEST(TicksDue, LetsNinetyNamesEndWithinATickOfTheIdealWhateverTheTimerDoes) {
         EXPECT_GE(clock, Ideal) << "late by up to " << lateness;
         EXPECT_LE(clock, Ideal + std::max<std::int64_t>(50, lateness)) << "late by up to " << lateness;
     }
+}
+
+TEST(FindScreenShot, FindsAnAbsolutePathAndOneInTheProgramDirectory) {
+    support::FakePlatform platform;
+    const ui::Path path = platform.directory.files.put("shot.bmp", "x");
+    for (const std::string& setting : {path.string(), std::string("shot.bmp")}) {
+        const ScreenShot shot = FindScreenShot(setting, platform.files, platform.directory);
+        EXPECT_EQ(shot.message, "");
+        EXPECT_EQ(shot.path, path);
+    }
+}
+
+TEST(FindScreenShot, SaysWhatIsWrong) {
+    const support::FakePlatform platform;
+    EXPECT_EQ(
+        FindScreenShot("", platform.files, platform.directory).message,
+        "There is no screen shot chosen to display.\nPlease go to the options and select a new screen shot.");
+    for (const std::string setting : {"/nowhere/a.bmp", "a.bmp"}) {
+        const ScreenShot shot = FindScreenShot(setting, platform.files, platform.directory);
+        EXPECT_EQ(
+            shot.message, "The chosen screen shot, " + setting +
+                              ", was not found in the VTM directory.\n"
+                              "Please go to the options and select a new screen shot.");
+        EXPECT_TRUE(shot.path.empty());
+    }
+}
+
+TEST(LayOutRankings, CentresTheScreenshotAtATenthAndTheButtonsAtNineTenths) {
+    const RankingsLayout layout = LayOutRankings(
+        {.windowWidth = 1280,
+         .windowHeight = 1024,
+         .screenShotWidth = 640,
+         .screenShotHeight = 480,
+         .playerWidth = 500,
+         .playerHeight = 30});
+    EXPECT_EQ(layout.enlarge, 1);
+    EXPECT_EQ(layout.reduce, 1);
+    EXPECT_EQ(layout.screenShot, (ui::Rect{320, 102, 640, 480}));
+    EXPECT_EQ(layout.strip, (ui::Rect{320 + 240, 102 + 176, 240, 16}));
+    EXPECT_EQ(layout.player, (ui::Rect{390, 921, 500, 30}));
+    EXPECT_EQ(layout.quit.x, 1240);
+    EXPECT_EQ(layout.quit.y, 984);
+    EXPECT_LE(layout.quit.width, 40);
+    EXPECT_LE(layout.quit.height, 40);
+}
+
+TEST(LayOutRankings, ScalesByWholeFactorsOnly) {
+    const auto layoutOf = [](int windowWidth, int windowHeight, int width, int height) {
+        return LayOutRankings(
+            {.windowWidth = windowWidth,
+             .windowHeight = windowHeight,
+             .screenShotWidth = width,
+             .screenShotHeight = height,
+             .playerWidth = 500,
+             .playerHeight = 30});
+    };
+    EXPECT_EQ(layoutOf(1280, 1200, 640, 480).enlarge, 2);
+    EXPECT_EQ(layoutOf(1279, 1200, 640, 480).enlarge, 1);
+    EXPECT_EQ(layoutOf(1280, 1198, 640, 480).enlarge, 1);
+    EXPECT_EQ(layoutOf(3840, 2160, 640, 480).enlarge, 3);
+    EXPECT_EQ(layoutOf(3840, 2160, 320, 200).enlarge, 8);
+    EXPECT_EQ(layoutOf(1024, 768, 1024, 768).reduce, 2);
+    EXPECT_EQ(layoutOf(1024, 768, 3840, 2160).reduce, 4);
+    for (const auto& [width, height] :
+         {std::pair(640, 480), std::pair(1, 1), std::pair(5000, 3), std::pair(7, 4000)}) {
+        for (const int side : {1, 39, 200, 768, 4000}) {
+            const RankingsLayout layout = layoutOf(side, side, width, height);
+            EXPECT_TRUE(layout.enlarge == 1 || layout.reduce == 1);
+            EXPECT_LE(layout.screenShot.width, side);
+            EXPECT_LE(layout.screenShot.height, side);
+        }
+    }
+}
+
+TEST(LayOutRankings, LaysTheStripAtTheSameHeightInTheMiddleOfOtherScreenshots) {
+    const RankingsLayout layout = LayOutRankings(
+        {.windowWidth = 1024,
+         .windowHeight = 768,
+         .screenShotWidth = 800,
+         .screenShotHeight = 600,
+         .playerWidth = 500,
+         .playerHeight = 30});
+    EXPECT_EQ(layout.screenShot, (ui::Rect{112, 76, 800, 600}));
+    EXPECT_EQ(layout.strip, (ui::Rect{112 + 280, 76 + 220, 240, 16}));
+}
+
+TEST(LayOutRankings, LaysTheStripWhereTheBoardWouldStandWithoutAScreenshot) {
+    const RankingsLayout layout = LayOutRankings(
+        {.windowWidth = 1024,
+         .windowHeight = 768,
+         .screenShotWidth = 0,
+         .screenShotHeight = 0,
+         .playerWidth = 500,
+         .playerHeight = 30});
+    EXPECT_TRUE(layout.screenShot.empty());
+    EXPECT_EQ(layout.strip, (ui::Rect{192 + 240, 76 + 176, 240, 16}));
 }
 
 } // namespace animation

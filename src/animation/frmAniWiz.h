@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "animation/mdlAniWizard.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace animation {
+
+namespace Ui {
+class frmAniWiz;
+}
+
+/// The animation wizard: builds fifteen names of the animation out of one of them. It stays open until a
+/// build was made or it is cancelled.
+class frmAniWiz final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Everything is borrowed and outlives the dialog.
+    frmAniWiz(
+        AnimationDocument& animation, glyphs::CaseChoice caseChoice, ui::Dialogs& dialogs,
+        const ui::Files& files, const ui::ProgramDirectory& directory, QWidget* parent = nullptr);
+    ~frmAniWiz() override;
+
+    /// Whether rows of the animation were written: its page is to be painted again, however the dialog ended.
+    [[nodiscard]] bool built() const { return m_built; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void connectControls();
+    void addShortcuts();
+    void goTo(QWidget* control);
+    void Form_Load();
+    [[nodiscard]] WizardChoices choices() const;
+
+    void NameToUseScroll_Change(int value);
+    void StartNameScroll_Change(int value);
+    void cmdBuild_Click();
+    void cmdCancel_Click();
+
+    std::unique_ptr<Ui::frmAniWiz> m_form;
+    AnimationDocument& m_animation;
+    glyphs::CaseChoice m_caseChoice;
+    ui::Dialogs& m_dialogs;
+    const ui::Files& m_files;
+    const ui::ProgramDirectory& m_directory;
+    std::string m_message; ///< to be shown once, when the window is seen
+    bool m_built = false;
+};
+
+} // namespace animation

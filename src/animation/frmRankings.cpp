@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "animation/frmRankings.h"
+
+#include "ui_frmRankings.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QImageReader>
+#include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace animation {
+
+namespace {
+
+/// The painted rows of the names in use, copied.
+QImage RowsInUse(const ui::Picture& painted, int names) {
+    const int rows = std::min(names * glyphs::CellSide, painted.height());
+    QImage image(painted.width(), rows, QImage::Format_RGB32);
+    for (int y = 0; y < rows; ++y) {
+        std::copy_n(painted.row(y), painted.width(), reinterpret_cast<QRgb*>(image.scanLine(y)));
+    }
+    return image;
+}
+
+QRect RectOf(const ui::Rect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+} // namespace
+
+frmRankings::frmRankings(
+    const editing::AnimationDocument& animation, const ui::Picture& paintedNames,
+    const std::string& screenShot, const ui::Platform& platform, const glyphs::SoundOptions& soundOptions,
+    QWidget* parent)
+    : QDialog(parent)
+    , m_form(std::make_unique<Ui::frmRankings>())
+    , m_platform(platform)
+    , m_soundOptions(soundOptions)
+    , m_preview(animation)
+    , m_names(RowsInUse(paintedNames, animation.nameCount))
+    , AniTimer(new QTimer(this)) {
+    m_form->setupUi(this);
+    AniTimer->setObjectName(QStringLiteral("AniTimer"));
+    AniTimer->setTimerType(Qt::PreciseTimer);
+    AniTimer->setInterval(TickMilliseconds);
+
+    // The game's picture stands on black, whatever the colours of the desktop.
+    QPalette black = palette();
+    black.setColor(QPalette::Window, Qt::black);
+    setPalette(black);
+
+    loadScreenShot(screenShot);
+    connectControls();
+    setWindowState(windowState() | Qt::WindowFullScreen);
+    // Where no window manager makes it so.
+    setGeometry(screen()->geometry());
+}
+
+frmRankings::~frmRankings() = default;
+
+void frmRankings::loadScreenShot(const std::string& setting) {
+    ScreenShot found = FindScreenShot(setting, m_platform.files, m_platform.directory);
+    m_message = std::move(found.message);
+    if (!found.path.empty()) {
+        // A picture that cannot be read leaves the background empty.
+        m_screenShot = QImageReader(QFile::decodeName(found.path.c_str())).read();
+    }
+}
+
+void frmRankings::connectControls() {
+    connect(m_form->cmdPlay, &QPushButton::clicked, this, &frmRankings::cmdPlay_Click);
+    connect(m_form->cmdStop, &QPushButton::clicked, this, &frmRankings::cmdStop_Click);
+    connect(m_form->cmdToBegin, &QPushButton::clicked, this, &frmRankings::cmdToBegin_Click);
+    connect(m_form->cmdRewind, &QPushButton::clicked, this, &frmRankings::cmdRewind_Click);
+    connect(m_form->cmdForward, &QPushButton::clicked, this, &frmRankings::cmdForward_Click);
+    connect(m_form->cmdToEnd, &QPushButton::clicked, this, &frmRankings::cmdToEnd_Click);
+    connect(m_form->cmdQuit, &QPushButton::clicked, this, &frmRankings::cmdQuit_Click);
+    connect(AniTimer, &QTimer::timeout, this, &frmRankings::AniTimer_Timer);
+}
+
+void frmRankings::done(int result) {
+    m_preview.close();
+    AniTimer->stop();
+    QDialog::done(result);
+}
+
+void frmRankings::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    m_form->cmdPlay->setFocus();
+    if (!m_message.empty()) {
+        // Once the window is on the screen, so that the box stands over it.
+        QMetaObject::invokeMethod(
+            this, [this, message = std::exchange(m_message, {})] { m_platform.dialogs.warn(message); },
+            Qt::QueuedConnection);
+    }
+}
+
+void frmRankings::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    Form_Resize();
+}
+
+void frmRankings::Form_Resize() {
+    const QSize player = m_form->picPlayer->sizeHint();
+    const RankingsLayout before = std::exchange(
+        m_layout, LayOutRankings(
+                      {.windowWidth = width(),
+                       .windowHeight = height(),
+                       .screenShotWidth = m_screenShot.width(),
+                       .screenShotHeight = m_screenShot.height(),
+                       .playerWidth = player.width(),
+                       .playerHeight = player.height()}));
+    if (m_form->AniPic->pixmap().isNull() || before.enlarge != m_layout.enlarge ||
+        before.reduce != m_layout.reduce) {
+        scalePictures();
+    }
+    m_form->picScreenShot->setGeometry(RectOf(m_layout.screenShot));
+    m_form->AniPicBox->setGeometry(RectOf(m_layout.strip));
+    m_form->picPlayer->setGeometry(RectOf(m_layout.player));
+    m_form->cmdQuit->setGeometry(RectOf(m_layout.quit));
+    showName();
+}
+
+void frmRankings::scalePictures() {
+    const auto scaled = [this](const QImage& image) {
+        if (image.isNull()) {
+            return QPixmap();
+        }
+        const QSize size = image.size() * m_layout.enlarge / m_layout.reduce;
+        // Enlarged pixels stay blocks; where several become one they are blended.
+        return QPixmap::fromImage(image.scaled(
+            size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
+            m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
+    };
+    m_form->picScreenShot->setPixmap(scaled(m_screenShot));
+    m_form->AniPic->setPixmap(scaled(m_names));
+    m_form->AniPic->resize(m_form->AniPic->pixmap().size());
+}
+
+void frmRankings::showName() {
+    const int top = (m_preview.shownName() - 1) * glyphs::CellSide * m_layout.enlarge / m_layout.reduce;
+    m_form->AniPic->move(0, -top);
+}
+
+void frmRankings::followPlaying() {
+    showName();
+    const bool playing = m_preview.playing();
+    const std::array<QWidget*, 5> idleButtons = {
+        m_form->cmdPlay, m_form->cmdRewind, m_form->cmdToBegin, m_form->cmdToEnd, m_form->cmdForward};
+    if (playing == AniTimer->isActive()) {
+        return;
+    }
+    // The keyboard stays with the one button that makes sense next.
+    if (playing && m_form->picPlayer->isAncestorOf(focusWidget())) {
+        m_form->cmdStop->setFocus();
+    }
+    for (QWidget* const button : idleButtons) {
+        button->setEnabled(!playing);
+    }
+    if (playing) {
+        m_ticks = 0;
+        m_clock.start();
+        AniTimer->start();
+    } else {
+        AniTimer->stop();
+        if (focusWidget() == m_form->cmdStop) {
+            m_form->cmdPlay->setFocus();
+        }
+    }
+}
+
+void frmRankings::cmdPlay_Click() {
+    glyphs::PlaySoundResource(m_platform.sounds, m_soundOptions, glyphs::PreviewStartedSound);
+    m_preview.play();
+    followPlaying();
+}
+
+void frmRankings::cmdStop_Click() {
+    m_preview.stop();
+}
+
+void frmRankings::cmdToBegin_Click() {
+    m_preview.toBegin();
+    showName();
+}
+
+void frmRankings::cmdRewind_Click() {
+    m_preview.rewind();
+    showName();
+}
+
+void frmRankings::cmdForward_Click() {
+    m_preview.forward();
+    showName();
+}
+
+void frmRankings::cmdToEnd_Click() {
+    m_preview.toEnd();
+    showName();
+}
+
+void frmRankings::cmdQuit_Click() {
+    accept();
+}
+
+void frmRankings::AniTimer_Timer() {
+    // A timer that comes late makes up for the ticks that it missed.
+    for (std::int64_t due = TicksDue(m_clock.elapsed(), m_ticks); due > 0; --due) {
+        m_preview.step();
+        ++m_ticks;
+    }
+    followPlaying();
+}
+
+} // namespace animation
