@@ -65,6 +65,8 @@ public:
     /// The shut-down: saves the settings if "saveatexit" says so. The second call does nothing.
     void Form_Unload();
 
+    [[nodiscard]] bool isUnloaded() const { return m_isUnloaded; }
+
     /// A key press; keys that mean nothing here are left to the window. Returns whether it was used.
     bool Form_KeyDown(const ui::KeyStroke& stroke);
 
@@ -101,6 +103,7 @@ private:
 
     // Start-up and files
     ui::Status loadSettings();
+    void restoreWindow();
     void loadScript(
         editing::Page kind, const ui::Path& path,
         animation::OpenFailure openFailure = animation::OpenFailure::StatusLine);

@@ -14,6 +14,14 @@ namespace shell {
 
 using editing::Page;
 
+namespace {
+
+/// Where the window stood; apart from the options, of which every key has a meaning of its own.
+constexpr std::string_view WindowSection = "window";
+constexpr std::string_view GeometryKey = "geometry";
+
+} // namespace
+
 ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     m_isStartingUp = true;
     std::vector<std::string> notices;
@@ -60,6 +68,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         panel(page).refresh();
     }
     mnuView_Click(static_cast<int>(m_workspace.page()));
+    restoreWindow();
     show();
     m_isStartingUp = false;
 
@@ -93,12 +102,21 @@ ui::Status frmVTM::loadSettings() {
     return SelectCharSet(recordNumber);
 }
 
+void frmVTM::restoreWindow() {
+    if (const auto geometry =
+            m_platform.settings.read(std::string(WindowSection), std::string(GeometryKey))) {
+        restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*geometry)));
+    }
+}
+
 void frmVTM::Form_Unload() {
     if (m_isUnloaded) {
         return;
     }
     m_isUnloaded = true;
     if (m_workspace.settings.saveAtExit) {
+        m_platform.settings.write(
+            std::string(WindowSection), std::string(GeometryKey), saveGeometry().toBase64().toStdString());
         if (const ui::Status saved = Save(m_platform.settings, m_workspace.settings); !saved) {
             m_platform.dialogs.warn(saved.failure().message);
         }

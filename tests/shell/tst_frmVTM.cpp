@@ -548,11 +548,21 @@ TEST_F(Exit, SavesAllSettingsOnce) {
     EXPECT_FALSE(window->isVisible());
 }
 
+TEST_F(Exit, TheWindowComesBackWithItsSize) {
+    start();
+    window->resize(window->minimumWidth() + 60, window->height() + 40);
+    const QSize left = window->size();
+    window->close();
+    start();
+    EXPECT_EQ(window->size(), left);
+}
+
 TEST_F(Exit, SavesNothingWhenToldNotTo) {
     start();
     workspace().settings.saveAtExit = false;
     window->close();
     EXPECT_TRUE(fake.settings.list("options").empty());
+    EXPECT_TRUE(fake.settings.list("window").empty());
 }
 
 } // namespace
