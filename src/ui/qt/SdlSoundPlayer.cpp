@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/SdlSoundPlayer.h"
+
+#include "ui/qt/SdlAudio.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <csignal>
+#include <mutex>
+#include <optional>
+#include <pthread.h>
+
+namespace ui::qt {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How long the device stays open without a sound: while somebody types it is not opened for every key.
+constexpr auto QuietTime = 1500ms;
+
+/// How long the end of the program waits for the device to be closed.
+constexpr auto ClosingTime = 300ms;
+
+/// Signals are for the main thread; threads that SDL starts inherit this.
+void BlockSignals() {
+    sigset_t all;
+    sigfillset(&all);
+    ::pthread_sigmask(SIG_BLOCK, &all, nullptr);
+}
+
+} // namespace
+
+/// What the player and its thread tell each other. The thread holds a share of it, so that it may outlive the
+/// player when it hangs in the device.
+struct SdlSoundPlayer::Mailbox {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::optional<std::string_view> wave; ///< to be played next
+    bool ends = false;                    ///< the thread is to end
+    bool ended = false;
+};
+
+SdlSoundPlayer::SdlSoundPlayer()
+    : m_mailbox(std::make_shared<Mailbox>()) {}
+
+SdlSoundPlayer::~SdlSoundPlayer() {
+    if (!m_worker.joinable()) {
+        return;
+    }
+    bool ended = false;
+    {
+        std::unique_lock lock(m_mailbox->mutex);
+        m_mailbox->ends = true;
+        m_mailbox->changed.notify_all();
+        ended = m_mailbox->changed.wait_for(lock, ClosingTime, [this] { return m_mailbox->ended; });
+    }
+    if (ended) {
+        m_worker.join();
+    } else {
+        m_worker.detach();
+    }
+}
+
+void SdlSoundPlayer::play(std::string_view wave) {
+    {
+        const std::lock_guard lock(m_mailbox->mutex);
+        m_mailbox->wave = wave;
+        m_mailbox->changed.notify_all();
+    }
+    if (!m_worker.joinable()) {
+        m_worker = std::thread([mailbox = m_mailbox] { Work(mailbox); });
+    }
+}
+
+void SdlSoundPlayer::Work(const std::shared_ptr<Mailbox>& mailbox) {
+    BlockSignals();
+    {
+        SdlAudio audio;
+        std::unique_lock lock(mailbox->mutex);
+        const auto hasNews = [&] {
+            return mailbox->ends || mailbox->wave.has_value();
+        };
+        auto silentFrom = std::chrono::steady_clock::now();
+        for (;;) {
+            if (!audio.isOpen()) {
+                mailbox->changed.wait(lock, hasNews);
+            } else if (!mailbox->changed.wait_until(lock, silentFrom + QuietTime, hasNews)) {
+                lock.unlock();
+                audio.close();
+                lock.lock();
+                continue;
+            }
+            if (mailbox->ends) {
+                break;
+            }
+            const std::string_view wave = *mailbox->wave;
+            mailbox->wave.reset();
+            lock.unlock();
+            const auto duration = audio.play(wave);
+            silentFrom = std::chrono::steady_clock::now() + duration;
+            lock.lock();
+        }
+        lock.unlock();
+        audio.close();
+    }
+    const std::lock_guard lock(mailbox->mutex);
+    mailbox->ended = true;
+    mailbox->changed.notify_all();
+}
+
+} // namespace ui::qt

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/XkbLockKeys.h"
+
+#include "ui/qt/X11Keyboard.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace ui::qt {
+
+XkbLockKeys::XkbLockKeys()
+    : m_keyboard(X11Keyboard::Connect()) {
+    if (m_keyboard == nullptr) {
+        return;
+    }
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &XkbLockKeys::focusMoved);
+    QObject::connect(qGuiApp, &QGuiApplication::aboutToQuit, this, &XkbLockKeys::leave);
+}
+
+XkbLockKeys::~XkbLockKeys() {
+    leave();
+}
+
+bool XkbLockKeys::canLock(LockKey key) const {
+    return m_keyboard != nullptr && (key == LockKey::Caps || key == LockKey::Num);
+}
+
+void XkbLockKeys::setLocked(LockKey key, bool locked) {
+    switch (key) {
+    case LockKey::Caps:
+        m_wanted.caps = locked;
+        break;
+    case LockKey::Num:
+        m_wanted.num = locked;
+        break;
+    case LockKey::Scroll:
+        m_wanted.scrollLight = locked;
+        break;
+    case LockKey::Insert:
+        return;
+    }
+    if (m_isInside) {
+        apply(m_wanted);
+    }
+}
+
+void XkbLockKeys::focusMoved(const QWindow* window) {
+    // A dialog has text to be typed into, with the locks that the user is used to.
+    const bool isInside = window != nullptr && window->modality() == Qt::NonModal;
+    if (isInside) {
+        enter();
+    } else {
+        leave();
+    }
+}
+
+void XkbLockKeys::enter() {
+    if (m_isInside) {
+        return;
+    }
+    m_isInside = true;
+    m_original.caps = m_keyboard->isLocked(X11Keyboard::Lock::Caps);
+    m_original.num = m_keyboard->isLocked(X11Keyboard::Lock::Num);
+    m_original.scrollLight = m_keyboard->scrollLight();
+    apply(m_wanted);
+}
+
+void XkbLockKeys::leave() {
+    if (m_isInside) {
+        m_isInside = false;
+        apply(m_original);
+    }
+}
+
+void XkbLockKeys::apply(const Locks& locks) {
+    if (locks.caps) {
+        m_keyboard->setLocked(X11Keyboard::Lock::Caps, *locks.caps);
+    }
+    if (locks.num) {
+        m_keyboard->setLocked(X11Keyboard::Lock::Num, *locks.num);
+    }
+    if (locks.scrollLight) {
+        m_keyboard->setScrollLight(*locks.scrollLight);
+    }
+}
+
+} // namespace ui::qt

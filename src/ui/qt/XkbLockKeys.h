@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Platform.h"
+
+#include <QObject>
+#include <memory>
+#include <optional>
+
+class QWindow;
+
+namespace ui::qt {
+
+class X11Keyboard;
+
+/// The lock keys of an X11 desktop. While the program's main window has the focus, Caps Lock, Num Lock and
+/// the light of Scroll Lock are as the program wants them; everywhere else, the program's dialogs included,
+/// they are as the user left them. On Wayland, where no program can set them, nothing happens.
+class XkbLockKeys final : public QObject, public LockKeys {
+    Q_OBJECT
+
+public:
+    XkbLockKeys();
+    XkbLockKeys(const XkbLockKeys&) = delete;
+    XkbLockKeys& operator=(const XkbLockKeys&) = delete;
+    XkbLockKeys(XkbLockKeys&&) = delete;
+    XkbLockKeys& operator=(XkbLockKeys&&) = delete;
+    ~XkbLockKeys() override;
+
+    void setLocked(LockKey key, bool locked) override;
+
+    /// Caps and Num on X11; never Insert, and never Scroll, which has a light but no lock.
+    [[nodiscard]] bool canLock(LockKey key) const override;
+
+private:
+    struct Locks {
+        std::optional<bool> caps;
+        std::optional<bool> num;
+        std::optional<bool> scrollLight;
+    };
+
+    void focusMoved(const QWindow* window);
+    void enter();
+    void leave();
+    void apply(const Locks& locks);
+
+    std::unique_ptr<X11Keyboard> m_keyboard; ///< null: no lock can be set here
+    bool m_isInside = false;                 ///< whether the main window has the focus
+    Locks m_wanted;
+    Locks m_original; ///< of the user, while m_isInside
+};
+
+} // namespace ui::qt
