@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmAniWiz.h"
 #include "animation/frmRankings.h"
+#include "animation/frmAniWiz.h"
+#include "animation/frmRankings.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
@@ -101,10 +103,10 @@ void frmVTM::mnuToolsAnimationWizard_Click() {
 }
 
 void frmVTM::mnuToolsAnimationViewer_Click() {
-    animation::frmRankings preview(
+    animation::frmRankings(
         m_workspace.documents.animation, m_workspace.pictures.animation.pixels(),
-        m_workspace.settings.screenshot, m_platform, m_workspace.settings.sounds, this);
-    preview.exec();
+        m_workspace.settings.screenshot, m_platform, m_workspace.settings.sounds, this)
+        .exec();
     Refresh();
 }
 
