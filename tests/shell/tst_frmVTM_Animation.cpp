@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "MainWindow.h"
+
+#include "animation/frmAniWiz.h"
+#include "animation/frmRankings.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+
+using editing::Page;
+
+namespace {
+
+class Animation : public MainWindow {
+protected:
+    [[nodiscard]] editing::AnimationDocument& animation() const { return workspace().documents.animation; }
+
+    [[nodiscard]] std::string name(int row) const {
+        std::string text;
+        for (const glyphs::GlyphCode code : animation().name(row)) {
+            text.push_back(static_cast<char>(code));
+        }
+        return text.substr(0, text.find_last_not_of(' ') + 1);
+    }
+
+    /// Whether the picture shows the names in use.
+    [[nodiscard]] bool pictureIsTrue() const {
+        const ui::Picture& painted = workspace().pictures.animation.pixels();
+        ui::Picture expected = painted;
+        for (int row = 1; row <= animation().nameCount; ++row) {
+            for (int column = 1; column <= editing::NameLength; ++column) {
+                glyphs::PaintGlyph(
+                    expected, workspace().atlas, animation().rows().cell(row, column), column, row);
+            }
+        }
+        return painted == expected;
+    }
+
+    /// Chooses an entry and works the dialog of a class that it opens.
+    template <class Dialog>
+    void chooseAndUse(const char* entry, const std::function<void(Dialog&)>& use) const {
+        bool used = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            use(*dialog);
+            used = true;
+            dialog->close();
+        });
+        choose(entry);
+        EXPECT_TRUE(used);
+    }
+
+    static void press(QWidget& form, const char* button) {
+        QTest::mouseClick(form.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+    }
+
+    std::string status() const { return window->statusBar()->currentMessage().toStdString(); }
+};
+
+TEST_F(Animation, TheWizardsBuildShowsThePageAndPaintsItWhole) {
+    startOn(Page::Name);
+    const auto before = animation().nameGlyphs;
+    std::ranges::copy(std::u16string(u"Thistle"), animation().rows().row(15).begin());
+    chooseAndUse<animation::frmAniWiz>("mnuToolsAnimationWizard", [](animation::frmAniWiz& wizard) {
+        wizard.findChild<QComboBox*>(QStringLiteral("cmboPos_1"))->setCurrentIndex(1);
+        press(wizard, "cmdBuild");
+    });
+    EXPECT_EQ(workspace().page(), Page::Animation);
+    EXPECT_NE(animation().nameGlyphs, before);
+    EXPECT_EQ(name(15), "Thistle");
+    EXPECT_TRUE(pictureIsTrue());
+    EXPECT_EQ(played(104), 1);
+    EXPECT_EQ(animation().nameCount, 15);
+}
+
+TEST_F(Animation, ACancelledWizardChangesNothing) {
+    startOn(Page::Name);
+    const auto before = animation().nameGlyphs;
+    chooseAndUse<animation::frmAniWiz>("mnuToolsAnimationWizard", [](animation::frmAniWiz& wizard) {
+        wizard.findChild<QComboBox*>(QStringLiteral("cmboPos_1"))->setCurrentIndex(1);
+        press(wizard, "cmdCancel");
+    });
+    EXPECT_EQ(workspace().page(), Page::Name);
+    EXPECT_EQ(animation().nameGlyphs, before);
+    EXPECT_EQ(played(104), 0);
+}
+
+TEST_F(Animation, TheViewerPlaysOverTheScreenshotOfTheSettings) {
+    startOn(Page::Animation);
+    workspace().settings.screenshot = "nowhere.bmp";
+    animation().nameTicks.fill(0);
+    fake.dialogs.expectWarning("The chosen screen shot, nowhere.bmp, was not found in the VTM directory.\n"
+                               "Please go to the options and select a new screen shot.");
+    chooseAndUse<animation::frmRankings>("mnuToolsAnimationViewer", [this](animation::frmRankings& viewer) {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return fake.dialogs.left() == 0; }));
+        press(viewer, "cmdPlay");
+        EXPECT_EQ(played(103), 1);
+        EXPECT_EQ(viewer.findChild<QLabel*>(QStringLiteral("AniPic"))->y(), -14 * 16);
+    });
+    EXPECT_EQ(workspace().page(), Page::Animation);
+}
+
+TEST_F(Animation, AScriptThatIsAbandonedLeavesAWordInTheStatusLine) {
+    startOn(Page::Animation);
+    const ui::Path path = fake.directory.files.put(
+        "long.vta", "// Animation File Created by Vortigo\r\n// 20 Names In The Animation Sequence\r\n"
+                    "name \"short\"\r\nname \"much longer than a name\"\r\n");
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Select the Script file";
+    dialog.initialName = "*.vta";
+    dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
+    fake.dialogs.expectOpen(dialog, path);
+    choose("mnuFileLoadAniFromScriptFile");
+    EXPECT_EQ(name(1), "short");
+    EXPECT_EQ(animation().nameCount, 20);
+    EXPECT_EQ(text("lblAniTotalNum").toStdString(), "20");
+    EXPECT_EQ(played(104), 0);
+    EXPECT_EQ(
+        status(), "Reading \"" + path.string() +
+                      "\" stopped at line 4: its name has more than 15 glyphs. "
+                      "The names read before it are not shown yet.");
+}
+
+TEST_F(Animation, AScriptThatCannotBeOpenedOrMadeIsNamedInTheStatusLine) {
+    startOn(Page::Animation);
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Select the Script file";
+    dialog.initialName = "*.vta";
+    dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
+    const ui::Path path = fake.directory.files / "gone.vta";
+    fake.dialogs.expectOpen(dialog, path);
+    choose("mnuFileLoadAniFromScriptFile");
+    EXPECT_NE(status().find(path.string()), std::string::npos) << status();
+
+    dialog.title = "";
+    fake.dialogs.expectSave(dialog, path);
+    fake.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    fake.files.failOnce(support::FailingFiles::Step::Open);
+    choose("mnuFileSaveAni_0");
+    EXPECT_NE(status().find(path.string()), std::string::npos) << status();
+    EXPECT_TRUE(workspace().recent.of(Page::Animation).empty());
+}
+
+TEST_F(Animation, TheNameButtonsWorkOnTheListAndKeepTheViewTrue) {
+    startOn(Page::Animation);
+    type("last");
+    press(*window, "cmdName_0");
+    EXPECT_EQ(animation().nameCount, 16);
+    EXPECT_EQ(name(15), "");
+    EXPECT_EQ(name(16), "last");
+    EXPECT_EQ(text("lblAniTotalNum").toStdString(), "16");
+    press(*window, "cmdName_3");
+    EXPECT_EQ(name(15), "last");
+    EXPECT_EQ(animation().currentName, 16);
+    EXPECT_EQ(text("lblCurPos").toStdString(), "5,16");
+    press(*window, "cmdName_1");
+    EXPECT_EQ(animation().nameCount, 15);
+    EXPECT_EQ(text("lblCurPos").toStdString(), "1,15");
+    press(*window, "cmdName_2");
+    EXPECT_EQ(name(14), "last");
+    EXPECT_EQ(text("lblCurPos").toStdString(), "1,14");
+    EXPECT_TRUE(pictureIsTrue());
+}
+
+TEST_F(Animation, RaisingTheTotalShowsWhatTheHiddenRowsHold) {
+    startOn(Page::Animation);
+    std::ranges::copy(std::u16string(u"hidden"), animation().rows().row(16).begin());
+    find<QScrollBar>("AniTotalScroll")->setValue(17);
+    EXPECT_EQ(animation().nameCount, 17);
+    EXPECT_TRUE(pictureIsTrue());
+}
+
+} // namespace
