@@ -3,7 +3,6 @@
 #include "shell/OptionControls.h"
 
 #include <QPaintEvent>
-#include <QStyleOptionFocusRect>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 
@@ -12,7 +11,8 @@ namespace shell {
 namespace {
 
 constexpr int FrameWidth = 2;
-constexpr int FocusGap = 2; // between the frame and the focus rectangle around it
+constexpr int FocusWidth = 2;
+constexpr int FocusGap = 3; // from the edge of a control to its frame: room for the focus ring
 
 void DrawSunkenFrame(QStylePainter& painter, const QWidget& widget, const QRect& rect) {
     QStyleOptionFrame option;
@@ -24,14 +24,16 @@ void DrawSunkenFrame(QStylePainter& painter, const QWidget& widget, const QRect&
     painter.drawControl(QStyle::CE_ShapedFrame, option);
 }
 
+/// A ring around the control. The style's own focus rectangle would tint the colour or glyph inside it.
 void DrawFocus(QStylePainter& painter, const QWidget& widget) {
     if (!widget.hasFocus()) {
         return;
     }
-    QStyleOptionFocusRect option;
-    option.initFrom(&widget);
-    option.backgroundColor = widget.palette().color(QPalette::Window);
-    painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+    QPen ring(widget.palette().color(QPalette::Highlight), FocusWidth);
+    ring.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(ring);
+    constexpr int inset = FocusWidth / 2;
+    painter.drawRect(widget.rect().adjusted(inset, inset, -inset, -inset));
 }
 
 QRect InsideFocus(const QWidget& widget) {
@@ -54,7 +56,7 @@ void ColourBox::setColour(const QColor& colour) {
 }
 
 QSize ColourBox::sizeHint() const {
-    return {88, 28};
+    return {90, 30};
 }
 
 void ColourBox::paintEvent(QPaintEvent* /*event*/) {

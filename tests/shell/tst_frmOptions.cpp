@@ -372,7 +372,14 @@ TEST_F(OptionsDialog, TheColourBoxShowsItsColour) {
     open();
     showPage(1);
     auto* const box = find<shell::ColourBox>("picColor_2");
-    EXPECT_EQ(box->grab().toImage().pixelColor(box->width() / 2, box->height() / 2), QColor(200, 100, 50));
+    const auto shown = [box] {
+        return box->grab().toImage().pixelColor(box->width() / 2, box->height() / 2);
+    };
+    EXPECT_EQ(shown(), QColor(200, 100, 50));
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    box->setFocus();
+    EXPECT_EQ(shown(), QColor(200, 100, 50));
 }
 
 TEST_F(OptionsDialog, ThePromptsSetTheirOptions) {
