@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "cli/PngPicture.h"
+#include "data/ToolRun.h"
+#include "glyphs/GifPicture.h"
+#include "support/FailingFiles.h"
+#include "support/TempProgramDirectory.h"
+#include "thumbnail/Command.h"
+#include "tools/CharSetWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using support::MakeSets;
+using support::SmallArtwork;
+
+const std::string NameScript = "// Name File Created by Vortigo\r\nname \"x\"\r\n";
+const std::string AnimationScript = "// Animation File Created by Vortigo\r\n"
+                                    "// 15 Names In The Animation Sequence\r\n"
+                                    "name \"first\"\r\nwait; \r\n"
+                                    "name \"second\"\r\nwait; wait; \r\n";
+
+class ThumbnailCommand : public ::testing::Test {
+protected:
+    ThumbnailCommand() {
+        (void)directory.files.put("vtmtc.dat", MakeSets(2).list);
+        (void)directory.files.put("vtmgrid.dat", MakeSets(2).store);
+    }
+
+    int run(const std::vector<std::string>& arguments) {
+        output.str("");
+        errors.str("");
+        return thumbnail::RunCommand(arguments, {files, directory, output, errors});
+    }
+
+    void expectRefusal(const std::vector<std::string>& arguments, const std::string& message) {
+        EXPECT_EQ(run(arguments), 1);
+        EXPECT_EQ(errors.str(), "vtm-thumbnail: " + message + "\n");
+    }
+
+    [[nodiscard]] std::string at(const ui::Path& name) const { return (folder / name).native(); }
+
+    [[nodiscard]] ui::Picture png(const ui::Path& name) const {
+        const auto picture = cli::DecodePng(folder.content(name));
+        EXPECT_TRUE(picture) << picture.failure().message;
+        return picture ? picture.value() : ui::Picture();
+    }
+
+    support::TempProgramDirectory directory;
+    support::TempFolder folder;
+    ui::DiskFiles disk;
+    support::FailingFiles files{disk};
+    std::ostringstream output;
+    std::ostringstream errors;
+};
+
+} // namespace
+
+TEST_F(ThumbnailCommand, DrawsWhateverTheFileIsCalled) {
+    for (const char* name : {"a.vtn", "a.scr", "a"}) {
+        ASSERT_EQ(run({folder.put(name, NameScript).native(), at("out.png")}), 0) << errors.str();
+        const ui::Picture picture = png("out.png");
+        EXPECT_EQ(picture.width(), 128);
+        EXPECT_EQ(picture.height(), 128);
+        // Pixel (0, 0) of glyph "x", code 120 in column 8 and row 7, of the first set.
+        EXPECT_EQ(picture.pixel(48, 48), SmallArtwork(0).pixel(64, 56));
+    }
+    EXPECT_EQ(output.str(), "");
+    EXPECT_EQ(errors.str(), "");
+}
+
+TEST_F(ThumbnailCommand, TheSizeAndTheSetCanBeChosen) {
+    ASSERT_EQ(run({"--size", "64", "--set", "2", folder.put("a.vtn", NameScript).native(), at("out.png")}), 0)
+        << errors.str();
+    EXPECT_EQ(png("out.png").width(), 64);
+    EXPECT_EQ(png("out.png").pixel(24, 24), SmallArtwork(1).pixel(64, 56));
+}
+
+TEST_F(ThumbnailCommand, AnAnimationBecomesAGif) {
+    const std::string script = folder.put("a.vta", AnimationScript).native();
+    ASSERT_EQ(run({script, "--animate", at("out.gif")}), 0) << errors.str();
+    const std::string gif = folder.content("out.gif");
+    EXPECT_EQ(gif.substr(0, 10), std::string("GIF89a\xF0\0\x10\0", 10));
+    // It plays for ever; its two pictures take 5 and 10 hundredths of a second.
+    EXPECT_NE(gif.find(std::string("NETSCAPE2.0\3\1\0\0\0", 16)), std::string::npos);
+    const std::size_t first = gif.find("\x21\xF9\x04");
+    const std::size_t second = gif.find("\x21\xF9\x04", first + 1);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_EQ(gif.find("\x21\xF9\x04", second + 1), std::string::npos);
+    EXPECT_EQ(gif.substr(first + 4, 2), std::string("\5\0", 2));
+    EXPECT_EQ(gif.substr(second + 4, 2), std::string("\x0A\0", 2));
+    const auto picture = glyphs::DecodeGif(gif);
+    ASSERT_TRUE(picture);
+    // Pixel (0, 0) of glyph "f".
+    EXPECT_EQ(picture.value().pixel(0, 0), SmallArtwork(0).pixel(48, 48));
+    EXPECT_FALSE(folder.has("out.png"));
+}
+
+TEST_F(ThumbnailCommand, BothPicturesCanBeHadAtOnce) {
+    const std::string script = folder.put("a.vta", AnimationScript).native();
+    ASSERT_EQ(run({script, at("out.png"), "--animate", at("out.gif"), "--size", "480"}), 0) << errors.str();
+    EXPECT_EQ(png("out.png").width(), 480);
+    EXPECT_EQ(glyphs::DecodeGif(folder.content("out.gif")).value().width(), 480);
+}
+
+TEST_F(ThumbnailCommand, AFileThatCannotBeDrawnIsNamedAndNothingIsWritten) {
+    const std::string out = at("out.png");
+    const std::string text = folder.put("a.vtn", "hello").native();
+    expectRefusal(
+        {text, out}, "\"" + text + "\" cannot be drawn: it is not a name, animation or message script.");
+    const std::string noise = folder.put("b.vta", std::string(100000, '\xFF')).native();
+    expectRefusal(
+        {noise, out}, "\"" + noise + "\" cannot be drawn: it is not a name, animation or message script.");
+    const std::string name = folder.put("c.vtn", NameScript).native();
+    expectRefusal({name, "--animate", out}, "\"" + name + "\" cannot be drawn: it is not an animation.");
+    expectRefusal({at("d.vtn"), out}, "Could not open \"" + at("d.vtn") + "\": No such file or directory.");
+    expectRefusal(
+        {folder.path().native(), out}, "Could not read \"" + folder.path().native() + "\": Is a directory.");
+    EXPECT_FALSE(folder.has("out.png"));
+}
+
+TEST_F(ThumbnailCommand, TheScriptItselfIsNotWrittenOver) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    expectRefusal({script, script}, "\"" + script + "\" was not written: it is the script itself.");
+    EXPECT_EQ(folder.content("a.vtn"), NameScript);
+}
+
+TEST_F(ThumbnailCommand, WithoutTheSetThereIsNoPicture) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    expectRefusal({"--set", "3", script, at("out.png")}, "There is no character set 3; there are 2.");
+    const support::TempFolder empty;
+    expectRefusal(
+        {"--directory", empty.path().native(), script, at("out.png")},
+        "Could not open \"" + (empty / "vtmtc.dat").native() + "\": No such file or directory.");
+    (void)directory.files.put("vtmgrid.dat", "no picture");
+    EXPECT_EQ(run({script, at("out.png")}), 1);
+    EXPECT_NE(errors.str(), "");
+    EXPECT_FALSE(folder.has("out.png"));
+}
+
+TEST_F(ThumbnailCommand, AnOutputThatCannotBeWrittenIsNamed) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    expectRefusal(
+        {script, at("no/out.png")},
+        "Could not open \"" + at("no/out.png") + "\": No such file or directory.");
+    files.failOnce(support::FailingFiles::Step::Write);
+    expectRefusal({script, at("out.png")}, "Could not write \"" + at("out.png") + "\": injected failure.");
+}
+
+TEST_F(ThumbnailCommand, WhatIsNotUnderstoodIsWrongUsage) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::vector<std::vector<std::string>> wrong{
+        {},
+        {script},
+        {script, "a", "b"},
+        {"--size", "15", script, "a"},
+        {"--size", "1025", script, "a"},
+        {"--size", "x", script, "a"},
+        {"--set", "0", script, "a"},
+        {"--colour", script, "a"}};
+    for (const auto& arguments : wrong) {
+        EXPECT_EQ(run(arguments), 2);
+        EXPECT_NE(errors.str(), "");
+        EXPECT_EQ(output.str(), "");
+    }
+    EXPECT_EQ(run({"--help"}), 0);
+    EXPECT_TRUE(output.str().starts_with("Usage: vtm-thumbnail [OPTION]... INPUT OUTPUT.png\n"));
+}
+
+TEST_F(ThumbnailCommand, TheProgramNeedsNoDisplayAndFindsTheSetsBesideIt) {
+    const std::string script = folder.put("a.vta", AnimationScript).native();
+    const support::ToolRun drawn =
+        support::RunProgram("/usr/bin/env", {"-i", VTM_THUMBNAIL, "--size", "256", script, at("out.png")});
+    EXPECT_EQ(drawn.exitCode, 0);
+    EXPECT_EQ(drawn.errors, "");
+    EXPECT_EQ(png("out.png").width(), 256);
+    EXPECT_EQ(support::RunProgram(VTM_THUMBNAIL, {at("none"), at("out.png")}).exitCode, 1);
+    EXPECT_EQ(support::RunProgram(VTM_THUMBNAIL, {script}).exitCode, 2);
+}
+
+TEST_F(ThumbnailCommand, FileManagersCallItForTheThreeKindsOfScripts) {
+    const std::string entry = support::FileContent(ui::Path(SHARE_DIR) / "thumbnailers" / "vtm.thumbnailer");
+    EXPECT_EQ(
+        entry, "[Thumbnailer Entry]\n"
+               "TryExec=vtm-thumbnail\n"
+               "Exec=vtm-thumbnail --size %s %i %o\n"
+               "MimeType=application/x-vtm-name;application/x-vtm-animation;application/x-vtm-message;\n");
+    // The file that the manager wants the picture in is there already, empty, and may have any name.
+    const std::string script = folder.put("a b.vtn", NameScript).native();
+    const std::string out = folder.put("thumbnail-XYZ", "").native();
+    EXPECT_EQ(support::RunProgram(VTM_THUMBNAIL, {"--size", "256", script, out}).exitCode, 0);
+    EXPECT_EQ(png("thumbnail-XYZ").width(), 256);
+}

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "thumbnail/Script.h"
+
+#include "animation/mdlAniScript.h"
+#include "scripts/mdlMacro.h"
+#include "scripts/mdlName.h"
+
+#include <string>
+
+namespace thumbnail {
+
+ui::Result<Script> ReadScript(std::string_view bytes) {
+    editing::NameDocument name;
+    switch (scripts::ReadNameScript(bytes, name)) {
+    case scripts::ReadOutcome::Read:
+        return Script(name);
+    case scripts::ReadOutcome::TooLong:
+        return ui::Failure{"its name has more than 15 glyphs"};
+    case scripts::ReadOutcome::NotRecognised:
+        break;
+    }
+
+    editing::MessageDocument messages;
+    switch (scripts::ReadMessageScript(bytes, messages)) {
+    case scripts::ReadOutcome::Read:
+        return Script(messages);
+    case scripts::ReadOutcome::TooLong:
+        return ui::Failure{"a message has more than 31 glyphs"};
+    case scripts::ReadOutcome::NotRecognised:
+        break;
+    }
+
+    editing::AnimationDocument animation;
+    animation.nameTicks.fill(0);
+    const animation::DecodedScript decoded = animation::DecodeAnimationScript(bytes, animation);
+    switch (decoded.end) {
+    case animation::ScriptEnd::Read:
+        return Script(animation);
+    case animation::ScriptEnd::Abandoned:
+        return ui::Failure{"line " + std::to_string(decoded.line) + ": " + decoded.cause};
+    case animation::ScriptEnd::NotRecognised:
+        break;
+    }
+    return ui::Failure{"it is not a name, animation or message script"};
+}
+
+} // namespace thumbnail

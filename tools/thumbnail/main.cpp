@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "cli/ProgramFolder.h"
+#include "thumbnail/Command.h"
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    ui::DiskFiles files;
+    const auto directory = cli::ProgramFolder::OfThisCommand();
+    return thumbnail::RunCommand(arguments, {files, directory, std::cout, std::cerr});
+}
