@@ -3,7 +3,7 @@
 #include "animation/AnimationPage.h"
 
 #include "animation/mdlAniName.h"
-#include "animation/mdlAniScript.h"
+#include "glyphs/RowText.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QComboBox>
@@ -221,7 +221,7 @@ QString AnimationPage::toolTipAt(QPoint pixel) const {
     const int column = pixel.x() / glyphs::CellSide + 1;
     if (row <= m_document.nameCount && column <= NameLength) {
         const glyphs::GlyphCode code = m_document.name(row)[static_cast<std::size_t>(column - 1)];
-        if (BreaksScriptLine(code)) {
+        if (glyphs::BreaksScriptLine(code)) {
             text += tr("\nGlyph %1 breaks the line that this name is saved in").arg(code);
         }
     }

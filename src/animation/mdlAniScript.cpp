@@ -146,7 +146,7 @@ std::string LossText(const AnimationDocument& animation) {
     int broken = 0;
     for (int name = 1; name <= animation.nameCount; ++name) {
         untimed += animation.ticks(name) > 0 ? 0 : 1;
-        broken += std::ranges::any_of(animation.name(name), BreaksScriptLine) ? 1 : 0;
+        broken += std::ranges::any_of(animation.name(name), glyphs::BreaksScriptLine) ? 1 : 0;
     }
     std::string text;
     if (broken > 0) {
@@ -171,10 +171,6 @@ ui::FileDialogRequest ScriptRequest(const ui::Path& folder) {
 }
 
 } // namespace
-
-bool BreaksScriptLine(glyphs::GlyphCode code) {
-    return code == '\n' || code == '\r' || code == '"';
-}
 
 ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand command) {
     ui::Bytes bytes;

@@ -44,9 +44,6 @@ struct DecodedScript {
 /// read.
 DecodedScript DecodeAnimationScript(std::string_view bytes, AnimationDocument& animation);
 
-/// Whether a glyph ends the line or the quoted name that it is written into: 10, 13 and 34.
-[[nodiscard]] bool BreaksScriptLine(glyphs::GlyphCode code);
-
 /// What the window does after writing a script.
 struct AnimationWritten {
     bool written = false;   ///< whether the path goes into the recent files

@@ -18,6 +18,10 @@ std::string RowText(std::span<const GlyphCode> row) {
     return text;
 }
 
+bool BreaksScriptLine(GlyphCode code) {
+    return code == '\n' || code == '\r' || code == '"';
+}
+
 bool ParseQuotedLine(std::string_view line, std::span<GlyphCode> row) {
     std::fill(row.begin(), row.end(), BlankGlyph);
     const std::size_t quote = line.find('"');

@@ -13,6 +13,9 @@ namespace glyphs {
 /// The cells of a row as bytes, one a cell, without the blanks (byte 32) at its right end.
 [[nodiscard]] std::string RowText(std::span<const GlyphCode> row);
 
+/// Whether a glyph ends the line or the quoted name that it is written into: 10, 13 and 34.
+[[nodiscard]] bool BreaksScriptLine(GlyphCode code);
+
 /// Reads the quoted text of a script line into a row. All cells become blank; then the bytes after the line's
 /// first double quote (the whole line, if there is none) up to but not including its last byte, whatever that
 /// is, go into the cells in order. Returns false when there are more bytes than cells; the cells then hold

@@ -40,6 +40,13 @@ TEST(RowText, WritesEveryGlyphAsItsByte) {
     EXPECT_EQ(RowText(Cells{0, 10, 13, 34, 127, 128, 160, 255}), Bytes({0, 10, 13, 34, 127, 128, 160, 255}));
 }
 
+TEST(RowText, TheLineEndsAndTheDoubleQuoteBreakAScriptLine) {
+    for (int code = 0; code < GlyphCount; ++code) {
+        EXPECT_EQ(BreaksScriptLine(static_cast<GlyphCode>(code)), code == 10 || code == 13 || code == 34)
+            << code;
+    }
+}
+
 TEST(ParseQuotedLine, TakesWhatStandsBetweenTheFirstQuoteAndTheLastByte) {
     EXPECT_EQ(Parsed("name \"abc\""), (Cells{'a', 'b', 'c', 32, 32}));
     EXPECT_EQ(Parsed("set name \"abc\""), (Cells{'a', 'b', 'c', 32, 32}));
