@@ -16,6 +16,7 @@ XkbLockKeys::XkbLockKeys()
     }
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &XkbLockKeys::focusMoved);
     QObject::connect(qGuiApp, &QGuiApplication::aboutToQuit, this, &XkbLockKeys::leave);
+    focusMoved(QGuiApplication::focusWindow());
 }
 
 XkbLockKeys::~XkbLockKeys() {

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "X11Input.h"
+
+#include <QGuiApplication>
+#include <QProcess>
+#include <QtGui/qguiapplication_platform.h>
+#include <dlfcn.h>
+
+#include <X11/Xlib.h>
+
+namespace {
+
+using FakeKey = int (*)(Display*, unsigned, int, unsigned long);
+
+FakeKey FindFakeKey() {
+    static const auto found = [] {
+        void* library = ::dlopen("libXtst.so.6", RTLD_NOW | RTLD_LOCAL);
+        return library == nullptr ? nullptr
+                                  : reinterpret_cast<FakeKey>(::dlsym(library, "XTestFakeKeyEvent"));
+    }();
+    return found;
+}
+
+template <class Function>
+Function FindX11(const char* name) {
+    return reinterpret_cast<Function>(::dlsym(::dlopen("libX11.so.6", RTLD_NOW | RTLD_LOCAL), name));
+}
+
+Display* ServerDisplay() {
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->display();
+}
+
+void Flush() {
+    // Waits until the server has taken the input.
+    FindX11<decltype(&XSync)>("XSync")(ServerDisplay(), False);
+}
+
+void SetFocus(Window window) {
+    FindX11<decltype(&XSetInputFocus)>("XSetInputFocus")(ServerDisplay(), window, RevertToNone, CurrentTime);
+    Flush();
+}
+
+} // namespace
+
+bool X11Input::IsAvailable() {
+    return FindFakeKey() != nullptr;
+}
+
+void X11Input::press(unsigned scanCode) {
+    FindFakeKey()(ServerDisplay(), scanCode, True, 0);
+    Flush();
+}
+
+void X11Input::release(unsigned scanCode) {
+    FindFakeKey()(ServerDisplay(), scanCode, False, 0);
+    Flush();
+}
+
+void X11Input::click(unsigned scanCode) {
+    press(scanCode);
+    release(scanCode);
+}
+
+bool X11Input::chooseLayout(const QString& layout, const QString& variant) {
+    return QProcess::execute(
+               QStringLiteral("setxkbmap"),
+               {QStringLiteral("-layout"), layout, QStringLiteral("-variant"), variant}) == 0;
+}
+
+void X11Input::dropFocus() {
+    SetFocus(None);
+}
+
+void X11Input::giveFocus(const QWidget& window) {
+    SetFocus(static_cast<Window>(window.winId()));
+}

@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "X11Input.h"
+#include "ui/qt/KeyTranslation.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+#include <optional>
+#include <vector>
+
+namespace {
+
+using ui::qt::TranslateKey;
+
+constexpr unsigned ShiftCode = 50;
+constexpr unsigned CtrlCode = 37;
+constexpr unsigned AltGrCode = 108;
+constexpr unsigned SuperCode = 133;
+constexpr unsigned NumLockCode = 77;
+constexpr unsigned CapsLockCode = 66;
+
+/// A real press and what it is to count as.
+struct Press {
+    const char* name;
+    unsigned scanCode;
+    std::vector<unsigned> held;
+    int virtualKey;
+    bool isShift = false;
+    bool isOnNumberPad = false;
+};
+
+class X11Keys : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!X11Input::IsAvailable()) {
+            GTEST_SKIP() << "libXtst.so.6 is not installed";
+        }
+        // As the window of the editor has it: dead keys come as keys.
+        m_window.setAttribute(Qt::WA_InputMethodEnabled, false);
+        m_window.resize(100, 100);
+        m_window.show();
+        m_window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+        m_window.setFocus();
+    }
+
+    void TearDown() override { EXPECT_TRUE(X11Input::chooseLayout(QStringLiteral("us"))); }
+
+    /// What the last key of a chord counts as.
+    std::optional<ui::KeyStroke> strokeOf(const Press& press) {
+        m_keys.presses.clear();
+        m_keys.releases.clear();
+        for (const unsigned held : press.held) {
+            X11Input::press(held);
+        }
+        X11Input::click(press.scanCode);
+        for (const unsigned held : press.held) {
+            X11Input::release(held);
+        }
+        const std::size_t expected = press.held.size() + 1;
+        if (!QTest::qWaitFor([&] { return m_keys.releases.size() >= expected; })) {
+            ADD_FAILURE() << press.name << ": the keys did not come";
+            return {};
+        }
+        for (const auto& event : m_keys.presses) {
+            if (event->nativeScanCode() == press.scanCode) {
+                return TranslateKey(*event);
+            }
+        }
+        return {};
+    }
+
+    void check(const std::vector<Press>& presses) {
+        for (const Press& press : presses) {
+            const auto stroke = strokeOf(press);
+            ASSERT_TRUE(stroke) << press.name;
+            EXPECT_EQ(stroke->virtualKey, press.virtualKey) << press.name;
+            EXPECT_EQ(stroke->isOnNumberPad, press.isOnNumberPad) << press.name;
+            if (press.virtualKey != 0 && !press.isOnNumberPad) {
+                EXPECT_EQ(stroke->isShift, press.isShift) << press.name;
+            }
+        }
+    }
+
+    QWidget m_window;
+    KeyRecorder m_keys{m_window};
+};
+
+TEST_F(X11Keys, AreTakenFromAUsKeyboard) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("us")));
+    check({
+        {"a", 38, {}, 65},
+        {"A", 38, {ShiftCode}, 65, true},
+        {"Ctrl+A", 38, {CtrlCode}, 65},
+        {"1", 10, {}, 49},
+        {"!", 10, {ShiftCode}, 49, true},
+        {"apostrophe", 48, {}, 222},
+        {"quotation mark", 48, {ShiftCode}, 222, true},
+        {"backquote", 49, {}, 192},
+        {"tilde", 49, {ShiftCode}, 192, true},
+        {"backslash", 51, {}, 220},
+        {"question mark", 61, {ShiftCode}, 191, true},
+        {"Space", 65, {}, 32},
+        {"Tab", 23, {}, 9},
+        {"Shift+Tab", 23, {ShiftCode}, 9, true},
+        {"Ctrl+Shift+Tab", 23, {CtrlCode, ShiftCode}, 9, true},
+        {"Return", 36, {}, 13},
+        {"Escape", 9, {}, 27},
+        {"Backspace", 22, {}, 8},
+        {"Insert", 118, {}, 45},
+        {"Ctrl+Insert", 118, {CtrlCode}, 45},
+        {"Delete", 119, {}, 46},
+        {"Home", 110, {}, 36},
+        {"End", 115, {}, 35},
+        {"Page Up", 112, {}, 33},
+        {"Page Down", 117, {}, 34},
+        {"Left", 113, {}, 37},
+        {"Up", 111, {}, 38},
+        {"Right", 114, {}, 39},
+        {"Down", 116, {}, 40},
+        {"Pause", 127, {}, 19},
+        {"Break", 127, {CtrlCode}, 3},
+        {"Scroll Lock", 78, {}, 145},
+        {"Menu", 135, {}, 93},
+        {"F1", 67, {}, 112},
+        {"F12", 96, {}, 123},
+        {"F13", 191, {}, 124},
+        {"F16", 194, {}, 127},
+        {"Print", 107, {}, 0},
+        {"Super", SuperCode, {}, 0},
+        {"Super+A", 38, {SuperCode}, 0},
+        {"louder", 123, {}, 0},
+    });
+}
+
+TEST_F(X11Keys, AreTakenFromTheNumberPad) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("us")));
+    check({
+        {"4 without Num Lock", 83, {}, 37, false, true},
+        {"5 without Num Lock", 84, {}, 12, false, true},
+        {"7 without Num Lock", 79, {}, 36, false, true},
+        {"decimal without Num Lock", 91, {}, 46, false, true},
+        {"Enter", 104, {}, 13, false, true},
+        {"multiply", 63, {}, 106, false, true},
+        {"add", 86, {}, 107, false, true},
+        {"subtract", 82, {}, 109, false, true},
+        {"divide", 106, {}, 111, false, true},
+        {"Num Lock", NumLockCode, {}, 144, false, false},
+        {"4", 83, {}, 100, false, true},
+        {"0", 90, {}, 96, false, true},
+        {"5", 84, {}, 101, false, true},
+        {"7", 79, {}, 103, false, true},
+        {"decimal", 91, {}, 110, false, true},
+        {"Shift+4", 83, {ShiftCode}, 37, false, true},
+        {"Num Lock again", NumLockCode, {}, 144, false, false},
+        {"Left again", 83, {}, 37, false, true},
+    });
+}
+
+TEST_F(X11Keys, AreTakenFromAGermanKeyboard) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("de")));
+    check({
+        {"z stands where us y does", 29, {}, 90},
+        {"y stands where us z does", 52, {}, 89},
+        {"Shift+7", 16, {ShiftCode}, 191, false},
+        {"Shift+0", 19, {ShiftCode}, 187, false},
+        {"Shift+2", 11, {ShiftCode}, 222, true},
+        {"Shift+3", 12, {ShiftCode}, 51, true},
+        {"sharp s", 20, {}, 189, false},
+        {"Shift+sharp s", 20, {ShiftCode}, 191, true},
+        {"plus", 35, {}, 187, true},
+        {"asterisk", 35, {ShiftCode}, 56, true},
+        {"number sign", 51, {}, 51, true},
+        {"apostrophe", 51, {ShiftCode}, 222, false},
+        {"o with two dots", 47, {}, 186, false},
+        {"O with two dots", 47, {ShiftCode}, 186, true},
+        {"less", 94, {}, 188, true},
+        {"minus", 61, {}, 189, false},
+        {"dead circumflex", 49, {}, 54, true},
+        {"a after the dead key", 38, {}, 65},
+        {"dead acute", 21, {}, 222, false},
+        {"dead grave", 21, {ShiftCode}, 192, false},
+        {"AltGr", AltGrCode, {}, 0},
+        {"AltGr+Q", 24, {AltGrCode}, 0},
+        {"pad decimal", 91, {}, 46, false, true},
+    });
+}
+
+TEST_F(X11Keys, AreTakenFromAFrenchKeyboard) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("fr")));
+    check({
+        {"a stands where us q does", 24, {}, 65},
+        {"q stands where us a does", 38, {}, 81},
+        {"m stands where us semicolon does", 47, {}, 77},
+        {"1", 10, {}, 55, true},
+        {"Shift+1", 10, {ShiftCode}, 49, false},
+        {"2", 11, {}, 50, false},
+        {"Shift+2", 11, {ShiftCode}, 50, false},
+        {"4", 13, {}, 222, false},
+        {"Caps Lock", CapsLockCode, {}, 20},
+        {"1 with Caps Lock", 10, {}, 55, true},
+        {"a with Caps Lock", 24, {}, 65, false},
+        {"Caps Lock again", CapsLockCode, {}, 20},
+        {"exclamation mark", 61, {}, 49, true},
+        {"dead circumflex", 34, {}, 54, true},
+        {"AltGr", AltGrCode, {}, 0},
+    });
+}
+
+TEST_F(X11Keys, AreTakenFromARussianKeyboard) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("ru")));
+    check({
+        {"short i", 24, {}, 81},
+        {"Shift+short i", 24, {ShiftCode}, 81, true},
+        {"be", 59, {}, 188},
+        {"ya", 52, {}, 90},
+        {"io", 49, {}, 192},
+        {"zhe", 47, {}, 186},
+        {"kha", 34, {}, 219},
+        {"1", 10, {}, 49},
+        {"Shift+1", 10, {ShiftCode}, 49, true},
+        {"Shift+2", 11, {ShiftCode}, 222, true},
+        {"Ctrl+ef", 38, {CtrlCode}, 65},
+    });
+}
+
+} // namespace

@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "X11Input.h"
+#include "ui/qt/X11Keyboard.h"
+#include "ui/qt/XkbLockKeys.h"
+
+#include <QDialog>
+#include <QGuiApplication>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace {
+
+using ui::LockKey;
+using ui::qt::X11Keyboard;
+using ui::qt::XkbLockKeys;
+using Lock = X11Keyboard::Lock;
+
+class X11LockKeys : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_NE(m_keyboard, nullptr);
+        m_keyboard->setLocked(Lock::Caps, false);
+        m_keyboard->setLocked(Lock::Num, false);
+        m_keyboard->setScrollLight(false);
+        m_window.resize(100, 100);
+    }
+
+    void TearDown() override {
+        m_window.hide();
+        X11Input::dropFocus();
+        EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
+        m_keyboard->setLocked(Lock::Caps, false);
+        m_keyboard->setLocked(Lock::Num, false);
+        m_keyboard->setScrollLight(false);
+    }
+
+    void show() {
+        m_window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_window));
+        X11Input::giveFocus(m_window);
+        ASSERT_TRUE(
+            QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == m_window.windowHandle(); }));
+    }
+
+    [[nodiscard]] bool caps() const { return m_keyboard->isLocked(Lock::Caps); }
+
+    [[nodiscard]] bool num() const { return m_keyboard->isLocked(Lock::Num); }
+
+    [[nodiscard]] bool scroll() const { return m_keyboard->scrollLight(); }
+
+    std::unique_ptr<X11Keyboard> m_keyboard = X11Keyboard::Connect();
+    QWidget m_window;
+    KeyRecorder m_keys{m_window};
+};
+
+TEST_F(X11LockKeys, CanBeLockedWhereThereAreLocks) {
+    const XkbLockKeys locks;
+    EXPECT_TRUE(locks.canLock(LockKey::Caps));
+    EXPECT_TRUE(locks.canLock(LockKey::Num));
+    EXPECT_FALSE(locks.canLock(LockKey::Insert));
+    EXPECT_FALSE(locks.canLock(LockKey::Scroll));
+}
+
+TEST_F(X11LockKeys, FollowTheProgramWhileItsWindowHasTheFocus) {
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, true);
+    locks.setLocked(LockKey::Num, true);
+    locks.setLocked(LockKey::Scroll, true);
+    locks.setLocked(LockKey::Insert, true);
+    EXPECT_FALSE(caps() || num() || scroll()) << "before the window is there";
+    show();
+    EXPECT_TRUE(caps() && num() && scroll());
+    locks.setLocked(LockKey::Caps, false);
+    EXPECT_FALSE(caps());
+    EXPECT_TRUE(num() && scroll());
+    locks.setLocked(LockKey::Scroll, false);
+    EXPECT_FALSE(scroll());
+}
+
+TEST_F(X11LockKeys, FollowTheProgramThatAlreadyHasTheFocus) {
+    show();
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, true);
+    EXPECT_TRUE(caps());
+}
+
+TEST_F(X11LockKeys, ArePutBackWhenTheFocusLeaves) {
+    m_keyboard->setLocked(Lock::Num, true);
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, true);
+    locks.setLocked(LockKey::Num, false);
+    locks.setLocked(LockKey::Scroll, true);
+    show();
+    EXPECT_TRUE(caps() && !num() && scroll());
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
+    EXPECT_TRUE(num());
+    EXPECT_FALSE(scroll());
+    locks.setLocked(LockKey::Caps, false);
+    locks.setLocked(LockKey::Caps, true);
+    EXPECT_FALSE(caps()) << "set while another program has the focus";
+    X11Input::giveFocus(m_window);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && !num() && scroll(); }));
+}
+
+TEST_F(X11LockKeys, BelongToTheUserInADialog) {
+    XkbLockKeys locks;
+    show();
+    locks.setLocked(LockKey::Caps, true);
+    EXPECT_TRUE(caps());
+    {
+        QDialog dialog(&m_window);
+        dialog.setModal(true);
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+        X11Input::giveFocus(dialog);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
+        EXPECT_EQ(QGuiApplication::focusWindow(), dialog.windowHandle());
+    }
+    X11Input::giveFocus(m_window);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps(); }));
+}
+
+TEST_F(X11LockKeys, ArePutBackAtTheEnd) {
+    {
+        XkbLockKeys locks;
+        locks.setLocked(LockKey::Caps, true);
+        locks.setLocked(LockKey::Num, true);
+        locks.setLocked(LockKey::Scroll, true);
+        show();
+        EXPECT_TRUE(caps() && num() && scroll());
+    }
+    EXPECT_FALSE(caps() || num() || scroll());
+}
+
+TEST_F(X11LockKeys, AreLeftAloneWhenNothingIsWanted) {
+    m_keyboard->setLocked(Lock::Num, true);
+    {
+        const XkbLockKeys locks;
+        show();
+        EXPECT_TRUE(num() && !caps());
+        m_keyboard->setLocked(Lock::Caps, true);
+    }
+    EXPECT_TRUE(num());
+}
+
+TEST_F(X11LockKeys, NeverComeBackAsKeyPresses) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    show();
+    m_keys.presses.clear();
+    for (const bool on : {true, false, true}) {
+        for (const LockKey key : {LockKey::Scroll, LockKey::Insert, LockKey::Caps, LockKey::Num}) {
+            locks.setLocked(key, on);
+        }
+    }
+    constexpr unsigned A = 38;
+    X11Input::click(A);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_keys.releases.empty(); }));
+    ASSERT_EQ(m_keys.presses.size(), 1U);
+    EXPECT_EQ(m_keys.presses[0]->text(), QStringLiteral("A"));
+    EXPECT_EQ(m_keys.presses[0]->nativeScanCode(), A);
+}
+
+TEST_F(X11LockKeys, AgreeWithAPressOfTheKeyItself) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    show();
+    constexpr unsigned CapsLock = 66;
+    for (const bool on : {true, false, true, false}) {
+        // The program follows the key while it is still down.
+        X11Input::press(CapsLock);
+        locks.setLocked(LockKey::Caps, on);
+        X11Input::release(CapsLock);
+        EXPECT_TRUE(QTest::qWaitFor([this, on] { return caps() == on; })) << on;
+    }
+}
+
+} // namespace
