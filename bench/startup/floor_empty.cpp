@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QMainWindow window;
-    window.resize(720, 620);
+    window.resize(880, 490);
     window.show();
     return QApplication::exec();
 }
