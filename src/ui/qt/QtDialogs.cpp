@@ -44,8 +44,25 @@ QString BoxText(const std::string& text) {
     return QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+/// The window that a dialog belongs to. Between two dialogs the window manager has not yet given the keyboard
+/// back, and no window is active: a dialog without a parent would then come up anywhere, even behind.
+QWidget* Parent() {
+    if (QWidget* modal = QApplication::activeModalWidget(); modal != nullptr) {
+        return modal;
+    }
+    if (QWidget* active = QApplication::activeWindow(); active != nullptr) {
+        return active;
+    }
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() == Qt::Window) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
 std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode) {
-    FileChooser chooser(request, mode, QApplication::activeWindow());
+    FileChooser chooser(request, mode, Parent());
     if (chooser.exec() != QDialog::Accepted) {
         return {};
     }
@@ -55,7 +72,7 @@ std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::Ac
 } // namespace
 
 Answer QtDialogs::box(const std::string& text, Buttons buttons, Icon icon) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(Parent());
     box.setWindowTitle(QString::fromLatin1(BoxTitle));
     box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     // A path in the text may look like markup.
@@ -87,7 +104,7 @@ std::optional<Path> QtDialogs::chooseFileToSave(const FileDialogRequest& request
 }
 
 std::optional<Pixel> QtDialogs::chooseColour(Pixel initial) {
-    QColorDialog dialog(QColor(initial | OpaqueBlack), QApplication::activeWindow());
+    QColorDialog dialog(QColor(initial | OpaqueBlack), Parent());
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     if (dialog.exec() != QDialog::Accepted) {
         return {};
