@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "tour_driver/Desktop.h"
+
+#include <X11/XKBlib.h>
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
+
+#include <algorithm>
+#include <chrono>
+#include <poll.h>
+#include <vector>
+
+namespace tour {
+
+namespace {
+
+/// A window may go away between two requests: that is no error here.
+int ignoreError(Display* /*display*/, XErrorEvent* /*error*/) {
+    return 0;
+}
+
+} // namespace
+
+struct Desktop::Connection {
+    Display* display = XOpenDisplay(nullptr);
+    Window root = display == nullptr ? None : DefaultRootWindow(display);
+    Window own = None;
+
+    Connection() {
+        if (display != nullptr) {
+            XSetErrorHandler(&ignoreError);
+            own = XCreateSimpleWindow(display, root, 0, 0, 1, 1, 0, 0, 0);
+        }
+    }
+
+    ~Connection() {
+        if (display != nullptr) {
+            XCloseDisplay(display);
+        }
+    }
+
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    [[nodiscard]] Atom atom(const char* name) const { return XInternAtom(display, name, False); }
+
+    /// A property's value as bytes; 32-bit items come as longs.
+    [[nodiscard]] std::string property(Window window, Atom name) const {
+        Atom type = None;
+        int format = 0;
+        unsigned long items = 0;
+        unsigned long rest = 0;
+        unsigned char* data = nullptr;
+        if (XGetWindowProperty(
+                display, window, name, 0, 65536, False, AnyPropertyType, &type, &format, &items, &rest,
+                &data) != Success ||
+            data == nullptr) {
+            return {};
+        }
+        const std::size_t width = format == 32 ? sizeof(long) : static_cast<std::size_t>(format / 8);
+        std::string value(reinterpret_cast<const char*>(data), items * width);
+        XFree(data);
+        return value;
+    }
+
+    [[nodiscard]] Window windowProperty(Window window, const char* name) const {
+        const std::string value = property(window, atom(name));
+        return value.size() < sizeof(Window) ? None : *reinterpret_cast<const Window*>(value.data());
+    }
+
+    void fakeKey(KeyCode code, bool down) {
+        XTestFakeKeyEvent(display, code, down ? True : False, CurrentTime);
+        XFlush(display);
+    }
+};
+
+Desktop::Desktop()
+    : m_connection(std::make_unique<Connection>()) {}
+
+Desktop::~Desktop() = default;
+
+bool Desktop::connected() const {
+    int event = 0;
+    int error = 0;
+    int major = 0;
+    int minor = 0;
+    return m_connection->display != nullptr &&
+           XTestQueryExtension(m_connection->display, &event, &error, &major, &minor) != 0;
+}
+
+bool Desktop::isManaged() const {
+    return m_connection->windowProperty(m_connection->root, "_NET_SUPPORTING_WM_CHECK") != None;
+}
+
+void Desktop::press(unsigned long key, std::initializer_list<unsigned long> held) {
+    Display* display = m_connection->display;
+    for (const unsigned long modifier : held) {
+        m_connection->fakeKey(XKeysymToKeycode(display, modifier), true);
+    }
+    const KeyCode code = XKeysymToKeycode(display, key);
+    // A symbol that stands above another on its key needs Shift.
+    const bool shifted =
+        XkbKeycodeToKeysym(display, code, 0, 0) != key && XkbKeycodeToKeysym(display, code, 0, 1) == key;
+    const KeyCode shift = XKeysymToKeycode(display, XK_Shift_L);
+    if (shifted) {
+        m_connection->fakeKey(shift, true);
+    }
+    m_connection->fakeKey(code, true);
+    m_connection->fakeKey(code, false);
+    if (shifted) {
+        m_connection->fakeKey(shift, false);
+    }
+    for (const unsigned long modifier : held) {
+        m_connection->fakeKey(XKeysymToKeycode(display, modifier), false);
+    }
+}
+
+void Desktop::type(std::string_view text) {
+    for (const char character : text) {
+        press(static_cast<unsigned char>(character));
+    }
+}
+
+void Desktop::moveTo(int x, int y) {
+    XTestFakeMotionEvent(m_connection->display, -1, x, y, CurrentTime);
+    XFlush(m_connection->display);
+}
+
+void Desktop::click(int x, int y, unsigned button) {
+    moveTo(x, y);
+    XTestFakeButtonEvent(m_connection->display, button, True, CurrentTime);
+    XTestFakeButtonEvent(m_connection->display, button, False, CurrentTime);
+    XFlush(m_connection->display);
+}
+
+std::optional<WindowFacts> Desktop::activeWindow() const {
+    const Connection& connection = *m_connection;
+    const Window window = connection.windowProperty(connection.root, "_NET_ACTIVE_WINDOW");
+    XWindowAttributes attributes;
+    if (window == None || XGetWindowAttributes(connection.display, window, &attributes) == 0 ||
+        attributes.map_state != IsViewable) {
+        return std::nullopt;
+    }
+    int x = 0;
+    int y = 0;
+    Window child = None;
+    XTranslateCoordinates(connection.display, window, connection.root, 0, 0, &x, &y, &child);
+    return WindowFacts{
+        window,
+        connection.property(window, connection.atom("_NET_WM_NAME")),
+        {x, y, attributes.width, attributes.height}};
+}
+
+void Desktop::moveToCorner(unsigned long window) {
+    XMoveWindow(m_connection->display, window, 8, 32);
+    XFlush(m_connection->display);
+}
+
+ui::Picture Desktop::grab() const {
+    Display* display = m_connection->display;
+    const int width = DisplayWidth(display, DefaultScreen(display));
+    const int height = DisplayHeight(display, DefaultScreen(display));
+    XImage* image = XGetImage(
+        display, m_connection->root, 0, 0, static_cast<unsigned>(width), static_cast<unsigned>(height),
+        AllPlanes, ZPixmap);
+    ui::Picture picture(width, height);
+    if (image == nullptr) {
+        return picture;
+    }
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            picture.setPixel(x, y, ui::OpaqueBlack | static_cast<ui::Pixel>(XGetPixel(image, x, y)));
+        }
+    }
+    XDestroyImage(image);
+    return picture;
+}
+
+ui::Rect Desktop::windowsArea() const {
+    Display* display = m_connection->display;
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    ui::Rect area;
+    if (XQueryTree(display, m_connection->root, &root, &parent, &children, &count) == 0) {
+        return area;
+    }
+    const int screenWidth = DisplayWidth(display, DefaultScreen(display));
+    const int screenHeight = DisplayHeight(display, DefaultScreen(display));
+    for (unsigned index = 0; index < count; ++index) {
+        XWindowAttributes attributes;
+        if (XGetWindowAttributes(display, children[index], &attributes) == 0 ||
+            attributes.map_state != IsViewable || attributes.c_class != InputOutput) {
+            continue;
+        }
+        const int left = std::max(attributes.x, 0);
+        const int top = std::max(attributes.y, 0);
+        const int right = std::min(attributes.x + attributes.width, screenWidth);
+        const int bottom = std::min(attributes.y + attributes.height, screenHeight);
+        // The window manager keeps tiny windows of its own outside the screen.
+        if (right - left > 4 && bottom - top > 4) {
+            area = area.united({left, top, right - left, bottom - top});
+        }
+    }
+    XFree(children);
+    return area;
+}
+
+std::optional<std::string> Desktop::clipboardText() {
+    using Clock = std::chrono::steady_clock;
+    Connection& connection = *m_connection;
+    const Atom target = connection.atom("TOUR_CLIPBOARD");
+    XConvertSelection(
+        connection.display, connection.atom("CLIPBOARD"), XA_STRING, target, connection.own, CurrentTime);
+    XFlush(connection.display);
+    const auto deadline = Clock::now() + std::chrono::seconds(5);
+    while (Clock::now() < deadline) {
+        XEvent event;
+        if (XCheckTypedWindowEvent(connection.display, connection.own, SelectionNotify, &event) != 0) {
+            if (event.xselection.property == None) {
+                return std::nullopt;
+            }
+            return connection.property(connection.own, target);
+        }
+        pollfd readable{ConnectionNumber(connection.display), POLLIN, 0};
+        poll(&readable, 1, 100);
+    }
+    return std::nullopt;
+}
+
+} // namespace tour

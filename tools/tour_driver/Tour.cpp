@@ -1,0 +1,263 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "tour_driver/Tour.h"
+
+#include "glyphs/mdlData.h"
+
+#include <QImage>
+#include <QString>
+
+#include <X11/keysym.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace tour {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds Patience{20000};
+constexpr milliseconds Glance{15};
+/// A screen that has not changed for so long has come to rest.
+constexpr milliseconds Stillness{120};
+
+/// Where the program's data lie.
+class DataFolder final : public ui::ProgramDirectory {
+public:
+    explicit DataFolder(ui::Path folder)
+        : m_folder(std::move(folder)) {}
+
+    [[nodiscard]] ui::Path folder() const override { return m_folder; }
+
+    [[nodiscard]] bool writable() const override { return false; }
+
+    [[nodiscard]] ui::Path toRead(const std::string& name) const override { return m_folder / name; }
+
+    [[nodiscard]] ui::Path toWrite(const std::string& name) const override { return m_folder / name; }
+
+private:
+    ui::Path m_folder;
+};
+
+} // namespace
+
+Tour::Tour(TourOptions options)
+    : m_options(std::move(options)) {
+    useCharSet(0);
+}
+
+Tour::~Tour() {
+    if (m_process > 0) {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+    }
+}
+
+void Tour::useCharSet(int number) {
+    ui::DiskFiles files;
+    const DataFolder data(m_options.program.parent_path());
+    const auto record = glyphs::ReadCharSetRecord(files, data, number + 1);
+    if (!record) {
+        throw Surprise(record.failure().message);
+    }
+    const auto artwork = glyphs::LoadArtwork(files, data, record.value().artworkSlot);
+    if (!artwork) {
+        throw Surprise(artwork.failure().message);
+    }
+    m_reader.emplace(glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells, m_options.scale);
+}
+
+void Tour::start(const std::string& title) {
+    until([&] { return m_desktop.isManaged(); }, "the window manager");
+    std::string program = m_options.program.string();
+    char* const arguments[] = {program.data(), nullptr};
+    if (posix_spawn(&m_process, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
+        m_process = 0;
+        throw Surprise(program + " cannot be started");
+    }
+    m_grid.reset();
+    expectMain(title);
+    m_desktop.moveToCorner(m_window);
+    settle();
+}
+
+int Tour::waitForExit() {
+    const auto deadline = Clock::now() + Patience;
+    while (Clock::now() < deadline) {
+        int status = 0;
+        if (waitpid(m_process, &status, WNOHANG) == m_process) {
+            m_process = 0;
+            return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        }
+        std::this_thread::sleep_for(Glance);
+    }
+    throw Surprise("the program does not end");
+}
+
+void Tour::expect(bool condition, const std::string& what) {
+    if (!condition) {
+        throw Surprise(what);
+    }
+}
+
+void Tour::until(const std::function<bool()>& condition, const std::string& what) {
+    const auto deadline = Clock::now() + Patience;
+    while (!condition()) {
+        if (Clock::now() > deadline) {
+            throw Surprise("waited in vain for " + what);
+        }
+        std::this_thread::sleep_for(Glance);
+    }
+}
+
+void Tour::settle() {
+    const auto deadline = Clock::now() + Patience;
+    ui::Picture last = m_desktop.grab();
+    auto since = Clock::now();
+    while (Clock::now() - since < Stillness) {
+        std::this_thread::sleep_for(2 * Glance);
+        ui::Picture now = m_desktop.grab();
+        if (!(now == last)) {
+            last = std::move(now);
+            since = Clock::now();
+        }
+        if (Clock::now() > deadline) {
+            throw Surprise("the screen does not come to rest");
+        }
+    }
+}
+
+void Tour::stop(const std::string& name) {
+    settle();
+    snap(name);
+}
+
+void Tour::snap(const std::string& name) {
+    const ui::Picture screen = m_desktop.grab();
+    const ui::Rect area = m_desktop.windowsArea();
+    const QImage image(
+        reinterpret_cast<const uchar*>(screen.row(0)), screen.width(), screen.height(), QImage::Format_RGB32);
+    char number[16];
+    std::snprintf(number, sizeof number, "%02d", ++m_stops);
+    const ui::Path path = m_options.folder / (std::string(number) + "-" + name + ".png");
+    expect(
+        image.copy(area.x, area.y, area.width, area.height).save(QString::fromStdString(path.string())),
+        path.string() + " cannot be written");
+    std::printf("  %s\n", path.filename().c_str());
+    std::fflush(stdout);
+}
+
+void Tour::expectWindow(const std::string& title) {
+    until(
+        [&] {
+            const auto active = m_desktop.activeWindow();
+            if (!active || active->title != title || active->id == m_window) {
+                return false;
+            }
+            m_window = active->id;
+            return true;
+        },
+        "the window \"" + title + "\"");
+}
+
+void Tour::expectMain(const std::string& title) {
+    until(
+        [&] {
+            const auto active = m_desktop.activeWindow();
+            if (!active || active->title != title) {
+                return false;
+            }
+            m_window = active->id;
+            return true;
+        },
+        "the main window \"" + title + "\"");
+}
+
+void Tour::menu(std::string_view letters) {
+    m_desktop.press(static_cast<unsigned char>(letters.front()), {XK_Alt_L});
+    m_desktop.type(letters.substr(1));
+}
+
+ui::Path Tour::chooseFile(const std::string& name) {
+    const ui::Path path = m_options.folder / name;
+    m_desktop.press(XK_a, {XK_Control_L});
+    m_desktop.type(path.string());
+    m_desktop.press(XK_Return);
+    return path;
+}
+
+void Tour::findGrid() {
+    if (!m_grid) {
+        // Row 4 of the grid, without its first glyph.
+        std::string row;
+        for (char code = 'A'; code <= 'O'; ++code) {
+            row += code;
+        }
+        until(
+            [&] {
+                const ui::Picture screen = m_desktop.grab();
+                const auto found = m_reader->find(screen, screen.bounds(), row);
+                if (found) {
+                    m_grid = Position{found->x - m_reader->cellSide(), found->y - 4 * m_reader->cellSide()};
+                }
+                return m_grid.has_value();
+            },
+            "the glyph grid");
+    }
+}
+
+ui::Rect Tour::outsideGrid(const ui::Picture& screen) const {
+    const int right = m_grid ? m_grid->x + 16 * m_reader->cellSide() : 0;
+    return {right, 0, screen.width() - right, screen.height()};
+}
+
+Position Tour::expectRow(std::string_view codes) {
+    findGrid();
+    Position position;
+    until(
+        [&] {
+            const ui::Picture screen = m_desktop.grab();
+            const auto found = m_reader->find(screen, outsideGrid(screen), codes);
+            if (found) {
+                position = *found;
+            }
+            return found.has_value();
+        },
+        "a row of glyphs on the screen");
+    return position;
+}
+
+void Tour::expectRowAt(Position position, std::string_view codes) {
+    until(
+        [&] { return m_reader->matches(m_desktop.grab(), position, codes); }, "a row of glyphs at its place");
+}
+
+void Tour::clickGrid(unsigned char code, unsigned button) {
+    findGrid();
+    const Position grid = m_grid.value_or(Position{});
+    const int side = m_reader->cellSide();
+    m_desktop.click(grid.x + code % 16 * side + side / 2, grid.y + code / 16 * side + side / 2, button);
+}
+
+std::string Tour::contentOf(const ui::Path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void Tour::expectFile(const std::string& name, std::string_view bytes) {
+    until([&] { return contentOf(m_options.folder / name) == bytes; }, "the right bytes in " + name);
+}
+
+} // namespace tour

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+//
+// tour_driver PROGRAM FOLDER [SCALE]
+//
+// Plays the tour on the display that DISPLAY names: drives the program with keys and mouse, takes pictures,
+// and compares what it writes with what was typed. The exit status is 1 if anything is not as it should be.
+#include "tour_driver/Scenes.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+int main(int argc, char** argv) {
+    if (argc != 3 && argc != 4) {
+        std::fprintf(stderr, "usage: tour_driver PROGRAM FOLDER [SCALE]\n");
+        return 2;
+    }
+    constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 10> Scenes{{
+        {"first start", tour::PlayFirstStart},
+        {"name", tour::PlayName},
+        {"configuration file", tour::PlayConfigurationFile},
+        {"animation", tour::PlayAnimation},
+        {"preview", tour::PlayPreview},
+        {"messages", tour::PlayMessages},
+        {"options", tour::PlayOptions},
+        {"help", tour::PlayHelp},
+        {"exit", tour::PlayExit},
+        {"second start", tour::PlaySecondStart},
+    }};
+    const char* playing = "";
+    try {
+        tour::Tour tour({argv[1], argv[2], argc == 4 ? std::atoi(argv[3]) : 1});
+        if (!tour.connected()) {
+            std::fprintf(stderr, "tour_driver: no display that can be driven\n");
+            return 2;
+        }
+        try {
+            for (const auto& [name, play] : Scenes) {
+                playing = name;
+                play(tour);
+            }
+        } catch (const tour::Surprise&) {
+            tour.snap("surprise");
+            throw;
+        }
+    } catch (const tour::Surprise& surprise) {
+        std::fprintf(stderr, "tour_driver: in the scene \"%s\": %s\n", playing, surprise.what());
+        return 1;
+    }
+    return 0;
+}
