@@ -22,6 +22,16 @@ constexpr std::array<Switch, 3> Switches{{
     {" /macro ", editing::Page::Messages, editing::Page::Messages},
 }};
 
+/// The switch that an argument of its own is: with the blank before it, the blank after it being the one that
+/// arguments are joined by.
+const Switch* SwitchOf(std::string_view argument) {
+    const auto* const found =
+        std::find_if(Switches.begin(), Switches.end(), [argument](const Switch& candidate) {
+            return candidate.text.substr(0, candidate.text.size() - 1) == argument;
+        });
+    return found == Switches.end() ? nullptr : found;
+}
+
 CommandLineFile FileOf(const Switch& given, std::string_view path) {
     const auto slash = path.rfind('/');
     if (slash == std::string_view::npos) {
@@ -67,14 +77,17 @@ std::optional<CommandLineFile> ParseCommandLine(std::string_view commandLine) {
 }
 
 StartFiles ReadArguments(std::span<const std::string> arguments) {
+    // The desktop starts the program with two arguments. The path is taken as it is: its name may hold quotes
+    // or even a switch.
     if (arguments.size() == 2) {
-        // The desktop starts the program like this. The path is taken as it is: its name may hold quotes or
-        // even a switch.
-        const auto given = std::find_if(Switches.begin(), Switches.end(), [&](const Switch& candidate) {
-            return arguments[0] + ' ' == candidate.text;
-        });
-        if (given != Switches.end()) {
+        if (const auto* given = SwitchOf(arguments[0])) {
             return {false, FileOf(*given, arguments[1])};
+        }
+    }
+    // Where there is no desktop, its opener splits the quoted switch at its blank and leaves the quotes in.
+    if (arguments.size() == 3 && arguments[0] == "\"" && arguments[1].ends_with('"')) {
+        if (const auto* given = SwitchOf(" " + arguments[1].substr(0, arguments[1].size() - 1))) {
+            return {false, FileOf(*given, arguments[2])};
         }
     }
     const std::string commandLine = JoinArguments(arguments);

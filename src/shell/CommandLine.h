@@ -49,7 +49,7 @@ constexpr std::array<IntroFile, 3> IntroFiles{{
 [[nodiscard]] std::optional<CommandLineFile> ParseCommandLine(std::string_view commandLine);
 
 /// What the arguments ask for. A switch that is an argument of its own and the only other argument, a path,
-/// need no quotes.
+/// need no quotes; nor does it matter if the switch comes in two pieces with its quotes.
 [[nodiscard]] StartFiles ReadArguments(std::span<const std::string> arguments);
 
 } // namespace shell

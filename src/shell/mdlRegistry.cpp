@@ -14,12 +14,17 @@ struct Association {
     const char* className;
     const char* description;
     const char* switchText;
+    const char* mimeType;
+    const char* firstLine;
 };
 
 constexpr std::array<Association, 3> Associations{{
-    {".vtn", "VTM_Name", "Quake Name Script", " /name "},
-    {".vta", "VTM_Ani", "Quake Animation Script", " /animation "},
-    {".vtm", "VTM_Macro", "Quake Message Script", " /macro "},
+    {".vtn", "VTM_Name", "Quake Name Script", " /name ", "application/x-vtm-name",
+     "// Name File Created by Vortigo"},
+    {".vta", "VTM_Ani", "Quake Animation Script", " /animation ", "application/x-vtm-animation",
+     "// Animation File Created by Vortigo"},
+    {".vtm", "VTM_Macro", "Quake Message Script", " /macro ", "application/x-vtm-message",
+     "// Macro File Created by Vortigo"},
 }};
 
 } // namespace
@@ -37,6 +42,8 @@ std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder) {
         // looks for. The program's own path is never quoted.
         type.commandValue = program + " \"" + row.switchText + "%1\"";
         type.iconValue = program + ",0";
+        type.mimeType = row.mimeType;
+        type.firstLine = row.firstLine;
         types.push_back(type);
     }
     return types;

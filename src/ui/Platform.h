@@ -82,6 +82,8 @@ struct FileType {
     std::string commandValue;    ///< program path and quoted argument, as a file-type registry holds it
     std::string iconValue;       ///< program path and icon index
     std::uint32_t editFlags = 0; ///< always 0: nothing is hidden from the user
+    std::string mimeType;  ///< "application/x-vtm-name"; the type's icon is called like this with dashes
+    std::string firstLine; ///< what a file of the type begins with, whatever it is called
 };
 
 /// Registers script types with the desktop, for this user only. Silent; a failure changes nothing else.

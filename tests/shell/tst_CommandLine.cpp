@@ -152,6 +152,19 @@ TEST(CommandLine, APathThatIsAnArgumentOfItsOwnIsTakenAsItIs) {
         {Page::Name, "/p/a ", "animation b.vtn", Page::Animation});
 }
 
+TEST(CommandLine, ASwitchThatAnOpenerTookApartWithItsQuotes) {
+    expectFile(started({"\"", "/name\"", "/p/a b.vtn"}).file, {Page::Name, "/p", "a b.vtn", Page::Animation});
+    expectFile(
+        started({"\"", "/animation\"", "/p/\"x\".vta"}).file,
+        {Page::Animation, "/p", "\"x\".vta", Page::Name});
+    expectFile(
+        started({"\"", "/macro\"", "/p/a /name b.vtm"}).file,
+        {Page::Messages, "/p/a ", "name b.vtm", Page::Messages});
+    EXPECT_FALSE(started({"\"", "/other\"", "/p/x.vtn"}).file);
+    EXPECT_FALSE(started({"\"", "\"", "/p/x.vtn"}).file);
+    EXPECT_FALSE(started({"\"", "/name\"", "/p/a", "b.vtn"}).file);
+}
+
 TEST(CommandLine, SeveralArgumentsArePutTogetherAgain) {
     expectFile(started({" /name", "/p/a", "b.vtn"}).file, {Page::Name, "/p", "a b.vtn", Page::Animation});
     expectFile(started({"", "/name", "b.vtn"}).file, {Page::Name, "", "b.vtn", Page::Animation});

@@ -14,15 +14,20 @@ struct Row {
     const char* description;
     const char* commandValue;
     const char* iconValue;
+    const char* mimeType;
+    const char* firstLine;
 };
 
 } // namespace
 
 TEST(Registry, TheThreeTypesHoldTheirValuesInOrder) {
     const std::vector<Row> rows = {
-        {".vtn", "VTM_Name", "Quake Name Script", "/dir/VTM \" /name %1\"", "/dir/VTM,0"},
-        {".vta", "VTM_Ani", "Quake Animation Script", "/dir/VTM \" /animation %1\"", "/dir/VTM,0"},
-        {".vtm", "VTM_Macro", "Quake Message Script", "/dir/VTM \" /macro %1\"", "/dir/VTM,0"},
+        {".vtn", "VTM_Name", "Quake Name Script", "/dir/VTM \" /name %1\"", "/dir/VTM,0",
+         "application/x-vtm-name", "// Name File Created by Vortigo"},
+        {".vta", "VTM_Ani", "Quake Animation Script", "/dir/VTM \" /animation %1\"", "/dir/VTM,0",
+         "application/x-vtm-animation", "// Animation File Created by Vortigo"},
+        {".vtm", "VTM_Macro", "Quake Message Script", "/dir/VTM \" /macro %1\"", "/dir/VTM,0",
+         "application/x-vtm-message", "// Macro File Created by Vortigo"},
     };
     const auto types = shell::FileAssociations("/dir");
     ASSERT_EQ(types.size(), rows.size());
@@ -33,6 +38,8 @@ TEST(Registry, TheThreeTypesHoldTheirValuesInOrder) {
         EXPECT_EQ(types[i].commandValue, rows[i].commandValue);
         EXPECT_EQ(types[i].iconValue, rows[i].iconValue);
         EXPECT_EQ(types[i].editFlags, 0U);
+        EXPECT_EQ(types[i].mimeType, rows[i].mimeType);
+        EXPECT_EQ(types[i].firstLine, rows[i].firstLine);
     }
 }
 

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/FreedesktopFileTypes.h"
+
+#include "ui/qt/DesktopEntry.h"
+#include "ui/qt/DesktopProgramDirectory.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QString>
+#include <system_error>
+#include <utility>
+
+namespace ui::qt {
+
+namespace {
+
+constexpr auto MimePackageName = "vtm-scripts.xml";
+
+/// Runs a program that nobody waits for, if it is there.
+void RunInBackground(const char* program, const Path& argument) {
+    const QString path = QStandardPaths::findExecutable(QLatin1String(program));
+    if (path.isEmpty()) {
+        return;
+    }
+    QProcess process;
+    process.setProgram(path);
+    process.setArguments({QFile::decodeName(QByteArray::fromStdString(argument.native()))});
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.startDetached();
+}
+
+/// Makes `link` lead to `target`; whether it does. What is there and no link is left alone.
+bool PutLink(const Path& link, const Path& target) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::file_status there = fs::symlink_status(link, error);
+    if (fs::is_symlink(there)) {
+        if (fs::read_symlink(link, error) == target) {
+            return true;
+        }
+    } else if (there.type() != fs::file_type::not_found) {
+        return false;
+    }
+    fs::create_directories(link.parent_path(), error);
+    Path temporary = link;
+    temporary += ".new";
+    fs::remove(temporary, error);
+    fs::create_symlink(target, temporary, error);
+    if (!error) {
+        fs::rename(temporary, link, error);
+    }
+    return !error;
+}
+
+} // namespace
+
+FreedesktopFileTypes::FreedesktopFileTypes()
+    : FreedesktopFileTypes(
+          QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
+              .toStdString(),
+          DesktopProgramDirectory::Executable()) {}
+
+FreedesktopFileTypes::FreedesktopFileTypes(Path dataHome, Path executable)
+    : m_dataHome(std::move(dataHome))
+    , m_executable(std::move(executable)) {}
+
+void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, const Path& program) {
+    if (!m_dataHome.is_absolute()) {
+        return;
+    }
+    const Path started = startable(m_files.exists(program) || m_executable.empty() ? program : m_executable);
+    const Path entries = m_dataHome / "applications";
+    bool areEntriesNew = false;
+    for (const FileType& type : types) {
+        areEntriesNew |= put(entries / DesktopEntryName(type), DesktopEntryText(type, started));
+    }
+    const Path mime = m_dataHome / "mime";
+    const bool isPackageNew = put(mime / "packages" / MimePackageName, MimePackageText(types));
+    if (isPackageNew) {
+        RunInBackground("update-mime-database", mime);
+    }
+    if (areEntriesNew) {
+        RunInBackground("update-desktop-database", entries);
+    }
+}
+
+/// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
+/// program is named by a link to it, unless the user's own folders are called no better.
+Path FreedesktopFileTypes::startable(const Path& program) {
+    const Path link = m_dataHome / "vtm" / "VTM";
+    return ExecPathOf(link) < ExecPathOf(program) && PutLink(link, program) ? link : program;
+}
+
+/// Replaces a file if it holds anything else; whether it did.
+bool FreedesktopFileTypes::put(const Path& file, std::string_view content) {
+    if (const auto old = m_files.read(file); old && old.value() == content) {
+        return false;
+    }
+    std::error_code ignored;
+    std::filesystem::create_directories(file.parent_path(), ignored);
+    return WriteFileAtomically(m_files, file, content).ok();
+}
+
+} // namespace ui::qt

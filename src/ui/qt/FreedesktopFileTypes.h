@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Platform.h"
+
+namespace ui::qt {
+
+/// Registers file types as free desktops know them: a desktop entry for each type and one description of all
+/// of them for the shared MIME database, both in the user's data home and nowhere else. Which program the
+/// user prefers for a type is not touched.
+class FreedesktopFileTypes final : public FileTypes {
+public:
+    /// For the user and the executable that the program runs as.
+    FreedesktopFileTypes();
+
+    /// For a user whose data home is `dataHome`.
+    FreedesktopFileTypes(Path dataHome, Path executable);
+
+    /// The entries name `program`; where there is no such file (an installed program lies apart from its
+    /// folder) they name the executable. The desktop's caches are renewed in the background, and only if
+    /// something was written.
+    void registerTypes(const std::vector<FileType>& types, const Path& program) override;
+
+private:
+    [[nodiscard]] Path startable(const Path& program);
+    bool put(const Path& file, std::string_view content);
+
+    DiskFiles m_files;
+    Path m_dataHome;
+    Path m_executable;
+};
+
+} // namespace ui::qt

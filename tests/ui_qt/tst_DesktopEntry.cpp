@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/DesktopEntry.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+ui::FileType nameScript() {
+    ui::FileType type;
+    type.extension = ".vtn";
+    type.description = "Quake Name Script";
+    type.switchText = " /name ";
+    type.mimeType = "application/x-vtm-name";
+    type.firstLine = "// Name File Created by Vortigo";
+    return type;
+}
+
+} // namespace
+
+TEST(DesktopEntry, IsWrittenInFull) {
+    EXPECT_EQ(
+        ui::qt::DesktopEntryText(nameScript(), "/opt/vtm/VTM"), "[Desktop Entry]\n"
+                                                                "Type=Application\n"
+                                                                "Version=1.0\n"
+                                                                "Name=Vortigo\n"
+                                                                "Comment=Quake Name Script\n"
+                                                                "Exec=/opt/vtm/VTM \" /name\" %f\n"
+                                                                "TryExec=/opt/vtm/VTM\n"
+                                                                "Icon=application-x-vtm-name\n"
+                                                                "MimeType=application/x-vtm-name;\n"
+                                                                "NoDisplay=true\n"
+                                                                "Terminal=false\n");
+}
+
+TEST(DesktopEntry, AProgramWithBlanksIsQuotedWhereQuotesAreKnown) {
+    const std::string text = ui::qt::DesktopEntryText(nameScript(), "/my games/VTM");
+    EXPECT_NE(text.find("\nExec=\"/my games/VTM\" \" /name\" %f\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nTryExec=/my games/VTM\n"), std::string::npos) << text;
+}
+
+TEST(DesktopEntry, ABackslashIsEscapedForTheQuotesAndForTheEntry) {
+    const std::string text = ui::qt::DesktopEntryText(nameScript(), "/a\\b$c/VTM");
+    EXPECT_NE(text.find("\nExec=\"/a\\\\\\\\b\\\\$c/VTM\" \" /name\" %f\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nTryExec=/a\\\\b$c/VTM\n"), std::string::npos) << text;
+}
+
+TEST(DesktopEntry, ArgumentsAreQuotedOnlyWhereTheyMustBe) {
+    EXPECT_EQ(ui::qt::ExecArgument("/opt/vtm-1.0/VTM"), "/opt/vtm-1.0/VTM");
+    EXPECT_EQ(ui::qt::ExecArgument("/opt/\xC3\xA4/VTM"), "/opt/\xC3\xA4/VTM");
+    EXPECT_EQ(ui::qt::ExecArgument(""), "\"\"");
+    EXPECT_EQ(ui::qt::ExecArgument(" /name"), "\" /name\"");
+    for (const char character : std::string(" \t\n\r'><~|&;*?#()")) {
+        EXPECT_EQ(ui::qt::ExecArgument(std::string(1, character)), '"' + std::string(1, character) + '"');
+    }
+    for (const char character : std::string("\"`$\\")) {
+        EXPECT_EQ(ui::qt::ExecArgument(std::string(1, character)), "\"\\" + std::string(1, character) + '"');
+    }
+}
+
+TEST(DesktopEntry, APercentSignIsNoFieldCode) {
+    EXPECT_EQ(ui::qt::ExecArgument("100%"), "100%%");
+    EXPECT_EQ(ui::qt::ExecArgument("%f is 100%"), "\"%%f is 100%%\"");
+}
+
+TEST(DesktopEntry, ValuesEscapeWhatWouldEndOrChangeThem) {
+    EXPECT_EQ(ui::qt::EntryValue("plain text"), "plain text");
+    EXPECT_EQ(ui::qt::EntryValue("  two blanks"), "\\s two blanks");
+    EXPECT_EQ(ui::qt::EntryValue("a\\b\nc\td\re"), "a\\\\b\\nc\\td\\re");
+}
+
+TEST(DesktopEntry, OnlyLettersDigitsAndAFewMarksMakeAPlainPath) {
+    EXPECT_EQ(ui::qt::ExecPathOf("/home/me/.local/share/vtm_1.0-b+c,d:e@f/VTM"), ui::qt::ExecPath::Plain);
+    for (const char character : std::string(" \"'\\><~|&;$*?#()`[]{}!^")) {
+        EXPECT_EQ(ui::qt::ExecPathOf("/a" + std::string(1, character)), ui::qt::ExecPath::Quotable);
+    }
+    for (const char character : std::string("%=\t\n\x01\x7F\x80\xC3\xFF")) {
+        EXPECT_EQ(ui::qt::ExecPathOf("/ a" + std::string(1, character) + " "), ui::qt::ExecPath::Doubtful);
+    }
+}
+
+TEST(DesktopEntry, IsCalledAfterItsType) {
+    EXPECT_EQ(ui::qt::DesktopEntryName(nameScript()), "vtm-name.desktop");
+    ui::FileType other;
+    other.mimeType = "text/some";
+    EXPECT_EQ(ui::qt::DesktopEntryName(other), "text-some.desktop");
+}
+
+TEST(MimePackage, DescribesEachTypeByItsNameAndItsFirstLine) {
+    ui::FileType other;
+    other.extension = ".x&y";
+    other.description = "<Other>";
+    other.mimeType = "application/x-other";
+    other.firstLine = "\"a\\b\"";
+    EXPECT_EQ(
+        ui::qt::MimePackageText({nameScript(), other}),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
+        "  <mime-type type=\"application/x-vtm-name\">\n"
+        "    <comment>Quake Name Script</comment>\n"
+        "    <sub-class-of type=\"text/plain\"/>\n"
+        "    <generic-icon name=\"text-x-script\"/>\n"
+        "    <glob pattern=\"*.vtn\"/>\n"
+        "    <magic>\n"
+        "      <match type=\"string\" offset=\"0\" value=\"// Name File Created by Vortigo\"/>\n"
+        "    </magic>\n"
+        "  </mime-type>\n"
+        "  <mime-type type=\"application/x-other\">\n"
+        "    <comment>&lt;Other&gt;</comment>\n"
+        "    <sub-class-of type=\"text/plain\"/>\n"
+        "    <generic-icon name=\"text-x-script\"/>\n"
+        "    <glob pattern=\"*.x&amp;y\"/>\n"
+        "    <magic>\n"
+        "      <match type=\"string\" offset=\"0\" value=\"&quot;a\\\\b&quot;\"/>\n"
+        "    </magic>\n"
+        "  </mime-type>\n"
+        "</mime-info>\n");
+}
