@@ -185,7 +185,7 @@ TEST(FreedesktopFileTypes, WriteAnEntryForEachTypeAndOneDescriptionOfAll) {
         EXPECT_TRUE(contains(text, "\nComment=" + type.description + "\n")) << text;
         EXPECT_TRUE(contains(text, "\nMimeType=" + type.mimeType + ";\n")) << text;
         EXPECT_TRUE(contains(text, "\nNoDisplay=true\n")) << text;
-        EXPECT_TRUE(contains(home.content("mime/packages/vtm-scripts.xml"), type.firstLine));
+        EXPECT_TRUE(contains(home.content("mime/packages/vtm.xml"), type.firstLine));
     }
     std::vector<std::string> names;
     for (const Written& file : filesIn(home.path())) {
@@ -195,7 +195,7 @@ TEST(FreedesktopFileTypes, WriteAnEntryForEachTypeAndOneDescriptionOfAll) {
         names, (std::vector<std::string>{
                    "bin", "bin/VTM", "data", "data/applications", "data/applications/vtm-animation.desktop",
                    "data/applications/vtm-message.desktop", "data/applications/vtm-name.desktop", "data/mime",
-                   "data/mime/packages", "data/mime/packages/vtm-scripts.xml"}));
+                   "data/mime/packages", "data/mime/packages/vtm.xml"}));
 }
 
 TEST(FreedesktopFileTypes, AreNotRewrittenWhenNothingChanged) {
@@ -337,8 +337,8 @@ TEST_F(FileTypesChecked, TheFilesAreValid) {
             EXPECT_EQ(entry.exitCode, 0);
             EXPECT_EQ(entry.output, "");
         }
-        const auto package = someone.run(
-            "xmllint", {"--noout", (someone.dataHome() / "mime/packages/vtm-scripts.xml").native()});
+        const auto package =
+            someone.run("xmllint", {"--noout", (someone.dataHome() / "mime/packages/vtm.xml").native()});
         EXPECT_EQ(package.exitCode, 0);
         EXPECT_EQ(package.output, "");
     };

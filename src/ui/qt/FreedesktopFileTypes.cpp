@@ -16,7 +16,7 @@ namespace ui::qt {
 
 namespace {
 
-constexpr auto MimePackageName = "vtm-scripts.xml";
+constexpr auto MimePackageName = "vtm.xml";
 
 /// Runs a program that nobody waits for, if it is there.
 void RunInBackground(const char* program, const Path& argument) {
