@@ -61,17 +61,17 @@ TEST(Help, ExplainsEveryMessage) {
             "Done! The script file, path, was written.",
             "Error reading animation from path.",
             "Done! path was read succesfully.",
-            "The Animation Data file/s needed by VTM 'vtmani01.dat or vtmani02.dat' is not in the programs "
-            "directory! Automatic animation has been disabled.",
+            ("The Animation Data file/s needed by VTM 'vtmani01.dat or vtmani02.dat' is not in the programs "
+             "directory! Automatic animation has been disabled."),
             "Nothing to do!",
-            "There is no screen shot chosen to display. Please go to the options and select a new screen "
-            "shot.",
-            "The chosen screen shot, file, was not found in the VTM directory. Please go to the options and "
-            "select a new screen shot.",
+            ("There is no screen shot chosen to display. Please go to the options and select a new screen "
+             "shot."),
+            ("The chosen screen shot, file, was not found in the VTM directory. Please go to the options and "
+             "select a new screen shot."),
             "Would you like to use the Binding Wizard to bind the script file you just saved?",
             "Error reading name from path.",
-            "Your name is now in the Windows Clipboard. Place the cursor anywhere you can Paste or "
-            "Shift-Insert to use your new name. Like the Profile Name of GameSpy.",
+            ("Your name is now in the Windows Clipboard. Place the cursor anywhere you can Paste or "
+             "Shift-Insert to use your new name. Like the Profile Name of GameSpy."),
             "This config file does not contain a name.",
             "Done! The name was read from the config file.",
             "Done! The config file, path, was updated with your new name.",
@@ -84,11 +84,12 @@ TEST(Help, ExplainsEveryMessage) {
             "Please select a key!",
             "You have selected a key that is already bound! VTM will now replace it with your binding, OK?",
             "Done! The config file, path, was updated with your new binding.",
-            "The file \"vtmhelp.htm\" was not found in the VTM directory. This is the help file. It is "
-            "included in the zip, \"vtmhelp.zip\". Please unzip it and place the files in the VTM directory!",
+            ("The file \"vtmhelp.htm\" was not found in the VTM directory. This is the help file. It is "
+             "included in the zip, \"vtmhelp.zip\". Please unzip it and place the files in the VTM "
+             "directory!"),
             "Are you sure you wish to reset the current configuration?",
-            "The file \"vtmhelp.htm\" was not found in the VTM directory. Either download it from the VTM "
-            "website or use your internet browser to locate it on your hard drive.",
+            ("The file \"vtmhelp.htm\" was not found in the VTM directory. Either download it from the VTM "
+             "website or use your internet browser to locate it on your hard drive."),
             "File not found",
             "Path not found",
             "Access denied",
@@ -114,13 +115,13 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "There is no such file yet.",
             "This file cannot be read.",
             "The game cannot run a file whose name holds a blank, ; or \".",
-            "Could not alter \"path\": VTM needs a file of this name for itself. Please copy it to another "
-            "name first.",
+            ("Could not alter \"path\": VTM needs a file of this name for itself. Please copy it to another "
+             "name first."),
             "Another program has just changed the file.",
             "The config file, path, was not changed.",
-            "The config file, path, may be incomplete now. It was copied before, and the whole copy is kept "
-            "as "
-            "\"path\".",
+            ("The config file, path, may be incomplete now. It was copied before, and the whole copy is kept "
+             "as "
+             "\"path\"."),
             "The key map \"path\" is damaged:",
             "The character-set list \"path\" holds no record.",
             "The artwork store \"path\" has no slot",
