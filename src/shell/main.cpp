@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/frmVTM.h"
+#include "ui/qt/QtPlatform.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QSocketNotifier>
+#include <array>
+#include <csignal>
+#include <string>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+/// Written to by the signal handler, which may do little else; read by the event loop.
+std::array<int, 2> terminationPipe{-1, -1};
+
+extern "C" void OnTerminate(int /*signalNumber*/) {
+    const char note = 1;
+    // Nothing can be done about a failure here, and one note is enough: the pipe holds it.
+    (void)!::write(terminationPipe[0], &note, 1);
+}
+
+/// Makes SIGTERM, SIGINT and SIGHUP close the window as its close button does.
+void CloseOnTermination(shell::frmVTM& window) {
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, terminationPipe.data()) != 0) {
+        return;
+    }
+    auto* notifier = new QSocketNotifier(terminationPipe[1], QSocketNotifier::Read, &window);
+    QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window, notifier] {
+        notifier->setEnabled(false);
+        window.Form_Unload();
+        QCoreApplication::quit();
+    });
+
+    struct sigaction action {};
+
+    action.sa_handler = &OnTerminate;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        ::sigaction(number, &action, nullptr);
+    }
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int side : {16, 32, 48, 64}) {
+        icon.addFile(QStringLiteral(":/icons/vtm-%1.png").arg(side));
+    }
+    return icon;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setWindowIcon(ProgramIcon());
+    ui::qt::QtPlatform qtPlatform;
+    ui::Platform& platform = qtPlatform.platform();
+
+    // What the toolkit has not taken for itself, as the bytes that it came as: paths need not be valid text.
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+
+    shell::frmVTM window(platform);
+    CloseOnTermination(window);
+    // A desktop session that ends asks the application to quit without closing its windows.
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &shell::frmVTM::Form_Unload);
+    if (const ui::Status loaded = window.Form_Load(arguments); !loaded) {
+        platform.dialogs.warn(loaded.failure().message);
+        return 1;
+    }
+    // A message of the start may have stood on the screen when the program was told to end.
+    return window.isUnloaded() ? 0 : QApplication::exec();
+}
