@@ -115,9 +115,10 @@ void frmRankings::Form_Resize() {
                        .screenShotWidth = m_screenShot.width(),
                        .screenShotHeight = m_screenShot.height(),
                        .playerWidth = player.width(),
-                       .playerHeight = player.height()}));
+                       .playerHeight = player.height(),
+                       .devicePixelRatio = devicePixelRatioF()}));
     if (m_form->AniPic->pixmap().isNull() || before.enlarge != m_layout.enlarge ||
-        before.reduce != m_layout.reduce) {
+        before.reduce != m_layout.reduce || before.pixelRatio != m_layout.pixelRatio) {
         scalePictures();
     }
     m_form->picScreenShot->setGeometry(RectOf(m_layout.screenShot));
@@ -134,18 +135,19 @@ void frmRankings::scalePictures() {
         }
         const QSize size = image.size() * m_layout.enlarge / m_layout.reduce;
         // Enlarged pixels stay blocks; where several become one they are blended.
-        return QPixmap::fromImage(image.scaled(
+        QPixmap pixmap = QPixmap::fromImage(image.scaled(
             size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
             m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
+        pixmap.setDevicePixelRatio(m_layout.pixelRatio);
+        return pixmap;
     };
     m_form->picScreenShot->setPixmap(scaled(m_screenShot));
     m_form->AniPic->setPixmap(scaled(m_names));
-    m_form->AniPic->resize(m_form->AniPic->pixmap().size());
+    m_form->AniPic->resize(m_form->AniPic->sizeHint());
 }
 
 void frmRankings::showName() {
-    const int top = (m_preview.shownName() - 1) * glyphs::CellSide * m_layout.enlarge / m_layout.reduce;
-    m_form->AniPic->move(0, -top);
+    m_form->AniPic->move(0, -(m_preview.shownName() - 1) * m_layout.strip.height);
 }
 
 void frmRankings::followPlaying() {

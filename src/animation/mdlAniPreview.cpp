@@ -29,6 +29,17 @@ constexpr int BoardLineY = 176;
 constexpr int QuitDistance = 40;
 constexpr int QuitSide = 34;
 
+/// The pixels of the screen that can be counted in: a row of the strip is a whole number of the window's
+/// pixels high, whatever the factor.
+int WholePixelRatio(double devicePixelRatio) {
+    for (const int ratio : {2, 4}) {
+        if (devicePixelRatio == ratio) {
+            return ratio;
+        }
+    }
+    return 1;
+}
+
 } // namespace
 
 AniPreview::AniPreview(const editing::AnimationDocument& animation)
@@ -96,16 +107,17 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     const int height = hasScreenShot ? sizes.screenShotHeight : BoardHeight;
     const int top = sizes.windowHeight / 10;
     const int playerTop = sizes.windowHeight * 9 / 10;
-    const int across = std::max(sizes.windowWidth, 1);
-    const int room = std::max(playerTop - top, 1);
 
     RankingsLayout layout;
+    layout.pixelRatio = WholePixelRatio(sizes.devicePixelRatio);
+    const int across = std::max(sizes.windowWidth, 1) * layout.pixelRatio;
+    const int room = std::max(playerTop - top, 1) * layout.pixelRatio;
     layout.enlarge = std::max(std::min(across / width, room / height), 1);
     while (width > across * layout.reduce || height > room * layout.reduce) {
         ++layout.reduce;
     }
     const auto scaled = [&layout](int pixels) {
-        return pixels * layout.enlarge / layout.reduce;
+        return pixels * layout.enlarge / (layout.reduce * layout.pixelRatio);
     };
     const auto centred = [&sizes](int pixels) {
         return (sizes.windowWidth - pixels) / 2;

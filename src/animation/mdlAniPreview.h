@@ -83,12 +83,14 @@ struct RankingsSizes {
     int screenShotHeight = 0;
     int playerWidth = 0;
     int playerHeight = 0;
+    double devicePixelRatio = 1; ///< pixels of the screen in one of the window
 };
 
 /// Where everything stands in the preview's window.
 struct RankingsLayout {
-    int enlarge = 1;     ///< screenshot and strip are so many times as large as their pictures,
-    int reduce = 1;      ///< or this part of them; one of both is 1
+    int enlarge = 1;    ///< screenshot and strip have so many pixels of the screen for one of their pictures,
+    int reduce = 1;     ///< or one for so many; one of both is 1
+    int pixelRatio = 1; ///< how many pixels of the screen they have for one of the window
     ui::Rect screenShot; ///< empty: there is none
     ui::Rect strip;      ///< the one-name frame over the line of the board where the player's name stands
     ui::Rect player;     ///< the bar of the player buttons

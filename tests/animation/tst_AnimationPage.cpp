@@ -315,7 +315,7 @@ TEST_F(AnimationPanel, TellsWhereItsPictureIsPressed) {
     bar("VScroll1").setValue(11);
     QSignalSpy pressed(page.get(), &AnimationPage::picturePressed);
     // The frame's fourth row shows name 14.
-    QTest::mousePress(
+    QTest::mouseClick(
         &hand().find<QWidget>("AniPic"), Qt::RightButton, {},
         hand().find<QWidget>("AniPic").mapFrom(
             &hand().find<QWidget>("AniPicBox"), QPoint(5 * 16 + 3, 3 * 16 + 2)));

@@ -318,6 +318,34 @@ TEST(LayOutRankings, ScalesByWholeFactorsOnly) {
     }
 }
 
+TEST(LayOutRankings, CountsInThePixelsOfAScreenOfHighResolution) {
+    const auto layoutOf = [](int width, int height, double ratio) {
+        return LayOutRankings(
+            {.windowWidth = width,
+             .windowHeight = height,
+             .screenShotWidth = 640,
+             .screenShotHeight = 480,
+             .playerWidth = 500,
+             .playerHeight = 30,
+             .devicePixelRatio = ratio});
+    };
+    RankingsLayout layout = layoutOf(640, 512, 2);
+    EXPECT_EQ(layout.enlarge, 1);
+    EXPECT_EQ(layout.reduce, 1);
+    EXPECT_EQ(layout.pixelRatio, 2);
+    EXPECT_EQ(layout.screenShot, (ui::Rect{160, 51, 320, 240}));
+    EXPECT_EQ(layout.strip, (ui::Rect{160 + 120, 51 + 88, 120, 8}));
+    layout = layoutOf(1280, 1024, 2);
+    EXPECT_EQ(layout.enlarge, 3);
+    EXPECT_EQ(layout.screenShot, (ui::Rect{160, 102, 960, 720}));
+    EXPECT_EQ(layout.strip, (ui::Rect{160 + 360, 102 + 264, 360, 24}));
+    for (const double ratio : {1.0, 1.25, 1.5, 3.0}) {
+        layout = layoutOf(1280, 1024, ratio);
+        EXPECT_EQ(layout.pixelRatio, 1) << ratio;
+        EXPECT_EQ(layout.screenShot, (ui::Rect{320, 102, 640, 480})) << ratio;
+    }
+}
+
 TEST(LayOutRankings, LaysTheStripAtTheSameHeightInTheMiddleOfOtherScreenshots) {
     const RankingsLayout layout = LayOutRankings(
         {.windowWidth = 1024,
