@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <gif_lib.h>
 #include <memory>
 #include <unordered_map>
@@ -32,7 +31,7 @@ struct FreeMap {
 int ReadBytes(GifFileType* gif, GifByteType* target, int count) {
     auto& rest = *static_cast<std::string_view*>(gif->UserData);
     const std::size_t taken = std::min(rest.size(), static_cast<std::size_t>(std::max(count, 0)));
-    std::memcpy(target, rest.data(), taken);
+    std::copy_n(rest.begin(), taken, target);
     rest.remove_prefix(taken);
     return static_cast<int>(taken);
 }
