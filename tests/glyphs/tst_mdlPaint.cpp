@@ -236,7 +236,8 @@ TEST(Progress, RisesInTensAndFallsBack) {
 }
 
 TEST(Progress, NeverShowsMoreThanHundredPerCent) {
-    // 15 of 14 steps would be 107.
+    // 5 of 4 steps would be 125.
+    EXPECT_EQ(ShownFor(5), (std::vector<int>{20, 50, 70, 100, 20}));
     EXPECT_EQ(ShownFor(15).at(9), 100);
     EXPECT_EQ(ShownFor(15).back(), 0);
 }
