@@ -6,6 +6,7 @@
 #include "animation/mdlAniName.h"
 #include "editing/DirectionPad.h"
 #include "editing/NamePage.h"
+#include "editing/mdlKey.h"
 #include "scripts/MessagesPage.h"
 #include "shell/GlyphButton.h"
 #include "shell/ProgressIndicator.h"
@@ -196,13 +197,11 @@ void frmVTM::applyCursors() {
 }
 
 void frmVTM::applyModes() {
-    const editing::Modes& modes = m_workspace.settings.modes;
-    const std::array<bool, 4> states{modes.typingColour, modes.insert, modes.upperCase, modes.numberPad};
-    constexpr std::array<ui::LockKey, 4> LockKeys{
-        ui::LockKey::Scroll, ui::LockKey::Insert, ui::LockKey::Caps, ui::LockKey::Num};
-    for (std::size_t i = 0; i < states.size(); ++i) {
-        cmdKey[i]->setChecked(states[i]);
-        m_platform.lockKeys.setLocked(LockKeys[i], states[i]);
+    for (std::size_t i = 0; i < editing::ModeKeys.size(); ++i) {
+        const editing::ModeKey& mode = editing::ModeKeys[i];
+        const bool isOn = m_workspace.settings.modes.*mode.flag;
+        cmdKey[i]->setChecked(isOn);
+        editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
     }
 }
 

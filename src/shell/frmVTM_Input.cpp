@@ -129,7 +129,7 @@ void frmVTM::cmdKey_Click(int index) {
     const auto& mode = editing::ModeKeys[static_cast<std::size_t>(index)];
     const bool isOn = cmdKey[static_cast<std::size_t>(index)]->isChecked();
     m_workspace.settings.modes.*mode.flag = isOn;
-    m_platform.lockKeys.setLocked(mode.lock, isOn);
+    editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
     Refresh();
 }
 
