@@ -23,7 +23,7 @@ QString ReadoutOf(GlyphCode code) {
     if (code == 0) {
         return frmGetChar::tr("No glyph chosen");
     }
-    const QString number = frmGetChar::tr("Glyph %1").arg(code);
+    QString number = frmGetChar::tr("Glyph %1").arg(code);
     const int character = code % 128;
     if (character < 33 || character > 126) {
         return number;
