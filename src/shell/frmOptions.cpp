@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
 
@@ -188,7 +189,7 @@ void frmOptions::showKey() {
     for (std::size_t i = 0; i < key.size(); ++i) {
         m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
         m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
-        m_keyStrips[i]->setAccessibleDescription(QString::number(key[i]));
+        m_keyStrips[i]->setAccessibleDescription(Latin1(glyphs::GlyphName(key[i])));
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "glyphs/GlyphWords.h"
 #include "shell/OptionControls.h"
 #include "shell/frmOptions.h"
 #include "support/FakePlatform.h"
@@ -540,6 +541,11 @@ TEST_F(OptionsDialog, ASelectedKeyShowsItsThreeGlyphs) {
         ui::Picture expected(picture->width(), picture->height());
         glyphs::StretchCells(expected, expected.bounds(), atlas.source, {code % 16 * 8, code / 16 * 8, 8, 8});
         EXPECT_EQ(*picture, expected) << code;
+        EXPECT_EQ(
+            find<QWidget>(("picKeyStripCont_" + std::to_string(i)).c_str())
+                ->accessibleDescription()
+                .toStdString(),
+            glyphs::GlyphName(static_cast<glyphs::GlyphCode>(code)));
     }
     EXPECT_EQ(changedPages(), "");
 }
