@@ -182,6 +182,7 @@ private:
     Workspace m_workspace;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
+    std::string m_unreadableSettings; ///< for the status line, once the start's own messages are through
 
     std::vector<QMenu*> m_menus;
     QList<QAction*> m_pageActions;

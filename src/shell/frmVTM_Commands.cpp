@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmAniWiz.h"
 #include "animation/frmRankings.h"
-#include "animation/frmAniWiz.h"
-#include "animation/frmRankings.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
@@ -122,7 +120,6 @@ void frmVTM::mnuToolsBindingWizard_Click() {
 }
 
 void frmVTM::mnuFileSaveMessage_Click() {
-    switchPageFor(Page::Messages);
     scripts::frmSaveMessages wizard(
         m_platform.dialogs, m_platform.files, m_workspace.documents.messages, this);
     wizard.exec();

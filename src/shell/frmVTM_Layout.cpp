@@ -189,6 +189,7 @@ void frmVTM::buildCentre() {
     setCentralWidget(centre);
 
     picProgress = new ProgressIndicator(this);
+    statusBar()->setObjectName(QStringLiteral("statusbar"));
     statusBar()->addPermanentWidget(picProgress);
     statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
     statusBar()->setSizeGripEnabled(false);

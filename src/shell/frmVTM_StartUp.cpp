@@ -71,6 +71,9 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     restoreWindow();
     show();
     m_isStartingUp = false;
+    if (!m_unreadableSettings.empty()) {
+        showStatus(m_unreadableSettings);
+    }
 
     // The desktop learns about the file types once the window stands: nothing in it waits for them.
     QTimer::singleShot(
@@ -90,9 +93,7 @@ ui::Status frmVTM::loadSettings() {
         LoadedSettings loaded = Load(m_platform.settings, folder);
         settings = loaded.settings;
         recordNumber = settings.grid + 1;
-        if (const std::string text = UnreadableSettingsText(loaded.unreadable); !text.empty()) {
-            showStatus(text);
-        }
+        m_unreadableSettings = UnreadableSettingsText(loaded.unreadable);
     } else {
         Defaults(settings, folder);
     }

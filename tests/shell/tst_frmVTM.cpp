@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QPaintEvent>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -164,6 +165,16 @@ TEST_F(Start, ReportsAnUnreadableFileOfTheCommandLineByItsFilePart) {
     start({" /name " + (fake.directory.files / "x.vtn").native()});
     EXPECT_EQ(workspace().page(), Page::Animation);
     std::filesystem::current_path(before);
+}
+
+TEST_F(Start, NamesAnUnreadableSettingInTheStatusLineAlsoAfterAnIntroFile) {
+    fake.settings.write("options", "cursor1", "many");
+    fake.directory.files.put("intro.vtn", "// Name File Created by Vortigo\r\nname \"intro\"\r\n");
+    start();
+    const QString shown = find<QStatusBar>("statusbar")->currentMessage();
+    EXPECT_TRUE(shown.contains(QStringLiteral("cursor1"))) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(QStringLiteral("many"))) << shown.toStdString();
+    EXPECT_EQ(workspace().settings.cursors[0], 0);
 }
 
 TEST_F(Start, RegistersTheFileTypesAfterTheWindowStands) {
