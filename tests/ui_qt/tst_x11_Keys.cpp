@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "X11Input.h"
+#include "ui/qt/KeyReader.h"
 #include "ui/qt/KeyTranslation.h"
 
 #include <QTest>
@@ -222,6 +223,25 @@ TEST_F(X11Keys, AreTakenFromARussianKeyboard) {
         {"Shift+2", 11, {ShiftCode}, 222, true},
         {"Ctrl+ef", 38, {CtrlCode}, 65},
     });
+}
+
+TEST_F(X11Keys, RepeatWhileTheyAreHeld) {
+    ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("us")));
+    constexpr unsigned InsertCode = 118;
+    constexpr std::size_t Repeats = 15;
+    ui::qt::KeyReader reader;
+    X11Input::press(InsertCode);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_keys.presses.size() > Repeats; }));
+    EXPECT_TRUE(m_keys.releases.empty());
+    X11Input::release(InsertCode);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_keys.releases.empty(); }));
+    EXPECT_EQ(m_keys.releases.size(), 1U);
+    EXPECT_FALSE(reader.press(*m_keys.presses[0]).isRepeat);
+    for (std::size_t i = 1; i < m_keys.presses.size(); ++i) {
+        EXPECT_TRUE(reader.press(*m_keys.presses[i]).isRepeat) << i;
+    }
+    reader.release(*m_keys.releases[0]);
+    EXPECT_FALSE(reader.press(*m_keys.presses[0]).isRepeat);
 }
 
 } // namespace

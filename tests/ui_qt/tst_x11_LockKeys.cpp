@@ -184,4 +184,47 @@ TEST_F(X11LockKeys, AgreeWithAPressOfTheKeyItself) {
     }
 }
 
+TEST_F(X11LockKeys, RememberTheKeysThatTheUserPressed) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    locks.setLocked(LockKey::Num, true);
+    show();
+    constexpr unsigned CapsLock = 66;
+    constexpr unsigned NumLock = 77;
+    X11Input::click(CapsLock);
+    X11Input::click(NumLock);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && !num(); }));
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
+    EXPECT_FALSE(num());
+    X11Input::giveFocus(m_window);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps(); }));
+    EXPECT_FALSE(num());
+}
+
+TEST_F(X11LockKeys, LetTheLightFollowTheScrollLockKey) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Scroll, true);
+    show();
+    EXPECT_TRUE(scroll());
+    constexpr unsigned ScrollLock = 78;
+    for (const bool on : {false, true, false}) {
+        X11Input::click(ScrollLock);
+        EXPECT_TRUE(QTest::qWaitFor([this, on] { return scroll() == on; })) << on;
+    }
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
+    X11Input::giveFocus(m_window);
+    EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }));
+    EXPECT_FALSE(scroll());
+    X11Input::click(ScrollLock);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return scroll(); }));
+}
+
 } // namespace

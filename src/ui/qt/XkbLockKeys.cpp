@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/XkbLockKeys.h"
 
+#include "ui/qt/KeyTranslation.h"
 #include "ui/qt/X11Keyboard.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QWindow>
 
 namespace ui::qt {
@@ -61,6 +63,8 @@ void XkbLockKeys::enter() {
         return;
     }
     m_isInside = true;
+    // Installed anew, so that it comes before the filters of windows that were made in the meantime.
+    qGuiApp->installEventFilter(this);
     m_original.caps = m_keyboard->isLocked(X11Keyboard::Lock::Caps);
     m_original.num = m_keyboard->isLocked(X11Keyboard::Lock::Num);
     m_original.scrollLight = m_keyboard->scrollLight();
@@ -68,10 +72,30 @@ void XkbLockKeys::enter() {
 }
 
 void XkbLockKeys::leave() {
-    if (m_isInside) {
-        m_isInside = false;
-        apply(m_original);
+    if (!m_isInside) {
+        return;
     }
+    m_isInside = false;
+    qGuiApp->removeEventFilter(this);
+    // The user may have pressed the keys themselves.
+    if (m_wanted.caps) {
+        m_wanted.caps = m_keyboard->isLocked(X11Keyboard::Lock::Caps);
+    }
+    if (m_wanted.num) {
+        m_wanted.num = m_keyboard->isLocked(X11Keyboard::Lock::Num);
+    }
+    apply(m_original);
+}
+
+bool XkbLockKeys::eventFilter(QObject* watched, QEvent* event) {
+    // A press comes to the window first, and then to the widgets in it.
+    if (event->type() == QEvent::KeyPress && watched->isWindowType() && m_wanted.scrollLight) {
+        const KeyStroke stroke = TranslateKey(*static_cast<QKeyEvent*>(event));
+        if (stroke.virtualKey == KeyScrollLock && !stroke.isAlt && !stroke.isRepeat) {
+            setLocked(LockKey::Scroll, !*m_wanted.scrollLight);
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void XkbLockKeys::apply(const Locks& locks) {

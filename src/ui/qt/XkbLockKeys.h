@@ -16,7 +16,9 @@ class X11Keyboard;
 
 /// The lock keys of an X11 desktop. While the program's main window has the focus, Caps Lock, Num Lock and
 /// the light of Scroll Lock are as the program wants them; everywhere else, the program's dialogs included,
-/// they are as the user left them. On Wayland, where no program can set them, nothing happens.
+/// they are as the user left them. Keys that the user presses there go on to lock and unlock; the light of
+/// Scroll Lock, which X11 leaves alone, follows its key too. On Wayland, where no program can set them,
+/// nothing happens.
 class XkbLockKeys final : public QObject, public LockKeys {
     Q_OBJECT
 
@@ -32,6 +34,9 @@ public:
 
     /// Caps and Num on X11; never Insert, and never Scroll, which has a light but no lock.
     [[nodiscard]] bool canLock(LockKey key) const override;
+
+    /// Follows the Scroll Lock key.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Locks {
