@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/QtPlatform.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(QtPlatform, HandsOutTheWholeDesktop) {
+    ui::qt::QtPlatform desktop;
+    const ui::Platform& platform = desktop.platform();
+    EXPECT_EQ(platform.directory.folder(), ui::qt::DesktopProgramDirectory::Executable().parent_path());
+    EXPECT_TRUE(platform.files.exists(ui::qt::DesktopProgramDirectory::Executable()));
+    EXPECT_FALSE(platform.lockKeys.canLock(ui::LockKey::Num)) << "this platform has no keyboard";
+    platform.clipboard.setText("name");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("name"));
+    platform.settings.write("options", "color1", "1");
+    EXPECT_EQ(platform.settings.read("options", "color1"), "1");
+    platform.sounds.play("no wave");
+}
+
+} // namespace
