@@ -260,10 +260,12 @@ TEST(RandomRows, AreAlignedWhateverTheyWereAlignedToBefore) {
 
 TEST(RandomRows, HaveGlyphsOfOneColourOnlyAfterAColourOperation) {
     for (const Cells& cells : RandomRows()) {
-        for (const GlyphCode code : OneRow(cells).apply(FormatOperation::Color2ToColor1).cells()) {
+        const Cells inColor1 = OneRow(cells).apply(FormatOperation::Color2ToColor1).cells();
+        for (const GlyphCode code : inColor1) {
             EXPECT_EQ(glyphs::ToColor1Glyph(code), code);
         }
-        for (const GlyphCode code : OneRow(cells).apply(FormatOperation::Color1ToColor2).cells()) {
+        const Cells inColor2 = OneRow(cells).apply(FormatOperation::Color1ToColor2).cells();
+        for (const GlyphCode code : inColor2) {
             EXPECT_EQ(glyphs::ToColor2Glyph(code), code);
         }
     }

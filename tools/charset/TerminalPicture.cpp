@@ -5,7 +5,6 @@
 #include "glyphs/mdlData.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace charset {
 
@@ -59,7 +58,7 @@ private:
     }
 
     std::string& m_text;
-    std::optional<ui::Pixel> m_foreground;
+    ui::Pixel m_foreground = 0; ///< 0: the terminal's own, as at the start of a line
     ui::Pixel m_background = 0;
 };
 
