@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include "glyphs/GlyphWords.h"
@@ -87,6 +88,11 @@ frmOptions::frmOptions(
 frmOptions::~frmOptions() = default;
 
 void frmOptions::connectControls() {
+    // The tabs know these keys too, but a list that has the focus would keep them.
+    auto* const nextPage = new QShortcut(Qt::CTRL | Qt::Key_Tab, this);
+    connect(nextPage, &QShortcut::activated, this, [this] { turnPage(1); });
+    auto* const previousPage = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
+    connect(previousPage, &QShortcut::activated, this, [this] { turnPage(-1); });
     connect(m_form->chkCaseChoice, &QCheckBox::clicked, this, &frmOptions::chkCaseChoice_Click);
     connect(
         m_form->txtbmpScreenShotFileName, &QLineEdit::textEdited, this,
@@ -125,6 +131,11 @@ void frmOptions::connectControls() {
         m_form->cmdResetKeysToDefault, &QPushButton::clicked, this, &frmOptions::cmdResetKeysToDefault_Click);
     connect(m_form->buttons, &QDialogButtonBox::accepted, this, &frmOptions::cmdOK_Click);
     connect(m_form->buttons, &QDialogButtonBox::rejected, this, &frmOptions::cmdCancel_Click);
+}
+
+void frmOptions::turnPage(int step) {
+    auto* const tabs = m_form->tabOptions;
+    tabs->setCurrentIndex((tabs->currentIndex() + step + tabs->count()) % tabs->count());
 }
 
 void frmOptions::showSettings() {

@@ -46,6 +46,7 @@ public:
 
 private:
     void connectControls();
+    void turnPage(int step);
     void showSettings();
     void showScreenshot();
     void listCharacterSets();

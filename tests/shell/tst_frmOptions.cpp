@@ -692,6 +692,26 @@ TEST_F(OptionsDialog, TabReachesEveryControlOfAPage) {
     }
 }
 
+TEST_F(OptionsDialog, CtrlTabTurnsThePagesWhateverHasTheFocus) {
+    open();
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    auto* const tabs = find<QTabWidget>("tabOptions");
+    for (const int expected : {1, 2, 3, 4, 5, 0}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(tabs->currentIndex(), expected);
+    }
+    for (const int expected : {5, 4, 3, 2, 1, 0}) {
+        QTest::keyClick(
+            QApplication::focusWidget(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(tabs->currentIndex(), expected);
+    }
+    find<QPushButton>("cmdCancel")->setFocus();
+    QTest::keyClick(find<QPushButton>("cmdCancel"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    EXPECT_EQ(changedPages(), "");
+}
+
 TEST_F(OptionsDialog, FitsTheSmallestScreenAtTwiceItsSize) {
     open();
     EXPECT_LE(dialog->width(), 510);
