@@ -155,6 +155,20 @@ std::optional<WindowFacts> Desktop::activeWindow() const {
         {x, y, attributes.width, attributes.height}};
 }
 
+void Desktop::activate(unsigned long window) {
+    const Connection& connection = *m_connection;
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = connection.atom("_NET_ACTIVE_WINDOW");
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 2; // on behalf of the user
+    XSendEvent(
+        connection.display, connection.root, False, SubstructureNotifyMask | SubstructureRedirectMask,
+        &event);
+    XFlush(connection.display);
+}
+
 void Desktop::moveToCorner(unsigned long window) {
     XMoveWindow(m_connection->display, window, 8, 32);
     XFlush(m_connection->display);
@@ -171,9 +185,12 @@ ui::Picture Desktop::grab() const {
     if (image == nullptr) {
         return picture;
     }
+    const bool isPlain = image->bits_per_pixel == 32 && image->byte_order == LSBFirst;
     for (int y = 0; y < height; ++y) {
+        const auto* line = reinterpret_cast<const ui::Pixel*>(image->data + y * image->bytes_per_line);
+        ui::Pixel* row = picture.row(y);
         for (int x = 0; x < width; ++x) {
-            picture.setPixel(x, y, ui::OpaqueBlack | static_cast<ui::Pixel>(XGetPixel(image, x, y)));
+            row[x] = ui::OpaqueBlack | (isPlain ? line[x] : static_cast<ui::Pixel>(XGetPixel(image, x, y)));
         }
     }
     XDestroyImage(image);

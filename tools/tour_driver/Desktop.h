@@ -45,6 +45,9 @@ public:
     /// The window that has the keyboard.
     [[nodiscard]] std::optional<WindowFacts> activeWindow() const;
 
+    /// Asks the window manager to give a window the keyboard.
+    void activate(unsigned long window);
+
     /// Asks the window manager to move a window near the screen's top left corner, its frame in view.
     void moveToCorner(unsigned long window);
 

@@ -197,7 +197,7 @@ void PlayAnimation(Tour& tour) {
     desktop.press(XK_1, {XK_Alt_L});
     desktop.press(XK_Down);
     tour.stop("pattern-chosen");
-    desktop.press(XK_b, {XK_Alt_L});
+    desktop.press(XK_Return);
     tour.expectMain(AnimationTitle);
 
     const std::vector<std::string> names = AnimatedByFirstPattern(tour, finishedName() + blanks(2));
@@ -227,11 +227,18 @@ void PlayPreview(Tour& tour) {
     Desktop& desktop = tour.desktop();
     tour.menu("tf");
     tour.expectWindow("Full Screen Preview");
-    tour.stop("preview");
     desktop.press(XK_space);
-    // Names change while it plays: wait until the strip shows the finished name once more.
+    const auto [reader, strip] = tour.expectEnlargedRow(finishedName());
+    tour.settle();
+    // It begins anew, where other names stand than the one it ends with.
+    const auto showsLast = [&] {
+        return reader.matches(desktop.grab(), strip, finishedName());
+    };
+    desktop.press(XK_space);
+    tour.until([&] { return !showsLast(); }, "the preview to play");
     tour.snap("preview-playing");
-    tour.expectRow(finishedName());
+    tour.until(showsLast, "the preview to end");
+    tour.stop("preview");
     desktop.press(XK_Escape);
     tour.expectMain(AnimationTitle);
 }

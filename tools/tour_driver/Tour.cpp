@@ -28,8 +28,10 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds Patience{20000};
+constexpr milliseconds Patience{60000};
 constexpr milliseconds Glance{15};
+/// No window has had the keyboard for so long: nobody will give it to one.
+constexpr milliseconds Idleness{2000};
 /// A screen that has not changed for so long has come to rest.
 constexpr milliseconds Stillness{120};
 
@@ -50,6 +52,16 @@ public:
 private:
     ui::Path m_folder;
 };
+
+/// Glyphs as text for a message; those that are no ASCII in colour 1.
+std::string shown(std::string_view codes) {
+    std::string text = "\"";
+    for (const char code : codes) {
+        const char plain = static_cast<char>(static_cast<unsigned char>(code) % 128U);
+        text += plain < ' ' ? '?' : plain;
+    }
+    return text + "\"";
+}
 
 } // namespace
 
@@ -76,7 +88,8 @@ void Tour::useCharSet(int number) {
     if (!artwork) {
         throw Surprise(artwork.failure().message);
     }
-    m_reader.emplace(glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells, m_options.scale);
+    m_cells = glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells;
+    m_reader.emplace(m_cells, m_options.scale);
 }
 
 void Tour::start(const std::string& title) {
@@ -88,6 +101,7 @@ void Tour::start(const std::string& title) {
         throw Surprise(program + " cannot be started");
     }
     m_grid.reset();
+    m_main = 0;
     expectMain(title);
     m_desktop.moveToCorner(m_window);
     settle();
@@ -115,6 +129,10 @@ void Tour::expect(bool condition, const std::string& what) {
 void Tour::until(const std::function<bool()>& condition, const std::string& what) {
     const auto deadline = Clock::now() + Patience;
     while (!condition()) {
+        if (m_process > 0 && waitpid(m_process, nullptr, WNOHANG) == m_process) {
+            m_process = 0;
+            throw Surprise("the program ended while the tour waited for " + what);
+        }
         if (Clock::now() > deadline) {
             throw Surprise("waited in vain for " + what);
         }
@@ -173,14 +191,23 @@ void Tour::expectWindow(const std::string& title) {
 }
 
 void Tour::expectMain(const std::string& title) {
+    auto idleSince = Clock::now();
     until(
         [&] {
             const auto active = m_desktop.activeWindow();
-            if (!active || active->title != title) {
-                return false;
+            if (active && active->title == title) {
+                m_window = active->id;
+                m_main = active->id;
+                return true;
             }
-            m_window = active->id;
-            return true;
+            // When two windows close at once, the manager may leave the keyboard to none: people click then.
+            if (active) {
+                idleSince = Clock::now();
+            } else if (m_main != 0 && Clock::now() - idleSince > Idleness) {
+                m_desktop.activate(m_main);
+                idleSince = Clock::now();
+            }
+            return false;
         },
         "the main window \"" + title + "\"");
 }
@@ -235,13 +262,33 @@ Position Tour::expectRow(std::string_view codes) {
             }
             return found.has_value();
         },
-        "a row of glyphs on the screen");
+        "the glyphs " + shown(codes) + " on the screen");
     return position;
 }
 
 void Tour::expectRowAt(Position position, std::string_view codes) {
     until(
-        [&] { return m_reader->matches(m_desktop.grab(), position, codes); }, "a row of glyphs at its place");
+        [&] { return m_reader->matches(m_desktop.grab(), position, codes); },
+        "the glyphs " + shown(codes) + " at " + std::to_string(position.x) + "," +
+            std::to_string(position.y));
+}
+
+std::pair<GlyphReader, Position> Tour::expectEnlargedRow(std::string_view codes) {
+    constexpr int LargestFactor = 6;
+    std::optional<std::pair<GlyphReader, Position>> seen;
+    until(
+        [&] {
+            const ui::Picture screen = m_desktop.grab();
+            for (int factor = 1; factor <= LargestFactor && !seen; ++factor) {
+                const GlyphReader reader(m_cells, factor);
+                if (const auto found = reader.find(screen, screen.bounds(), codes)) {
+                    seen.emplace(reader, *found);
+                }
+            }
+            return seen.has_value();
+        },
+        "the glyphs " + shown(codes) + ", enlarged");
+    return *seen;
 }
 
 void Tour::clickGrid(unsigned char code, unsigned button) {

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <sys/types.h>
+#include <utility>
 
 namespace tour {
 
@@ -71,6 +72,10 @@ public:
     /// Waits until a row of glyphs is at a place that was found before.
     void expectRowAt(Position position, std::string_view codes);
 
+    /// Waits until a row of glyphs is somewhere, enlarged by whatever whole factor; what has seen it, and
+    /// where.
+    std::pair<GlyphReader, Position> expectEnlargedRow(std::string_view codes);
+
     /// Clicks a glyph of the grid.
     void clickGrid(unsigned char code, unsigned button = 1);
 
@@ -103,9 +108,11 @@ private:
 
     TourOptions m_options;
     Desktop m_desktop;
+    ui::Picture m_cells; ///< the atlas of the character set in use
     std::optional<GlyphReader> m_reader;
     std::optional<Position> m_grid;
-    unsigned long m_window = 0;
+    unsigned long m_window = 0; ///< the one waited for last
+    unsigned long m_main = 0;
     pid_t m_process = 0;
     int m_stops = 0;
 };
