@@ -229,7 +229,6 @@ void PlayPreview(Tour& tour) {
     tour.expectWindow("Full Screen Preview");
     desktop.press(XK_space);
     const auto [reader, strip] = tour.expectEnlargedRow(finishedName());
-    tour.settle();
     // It begins anew, where other names stand than the one it ends with.
     const auto showsLast = [&] {
         return reader.matches(desktop.grab(), strip, finishedName());

@@ -32,6 +32,8 @@ constexpr milliseconds Patience{60000};
 constexpr milliseconds Glance{15};
 /// No window has had the keyboard for so long: nobody will give it to one.
 constexpr milliseconds Idleness{2000};
+/// What stays for so long is not just one of the names of an animation.
+constexpr milliseconds Lasting{800};
 /// A screen that has not changed for so long has come to rest.
 constexpr milliseconds Stillness{120};
 
@@ -100,10 +102,10 @@ void Tour::start(const std::string& title) {
         m_process = 0;
         throw Surprise(program + " cannot be started");
     }
-    m_grid.reset();
     m_main = 0;
     expectMain(title);
     m_desktop.moveToCorner(m_window);
+    m_grid.reset();
     settle();
 }
 
@@ -210,6 +212,8 @@ void Tour::expectMain(const std::string& title) {
             return false;
         },
         "the main window \"" + title + "\"");
+    // The title comes first; what the window shows may still be what it has shown before.
+    settle();
 }
 
 void Tour::menu(std::string_view letters) {
@@ -276,16 +280,22 @@ void Tour::expectRowAt(Position position, std::string_view codes) {
 std::pair<GlyphReader, Position> Tour::expectEnlargedRow(std::string_view codes) {
     constexpr int LargestFactor = 6;
     std::optional<std::pair<GlyphReader, Position>> seen;
+    auto since = Clock::now();
     until(
         [&] {
             const ui::Picture screen = m_desktop.grab();
+            if (seen && seen->first.matches(screen, seen->second, codes)) {
+                return Clock::now() - since > Lasting;
+            }
+            seen.reset();
             for (int factor = 1; factor <= LargestFactor && !seen; ++factor) {
                 const GlyphReader reader(m_cells, factor);
                 if (const auto found = reader.find(screen, screen.bounds(), codes)) {
                     seen.emplace(reader, *found);
                 }
             }
-            return seen.has_value();
+            since = Clock::now();
+            return false;
         },
         "the glyphs " + shown(codes) + ", enlarged");
     return *seen;
