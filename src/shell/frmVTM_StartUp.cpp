@@ -116,8 +116,12 @@ void frmVTM::Form_Unload() {
     }
     m_isUnloaded = true;
     if (m_workspace.settings.saveAtExit) {
-        m_platform.settings.write(
-            std::string(WindowSection), std::string(GeometryKey), saveGeometry().toBase64().toStdString());
+        // A window that the start has not shown yet has no place to remember.
+        if (isVisible()) {
+            m_platform.settings.write(
+                std::string(WindowSection), std::string(GeometryKey),
+                saveGeometry().toBase64().toStdString());
+        }
         if (const ui::Status saved = Save(m_platform.settings, m_workspace.settings); !saved) {
             m_platform.dialogs.warn(saved.failure().message);
         }

@@ -33,7 +33,8 @@ void CloseOnTermination(shell::frmVTM& window) {
     QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window, notifier] {
         notifier->setEnabled(false);
         window.Form_Unload();
-        QCoreApplication::quit();
+        // Not quit(): that does nothing while a message of the start is all that runs.
+        QCoreApplication::exit();
     });
 
     struct sigaction action {};

@@ -119,6 +119,32 @@ TEST_F(Start, EndsWithTheMissingFileNamedWithoutTheArtwork) {
     EXPECT_NE(loaded.failure().message.find("vtmgrid.dat"), std::string::npos);
 }
 
+TEST_F(Start, EndsWithTheFileNamedWhenTheDataFilesAreCutShort) {
+    const std::string list = fake.directory.files.content("vtmtc.dat");
+    const std::string store = fake.directory.files.content("vtmgrid.dat");
+    for (const auto& [name, bytes] : std::initializer_list<std::pair<const char*, std::string>>{
+             {"vtmtc.dat", ""},
+             {"vtmtc.dat", list.substr(0, 153)},
+             {"vtmgrid.dat", ""},
+             {"vtmgrid.dat", store.substr(0, 900)}}) {
+        fake.directory.files.put(name, bytes);
+        shell::frmVTM frm(fake.platform);
+        const ui::Status loaded = frm.Form_Load({});
+        ASSERT_FALSE(loaded.ok());
+        EXPECT_NE(loaded.failure().message.find(name), std::string::npos) << loaded.failure().message;
+        EXPECT_FALSE(frm.isVisible());
+        EXPECT_EQ(fake.directory.files.content(name), bytes);
+        fake.directory.files.put("vtmtc.dat", list);
+    }
+}
+
+TEST_F(Start, ShowsTheFirstCharacterSetWhenTheStoredOneIsGone) {
+    fake.settings.write("options", "grid", "700");
+    start();
+    EXPECT_EQ(workspace().charSet.listIndex, 0);
+    EXPECT_FALSE(workspace().atlas.cells.empty());
+}
+
 TEST_F(Start, ReportsAMalformedKeyMapAndTypesTheDefaults) {
     const std::string damaged = "1,2\r\n";
     fake.directory.files.put("vtmkeys.ini", damaged);
@@ -566,6 +592,16 @@ TEST_F(Exit, TheWindowComesBackWithItsSize) {
     window->close();
     start();
     EXPECT_EQ(window->size(), left);
+}
+
+TEST_F(Exit, DuringTheStartKeepsThePlaceOfTheWindow) {
+    fake.settings.write("window", "geometry", "kept");
+    const ui::Path before = std::filesystem::current_path();
+    fake.dialogs.expectInform("Error reading name from x.vtn.", [this] { window->Form_Unload(); });
+    start({" /name " + (fake.directory.files / "x.vtn").native()});
+    EXPECT_EQ(fake.settings.read("window", "geometry"), "kept");
+    EXPECT_EQ(fake.settings.list("options").size(), 34U);
+    std::filesystem::current_path(before);
 }
 
 TEST_F(Exit, SavesNothingWhenToldNotTo) {

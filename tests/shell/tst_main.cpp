@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "support/TempProgramDirectory.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The program itself, with settings of its own.
+class Program : public testing::Test {
+protected:
+    Program() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), text(home / "config"));
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), text(home / "data"));
+        environment.insert(QStringLiteral("SDL_AUDIODRIVER"), QStringLiteral("dummy"));
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(text(home.path()));
+        process.setProcessChannelMode(QProcess::ForwardedChannels);
+    }
+
+    ~Program() override {
+        if (process.state() != QProcess::NotRunning) {
+            process.kill();
+            process.waitForFinished();
+        }
+    }
+
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    Program(Program&&) = delete;
+    Program& operator=(Program&&) = delete;
+
+    [[nodiscard]] static QString text(const ui::Path& path) { return QFile::decodeName(path.c_str()); }
+
+    void start(const QStringList& arguments) {
+        process.start(QStringLiteral(VTM_PROGRAM_DIR "/VTM"), arguments);
+        ASSERT_TRUE(process.waitForStarted());
+        // Told to end before it listens, it would just be killed.
+        ASSERT_TRUE(QTest::qWaitFor([this] { return catchesTermination(); }, 20000));
+    }
+
+    /// Tells the program to end; whether it does so, in its own way.
+    [[nodiscard]] bool ends() {
+        process.terminate();
+        return process.waitForFinished(20000) && process.exitStatus() == QProcess::NormalExit &&
+               process.exitCode() == 0;
+    }
+
+    support::TempFolder home;
+    QProcess process;
+
+private:
+    [[nodiscard]] bool catchesTermination() const {
+        QFile status(QStringLiteral("/proc/%1/status").arg(process.processId()));
+        if (!status.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        const QByteArray lines = status.readAll();
+        const qsizetype place = lines.indexOf("SigCgt:");
+        const qulonglong caught = lines.mid(place + 7, 18).trimmed().toULongLong(nullptr, 16);
+        return place >= 0 && (caught >> (SIGTERM - 1) & 1U) != 0;
+    }
+};
+
+TEST_F(Program, EndsWhenItIsToldToAndSavesItsSettings) {
+    start({});
+    EXPECT_TRUE(ends());
+    EXPECT_NE(home.content("config/VTM/VTM.ini").find("maketype="), std::string::npos);
+}
+
+TEST_F(Program, EndsWhenItIsToldToWhileAMessageOfTheStartIsShown) {
+    start({QStringLiteral(" /name"), text(home.put("no.vtn", "not a script"))});
+    EXPECT_TRUE(ends());
+}
+
+} // namespace
