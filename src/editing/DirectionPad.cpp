@@ -43,6 +43,7 @@ DirectionPad::DirectionPad(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Direction pad"));
     setAccessibleDescription(tr("Moves the cursor like the arrow keys"));
+    m_repeat.setParent(this);
     m_repeat.setObjectName(QStringLiteral("imgTimer"));
     connect(&m_repeat, &QTimer::timeout, this, &DirectionPad::imgTimer_Timer);
 }

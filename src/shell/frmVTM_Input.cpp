@@ -145,6 +145,8 @@ void frmVTM::cmdFavorite_MouseDown(int index, Qt::MouseButton button) {
     if (button == Qt::LeftButton) {
         putGlyphWithMarker(favourite);
     } else if (button == Qt::RightButton) {
+        // The picker gets the release that would let the button up.
+        shown->setDown(false);
         favourite = pickGlyph(favourite);
         shown->setGlyph(m_workspace.atlas, favourite);
         m_platform.clipboard.setPicture(shown->picture());
