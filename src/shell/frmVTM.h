@@ -6,6 +6,7 @@
 #include "shell/Workspace.h"
 #include "ui/KeyStroke.h"
 #include "ui/Platform.h"
+#include "ui/qt/KeyReader.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -180,6 +181,7 @@ private:
 
     ui::Platform& m_platform;
     Workspace m_workspace;
+    ui::qt::KeyReader m_keys;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
     std::string m_unreadableSettings; ///< for the status line, once the start's own messages are through

@@ -7,7 +7,6 @@
 #include "glyphs/mdlSwitches.h"
 #include "shell/GlyphButton.h"
 #include "shell/frmVTM.h"
-#include "ui/qt/KeyTranslation.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
@@ -46,8 +45,12 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget)) {
-            return Form_KeyDown(ui::qt::TranslateKey(*static_cast<QKeyEvent*>(event)));
+            return Form_KeyDown(m_keys.press(*static_cast<QKeyEvent*>(event)));
         }
+    } else if (event->type() == QEvent::KeyRelease) {
+        m_keys.release(*static_cast<QKeyEvent*>(event));
+    } else if (event->type() == QEvent::WindowDeactivate && watched == this) {
+        m_keys.forgetHeldKeys();
     }
     return QMainWindow::eventFilter(watched, event);
 }
