@@ -23,6 +23,10 @@ constexpr auto QuietTime = 1500ms;
 /// How long the end of the program waits for the device to be closed.
 constexpr auto ClosingTime = 300ms;
 
+/// How long the first sound waits. It often comes while the program starts, and loading the library, which
+/// brings thirty others along, would hold up the window's first appearance.
+constexpr auto LoadingDelay = 100ms;
+
 /// Signals are for the main thread; threads that SDL starts inherit this.
 void BlockSignals() {
     sigset_t all;
@@ -82,6 +86,7 @@ void SdlSoundPlayer::Work(const std::shared_ptr<Mailbox>& mailbox) {
         const auto hasNews = [&] {
             return mailbox->ends || mailbox->wave.has_value();
         };
+        mailbox->changed.wait_for(lock, LoadingDelay, [&] { return mailbox->ends; });
         auto silentFrom = std::chrono::steady_clock::now();
         for (;;) {
             if (!audio.isOpen()) {
