@@ -72,6 +72,37 @@ struct Desktop::Connection {
         return value.size() < sizeof(Window) ? None : *reinterpret_cast<const Window*>(value.data());
     }
 
+    /// The part of the screen that a window and its frame take.
+    [[nodiscard]] ui::Rect frameOf(Window window) const {
+        Window outermost = window;
+        Window above = window;
+        while (above != root && above != None) {
+            outermost = above;
+            Window tree = None;
+            Window* children = nullptr;
+            unsigned count = 0;
+            if (XQueryTree(display, outermost, &tree, &above, &children, &count) == 0) {
+                break;
+            }
+            XFree(children);
+        }
+        XWindowAttributes attributes;
+        if (XGetWindowAttributes(display, outermost, &attributes) == 0) {
+            return {};
+        }
+        return onScreen({attributes.x, attributes.y, attributes.width, attributes.height});
+    }
+
+    /// The part of a rectangle that is on the screen.
+    [[nodiscard]] ui::Rect onScreen(const ui::Rect& rect) const {
+        const int screen = DefaultScreen(display);
+        const int left = std::max(rect.x, 0);
+        const int top = std::max(rect.y, 0);
+        return {
+            left, top, std::min(rect.x + rect.width, DisplayWidth(display, screen)) - left,
+            std::min(rect.y + rect.height, DisplayHeight(display, screen)) - top};
+    }
+
     void fakeKey(KeyCode code, bool down) {
         XTestFakeKeyEvent(display, code, down ? True : False, CurrentTime);
         XFlush(display);
@@ -145,14 +176,8 @@ std::optional<WindowFacts> Desktop::activeWindow() const {
         attributes.map_state != IsViewable) {
         return std::nullopt;
     }
-    int x = 0;
-    int y = 0;
-    Window child = None;
-    XTranslateCoordinates(connection.display, window, connection.root, 0, 0, &x, &y, &child);
     return WindowFacts{
-        window,
-        connection.property(window, connection.atom("_NET_WM_NAME")),
-        {x, y, attributes.width, attributes.height}};
+        window, connection.property(window, connection.atom("_NET_WM_NAME")), connection.frameOf(window)};
 }
 
 void Desktop::activate(unsigned long window) {
@@ -207,21 +232,17 @@ ui::Rect Desktop::windowsArea() const {
     if (XQueryTree(display, m_connection->root, &root, &parent, &children, &count) == 0) {
         return area;
     }
-    const int screenWidth = DisplayWidth(display, DefaultScreen(display));
-    const int screenHeight = DisplayHeight(display, DefaultScreen(display));
     for (unsigned index = 0; index < count; ++index) {
         XWindowAttributes attributes;
         if (XGetWindowAttributes(display, children[index], &attributes) == 0 ||
             attributes.map_state != IsViewable || attributes.c_class != InputOutput) {
             continue;
         }
-        const int left = std::max(attributes.x, 0);
-        const int top = std::max(attributes.y, 0);
-        const int right = std::min(attributes.x + attributes.width, screenWidth);
-        const int bottom = std::min(attributes.y + attributes.height, screenHeight);
+        const ui::Rect shown =
+            m_connection->onScreen({attributes.x, attributes.y, attributes.width, attributes.height});
         // The window manager keeps tiny windows of its own outside the screen.
-        if (right - left > 4 && bottom - top > 4) {
-            area = area.united({left, top, right - left, bottom - top});
+        if (shown.width > 4 && shown.height > 4) {
+            area = area.united(shown);
         }
     }
     XFree(children);

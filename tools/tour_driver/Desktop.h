@@ -16,7 +16,7 @@ namespace tour {
 struct WindowFacts {
     unsigned long id = 0;
     std::string title;
-    ui::Rect content; ///< on the screen, without the frame
+    ui::Rect frame; ///< on the screen
 };
 
 /// The display that DISPLAY names: what is on it, and the keyboard and mouse before it.

@@ -137,7 +137,7 @@ void PlayName(Tour& tour) {
     desktop.type((tour.folder() / "autoexec.cfg").string());
     desktop.press(XK_r, {XK_Alt_L});
     desktop.type("F4");
-    tour.stop("binding-wizard");
+    tour.portrait("binding-wizard");
     desktop.press(XK_Return);
     tour.expectWindow(BoxTitle);
     tour.expectFile(
@@ -193,10 +193,9 @@ void PlayAnimation(Tour& tour) {
 
     tour.menu("ta");
     tour.expectWindow("Animation Wizard");
-    tour.stop("animation-wizard");
     desktop.press(XK_1, {XK_Alt_L});
     desktop.press(XK_Down);
-    tour.stop("pattern-chosen");
+    tour.portrait("animation-wizard");
     desktop.press(XK_Return);
     tour.expectMain(AnimationTitle);
 
@@ -262,7 +261,7 @@ void PlayMessages(Tour& tour) {
     desktop.press(XK_Tab);
     desktop.press(XK_Tab);
     desktop.press(XK_Down);
-    tour.stop("save-messages-wizard");
+    tour.portrait("save-messages-wizard");
     desktop.press(XK_Return);
     tour.expectWindow("Save as a Script File");
     tour.chooseFile("team.vtm");
@@ -274,24 +273,47 @@ void PlayMessages(Tour& tour) {
     tour.expectMain(MessagesTitle);
 }
 
+void PlayPicker(Tour& tour) {
+    Desktop& desktop = tour.desktop();
+    // The first favourite becomes another glyph.
+    tour.clickButton(OpeningBracket, 3);
+    tour.expectWindow("Pick a Glyph");
+    for (int step = 0; step < 5; ++step) {
+        desktop.press(XK_Right);
+    }
+    tour.portrait("picker");
+    desktop.press(XK_Return);
+    tour.expectMain(MessagesTitle);
+    tour.stop("favourite-changed");
+}
+
 void PlayOptions(Tour& tour) {
     Desktop& desktop = tour.desktop();
+    const auto goThroughTabs = [&](const std::vector<const char*>& tabs) {
+        for (const char* tab : tabs) {
+            tour.portrait(tab);
+            desktop.press(XK_Tab, {XK_Control_L});
+        }
+    };
     tour.menu("tc");
     tour.expectWindow("Options");
-    for (const char* tab :
-         {"options-other", "options-colors", "options-prompts", "options-conversion", "options-cursors",
-          "options-keys"}) {
-        tour.stop(tab);
-        desktop.press(XK_Page_Down, {XK_Control_L});
-    }
-    desktop.press(XK_Escape);
+    goThroughTabs({"options-other", "options-colors", "options-prompts"});
+    // The second character set; the tab comes first, then its list.
+    desktop.press(XK_Tab);
+    desktop.press(XK_Down);
+    goThroughTabs({"options-conversion", "options-cursors"});
+    tour.portrait("options-keys");
+    desktop.press(XK_Return);
     tour.expectMain(MessagesTitle);
+    tour.useCharSet(1);
+    tour.expectRow(inColour2("Meet at the bridge!"));
+    tour.stop("character-set-changed");
 }
 
 void PlayHelp(Tour& tour) {
     tour.menu("ha");
     tour.expectWindow("About VTM");
-    tour.stop("about");
+    tour.portrait("about");
     tour.desktop().press(XK_Escape);
     tour.expectMain(MessagesTitle);
     tour.menu("hh");

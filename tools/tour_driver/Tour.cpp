@@ -164,9 +164,19 @@ void Tour::stop(const std::string& name) {
     snap(name);
 }
 
+void Tour::portrait(const std::string& name) {
+    settle();
+    const auto active = m_desktop.activeWindow();
+    expect(active.has_value(), "no window has the keyboard");
+    save(name, active.value_or(WindowFacts{}).frame);
+}
+
 void Tour::snap(const std::string& name) {
+    save(name, m_desktop.windowsArea());
+}
+
+void Tour::save(const std::string& name, const ui::Rect& area) {
     const ui::Picture screen = m_desktop.grab();
-    const ui::Rect area = m_desktop.windowsArea();
     const QImage image(
         reinterpret_cast<const uchar*>(screen.row(0)), screen.width(), screen.height(), QImage::Format_RGB32);
     char number[16];
@@ -311,6 +321,22 @@ void Tour::clickGrid(unsigned char code, unsigned button) {
 std::string Tour::contentOf(const ui::Path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void Tour::clickButton(char code, unsigned button) {
+    findGrid();
+    const Position grid = m_grid.value_or(Position{});
+    const int side = m_reader->cellSide();
+    const ui::Rect below{grid.x, grid.y + 16 * side, 16 * side, 6 * side};
+    Position position;
+    until(
+        [&] {
+            const auto found = m_reader->find(m_desktop.grab(), below, std::string_view(&code, 1));
+            position = found.value_or(position);
+            return found.has_value();
+        },
+        "a glyph button");
+    m_desktop.click(position.x + side / 2, position.y + side / 2, button);
 }
 
 void Tour::expectFile(const std::string& name, std::string_view bytes) {

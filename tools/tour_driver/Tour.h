@@ -48,6 +48,9 @@ public:
     /// Takes the next numbered picture, once the screen is still.
     void stop(const std::string& name);
 
+    /// The same, of the window that has the keyboard alone.
+    void portrait(const std::string& name);
+
     /// Takes the next numbered picture at once.
     void snap(const std::string& name);
 
@@ -75,6 +78,9 @@ public:
     /// Waits until a row of glyphs is somewhere, enlarged by whatever whole factor; what has seen it, and
     /// where.
     std::pair<GlyphReader, Position> expectEnlargedRow(std::string_view codes);
+
+    /// Clicks where a row of glyphs is, below the glyph grid: on a glyph button.
+    void clickButton(char code, unsigned button = 1);
 
     /// Clicks a glyph of the grid.
     void clickGrid(unsigned char code, unsigned button = 1);
@@ -104,6 +110,7 @@ public:
 
 private:
     void findGrid();
+    void save(const std::string& name, const ui::Rect& area);
     [[nodiscard]] ui::Rect outsideGrid(const ui::Picture& screen) const;
 
     TourOptions m_options;

@@ -17,13 +17,14 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: tour_driver PROGRAM FOLDER [SCALE]\n");
         return 2;
     }
-    constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 10> Scenes{{
+    constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 11> Scenes{{
         {"first start", tour::PlayFirstStart},
         {"name", tour::PlayName},
         {"configuration file", tour::PlayConfigurationFile},
         {"animation", tour::PlayAnimation},
         {"preview", tour::PlayPreview},
         {"messages", tour::PlayMessages},
+        {"picker", tour::PlayPicker},
         {"options", tour::PlayOptions},
         {"help", tour::PlayHelp},
         {"exit", tour::PlayExit},
