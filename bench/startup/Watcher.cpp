@@ -28,6 +28,8 @@ using std::chrono::milliseconds;
 /// Less than this is no window: the first paint of a window covers it.
 constexpr int SmallestWindow = 100 * 100;
 constexpr milliseconds Patience{10000};
+/// A key that has changed nothing by then changes nothing.
+constexpr milliseconds KeyPatience{2000};
 /// Nothing more is painted when nothing was painted for so long; shorter than the blinking of a cursor.
 constexpr milliseconds Quiet{150};
 constexpr int RowLength = 15;
@@ -203,7 +205,7 @@ std::vector<KeyEcho> Watcher::pressKeys(const std::string& program, int count) {
             const auto pressed = Clock::now();
             XTestFakeKeyEvent(connection.display, key, True, CurrentTime);
             XFlush(connection.display);
-            auto area = connection.nextDamage(pressed + Patience);
+            auto area = connection.nextDamage(pressed + KeyPatience);
             KeyEcho echo{toMilliseconds(Clock::now() - pressed), 0};
             while (area) {
                 echo.pixels += *area;

@@ -118,7 +118,6 @@ public:
         layout->addWidget(pageColumn(centre), 1);
         setCentralWidget(centre);
         statusBar()->addPermanentWidget(new PictureButton(120, 16, this));
-        setMinimumWidth(findChild<QToolBar*>()->sizeHint().width());
         setFocusPolicy(Qt::StrongFocus);
         setWindowTitle(QStringLiteral("Floor"));
     }
