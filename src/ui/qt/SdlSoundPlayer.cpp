@@ -20,6 +20,10 @@ using namespace std::chrono_literals;
 /// How long the device stays open without a sound: while somebody types it is not opened for every key.
 constexpr auto QuietTime = 1500ms;
 
+/// How long nothing is tried after the device could not be opened: each try is work for every key that is
+/// typed.
+constexpr auto RestingTime = 5s;
+
 /// How long the end of the program waits for the device to be closed.
 constexpr auto ClosingTime = 300ms;
 
@@ -88,6 +92,7 @@ void SdlSoundPlayer::Work(const std::shared_ptr<Mailbox>& mailbox) {
         };
         mailbox->changed.wait_for(lock, LoadingDelay, [&] { return mailbox->ends; });
         auto silentFrom = std::chrono::steady_clock::now();
+        auto restsUntil = silentFrom;
         for (;;) {
             if (!audio.isOpen()) {
                 mailbox->changed.wait(lock, hasNews);
@@ -102,9 +107,15 @@ void SdlSoundPlayer::Work(const std::shared_ptr<Mailbox>& mailbox) {
             }
             const std::string_view wave = *mailbox->wave;
             mailbox->wave.reset();
+            if (std::chrono::steady_clock::now() < restsUntil) {
+                continue;
+            }
             lock.unlock();
             const auto duration = audio.play(wave);
             silentFrom = std::chrono::steady_clock::now() + duration;
+            if (!audio.isOpen()) {
+                restsUntil = silentFrom + RestingTime;
+            }
             lock.lock();
         }
         lock.unlock();
