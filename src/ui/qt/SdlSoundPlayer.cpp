@@ -29,7 +29,7 @@ constexpr auto ClosingTime = 300ms;
 
 /// How long the first sound waits. It often comes while the program starts, and loading the library, which
 /// brings thirty others along, would hold up the window's first appearance.
-constexpr auto LoadingDelay = 100ms;
+constexpr auto LoadingDelay = 250ms;
 
 /// Signals are for the main thread; threads that SDL starts inherit this.
 void BlockSignals() {
