@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "cli/Arguments.h"
-#include "cli/ProgramFolder.h"
+#include "cli/NamedDirectory.h"
 #include "support/TempProgramDirectory.h"
 
 #include <gtest/gtest.h>
@@ -62,41 +62,13 @@ TEST(Arguments, NumbersAreWholeWordsWithinBounds) {
     }
 }
 
-TEST(ProgramFolder, IsTheExecutablesFolder) {
-    const support::TempFolder prefix;
-    (void)prefix.put("bin/vtmtc.dat", "");
-    (void)prefix.put("share/vtm/vtmtc.dat", "");
-    const cli::ProgramFolder folder(prefix / "bin" / "vtm-charset", prefix / "data");
-    EXPECT_EQ(folder.folder(), prefix / "bin");
-    EXPECT_TRUE(folder.writable());
-    EXPECT_EQ(folder.toRead("vtmtc.dat"), prefix / "bin" / "vtmtc.dat");
-    EXPECT_EQ(folder.toWrite("vtmtc.dat"), prefix / "bin" / "vtmtc.dat");
-}
-
-TEST(ProgramFolder, OfAnInstalledProgramLiesInShare) {
-    const support::TempFolder prefix;
-    (void)prefix.put("bin/vtm-charset", "");
-    (void)prefix.put("share/vtm/vtmtc.dat", "");
-    EXPECT_EQ(
-        cli::ProgramFolder(prefix / "bin" / "vtm-charset", prefix / "data").folder(),
-        prefix / "share" / "vtm");
-}
-
-TEST(ProgramFolder, TheUsersDataFolderStandsInWhereItCannotBeWritten) {
-    const support::TempFolder data;
-    const cli::ProgramFolder folder("/nonexistent/bin/vtm-charset", data.path());
-    EXPECT_FALSE(folder.writable());
-    EXPECT_EQ(folder.toRead("vtmtc.dat"), "/nonexistent/bin/vtmtc.dat");
-    EXPECT_EQ(folder.toWrite("vtmtc.dat"), data / "vtm" / "vtmtc.dat");
-    EXPECT_TRUE(std::filesystem::is_directory(data / "vtm"));
-    (void)data.put("vtm/vtmtc.dat", "");
-    EXPECT_EQ(folder.toRead("vtmtc.dat"), data / "vtm" / "vtmtc.dat");
-}
-
-TEST(ProgramFolder, NothingStandsInForAFolderThatTheUserNames) {
-    const cli::ProgramFolder folder(ui::Path("/nonexistent"));
-    EXPECT_EQ(folder.toRead("vtmtc.dat"), "/nonexistent/vtmtc.dat");
-    EXPECT_EQ(folder.toWrite("vtmtc.dat"), "/nonexistent/vtmtc.dat");
-    const cli::ProgramFolder homeless("/nonexistent/bin/vtm-charset", ui::Path());
-    EXPECT_EQ(homeless.toWrite("vtmtc.dat"), "/nonexistent/bin/vtmtc.dat");
+TEST(NamedDirectory, HoldsEverything) {
+    const support::TempFolder folder;
+    const cli::NamedDirectory directory(folder.path());
+    EXPECT_EQ(directory.folder(), folder.path());
+    EXPECT_TRUE(directory.writable());
+    EXPECT_EQ(directory.toRead("vtmtc.dat"), folder / "vtmtc.dat");
+    EXPECT_EQ(directory.toWrite("vtmtc.dat"), folder / "vtmtc.dat");
+    EXPECT_FALSE(cli::NamedDirectory("/nonexistent").writable());
+    EXPECT_EQ(cli::NamedDirectory("/nonexistent").toWrite("vtmtc.dat"), "/nonexistent/vtmtc.dat");
 }

@@ -11,8 +11,8 @@ namespace {
 TEST(QtPlatform, HandsOutTheWholeDesktop) {
     ui::qt::QtPlatform desktop;
     const ui::Platform& platform = desktop.platform();
-    EXPECT_EQ(platform.directory.folder(), ui::qt::DesktopProgramDirectory::Executable().parent_path());
-    EXPECT_TRUE(platform.files.exists(ui::qt::DesktopProgramDirectory::Executable()));
+    EXPECT_EQ(platform.directory.folder(), ui::DesktopProgramDirectory::Executable().parent_path());
+    EXPECT_TRUE(platform.files.exists(ui::DesktopProgramDirectory::Executable()));
     EXPECT_FALSE(platform.lockKeys.canLock(ui::LockKey::Num)) << "this platform has no keyboard";
     platform.clipboard.setText("name");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("name"));

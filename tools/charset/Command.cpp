@@ -8,8 +8,8 @@
 #include "charset/TerminalPicture.h"
 #include "charset/Texts.h"
 #include "cli/Arguments.h"
+#include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
-#include "cli/ProgramFolder.h"
 
 #include <algorithm>
 #include <array>
@@ -362,7 +362,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
         surroundings.output << Usage;
         return cli::Succeeded;
     }
-    std::optional<cli::ProgramFolder> named;
+    std::optional<cli::NamedDirectory> named;
     if (const auto folder = parsed.value().value("--directory")) {
         named.emplace(ui::Path(*folder));
     }

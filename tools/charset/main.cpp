@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
-#include "cli/ProgramFolder.h"
+#include "ui/DesktopProgramDirectory.h"
 
 #include <iostream>
 #include <string>
@@ -24,6 +24,6 @@ int TerminalColumns() {
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ui::DiskFiles files;
-    const auto directory = cli::ProgramFolder::OfThisCommand();
+    const ui::DesktopProgramDirectory directory;
     return charset::RunCommand(arguments, {files, directory, std::cout, std::cerr, TerminalColumns()});
 }

@@ -3,8 +3,8 @@
 #include "thumbnail/Command.h"
 
 #include "cli/Arguments.h"
+#include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
-#include "cli/ProgramFolder.h"
 #include "glyphs/mdlData.h"
 #include "thumbnail/Drawing.h"
 #include "thumbnail/Script.h"
@@ -158,7 +158,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
         surroundings.errors << Usage;
         return cli::WrongUsage;
     }
-    std::optional<cli::ProgramFolder> named;
+    std::optional<cli::NamedDirectory> named;
     if (const auto folder = parsed.value().value("--directory")) {
         named.emplace(ui::Path(*folder));
     }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "cli/ProgramFolder.h"
 #include "thumbnail/Command.h"
+#include "ui/DesktopProgramDirectory.h"
 
 #include <iostream>
 #include <string>
@@ -10,6 +10,6 @@
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ui::DiskFiles files;
-    const auto directory = cli::ProgramFolder::OfThisCommand();
+    const ui::DesktopProgramDirectory directory;
     return thumbnail::RunCommand(arguments, {files, directory, std::cout, std::cerr});
 }

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/FreedesktopFileTypes.h"
 
+#include "ui/DesktopProgramDirectory.h"
 #include "ui/qt/DesktopEntry.h"
-#include "ui/qt/DesktopProgramDirectory.h"
 
 #include <QFile>
 #include <QProcess>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/DesktopProgramDirectory.h"
 #include "ui/Platform.h"
 #include "ui/qt/DesktopLauncher.h"
-#include "ui/qt/DesktopProgramDirectory.h"
 #include "ui/qt/FreedesktopFileTypes.h"
 #include "ui/qt/IniSettingsStore.h"
 #include "ui/qt/QtClipboard.h"

@@ -4,7 +4,7 @@
 
 #include "ui/Platform.h"
 
-namespace ui::qt {
+namespace ui {
 
 /// The program directory of a desktop program: the executable's folder; for an installed program, whose data
 /// lie apart in PREFIX/share/vtm, that folder. The stand-in folder is "vtm" in the user's data home; it takes
@@ -14,7 +14,10 @@ public:
     /// Of the running program.
     DesktopProgramDirectory();
 
-    /// Of a program at `executable` for a user whose data home is `dataHome`.
+    /// Of a program at `executable` for the user who runs this one.
+    explicit DesktopProgramDirectory(const Path& executable);
+
+    /// Of a program at `executable` for a user whose data home is `dataHome`; empty: nothing stands in.
     DesktopProgramDirectory(const Path& executable, const Path& dataHome);
 
     [[nodiscard]] Path folder() const override { return m_folder; }
@@ -29,8 +32,8 @@ public:
 
 private:
     Path m_folder;
-    Path m_standIn;
+    Path m_standIn; ///< empty: there is none
     bool m_writable;
 };
 
-} // namespace ui::qt
+} // namespace ui

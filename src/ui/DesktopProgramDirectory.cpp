@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "ui/qt/DesktopProgramDirectory.h"
+#include "ui/DesktopProgramDirectory.h"
 
-#include <QFile>
-#include <QStandardPaths>
+#include <cstdlib>
 #include <system_error>
 #include <unistd.h>
 
-namespace ui::qt {
+namespace ui {
 
 namespace {
 
@@ -25,19 +24,33 @@ Path FindFolder(const Path& executable) {
     return !IsFile(beside / MarkFile) && IsFile(installed / MarkFile) ? installed : beside;
 }
 
+/// The folder that a variable names; none unless its path is absolute.
+Path FolderVariable(const char* name) {
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    const Path folder = value != nullptr ? value : "";
+    return folder.is_absolute() ? folder : Path();
+}
+
 Path DataHome() {
-    return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
-        .toStdString();
+    const Path dataHome = FolderVariable("XDG_DATA_HOME");
+    if (!dataHome.empty()) {
+        return dataHome;
+    }
+    const Path home = FolderVariable("HOME");
+    return home.empty() ? home : home / ".local" / "share";
 }
 
 } // namespace
 
 DesktopProgramDirectory::DesktopProgramDirectory()
-    : DesktopProgramDirectory(Executable(), DataHome()) {}
+    : DesktopProgramDirectory(Executable()) {}
+
+DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable)
+    : DesktopProgramDirectory(executable, DataHome()) {}
 
 DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable, const Path& dataHome)
     : m_folder(FindFolder(executable))
-    , m_standIn(dataHome / "vtm")
+    , m_standIn(dataHome.empty() ? dataHome : dataHome / "vtm")
     , m_writable(::access(m_folder.c_str(), W_OK | X_OK) == 0) {}
 
 Path DesktopProgramDirectory::Executable() {
@@ -46,14 +59,14 @@ Path DesktopProgramDirectory::Executable() {
 }
 
 Path DesktopProgramDirectory::toRead(const std::string& name) const {
-    if (!m_writable && IsFile(m_standIn / name)) {
+    if (!m_writable && !m_standIn.empty() && IsFile(m_standIn / name)) {
         return m_standIn / name;
     }
     return m_folder / name;
 }
 
 Path DesktopProgramDirectory::toWrite(const std::string& name) const {
-    if (m_writable) {
+    if (m_writable || m_standIn.empty()) {
         return m_folder / name;
     }
     std::error_code error;
@@ -61,4 +74,4 @@ Path DesktopProgramDirectory::toWrite(const std::string& name) const {
     return m_standIn / name;
 }
 
-} // namespace ui::qt
+} // namespace ui

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "support/TempProgramDirectory.h"
-#include "ui/qt/DesktopProgramDirectory.h"
+#include "ui/DesktopProgramDirectory.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -9,7 +9,7 @@
 namespace {
 
 using support::TempFolder;
-using ui::qt::DesktopProgramDirectory;
+using ui::DesktopProgramDirectory;
 
 TEST(DesktopProgramDirectory, IsTheExecutablesFolder) {
     const TempFolder folder;
@@ -39,7 +39,7 @@ TEST(DesktopProgramDirectory, StaysBesideTheExecutableWithoutAnyData) {
 }
 
 TEST(DesktopProgramDirectory, KnowsItsOwnExecutable) {
-    EXPECT_EQ(DesktopProgramDirectory::Executable().filename(), "tst_ui_qt");
+    EXPECT_EQ(DesktopProgramDirectory::Executable().filename(), "tst_ui");
     EXPECT_EQ(DesktopProgramDirectory().folder(), DesktopProgramDirectory::Executable().parent_path());
 }
 
@@ -80,6 +80,31 @@ TEST_F(UnwritableDirectory, IsStoodInForByTheUsersFolder) {
     EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
     folder.put("home/data/vtm/status", "mine");
     EXPECT_EQ(directory.toRead(known), folder / "home/data/vtm" / known);
+}
+
+TEST_F(UnwritableDirectory, IsAllThereIsForAUserWithoutADataHome) {
+    const DesktopProgramDirectory directory(program, ui::Path());
+    EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
+    EXPECT_EQ(directory.toWrite(known), program.parent_path() / known);
+}
+
+TEST_F(UnwritableDirectory, FindsTheDataHomeInTheEnvironment) {
+    // Each test has a process of its own, so nobody else reads the environment meanwhile.
+    const auto set = [](const char* name, const std::string& value) {
+        ::setenv(name, value.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
+    };
+    const auto standIn = [&] {
+        return DesktopProgramDirectory(program).toWrite("x").parent_path();
+    };
+    set("HOME", (folder / "home").native());
+    set("XDG_DATA_HOME", (folder / "data").native());
+    EXPECT_EQ(standIn(), folder / "data/vtm");
+    set("XDG_DATA_HOME", "relative");
+    EXPECT_EQ(standIn(), folder / "home/.local/share/vtm");
+    set("XDG_DATA_HOME", "");
+    EXPECT_EQ(standIn(), folder / "home/.local/share/vtm");
+    set("HOME", "relative");
+    EXPECT_EQ(standIn(), program.parent_path());
 }
 
 TEST(DesktopProgramDirectory, ForgetsTheUsersFolderWhereItCanWrite) {
