@@ -7,6 +7,7 @@
 #include <X11/extensions/Xdamage.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -198,23 +199,25 @@ std::vector<KeyEcho> Watcher::pressKeys(const std::string& program, int count) {
         XSetInputFocus(connection.display, connection.mapped, RevertToPointerRoot, CurrentTime);
         XSync(connection.display, False);
         connection.settle();
+        // Glyphs that are no neighbours on the grid, so that its marker leaves one area and enters another.
         const KeyCode keys[] = {
-            XKeysymToKeycode(connection.display, XK_a), XKeysymToKeycode(connection.display, XK_b)};
+            XKeysymToKeycode(connection.display, XK_a), XKeysymToKeycode(connection.display, XK_m)};
         for (int press = 0; press < RowLength + count; ++press) {
             const KeyCode key = keys[press % 2];
             const auto pressed = Clock::now();
             XTestFakeKeyEvent(connection.display, key, True, CurrentTime);
             XFlush(connection.display);
             auto area = connection.nextDamage(pressed + KeyPatience);
-            KeyEcho echo{toMilliseconds(Clock::now() - pressed), 0};
+            KeyEcho echo{toMilliseconds(Clock::now() - pressed)};
             while (area) {
-                echo.pixels += *area;
+                echo.areas += 1;
+                echo.largest = std::max(echo.largest, *area);
                 area = connection.nextDamage(Clock::now() + milliseconds(20));
             }
             XTestFakeKeyEvent(connection.display, key, False, CurrentTime);
             XFlush(connection.display);
             connection.settle();
-            if (press >= RowLength && echo.pixels > 0) {
+            if (press >= RowLength && echo.areas > 0) {
                 echoes.push_back(echo);
             }
         }

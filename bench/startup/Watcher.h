@@ -19,7 +19,8 @@ struct Start {
 /// What one key press did to the screen.
 struct KeyEcho {
     double milliseconds = 0; ///< from the press to the first change
-    double pixels = 0;       ///< the sum of the areas that were painted
+    double areas = 0;        ///< how many areas were painted
+    double largest = 0;      ///< the pixels of the largest of them
 };
 
 /// Watches what programs paint on the display that DISPLAY names. Nobody else may use that display.
