@@ -256,6 +256,17 @@ TEST(FreedesktopFileTypes, NameALinkToAProgramThatNotEveryOpenerCouldName) {
     }
 }
 
+TEST(FreedesktopFileTypes, RemoveALinkThatIsOfNoUseAnyMore) {
+    const Environment noTools("PATH", "/nowhere");
+    const DesktopHome home;
+    const fs::path link = home.dataHome() / "vtm/VTM";
+    registerTypes(home, home.makeProgram("my games"));
+    EXPECT_TRUE(fs::is_symlink(link));
+    registerTypes(home, home.makeProgram("bin"));
+    EXPECT_FALSE(fs::is_symlink(link));
+    EXPECT_TRUE(fs::exists(home.path() / "my games/VTM"));
+}
+
 TEST(FreedesktopFileTypes, QuoteTheProgramWhereTheUsersFoldersNeedQuotesToo) {
     const Environment noTools("PATH", "/nowhere");
     const DesktopHome home("my data");

@@ -56,6 +56,13 @@ bool PutLink(const Path& link, const Path& target) {
     return !error;
 }
 
+void RemoveLink(const Path& link) {
+    std::error_code ignored;
+    if (std::filesystem::is_symlink(std::filesystem::symlink_status(link, ignored))) {
+        std::filesystem::remove(link, ignored);
+    }
+}
+
 } // namespace
 
 FreedesktopFileTypes::FreedesktopFileTypes()
@@ -84,15 +91,21 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
         RunInBackground("update-mime-database", mime);
     }
     if (areEntriesNew) {
+        if (started != link()) {
+            RemoveLink(link());
+        }
         RunInBackground("update-desktop-database", entries);
     }
 }
 
+Path FreedesktopFileTypes::link() const {
+    return m_dataHome / "vtm" / "VTM";
+}
+
 /// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
 /// program is named by a link to it, unless the user's own folders are called no better.
-Path FreedesktopFileTypes::startable(const Path& program) {
-    const Path link = m_dataHome / "vtm" / "VTM";
-    return ExecPathOf(link) < ExecPathOf(program) && PutLink(link, program) ? link : program;
+Path FreedesktopFileTypes::startable(const Path& program) const {
+    return ExecPathOf(link()) < ExecPathOf(program) && PutLink(link(), program) ? link() : program;
 }
 
 /// Replaces a file if it holds anything else; whether it did.

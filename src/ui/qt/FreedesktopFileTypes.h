@@ -23,7 +23,8 @@ public:
     void registerTypes(const std::vector<FileType>& types, const Path& program) override;
 
 private:
-    [[nodiscard]] Path startable(const Path& program);
+    [[nodiscard]] Path link() const;
+    [[nodiscard]] Path startable(const Path& program) const;
     bool put(const Path& file, std::string_view content);
 
     DiskFiles m_files;
