@@ -4,10 +4,10 @@
 
 #include "animation/Texts.h"
 
+#include "ui/qt/DialogButtons.h"
 #include "ui_frmAniWiz.h"
 
 #include <QApplication>
-#include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
@@ -55,14 +55,12 @@ frmAniWiz::frmAniWiz(
     , m_files(files)
     , m_directory(directory) {
     m_form->setupUi(this);
-    auto* const build = m_form->buttons->button(QDialogButtonBox::Ok);
-    build->setObjectName(QStringLiteral("cmdBuild"));
-    build->setText(QStringLiteral("Build"));
+    auto* const build = ui::qt::NameButton(
+        *m_form->buttons, QDialogButtonBox::Ok, QStringLiteral("cmdBuild"), QStringLiteral("Build"));
     build->setToolTip(QStringLiteral("Build the animation using these settings"));
     build->setDefault(true);
-    auto* const cancel = m_form->buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(QStringLiteral("Cancel"));
+    ui::qt::NameButton(
+        *m_form->buttons, QDialogButtonBox::Cancel, QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
     // The numbers keep their place when they grow to two digits.
     const int width = fontMetrics().horizontalAdvance(QStringLiteral("00"));
     for (QLabel* const label : {m_form->lblNameToUse, m_form->lblStartName, m_form->lblEndName}) {

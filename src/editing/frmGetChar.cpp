@@ -4,11 +4,11 @@
 
 #include "editing/mdlPick.h"
 #include "glyphs/mdlPaint.h"
+#include "ui/qt/DialogButtons.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui_frmGetChar.h"
 
 #include <QKeyEvent>
-#include <QPushButton>
 #include <QTimer>
 
 namespace editing {
@@ -47,16 +47,12 @@ frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel marke
     m_ui->ImgGrid->setFocusPolicy(Qt::StrongFocus);
     m_ui->picChosen->setPicture(&m_preview);
 
-    QPushButton* const cmdOK = m_ui->buttons->button(QDialogButtonBox::Ok);
-    QPushButton* const cmdCancel = m_ui->buttons->button(QDialogButtonBox::Cancel);
-    QPushButton* const cmdReset = m_ui->buttons->button(QDialogButtonBox::Reset);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    cmdReset->setObjectName(QStringLiteral("cmdReset"));
-    cmdReset->setText(tr("&Reset"));
+    ui::qt::NameOkAndCancel(*m_ui->buttons);
+    QPushButton* const cmdReset =
+        ui::qt::NameButton(*m_ui->buttons, QDialogButtonBox::Reset, QStringLiteral("cmdReset"), tr("&Reset"));
     // Enter confirms, whichever of the buttons has the focus.
-    cmdOK->setDefault(true);
-    cmdCancel->setAutoDefault(false);
+    m_ui->buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    m_ui->buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     cmdReset->setAutoDefault(false);
 
     m_marker = new ui::qt::MarkerShape(m_ui->ImgGrid, ui::qt::MarkerShape::Style::Solid);

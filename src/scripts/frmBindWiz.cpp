@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/frmBindWiz.h"
 
+#include "ui/qt/DialogButtons.h"
 #include "ui_frmBindWiz.h"
 
 #include <QFile>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 namespace scripts {
@@ -65,12 +65,7 @@ frmBindWiz::frmBindWiz(
     , m_directory(directory)
     , m_remembered(std::move(remembered)) {
     m_form->setupUi(this);
-    auto* const ok = m_form->buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setText(QStringLiteral("OK"));
-    auto* const cancel = m_form->buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(QStringLiteral("Cancel"));
+    ui::qt::NameOkAndCancel(*m_form->buttons);
     Form_Load();
     connectControls();
 }

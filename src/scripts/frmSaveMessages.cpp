@@ -4,9 +4,8 @@
 
 #include "scripts/mdlMacro.h"
 
+#include "ui/qt/DialogButtons.h"
 #include "ui_frmSaveMessages.h"
-
-#include <QPushButton>
 
 namespace scripts {
 
@@ -18,12 +17,7 @@ frmSaveMessages::frmSaveMessages(
     , m_files(files)
     , m_messages(messages) {
     m_form->setupUi(this);
-    auto* const ok = m_form->buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setText(QStringLiteral("OK"));
-    auto* const cancel = m_form->buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(QStringLiteral("Cancel"));
+    ui::qt::NameOkAndCancel(*m_form->buttons);
     connectControls();
 }
 

@@ -13,6 +13,7 @@
 #include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
+#include "ui/qt/DialogButtons.h"
 
 #include <utility>
 
@@ -51,12 +52,7 @@ frmOptions::frmOptions(
     , m_model(settings, characterSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
     m_form->setupUi(this);
-    auto* const ok = m_form->buttons->button(QDialogButtonBox::Ok);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setText(QStringLiteral("OK"));
-    auto* const cancel = m_form->buttons->button(QDialogButtonBox::Cancel);
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setText(QStringLiteral("Cancel"));
+    ui::qt::NameOkAndCancel(*m_form->buttons);
 
     m_sounds = {m_form->optSounds_0, m_form->optSounds_1, m_form->optSounds_2, m_form->optSounds_3};
     m_colours = {
