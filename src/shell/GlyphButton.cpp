@@ -11,7 +11,7 @@ namespace shell {
 
 namespace {
 
-constexpr int Side = 27;
+constexpr int Side = 26;
 
 } // namespace
 
@@ -37,6 +37,8 @@ void GlyphButton::paintEvent(QPaintEvent*) {
     option.initFrom(this);
     option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
     painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    // The style may leave the painter smoothing, which blurs the glyph on scaled screens.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const QImage image(
         reinterpret_cast<const uchar*>(m_picture.row(0)), m_picture.width(), m_picture.height(),
         m_picture.width() * static_cast<qsizetype>(sizeof(ui::Pixel)), QImage::Format_RGB32);

@@ -38,7 +38,7 @@ QSize TabPicture::sizeHint() const {
 void TabPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), m_isActive ? ActiveGrey : InactiveGrey);
-    painter.setPen(m_isActive ? Qt::black : Qt::white);
+    painter.setPen(Qt::black);
     QFont captionFont = font();
     captionFont.setBold(m_isActive);
     painter.setFont(captionFont);

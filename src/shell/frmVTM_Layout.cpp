@@ -5,6 +5,7 @@
 #include "editing/NamePage.h"
 #include "scripts/MessagesPage.h"
 #include "shell/GlyphButton.h"
+#include "shell/ModeButton.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/TabPicture.h"
 #include "shell/frmVTM.h"
@@ -26,6 +27,7 @@ namespace {
 
 constexpr int Margin = 12;
 constexpr int Spacing = 8;
+constexpr int RoundingRoom = 2;
 
 struct ModeKey {
     const char* caption;
@@ -41,12 +43,6 @@ constexpr std::array<ModeKey, 4> ModeKeys{{
 
 QString Member(const char* name, std::size_t index) {
     return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
-}
-
-QLabel* Heading(const QString& text, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
 }
 
 } // namespace
@@ -76,7 +72,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     buttons->setSpacing(2);
     auto* favourites = new QVBoxLayout;
     favourites->setSpacing(3);
-    favourites->addWidget(Heading(tr("Favorites"), column));
+    favourites->addWidget(new QLabel(tr("Favorites"), column));
     auto* favouriteRow = new QHBoxLayout;
     favouriteRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
@@ -89,7 +85,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     favourites->addLayout(favouriteRow);
     auto* frequents = new QVBoxLayout;
     frequents->setSpacing(3);
-    frequents->addWidget(Heading(tr("Frequent"), column));
+    frequents->addWidget(new QLabel(tr("Frequent"), column));
     auto* frequentRow = new QHBoxLayout;
     frequentRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
@@ -118,16 +114,13 @@ QWidget* frmVTM::buildGlyphColumn() {
     auto* modeRow = new QHBoxLayout;
     modeRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdKey.size(); ++i) {
-        cmdKey[i] = new QToolButton(column);
+        cmdKey[i] = new ModeButton(column);
         cmdKey[i]->setObjectName(Member("cmdKey", i));
         cmdKey[i]->setText(tr(ModeKeys[i].caption));
         cmdKey[i]->setToolTip(tr(ModeKeys[i].tooltip));
-        cmdKey[i]->setCheckable(true);
-        cmdKey[i]->setFocusPolicy(Qt::NoFocus);
-        cmdKey[i]->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         modeRow->addWidget(cmdKey[i]);
     }
-    layout->addWidget(Heading(tr("Typing"), column));
+    layout->addWidget(new QLabel(tr("Typing"), column));
     layout->addLayout(modeRow);
     layout->addStretch(1);
     return column;
@@ -171,7 +164,7 @@ QWidget* frmVTM::buildPageColumn() {
     lblCurPos->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("15,90")));
     cursorRow->addWidget(imgDir);
     cursorRow->addSpacing(Spacing);
-    cursorRow->addWidget(Heading(tr("Cursor"), column));
+    cursorRow->addWidget(new QLabel(tr("Cursor"), column));
     cursorRow->addSpacing(Spacing);
     cursorRow->addWidget(lblCurPos);
     cursorRow->addStretch(1);
@@ -193,8 +186,8 @@ void frmVTM::buildCentre() {
     statusBar()->addPermanentWidget(picProgress);
     statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
     statusBar()->setSizeGripEnabled(false);
-    // No toolbar button hides behind an arrow.
-    setMinimumWidth(Toolbar1->sizeHint().width());
+    // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
+    setMinimumWidth(Toolbar1->sizeHint().width() + RoundingRoom);
 }
 
 } // namespace shell

@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "MainWindow.h"
+
+#include "shell/GlyphButton.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+
+using editing::Page;
+
+namespace {
+
+class Looks : public MainWindow {
+protected:
+    /// A widget as a screen of that scale shows it.
+    [[nodiscard]] static QImage shown(QWidget& widget, double scale) {
+        QImage image(
+            static_cast<int>(std::ceil(widget.width() * scale)),
+            static_cast<int>(std::ceil(widget.height() * scale)), QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::magenta);
+        widget.render(&image);
+        return image;
+    }
+};
+
+double luminance(const QColor& colour) {
+    const auto part = [](double value) {
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double lighter = std::max(luminance(a), luminance(b));
+    const double darker = std::min(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// A colour, which may be translucent, as it looks on another.
+QColor over(const QColor& background, const QColor& colour) {
+    const auto mixed = [alpha = colour.alphaF()](float below, float above) {
+        return below + (above - below) * alpha;
+    };
+    return QColor::fromRgbF(
+        mixed(background.redF(), colour.redF()), mixed(background.greenF(), colour.greenF()),
+        mixed(background.blueF(), colour.blueF()));
+}
+
+int countOf(const QImage& image, const QColor& colour) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += image.pixelColor(x, y) == colour ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+TEST_F(Looks, TheGlyphButtonsShowWholePixelsOnScaledScreens) {
+    startOn(Page::Name);
+    auto* button = find<shell::GlyphButton>("cmdFavorite_1");
+    const ui::Picture& glyph = button->picture();
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        const QImage image = shown(*button, scale);
+        const int side = static_cast<int>(glyph.width() * scale);
+        const int left = (image.width() - side + 1) / 2;
+        const int top = (image.height() - side + 1) / 2;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const auto at = [scale](int place) {
+                    return static_cast<int>((place + 0.5) / scale);
+                };
+                ASSERT_EQ(image.pixel(left + x, top + y), glyph.pixel(at(x), at(y))) << x << ',' << y;
+            }
+        }
+    }
+}
+
+TEST_F(Looks, NoToolbarButtonHidesWhereTheScreensScaleTakesAPixelOfTheWindow) {
+    startOn(Page::Name);
+    auto* toolbar = find<QToolBar>("Toolbar1");
+    const int least = window->minimumWidth();
+    window->setMinimumWidth(0);
+    window->resize(least - 1, window->height());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return toolbar->width() <= least - 1; }));
+    EXPECT_TRUE(find("help")->isVisible());
+    EXPECT_TRUE(toolbar->rect().contains(find("help")->geometry()));
+}
+
+TEST_F(Looks, AModeThatIsOnIsLitInDarkThemesToo) {
+    startOn(Page::Name);
+    QPalette dark(QColor(0x40, 0x40, 0x40));
+    const QColor bright(0x3D, 0xAE, 0xE9);
+    const QColor dull(0x12, 0x60, 0x8A);
+    const QColor text(0xF5, 0xF5, 0xF5);
+    dark.setColor(QPalette::ButtonText, text);
+    for (const char* name : {"cmdKey_0", "cmdKey_1", "cmdKey_2", "cmdKey_3"}) {
+        SCOPED_TRACE(name);
+        auto* button = find<QToolButton>(name);
+        const auto lit = [&](const QColor& highlight, const QColor& expected) {
+            dark.setColor(QPalette::Highlight, highlight);
+            button->setPalette(dark);
+            button->setChecked(false);
+            const int off = countOf(button->grab().toImage(), expected);
+            button->setChecked(true);
+            return countOf(button->grab().toImage(), expected) - off;
+        };
+        EXPECT_GT(lit(bright, bright), button->width());
+        EXPECT_GT(lit(dull, text), button->width()) << "such a highlight is not seen on the button";
+    }
+}
+
+TEST_F(Looks, TheCaptionsOfTheTabsAreBlackOnTheirGreys) {
+    startOn(Page::Name);
+    for (const char* name : {"picTab_0", "picTab_1", "picTab_2"}) {
+        SCOPED_TRACE(name);
+        const QImage image = find(name)->grab().toImage();
+        EXPECT_GT(countOf(image, Qt::black), 0);
+        EXPECT_EQ(countOf(image, Qt::white), 0);
+    }
+}
+
+TEST_F(Looks, EveryLabelStandsOutFromTheWindow) {
+    startOn(Page::Name);
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+        const QColor background = label->palette().color(QPalette::Window);
+        const QColor text = over(background, label->palette().color(label->foregroundRole()));
+        EXPECT_GE(contrast(text, background), 4.5) << label->text().toStdString();
+    }
+}
