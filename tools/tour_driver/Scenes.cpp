@@ -302,6 +302,10 @@ void PlayOptions(Tour& tour) {
     desktop.press(XK_Tab);
     desktop.press(XK_Down);
     goThroughTabs({"options-conversion", "options-cursors"});
+    // Down to the A, in the list of keys.
+    for (int step = 0; step < 5; ++step) {
+        desktop.press(XK_Down);
+    }
     tour.portrait("options-keys");
     desktop.press(XK_Return);
     tour.expectMain(MessagesTitle);
