@@ -93,6 +93,16 @@ void frmAniWiz::addShortcuts() {
         connect(shortcut, &QShortcut::activated, this, [this, control] { goTo(control); });
         ++key;
     }
+    // The tabs know these keys too, but a list that has the focus would keep them.
+    auto* const nextPage = new QShortcut(Qt::CTRL | Qt::Key_Tab, this);
+    connect(nextPage, &QShortcut::activated, this, [this] { turnPage(1); });
+    auto* const previousPage = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
+    connect(previousPage, &QShortcut::activated, this, [this] { turnPage(-1); });
+}
+
+void frmAniWiz::turnPage(int step) {
+    auto* const tabs = m_form->SSTab2;
+    tabs->setCurrentIndex((tabs->currentIndex() + step + tabs->count()) % tabs->count());
 }
 
 void frmAniWiz::goTo(QWidget* control) {

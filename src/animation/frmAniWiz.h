@@ -35,6 +35,7 @@ protected:
 private:
     void connectControls();
     void addShortcuts();
+    void turnPage(int step);
     void goTo(QWidget* control);
     void Form_Load();
     [[nodiscard]] WizardChoices choices() const;

@@ -51,9 +51,14 @@ frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel marke
     QPushButton* const cmdReset =
         ui::qt::NameButton(*m_ui->buttons, QDialogButtonBox::Reset, QStringLiteral("cmdReset"), tr("&Reset"));
     // Enter confirms, whichever of the buttons has the focus.
-    m_ui->buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-    m_ui->buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
+    QPushButton* const cmdOK = m_ui->buttons->button(QDialogButtonBox::Ok);
+    QPushButton* const cmdCancel = m_ui->buttons->button(QDialogButtonBox::Cancel);
+    cmdOK->setDefault(true);
+    cmdCancel->setAutoDefault(false);
     cmdReset->setAutoDefault(false);
+    // A box of three leaves some out of the toolkit's own order.
+    setTabOrder(cmdReset, cmdOK);
+    setTabOrder(cmdOK, cmdCancel);
 
     m_marker = new ui::qt::MarkerShape(m_ui->ImgGrid, ui::qt::MarkerShape::Style::Solid);
     m_marker->setObjectName(QStringLiteral("GridPosShape"));

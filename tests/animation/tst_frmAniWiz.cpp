@@ -327,6 +327,36 @@ TEST_F(AnimationWizard, LeadsToTheControlOfEachNumber) {
     EXPECT_TRUE(hand().find<QWidget>("optColor_2").hasFocus()) << "the option that is chosen";
 }
 
+TEST_F(AnimationWizard, CtrlTabTurnsThePagesWhateverHasTheFocus) {
+    open();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    const auto& tabs = hand().find<QTabWidget>("SSTab2");
+    const std::vector<std::vector<const char*>> pages = {
+        {"cmboPos_1", "cmboPos_2", "NameToUseScroll"},
+        {"cmboColor", "optColor_0"},
+        {"cmboCase", "optCase_0"}};
+    for (int page = 0; page < tabs.count(); ++page) {
+        for (const char* name : pages[static_cast<std::size_t>(page)]) {
+            showTab(page);
+            hand().find<QWidget>(name).setFocus();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+            EXPECT_EQ(tabs.currentIndex(), (page + 1) % 3) << name;
+            showTab(page);
+            hand().find<QWidget>(name).setFocus();
+            QTest::keyClick(
+                QApplication::focusWidget(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+            EXPECT_EQ(tabs.currentIndex(), (page + 2) % 3) << name;
+        }
+    }
+    for (const char* name : {"SSTab2", "StartNameScroll", "cmdBuild"}) {
+        showTab(0);
+        hand().find<QWidget>(name).setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(tabs.currentIndex(), 1) << name;
+    }
+}
+
 TEST_F(AnimationWizard, ShowsWhichBarHasTheKeyboard) {
     open();
     form->activateWindow();

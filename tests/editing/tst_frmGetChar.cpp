@@ -6,6 +6,7 @@
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -84,6 +85,17 @@ TEST_F(GlyphPicker, ShowsTheGridWithTheStartGlyphMarked) {
     EXPECT_EQ(control<MarkerShape>("GridPosShape").geometry(), QRect(16, 144, 16, 16));
     EXPECT_EQ(marked(), 145);
     EXPECT_EQ(confirmed(), 145);
+}
+
+TEST_F(GlyphPicker, TabGoesFromTheGridToAllButtons) {
+    open('A');
+    QStringList reached;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        reached.append(QApplication::focusWidget()->objectName());
+    }
+    reached.sort();
+    EXPECT_EQ(reached, (QStringList{"ImgGrid", "cmdCancel", "cmdOK", "cmdReset"}));
 }
 
 TEST_F(GlyphPicker, MarksNothingAtFirstWhenThereIsNoStartGlyph) {
