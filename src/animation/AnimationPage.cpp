@@ -3,19 +3,16 @@
 #include "animation/AnimationPage.h"
 
 #include "animation/mdlAniName.h"
-#include "glyphs/RowText.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QToolTip>
 
 #include <utility>
 
@@ -33,13 +30,14 @@ constexpr int ViewLargeStep = 10;
 struct NameButton {
     const char* caption;
     const char* tooltip;
+    const char* keys;
 };
 
 constexpr std::array<NameButton, 4> NameButtons{{
-    {"Insert", "Insert a new name at the cursor"},
-    {"Delete", "Delete the current name"},
-    {"Move Up", "Move current name up"},
-    {"Move Dn", "Move current name down"},
+    {"Insert", "Insert a new name at the cursor", "Ctrl+Insert"},
+    {"Delete", "Delete the current name", "Ctrl+Delete"},
+    {"Move Up", "Move current name up", "Ctrl+Up"},
+    {"Move Dn", "Move current name down", "Ctrl+Down"},
 }};
 
 QLabel* MakeLabel(const char* name, const QString& text, const QString& tooltip, QWidget* parent) {
@@ -47,6 +45,13 @@ QLabel* MakeLabel(const char* name, const QString& text, const QString& tooltip,
     label->setObjectName(QLatin1String(name));
     label->setToolTip(tooltip);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("00")));
+    return label;
+}
+
+/// The label beside a control.
+QLabel* MakeCaption(const QString& text, QWidget* control) {
+    auto* label = new QLabel(text, control->parentWidget());
+    label->setBuddy(control);
     return label;
 }
 
@@ -77,9 +82,9 @@ AnimationPage::AnimationPage(
     , m_document(document)
     , m_shownTotal(document.nameCount) {
     setObjectName(QStringLiteral("pgeAnimation"));
+    setAccessibleName(tr("Animation page"));
     pictureWidget()->setAccessibleName(tr("Animation names"));
     pictureWidget()->setToolTip(tr("The names in the aniimation"));
-    pictureWidget()->installEventFilter(this);
     buildControls();
     layOut();
     connectControls();
@@ -105,7 +110,9 @@ void AnimationPage::buildControls() {
     lblAniNameNum =
         MakeLabel("lblAniNameNum", QString::number(m_document.currentName), tr("The current name"), this);
     lblNum[0] = MakeLabel("lblNum_0", QString::number(1), {}, this);
+    lblNum[0]->setAccessibleDescription(tr("First name in view"));
     lblNum[1] = MakeLabel("lblNum_1", QString::number(VisibleNames), {}, this);
+    lblNum[1]->setAccessibleDescription(tr("Last name in view"));
 
     ThisTickList = MakeTickList("ThisTickList", tr("Set this names tick"), this);
     ThisTickList->setEditText(QString::number(editing::InitialTicks));
@@ -116,6 +123,8 @@ void AnimationPage::buildControls() {
         cmdName[i] = new QPushButton(tr(NameButtons[i].caption), this);
         cmdName[i]->setObjectName(QStringLiteral("cmdName_%1").arg(i));
         cmdName[i]->setToolTip(tr(NameButtons[i].tooltip));
+        cmdName[i]->setAccessibleDescription(
+            tr("%1 (%2)").arg(cmdName[i]->toolTip(), QLatin1String(NameButtons[i].keys)));
         cmdName[i]->setFocusPolicy(Qt::NoFocus);
     }
 }
@@ -144,15 +153,15 @@ void AnimationPage::layOut() {
     controls->setHorizontalSpacing(6);
     controls->setVerticalSpacing(6);
     controls->setColumnStretch(1, 1);
-    controls->addWidget(new QLabel(tr("Total:"), this), 0, 0);
+    controls->addWidget(MakeCaption(tr("Total:"), AniTotalScroll), 0, 0);
     controls->addWidget(AniTotalScroll, 0, 1);
     controls->addWidget(lblAniTotalNum, 0, 2);
-    controls->addWidget(new QLabel(tr("Name:"), this), 1, 0);
+    controls->addWidget(MakeCaption(tr("Name:"), AniScroll), 1, 0);
     controls->addWidget(AniScroll, 1, 1);
     controls->addWidget(lblAniNameNum, 1, 2);
-    controls->addWidget(new QLabel(tr("Wait:"), this), 2, 0);
+    controls->addWidget(MakeCaption(tr("Wait:"), ThisTickList), 2, 0);
     controls->addWidget(ThisTickList, 2, 1, 1, 2);
-    controls->addWidget(new QLabel(tr("Set All:"), this), 3, 0);
+    controls->addWidget(MakeCaption(tr("Set All:"), TickList), 3, 0);
     controls->addWidget(TickList, 3, 1, 1, 2);
     auto* buttons = new QGridLayout;
     buttons->setSpacing(6);
@@ -206,26 +215,32 @@ void AnimationPage::refresh() {
     ThisTickList->setEditText(QString::number(ticks));
 }
 
-bool AnimationPage::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == pictureWidget() && event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), pictureWidget());
-        return true;
-    }
-    return PagePanel::eventFilter(watched, event);
+void AnimationPage::openTickList(bool ofAllNames) {
+    Q_EMIT userActed();
+    (ofAllNames ? TickList : ThisTickList)->showPopup();
 }
 
-QString AnimationPage::toolTipAt(QPoint pixel) const {
-    QString text = pictureWidget()->toolTip();
-    const int row = pixel.y() / glyphs::CellSide + 1;
-    const int column = pixel.x() / glyphs::CellSide + 1;
-    if (row <= m_document.nameCount && column <= NameLength) {
-        const glyphs::GlyphCode code = m_document.name(row)[static_cast<std::size_t>(column - 1)];
-        if (glyphs::BreaksScriptLine(code)) {
-            text += tr("\nGlyph %1 breaks the line that this name is saved in").arg(code);
-        }
-    }
-    return text;
+void AnimationPage::moveTotal(QAbstractSlider::SliderAction action) {
+    // First, as the page's switch writes the document's numbers into the bars.
+    Q_EMIT userActed();
+    AniTotalScroll->triggerAction(action);
+}
+
+void AnimationPage::moveView(QAbstractSlider::SliderAction action) {
+    Q_EMIT userActed();
+    VScroll1->triggerAction(action);
+}
+
+editing::GlyphRows AnimationPage::rows() const {
+    return m_document.rows();
+}
+
+int AnimationPage::rowsInUse() const {
+    return m_document.nameCount;
+}
+
+QString AnimationPage::rowName(int row) const {
+    return tr("Name %1").arg(row);
 }
 
 void AnimationPage::AniTotalScroll_Change(int value) {
@@ -234,6 +249,9 @@ void AnimationPage::AniTotalScroll_Change(int value) {
     lblAniTotalNum->setText(QString::number(value));
     AniScroll->setMaximum(value);
     SetNameCount(m_document, value);
+    if (value != before) {
+        pictureWidget()->announceRows();
+    }
     if (value > before) {
         Q_EMIT namesAdded(before + 1);
     }

@@ -5,6 +5,7 @@
 #include "editing/Documents.h"
 #include "editing/PagePanel.h"
 
+#include <QAbstractSlider>
 #include <array>
 
 class QComboBox;
@@ -25,8 +26,17 @@ public:
     void syncScrollBars() override;
     void refresh() override;
 
+    /// Opens the list of the current name's ticks, or that of all names, as if it was clicked.
+    void openTickList(bool ofAllNames);
+
+    /// Moves the scroll bar of the number of names, or that of the view, as if it was clicked.
+    void moveTotal(QAbstractSlider::SliderAction action);
+    void moveView(QAbstractSlider::SliderAction action);
+
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    [[nodiscard]] editing::GlyphRows rows() const override;
+    [[nodiscard]] int rowsInUse() const override;
+    [[nodiscard]] QString rowName(int row) const override;
 
 Q_SIGNALS:
     /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.
@@ -47,7 +57,6 @@ private:
     void ThisTickList_Click(int index);
     void TickList_Click(int index);
     void showCursor();
-    [[nodiscard]] QString toolTipAt(QPoint pixel) const;
 
     editing::AnimationDocument& m_document;
     int m_shownTotal;

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmRankings.h"
 
+#include "glyphs/GlyphWords.h"
 #include "ui_frmRankings.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QImageReader>
@@ -40,6 +42,7 @@ frmRankings::frmRankings(
     QWidget* parent)
     : QDialog(parent)
     , m_form(std::make_unique<Ui::frmRankings>())
+    , m_animation(animation)
     , m_platform(platform)
     , m_soundOptions(soundOptions)
     , m_preview(animation)
@@ -147,7 +150,15 @@ void frmRankings::scalePictures() {
 }
 
 void frmRankings::showName() {
-    m_form->AniPic->move(0, -(m_preview.shownName() - 1) * m_layout.strip.height);
+    const int name = m_preview.shownName();
+    m_form->AniPic->move(0, -(name - 1) * m_layout.strip.height);
+    // While it plays no voice could keep up.
+    if (QAccessible::isActive() && !m_preview.playing()) {
+        m_form->AniPic->setAccessibleDescription(
+            tr("Name %1: %2")
+                .arg(name)
+                .arg(QString::fromStdString(glyphs::ReadableRow(m_animation.name(name)))));
+    }
 }
 
 void frmRankings::followPlaying() {

@@ -27,7 +27,7 @@ class frmRankings final : public QDialog {
 
 public:
     /// Shows the animation as it is painted now, over the screenshot of the settings (a path, or empty). The
-    /// platform is borrowed and outlives the dialog.
+    /// animation and the platform are borrowed and outlive the dialog.
     frmRankings(
         const editing::AnimationDocument& animation, const ui::Picture& paintedNames,
         const std::string& screenShot, const ui::Platform& platform, const glyphs::SoundOptions& soundOptions,
@@ -58,6 +58,7 @@ private:
     void AniTimer_Timer();
 
     std::unique_ptr<Ui::frmRankings> m_form;
+    const editing::AnimationDocument& m_animation;
     const ui::Platform& m_platform;
     glyphs::SoundOptions m_soundOptions;
     AniPreview m_preview;

@@ -3,6 +3,7 @@
 #include "editing/DirectionPad.h"
 
 #include "editing/mdlKey.h"
+#include "ui/qt/AccessibleParts.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -19,26 +20,49 @@ constexpr int NextRepeats = 60;
 constexpr int FlashTime = 120;
 
 struct Arrow {
+    const char* name;
     int virtualKey;
     QPoint cell;  ///< place of the key in a 3 x 2 block, as on a keyboard
     int rotation; ///< of an arrow that points up, in degrees
 };
 
-constexpr std::array<Arrow, 4> Arrows{{
-    {KeyUp, {1, 0}, 0},
-    {KeyLeft, {0, 1}, 270},
-    {KeyDown, {1, 1}, 180},
-    {KeyRight, {2, 1}, 90},
+constexpr std::array<Arrow, DirectionPad::ArrowCount> Arrows{{
+    {QT_TRANSLATE_NOOP("editing::DirectionPad", "Up"), KeyUp, {1, 0}, 0},
+    {QT_TRANSLATE_NOOP("editing::DirectionPad", "Left"), KeyLeft, {0, 1}, 270},
+    {QT_TRANSLATE_NOOP("editing::DirectionPad", "Down"), KeyDown, {1, 1}, 180},
+    {QT_TRANSLATE_NOOP("editing::DirectionPad", "Right"), KeyRight, {2, 1}, 90},
 }};
 
 QRect KeyRect(const Arrow& arrow) {
     return {arrow.cell.x() * (KeySide + Gap), arrow.cell.y() * (KeySide + Gap), KeySide, KeySide};
 }
 
+/// The pad as assistive tools see it: a group of four buttons.
+class PadAccess final : public ui::qt::AccessibleParts {
+public:
+    explicit PadAccess(DirectionPad& pad)
+        : AccessibleParts(pad, QAccessible::Grouping) {}
+
+    [[nodiscard]] int partCount() const override { return DirectionPad::ArrowCount; }
+
+    [[nodiscard]] QAccessible::Role partRole() const override { return QAccessible::Button; }
+
+    [[nodiscard]] QString partText(QAccessible::Text kind, int index) const override {
+        return kind == QAccessible::Name ? DirectionPad::arrowName(index) : QString();
+    }
+
+    [[nodiscard]] QRect partRect(int index) const override { return DirectionPad::arrowRect(index); }
+
+    [[nodiscard]] bool canPressParts() const override { return true; }
+
+    void pressPart(int index) const override { static_cast<DirectionPad*>(owner())->pressArrow(index); }
+};
+
 } // namespace
 
 DirectionPad::DirectionPad(QWidget* parent)
     : QWidget(parent) {
+    ui::qt::InstallAccess<DirectionPad, PadAccess>();
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Direction pad"));
@@ -59,6 +83,20 @@ void DirectionPad::showKey(int virtualKey) {
 
 std::optional<int> DirectionPad::pressedKey() const {
     return m_pressed ? std::optional(Arrows[*m_pressed].virtualKey) : std::nullopt;
+}
+
+QString DirectionPad::arrowName(int index) {
+    return tr(Arrows.at(static_cast<std::size_t>(index)).name);
+}
+
+QRect DirectionPad::arrowRect(int index) {
+    return KeyRect(Arrows.at(static_cast<std::size_t>(index)));
+}
+
+void DirectionPad::pressArrow(int index) {
+    const int virtualKey = Arrows.at(static_cast<std::size_t>(index)).virtualKey;
+    showKey(virtualKey);
+    Q_EMIT arrow(virtualKey);
 }
 
 QSize DirectionPad::sizeHint() const {

@@ -24,6 +24,16 @@ public:
     /// The arrow that is shown pressed, as a virtual key.
     [[nodiscard]] std::optional<int> pressedKey() const;
 
+    static constexpr int ArrowCount = 4;
+
+    /// What an arrow (0 to 3) does, in words.
+    [[nodiscard]] static QString arrowName(int index);
+
+    [[nodiscard]] static QRect arrowRect(int index);
+
+    /// Presses an arrow and lets it go.
+    void pressArrow(int index);
+
     [[nodiscard]] QSize sizeHint() const override;
 
 Q_SIGNALS:

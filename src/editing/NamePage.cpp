@@ -16,6 +16,7 @@ NamePage::NamePage(NameDocument& document, glyphs::PagePicture& picture, QWidget
     , NameScroll(makeScrollBar(
           Qt::Horizontal, QStringLiteral("NameScroll"), tr("Cursor position in the name"), 1, NameLength)) {
     setObjectName(QStringLiteral("pgeName"));
+    setAccessibleName(tr("Name page"));
     pictureWidget()->setAccessibleName(tr("Player name"));
     NameScroll->setFixedWidth(picture.pixels().width());
 
@@ -34,6 +35,18 @@ void NamePage::connectControls() {
 
 void NamePage::syncScrollBars() {
     NameScroll->setValue(m_document.cursorPos);
+}
+
+GlyphRows NamePage::rows() const {
+    return m_document.rows();
+}
+
+int NamePage::rowsInUse() const {
+    return 1;
+}
+
+QString NamePage::rowName(int /*row*/) const {
+    return tr("Name");
 }
 
 void NamePage::NameScroll_Change(int value) {

@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "editing/PagePanel.h"
 
+#include "glyphs/GlyphWords.h"
+#include "glyphs/RowText.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QFrame>
 #include <QScrollBar>
+#include <QStringList>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace editing {
 
@@ -21,13 +25,44 @@ PagePanel::PagePanel(
     m_widget->setPicture(&picture.pixels());
     m_marker->show();
     m_marker->setObjectName(markerName);
+    m_widget->setCurrentCell(1, 1);
+    describeCells();
     connect(m_widget, &ui::qt::PictureWidget::pressed, this, [this](QPoint pixel, Qt::MouseButton button) {
         Q_EMIT picturePressed(pixel.x(), pixel.y(), button);
     });
 }
 
+void PagePanel::describeCells() {
+    ui::qt::PictureCells cells;
+    cells.columns = m_picture.pixels().width() / glyphs::CellSide;
+    cells.side = glyphs::CellSide;
+    cells.rows = [this] {
+        return rowsInUse();
+    };
+    cells.cellText = [this](int row, int column) {
+        return QString::fromStdString(glyphs::GlyphName(glyphAt(row, column)));
+    };
+    cells.cellNote = [this](int row, int column) {
+        const GlyphCode code = glyphAt(row, column);
+        return glyphs::BreaksScriptLine(code) ? tr("Glyph %1 breaks the line that it is saved in").arg(code)
+                                              : QString();
+    };
+    cells.rowText = [this](int row) {
+        return tr("%1: %2").arg(rowName(row), QString::fromStdString(glyphs::ReadableRow(rows().row(row))));
+    };
+    cells.toolTip = [this, note = cells.cellNote](int row, int column) {
+        const QStringList lines{m_widget->toolTip(), note(row, column)};
+        return lines.join(QLatin1Char('\n')).trimmed();
+    };
+    m_widget->setCells(std::move(cells));
+}
+
 void PagePanel::showDamage() {
     m_widget->showDamage(m_picture.takeDamage());
+}
+
+void PagePanel::takeFocus() {
+    m_widget->setFocus();
 }
 
 void PagePanel::blink() {
@@ -44,6 +79,7 @@ void PagePanel::setPointer(int cursorStyle) {
 
 void PagePanel::moveMarker(int column, int row) {
     m_marker->moveToCell(column, row);
+    m_widget->setCurrentCell(row, column);
 }
 
 QScrollBar* PagePanel::makeScrollBar(

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/GlyphRows.h"
 #include "glyphs/mdlPaint.h"
 #include "ui/Picture.h"
 
@@ -31,6 +32,9 @@ public:
     /// Shows again what has changed in the picture.
     void showDamage();
 
+    /// Gives the picture the keyboard's focus: assistive tools follow it to the cursor's cell.
+    void takeFocus();
+
     /// Flips the marker's outline between dashed and dotted.
     void blink();
 
@@ -54,6 +58,15 @@ protected:
 
     [[nodiscard]] ui::qt::PictureWidget* pictureWidget() const { return m_widget; }
 
+    /// The document's rows.
+    [[nodiscard]] virtual GlyphRows rows() const = 0;
+
+    /// How many of the rows are in use.
+    [[nodiscard]] virtual int rowsInUse() const = 0;
+
+    /// What a row (1-based) is called.
+    [[nodiscard]] virtual QString rowName(int row) const = 0;
+
     /// Puts the marker over a cell (1-based).
     void moveMarker(int column, int row);
 
@@ -67,6 +80,10 @@ protected:
     QWidget* makeFrame();
 
 private:
+    void describeCells();
+
+    [[nodiscard]] GlyphCode glyphAt(int row, int column) const { return rows().cell(row, column); }
+
     glyphs::PagePicture& m_picture;
     ui::qt::PictureWidget* m_widget;
     ui::qt::MarkerShape* m_marker;

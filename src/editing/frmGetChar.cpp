@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "editing/frmGetChar.h"
 
+#include "editing/GlyphCells.h"
 #include "editing/mdlPick.h"
 #include "glyphs/mdlPaint.h"
 #include "ui/qt/DialogButtons.h"
@@ -44,6 +45,7 @@ frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel marke
     , m_glyph(start) {
     m_ui->setupUi(this);
     m_ui->ImgGrid->setPicture(&m_grid);
+    m_ui->ImgGrid->setCells(GlyphGridCells(true));
     m_ui->ImgGrid->setFocusPolicy(Qt::StrongFocus);
     m_ui->picChosen->setPicture(&m_preview);
 
@@ -91,6 +93,7 @@ void frmGetChar::choose(GlyphCode code) {
     const int row = code / 16;
     m_marker->moveToCell(column + 1, row + 1);
     m_marker->setVisible(code != 0);
+    SetCurrentGlyph(*m_ui->ImgGrid, code);
     glyphs::StretchCells(
         m_preview, m_preview.bounds(), m_grid,
         {column * glyphs::CellSide, row * glyphs::CellSide, glyphs::CellSide, glyphs::CellSide});

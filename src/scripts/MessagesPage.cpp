@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollBar>
+#include <array>
 
 namespace scripts {
 
@@ -22,6 +23,7 @@ MessagesPage::MessagesPage(editing::MessageDocument& document, glyphs::PagePictu
     , MacScroll(
           makeScrollBar(Qt::Vertical, QStringLiteral("MacScroll"), tr("Current message"), 1, MessageCount)) {
     setObjectName(QStringLiteral("pgeMessages"));
+    setAccessibleName(tr("Messages page"));
     pictureWidget()->setAccessibleName(tr("Chat messages"));
     MacNameScroll->setFixedWidth(picture.pixels().width());
     MacScroll->setFixedHeight(picture.pixels().height());
@@ -50,6 +52,20 @@ void MessagesPage::syncScrollBars() {
     const int message = m_document.currentMessage;
     MacNameScroll->setValue(column);
     MacScroll->setValue(message);
+}
+
+editing::GlyphRows MessagesPage::rows() const {
+    return m_document.rows();
+}
+
+int MessagesPage::rowsInUse() const {
+    return MessageCount;
+}
+
+QString MessagesPage::rowName(int row) const {
+    const std::array<QString, MessageCount> names{
+        tr("Top message"), tr("Middle message"), tr("Bottom message")};
+    return names[static_cast<std::size_t>(row - 1)];
 }
 
 void MessagesPage::MacNameScroll_Change(int value) {

@@ -16,6 +16,11 @@ public:
 
     void syncScrollBars() override;
 
+protected:
+    [[nodiscard]] editing::GlyphRows rows() const override;
+    [[nodiscard]] int rowsInUse() const override;
+    [[nodiscard]] QString rowName(int row) const override;
+
 private:
     void connectControls();
     void MacNameScroll_Change(int value);

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "shell/GlyphButton.h"
 
+#include "glyphs/GlyphWords.h"
+
 #include <QImage>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <utility>
 
 namespace shell {
 
@@ -15,15 +18,19 @@ constexpr int Side = 26;
 
 } // namespace
 
-GlyphButton::GlyphButton(QWidget* parent)
+GlyphButton::GlyphButton(QString title, QWidget* parent)
     : QAbstractButton(parent)
+    , m_title(std::move(title))
     , m_picture(glyphs::CellSide, glyphs::CellSide) {
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::NoFocus);
+    // Only assistive tools click: the mouse acts when it goes down.
+    connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT mouseDown(Qt::LeftButton); });
 }
 
 void GlyphButton::setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) {
     m_picture = glyphs::GlyphButtonPicture(atlas, code);
+    setAccessibleName(tr("%1: %2").arg(m_title, QString::fromStdString(glyphs::GlyphName(code))));
     update();
 }
 

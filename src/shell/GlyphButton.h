@@ -15,7 +15,8 @@ class GlyphButton : public QAbstractButton {
     Q_OBJECT
 
 public:
-    explicit GlyphButton(QWidget* parent = nullptr);
+    /// `title` says which button it is, for those who cannot see it.
+    explicit GlyphButton(QString title, QWidget* parent = nullptr);
 
     /// Shows the glyph's artwork.
     void setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code);
@@ -34,6 +35,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    QString m_title;
     ui::Picture m_picture;
 };
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/ProgressIndicator.h"
 
+#include "shell/ControlAccess.h"
+#include "ui/qt/AccessibleParts.h"
+
 #include <QPainter>
 
 namespace shell {
@@ -15,6 +18,7 @@ constexpr int Height = 8;
 
 ProgressIndicator::ProgressIndicator(QWidget* parent)
     : QWidget(parent) {
+    ui::qt::InstallAccess<ProgressIndicator, ProgressAccess>();
     setObjectName(QStringLiteral("picProgress"));
     setFixedSize(sizeHint());
     setAccessibleName(tr("Painting progress"));
@@ -33,6 +37,10 @@ void ProgressIndicator::showPercentage(int percentage) {
         m_percentage = percentage;
         if (isVisible()) {
             repaint();
+        }
+        if (QAccessible::isActive()) {
+            QAccessibleValueChangeEvent event(this, percentage);
+            QAccessible::updateAccessibility(&event);
         }
     }
 }

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/TabPicture.h"
 
+#include "shell/ControlAccess.h"
+#include "ui/qt/AccessibleParts.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -17,6 +20,7 @@ constexpr QColor InactiveGrey(128, 128, 128);
 TabPicture::TabPicture(const QString& caption, QWidget* parent)
     : QWidget(parent)
     , m_caption(caption) {
+    ui::qt::InstallAccess<TabPicture, TabAccess>();
     setFixedHeight(sizeHint().height());
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusPolicy(Qt::NoFocus);
@@ -28,6 +32,12 @@ void TabPicture::setActive(bool isActive) {
     if (isActive != m_isActive) {
         m_isActive = isActive;
         update();
+        if (QAccessible::isActive()) {
+            QAccessible::State changed;
+            changed.selected = true;
+            QAccessibleStateChangeEvent event(this, changed);
+            QAccessible::updateAccessibility(&event);
+        }
     }
 }
 

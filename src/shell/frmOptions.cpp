@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include "editing/GlyphCells.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
@@ -66,6 +67,7 @@ frmOptions::frmOptions(
     m_form->cmdDefaultSS->setFont(underlined);
     m_form->cmdDefaultSS->setCursor(Qt::PointingHandCursor);
 
+    m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();
     listCharacterSets();
     for (const auto name : editing::KeyNames()) {
@@ -196,7 +198,9 @@ void frmOptions::showKey() {
     for (std::size_t i = 0; i < key.size(); ++i) {
         m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
         m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
-        m_keyStrips[i]->setAccessibleDescription(Latin1(glyphs::GlyphName(key[i])));
+        const QString words = Latin1(glyphs::GlyphName(key[i]));
+        m_keyStrips[i]->setAccessibleDescription(words);
+        m_keyPictures[i]->setAccessibleName(words);
     }
 }
 

@@ -36,7 +36,7 @@ constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messag
 frmVTM::frmVTM(ui::Platform& platform)
     : m_platform(platform) {
     setObjectName(QStringLiteral("frmVTM"));
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     buildMenus();
     buildToolbar();
     buildCentre();
@@ -123,9 +123,7 @@ void frmVTM::Refresh() {
     shown.refresh();
     showDamage();
     updateCursorLabel();
-    if (isActiveWindow()) {
-        setFocus();
-    }
+    shown.takeFocus();
 }
 
 void frmVTM::showDamage() {

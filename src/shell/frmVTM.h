@@ -44,6 +44,7 @@ class MessagesPage;
 
 namespace shell {
 
+struct AltKey;
 class GlyphButton;
 class OptionsModel;
 class ProgressIndicator;
@@ -96,6 +97,7 @@ private:
     void Refresh();
     void showDamage();
     void switchPageFor(editing::Page page);
+    void describeKeys();
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
     [[nodiscard]] editing::EditContext context();
     [[nodiscard]] glyphs::Progress progress();
@@ -140,6 +142,8 @@ private:
     void moveGridMarker(glyphs::GlyphCode code);
     [[nodiscard]] glyphs::GlyphCode pickGlyph(glyphs::GlyphCode start);
     void putGlyphWithMarker(glyphs::GlyphCode code);
+    void runAltKey(const AltKey& key);
+    void putPickedGlyph();
 
     // Menu and toolbar commands
     void mnuNewName_Click();
@@ -184,7 +188,8 @@ private:
     ui::qt::KeyReader m_keys;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
-    std::string m_unreadableSettings; ///< for the status line, once the start's own messages are through
+    std::string m_unreadableSettings;    ///< for the status line, once the start's own messages are through
+    glyphs::GlyphCode m_markedGlyph = 0; ///< on the grid; 0: none is
 
     std::vector<QMenu*> m_menus;
     QList<QAction*> m_pageActions;

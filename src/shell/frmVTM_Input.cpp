@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "animation/AnimationPage.h"
 #include "animation/mdlAniName.h"
 #include "editing/DirectionPad.h"
+#include "editing/GlyphCells.h"
 #include "editing/frmGetChar.h"
 #include "editing/mdlPick.h"
 #include "glyphs/mdlSwitches.h"
+#include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/MarkerShape.h"
@@ -45,7 +48,12 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget)) {
-            return Form_KeyDown(m_keys.press(*static_cast<QKeyEvent*>(event)));
+            const ui::KeyStroke stroke = m_keys.press(*static_cast<QKeyEvent*>(event));
+            if (const AltKey* const key = FindAltKey(stroke)) {
+                runAltKey(*key);
+                return true;
+            }
+            return Form_KeyDown(stroke);
         }
     } else if (event->type() == QEvent::KeyRelease) {
         m_keys.release(*static_cast<QKeyEvent*>(event));
@@ -91,9 +99,58 @@ void frmVTM::putGlyphWithMarker(GlyphCode code) {
 
 void frmVTM::moveGridMarker(GlyphCode code) {
     const glyphs::GridMarker marker = glyphs::ShowGridMarker(code);
+    m_markedGlyph = marker.visible ? code : GlyphCode{0};
     GridPosShape->setVisible(marker.visible);
     if (marker.visible) {
         GridPosShape->move(marker.left / glyphs::TwipsPerPixel, marker.top / glyphs::TwipsPerPixel);
+    }
+    editing::SetCurrentGlyph(*ImgGrid, m_markedGlyph);
+}
+
+void frmVTM::putPickedGlyph() {
+    editing::frmGetChar picker(
+        m_markedGlyph, m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour], this);
+    if (picker.exec() == QDialog::Accepted) {
+        putGlyphWithMarker(picker.glyph());
+    }
+    Refresh();
+}
+
+void frmVTM::runAltKey(const AltKey& key) {
+    GlyphCode& rightGlyph = m_workspace.rightButtonGlyph;
+    switch (key.command) {
+    case AltCommand::PlaceFavourite:
+        return cmdFavorite_MouseDown(key.index, Qt::LeftButton);
+    case AltCommand::ChangeFavourite:
+        return cmdFavorite_MouseDown(key.index, Qt::RightButton);
+    case AltCommand::PlaceFrequent:
+        return cmdFrequent_MouseDown(key.index);
+    case AltCommand::CountFrequent:
+        return cmdCalcFrequent_Click();
+    case AltCommand::PickGlyph:
+        return putPickedGlyph();
+    case AltCommand::PlaceRightGlyph:
+        editing::PutGlyph(context(), rightGlyph);
+        return Refresh();
+    case AltCommand::ChangeRightGlyph:
+        rightGlyph = pickGlyph(rightGlyph);
+        return Refresh();
+    case AltCommand::OpenNameTicks:
+        return m_animationPage->openTickList(false);
+    case AltCommand::OpenAllTicks:
+        return m_animationPage->openTickList(true);
+    case AltCommand::MoreNames:
+        return m_animationPage->moveTotal(QAbstractSlider::SliderSingleStepAdd);
+    case AltCommand::FewerNames:
+        return m_animationPage->moveTotal(QAbstractSlider::SliderSingleStepSub);
+    case AltCommand::ViewLineUp:
+        return m_animationPage->moveView(QAbstractSlider::SliderSingleStepSub);
+    case AltCommand::ViewLineDown:
+        return m_animationPage->moveView(QAbstractSlider::SliderSingleStepAdd);
+    case AltCommand::ViewPageUp:
+        return m_animationPage->moveView(QAbstractSlider::SliderPageStepSub);
+    case AltCommand::ViewPageDown:
+        return m_animationPage->moveView(QAbstractSlider::SliderPageStepAdd);
     }
 }
 

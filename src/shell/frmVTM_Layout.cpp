@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "animation/AnimationPage.h"
 #include "editing/DirectionPad.h"
+#include "editing/GlyphCells.h"
 #include "editing/NamePage.h"
 #include "scripts/MessagesPage.h"
+#include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
 #include "shell/ModeButton.h"
 #include "shell/ProgressIndicator.h"
@@ -20,6 +22,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace shell {
 
@@ -45,6 +48,13 @@ QString Member(const char* name, std::size_t index) {
     return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
 }
 
+/// Tells those who hear a control of its keys; its tooltip keeps its words.
+void DescribeKeys(QWidget* control) {
+    const QString keys = QString::fromStdString(AltKeysOf(control->objectName().toStdString()));
+    const QString text = control->toolTip();
+    control->setAccessibleDescription(text.isEmpty() ? keys : QStringLiteral("%1 (%2)").arg(text, keys));
+}
+
 } // namespace
 
 QWidget* frmVTM::buildGlyphColumn() {
@@ -62,6 +72,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     ImgGrid->setAccessibleName(tr("Glyph grid"));
     ImgGrid->setFixedSize(glyphs::AtlasSide, glyphs::AtlasSide);
     ImgGrid->setHoverTracking(true);
+    ImgGrid->setCells(editing::GlyphGridCells(true));
     GridPosShape = new ui::qt::MarkerShape(ImgGrid);
     GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
     frameLayout->addWidget(ImgGrid);
@@ -76,9 +87,8 @@ QWidget* frmVTM::buildGlyphColumn() {
     auto* favouriteRow = new QHBoxLayout;
     favouriteRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
-        cmdFavorite[i] = new GlyphButton(column);
+        cmdFavorite[i] = new GlyphButton(tr("Favorite glyph %1").arg(i + 1), column);
         cmdFavorite[i]->setObjectName(Member("cmdFavorite", i));
-        cmdFavorite[i]->setAccessibleName(tr("Favorite glyph %1").arg(i + 1));
         cmdFavorite[i]->setToolTip(tr("Click to place this character, Right click to change"));
         favouriteRow->addWidget(cmdFavorite[i]);
     }
@@ -89,9 +99,8 @@ QWidget* frmVTM::buildGlyphColumn() {
     auto* frequentRow = new QHBoxLayout;
     frequentRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
-        cmdFrequent[i] = new GlyphButton(column);
+        cmdFrequent[i] = new GlyphButton(tr("Frequent glyph %1").arg(i + 1), column);
         cmdFrequent[i]->setObjectName(Member("cmdFrequent", i));
-        cmdFrequent[i]->setAccessibleName(tr("Frequent glyph %1").arg(i + 1));
         cmdFrequent[i]->setToolTip(tr("Click to place this character"));
         frequentRow->addWidget(cmdFrequent[i]);
     }
@@ -160,7 +169,7 @@ QWidget* frmVTM::buildPageColumn() {
     imgDir->setObjectName(QStringLiteral("imgDir"));
     lblCurPos = new QLabel(column);
     lblCurPos->setObjectName(QStringLiteral("lblCurPos"));
-    lblCurPos->setAccessibleName(tr("Cursor position"));
+    lblCurPos->setAccessibleDescription(tr("Cursor position"));
     lblCurPos->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("15,90")));
     cursorRow->addWidget(imgDir);
     cursorRow->addSpacing(Spacing);
@@ -186,8 +195,19 @@ void frmVTM::buildCentre() {
     statusBar()->addPermanentWidget(picProgress);
     statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
     statusBar()->setSizeGripEnabled(false);
+    describeKeys();
     // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
     setMinimumWidth(Toolbar1->sizeHint().width() + RoundingRoom);
+}
+
+void frmVTM::describeKeys() {
+    DescribeKeys(ImgGrid);
+    DescribeKeys(cmdCalcFrequent);
+    std::ranges::for_each(cmdFavorite, DescribeKeys);
+    std::ranges::for_each(cmdFrequent, DescribeKeys);
+    for (const char* name : {"AniTotalScroll", "ThisTickList", "TickList", "VScroll1"}) {
+        DescribeKeys(m_animationPage->findChild<QWidget*>(QLatin1String(name)));
+    }
 }
 
 } // namespace shell

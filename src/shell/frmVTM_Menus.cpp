@@ -394,6 +394,7 @@ QMenu* frmVTM::menu(const char* name) const {
 void frmVTM::buildToolbar() {
     Toolbar1 = addToolBar(tr("Toolbar"));
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
+    Toolbar1->setAccessibleName(tr("Toolbar"));
     Toolbar1->setMovable(false);
     Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
     Toolbar1->setIconSize({IconSide, IconSide});

@@ -336,8 +336,7 @@ TEST_F(AnimationPanel, SaysWhichGlyphsBreakTheScript) {
     };
     EXPECT_EQ(toolTipAt({8, 24}), "The names in the aniimation");
     EXPECT_EQ(
-        toolTipAt({24, 24}),
-        "The names in the aniimation\nGlyph 34 breaks the line that this name is saved in");
+        toolTipAt({24, 24}), "The names in the aniimation\nGlyph 34 breaks the line that it is saved in");
 }
 
 TEST_F(AnimationPanel, ShowsThePaintedNames) {

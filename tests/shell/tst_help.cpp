@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "editing/mdlKey.h"
+#include "shell/AltKeys.h"
 #include "ui/Files.h"
 
 #include <gtest/gtest.h>
@@ -221,6 +222,20 @@ TEST(Help, TellsOfEveryCommandAndOption) {
                           "Num Lock",
                           "Caps Lock",
                       });
+}
+
+TEST(Help, TellsOfEveryKeyWithAlt) {
+    // A row may stand for several: "Alt+1 to Alt+5".
+    const std::string shown = text(page());
+    for (const shell::AltKey& key : shell::AltKeys()) {
+        const std::string keys(key.keys);
+        const bool isWithin =
+            keys.ends_with('2') || keys.ends_with('3') || keys.ends_with('4') || keys.ends_with('7');
+        if (!keys.empty() && !isWithin) {
+            EXPECT_NE(shown.find(keys + " "), std::string::npos) << keys;
+        }
+    }
+    EXPECT_NE(shown.find("Alt+Shift+1 to Alt+Shift+5"), std::string::npos);
 }
 
 TEST(Help, EveryLinkWithinThePageLeadsSomewhere) {

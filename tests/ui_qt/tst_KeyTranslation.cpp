@@ -303,6 +303,24 @@ TEST(TranslateKey, PassesControlAltAndRepetitionOn) {
     EXPECT_EQ(TranslateKey(facts), (KeyStroke{65, false, true, true, false, true}));
 }
 
+TEST(TranslateKey, TakesTheDigitRowByItsPlaceWhileAltIsHeld) {
+    // French: the first key of the row types an ampersand, and the digit with Shift.
+    for (const bool isShift : {false, true}) {
+        KeyFacts facts = Real(isShift ? Qt::Key_1 : Qt::Key_Ampersand, 10, isShift);
+        facts.alt = true;
+        const KeyStroke press = TranslateKey(facts);
+        EXPECT_EQ(press.virtualKey, '1');
+        EXPECT_EQ(press.isShift, isShift);
+        EXPECT_TRUE(press.isAlt);
+    }
+    KeyFacts facts = Real(Qt::Key_Exclam, 10, true);
+    facts.alt = true;
+    EXPECT_EQ(TranslateKey(facts).virtualKey, '1');
+    facts = Real(Qt::Key_W, 52); // a letter stays a letter wherever it lies
+    facts.alt = true;
+    EXPECT_EQ(TranslateKey(facts).virtualKey, 'W');
+}
+
 TEST(TranslateKey, ReadsThePadAsTheKeyboardReportsIt) {
     CheckRows({
         {"0", Pad(Qt::Key_0, 90, 0xFFB0), 96},

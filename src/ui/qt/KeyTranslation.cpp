@@ -231,6 +231,12 @@ int VirtualKeyAt(unsigned scanCode) {
     return 0;
 }
 
+/// The key of the digit row at a place of the keyboard; 0 at any other place.
+int DigitAt(unsigned scanCode) {
+    const int key = VirtualKeyAt(scanCode);
+    return key >= KeyDigit0 && key <= KeyDigit9 ? key : 0;
+}
+
 bool IsOnPad(const KeyFacts& facts) {
     return facts.keypad || (facts.symbol >= FirstPadSymbol && facts.symbol <= LastPadSymbol) ||
            PadKeyAt(facts.scanCode).has_value();
@@ -273,6 +279,12 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
     if (facts.scanCode >= F13ScanCode && facts.scanCode <= F16ScanCode) {
         // The usual layouts put tool and launch keys in the place of these four.
         press.virtualKey = KeyF13 + static_cast<int>(facts.scanCode - F13ScanCode);
+        return press;
+    }
+    if (facts.alt && DigitAt(facts.scanCode) != 0) {
+        // A command, not a symbol: some layouts have digits only with Shift, which means something of its
+        // own.
+        press.virtualKey = DigitAt(facts.scanCode);
         return press;
     }
     if (IsLetter(facts.key)) {

@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/PictureWidget.h"
 
+#include "ui/qt/PictureAccess.h"
+
+#include <QHelpEvent>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <cmath>
 
 namespace ui::qt {
@@ -29,6 +33,7 @@ QImage ImageOver(const Picture& picture) {
 
 PictureWidget::PictureWidget(QWidget* parent)
     : QWidget(parent) {
+    InstallAccess<PictureWidget, PictureAccess>();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -58,6 +63,68 @@ void PictureWidget::showDamage(const Rect& damage) {
     fitPicture();
     if (!damage.empty()) {
         update(damage.x, damage.y, damage.width, damage.height);
+        if (QAccessible::isActive()) {
+            announceCells(damage);
+        }
+    }
+}
+
+int PictureWidget::cellIndex(int row, int column) const {
+    const bool isCell =
+        hasCells() && row >= 1 && row <= m_cells.rows() && column >= 1 && column <= m_cells.columns;
+    return isCell ? (row - 1) * m_cells.columns + column - 1 : -1;
+}
+
+QRect PictureWidget::cellRect(int row, int column) const {
+    return {(column - 1) * m_cells.side, (row - 1) * m_cells.side, m_cells.side, m_cells.side};
+}
+
+void PictureWidget::setCurrentCell(int row, int column) {
+    if (row == m_currentRow && column == m_currentColumn) {
+        return;
+    }
+    m_currentRow = row;
+    m_currentColumn = column;
+    if (QAccessible::isActive()) {
+        announceCurrentCell();
+    }
+}
+
+void PictureWidget::announceCurrentCell() {
+    const int index = cellIndex(m_currentRow, m_currentColumn);
+    if (index >= 0) {
+        QAccessibleEvent event(this, hasFocus() ? QAccessible::Focus : QAccessible::Selection);
+        event.setChild(index);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void PictureWidget::announceCells(const Rect& damage) {
+    if (!hasCells()) {
+        return;
+    }
+    const int firstRow = damage.y / m_cells.side + 1;
+    const int firstColumn = damage.x / m_cells.side + 1;
+    const int lastColumn = (damage.x + damage.width - 1) / m_cells.side + 1;
+    if (damage.height > m_cells.side) {
+        // Nobody wants to hear every cell of several rows.
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::DataChanged);
+        QAccessible::updateAccessibility(&event);
+        return;
+    }
+    for (int column = firstColumn; column <= lastColumn; ++column) {
+        if (const int index = cellIndex(firstRow, column); index >= 0) {
+            QAccessibleEvent event(this, QAccessible::NameChanged);
+            event.setChild(index);
+            QAccessible::updateAccessibility(&event);
+        }
+    }
+}
+
+void PictureWidget::announceRows() {
+    if (QAccessible::isActive()) {
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
+        QAccessible::updateAccessibility(&event);
     }
 }
 
@@ -65,6 +132,39 @@ void PictureWidget::fitPicture() {
     const QSize wanted = m_picture == nullptr ? QSize(0, 0) : QSize(m_picture->width(), m_picture->height());
     if (minimumSize() != wanted || maximumSize() != wanted) {
         setFixedSize(wanted);
+    }
+}
+
+bool PictureWidget::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && m_cells.toolTip) {
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        return showToolTip(help->pos(), help->globalPos());
+    }
+    return QWidget::event(event);
+}
+
+bool PictureWidget::showToolTip(const QPoint& pixel, const QPoint& global) {
+    const int row = pixel.y() / m_cells.side + 1;
+    const int column = pixel.x() / m_cells.side + 1;
+    // It goes as soon as the pointer leaves the cell that it is about.
+    QToolTip::showText(
+        global, cellIndex(row, column) < 0 ? toolTip() : m_cells.toolTip(row, column), this,
+        cellRect(row, column));
+    return true;
+}
+
+void PictureWidget::focusInEvent(QFocusEvent* /*event*/) {
+    // Nothing to repaint: a picture looks the same with the focus.
+    if (QAccessible::isActive()) {
+        // The picture itself is announced after this event; what matters is the cell in it.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (hasFocus()) {
+                    announceCurrentCell();
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 
