@@ -5,7 +5,6 @@
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
 #include "editing/ScriptFile.h"
-#include "glyphs/RowText.h"
 
 #include <algorithm>
 #include <array>
@@ -179,9 +178,8 @@ ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand 
     };
     addLine("// " + std::string(Header));
     addLine("// " + std::to_string(animation.nameCount) + " " + std::string(CountLine));
-    const std::string prefix = command == NameCommand::Name ? "name \"" : "set name \"";
     for (int name = 1; name <= animation.nameCount; ++name) {
-        addLine(prefix + glyphs::RowText(animation.name(name)) + '"');
+        addLine(glyphs::NameLine(command, animation.name(name)));
         if (animation.ticks(name) > 0) {
             std::string waits;
             for (int tick = 0; tick < animation.ticks(name); ++tick) {

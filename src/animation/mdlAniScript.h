@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "glyphs/RowText.h"
 #include "ui/Dialogs.h"
 #include "ui/Files.h"
 
@@ -13,12 +14,7 @@
 namespace animation {
 
 using editing::AnimationDocument;
-
-/// The console command that a script sets each name with.
-enum class NameCommand {
-    Name,   ///< name "..."
-    SetName ///< set name "..."
-};
+using glyphs::NameCommand;
 
 /// The whole script of the names in use: raw glyph bytes, lines ending with CR LF.
 [[nodiscard]] ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand command);

@@ -22,6 +22,13 @@ bool BreaksScriptLine(GlyphCode code) {
     return code == '\n' || code == '\r' || code == '"';
 }
 
+std::string NameLine(NameCommand command, std::span<const GlyphCode> row) {
+    std::string line = command == NameCommand::SetName ? "set name \"" : "name \"";
+    line += RowText(row);
+    line += '"';
+    return line;
+}
+
 bool ParseQuotedLine(std::string_view line, std::span<GlyphCode> row) {
     std::fill(row.begin(), row.end(), BlankGlyph);
     const std::size_t quote = line.find('"');

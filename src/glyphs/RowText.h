@@ -16,6 +16,15 @@ namespace glyphs {
 /// Whether a glyph ends the line or the quoted name that it is written into: 10, 13 and 34.
 [[nodiscard]] bool BreaksScriptLine(GlyphCode code);
 
+/// The console command that sets a name.
+enum class NameCommand {
+    Name,   ///< name "..."
+    SetName ///< set name "..."
+};
+
+/// The line, without its end, that sets the name in a row: the command, a blank and the quoted row text.
+[[nodiscard]] std::string NameLine(NameCommand command, std::span<const GlyphCode> row);
+
 /// Reads the quoted text of a script line into a row. All cells become blank; then the bytes after the line's
 /// first double quote (the whole line, if there is none) up to but not including its last byte, whatever that
 /// is, go into the cells in order. Returns false when there are more bytes than cells; the cells then hold

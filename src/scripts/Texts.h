@@ -46,6 +46,7 @@ inline std::string TooManyLines(const ui::Path& path) {
 }
 
 constexpr auto MessagesNotRead = "Error retrieving Macro from script file.";
+constexpr auto MessageTooLong = "A message is longer than 31 glyphs; its first 31 were read.";
 constexpr auto NoMessageSelected = "You need to select at least 1 message to display!";
 
 constexpr auto NoConfigFile = "Please select a config file!";

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/mdlMacro.h"
 
-#include "editing/ScriptFile.h"
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
+#include "scripts/ScriptFlow.h"
 #include "scripts/Texts.h"
 
 #include <algorithm>
@@ -103,16 +103,9 @@ SaveOutcome SaveMessageScript(
         dialogs.inform(texts::NoMessageSelected);
         return {};
     }
-    const auto path = dialogs.chooseFileToSave(SaveMessageScriptRequest());
-    if (!path || !editing::MayReplaceFile(dialogs, files, *path, MessageScriptHeader)) {
-        return {};
-    }
-    if (const auto written = ui::WriteFile(files, *path, WriteMessageScript(choice, messages)); !written) {
-        dialogs.warn(written.failure().message);
-        return {SaveOutcome::Kind::Failed};
-    }
-    dialogs.inform(texts::ScriptWritten(*path));
-    return {SaveOutcome::Kind::Written, *path};
+    return SaveScript(dialogs, files, SaveMessageScriptRequest(), MessageScriptHeader, [&] {
+        return WriteMessageScript(choice, messages);
+    });
 }
 
 std::optional<ui::Path> ChooseMessageScript(ui::Dialogs& dialogs) {
@@ -122,28 +115,10 @@ std::optional<ui::Path> ChooseMessageScript(ui::Dialogs& dialogs) {
 LoadOutcome LoadMessageScript(
     ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
     editing::MessageDocument& messages, const Repaint& repaint) {
-    LoadOutcome outcome;
-    ReadOutcome read = ReadOutcome::NotRecognised;
-    if (const auto script = files.read(path)) {
-        read = ReadMessageScript(script.value(), messages);
-        if (read == ReadOutcome::TooLong) {
-            outcome.reason = "A message is longer than 31 glyphs; its first 31 were read.";
-        }
-    } else {
-        outcome.reason = script.failure().message;
-    }
-    outcome.loaded = read == ReadOutcome::Read;
-    // Reading that ended at a message that was too long has replaced messages all the same: the page must not
-    // show others.
-    if (read != ReadOutcome::NotRecognised) {
-        repaint();
-    }
-    if (!outcome.loaded) {
-        dialogs.inform(texts::MessagesNotRead);
-    } else if (!quiet) {
-        dialogs.inform(texts::ScriptRead(path));
-    }
-    return outcome;
+    const ScriptReader reader{
+        [&](std::string_view script) { return ReadMessageScript(script, messages); }, texts::MessagesNotRead,
+        texts::MessageTooLong};
+    return LoadScript(dialogs, files, path, quiet, reader, repaint);
 }
 
 } // namespace scripts

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/mdlName.h"
 
-#include "editing/ScriptFile.h"
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
+#include "scripts/ScriptFlow.h"
 #include "scripts/Texts.h"
 
 namespace scripts {
@@ -22,10 +22,7 @@ std::string NameText(const editing::NameDocument& name) {
 }
 
 std::string NameLine(NameCommand command, const editing::NameDocument& name) {
-    std::string line = command == NameCommand::SetName ? "set name \"" : "name \"";
-    line += NameText(name);
-    line += '"';
-    return line;
+    return glyphs::NameLine(command, name.cells);
 }
 
 ui::Bytes WriteNameScript(NameCommand command, const editing::NameDocument& name) {
@@ -69,19 +66,12 @@ ui::FileDialogRequest LoadNameScriptRequest() {
 
 SaveOutcome SaveNameScript(
     ui::Dialogs& dialogs, ui::Files& files, const ui::Path& folder, const editing::NameDocument& name) {
-    const auto path = dialogs.chooseFileToSave(SaveNameScriptRequest(folder));
-    if (!path || !editing::MayReplaceFile(dialogs, files, *path, NameScriptHeader)) {
-        return {};
-    }
-    // Yes gives the plain command and No the other one. It reads like a slip, but it is meant.
-    const NameCommand command =
-        dialogs.askYesNo(texts::IsQuake2Name) ? NameCommand::Name : NameCommand::SetName;
-    if (const auto written = ui::WriteFile(files, *path, WriteNameScript(command, name)); !written) {
-        dialogs.warn(written.failure().message);
-        return {SaveOutcome::Kind::Failed};
-    }
-    dialogs.inform(texts::ScriptWritten(*path));
-    return {SaveOutcome::Kind::Written, *path};
+    const auto script = [&] {
+        // Yes gives the plain command and No the other one. It reads like a slip, but it is meant.
+        const bool isPlain = dialogs.askYesNo(texts::IsQuake2Name);
+        return WriteNameScript(isPlain ? NameCommand::Name : NameCommand::SetName, name);
+    };
+    return SaveScript(dialogs, files, SaveNameScriptRequest(folder), NameScriptHeader, script);
 }
 
 std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs) {
@@ -91,27 +81,10 @@ std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs) {
 LoadOutcome LoadNameScript(
     ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
     editing::NameDocument& name, const Repaint& repaint) {
-    LoadOutcome outcome;
-    ReadOutcome read = ReadOutcome::NotRecognised;
-    if (const auto script = files.read(path)) {
-        read = ReadNameScript(script.value(), name);
-        if (read == ReadOutcome::TooLong) {
-            outcome.reason = texts::NameTooLong;
-        }
-    } else {
-        outcome.reason = script.failure().message;
-    }
-    outcome.loaded = read == ReadOutcome::Read;
-    // A name that was too long has filled the cells all the same: the page must not show another.
-    if (read != ReadOutcome::NotRecognised) {
-        repaint();
-    }
-    if (!outcome.loaded) {
-        dialogs.inform(texts::NameNotRead(path));
-    } else if (!quiet) {
-        dialogs.inform(texts::ScriptRead(path));
-    }
-    return outcome;
+    const ScriptReader reader{
+        [&](std::string_view script) { return ReadNameScript(script, name); }, texts::NameNotRead(path),
+        texts::NameTooLong};
+    return LoadScript(dialogs, files, path, quiet, reader, repaint);
 }
 
 void CopyNameToClipboard(ui::Clipboard& clipboard, ui::Dialogs& dialogs, const editing::NameDocument& name) {

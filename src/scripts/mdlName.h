@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "glyphs/RowText.h"
 #include "scripts/Outcome.h"
 #include "ui/Platform.h"
 
@@ -14,8 +15,7 @@ namespace scripts {
 
 constexpr std::string_view NameScriptHeader = "Name File Created by Vortigo";
 
-/// The console command that sets the name: `name` or `set name`.
-enum class NameCommand { Name, SetName };
+using glyphs::NameCommand;
 
 /// The name's cells as bytes, without the blanks at its right end.
 [[nodiscard]] std::string NameText(const editing::NameDocument& name);

@@ -109,6 +109,12 @@ TEST(ByteLines, EndAtEveryKindOfLineEnd) {
     EXPECT_EQ(LinesOf(""), (std::vector<std::string>{}));
 }
 
+TEST(NameLine, QuotesTheRowTextBehindTheCommand) {
+    EXPECT_EQ(NameLine(NameCommand::Name, Cells{32, 'a', 200, 32}), "name \" a\xC8\"");
+    EXPECT_EQ(NameLine(NameCommand::SetName, Cells{'a', 'b'}), "set name \"ab\"");
+    EXPECT_EQ(NameLine(NameCommand::SetName, Cells{32, 32}), "set name \"\"");
+}
+
 TEST(ByteLines, KeepEveryOtherByte) {
     const std::string line = Bytes({0, 9, 11, 26, 133, 255});
     EXPECT_EQ(LinesOf(line + "\n" + line), (std::vector<std::string>{line, line}));
