@@ -66,7 +66,7 @@ ui::Status MakeCopy(ui::Files& files, const ui::Path& copy, std::string_view byt
             return kept;
         }
     }
-    auto file = files.open(copy, ui::Files::OpenMode::CreateNew);
+    auto file = files.open(copy, ui::Files::OpenMode::CreatePrivate);
     if (!file) {
         return file.failure();
     }
@@ -140,6 +140,9 @@ ui::Result<Rewritten> RewriteConfig(
     if (auto refused = RefuseCopy(files, copy, path); !refused) {
         return refused.failure();
     }
+    if (after.size() > ui::Files::MaxFileSize) {
+        return WithFileUntouched({"It would become too large."}, path);
+    }
     const auto lock = files.lockFolder(FolderOf(copy));
     if (!lock) {
         return WithFileUntouched(lock.failure(), path);
@@ -190,13 +193,19 @@ ui::Status AppendToConfig(
     if (!file) {
         return file.failure();
     }
-    if (auto written = file.value()->write(bytes); !written) {
-        return written;
+    ui::Status done = file.value()->write(bytes);
+    if (done) {
+        done = file.value()->flush();
     }
-    if (auto flushed = file.value()->flush(); !flushed) {
-        return flushed;
+    if (done) {
+        done = file.value()->close();
     }
-    return file.value()->close();
+    if (!done) {
+        return ui::Failure{
+            done.failure().message + "\nThe config file, " + ui::PathText(path) +
+            ", may end with a part of the new line now."};
+    }
+    return done;
 }
 
 } // namespace scripts

@@ -220,15 +220,16 @@ Result<std::unique_ptr<OutputFile>> DiskFiles::open(const Path& path, OpenMode m
         flags |= O_APPEND;
         break;
     case OpenMode::CreateNew:
+    case OpenMode::CreatePrivate:
         flags |= O_EXCL;
         break;
     }
-    const int number = ::open(path.c_str(), flags, 0666);
+    const bool isNew = (flags & O_EXCL) != 0;
+    const int number = ::open(path.c_str(), flags, mode == OpenMode::CreatePrivate ? 0600 : 0666);
     if (number < 0) {
-        return FileFailure(mode == OpenMode::CreateNew ? "Could not create" : "Could not open", path, errno);
+        return FileFailure(isNew ? "Could not create" : "Could not open", path, errno);
     }
-    return std::unique_ptr<OutputFile>(
-        std::make_unique<DiskOutputFile>(path, number, mode == OpenMode::CreateNew));
+    return std::unique_ptr<OutputFile>(std::make_unique<DiskOutputFile>(path, number, isNew));
 }
 
 Status DiskFiles::remove(const Path& path) {

@@ -26,7 +26,7 @@ public:
     /// Appends all of `bytes`.
     virtual Status write(std::string_view bytes) = 0;
 
-    /// Forces what was written onto the disk; of a file opened with CreateNew its name in the folder as well.
+    /// Forces what was written onto the disk; of a file that was made new its name in the folder as well.
     virtual Status flush() = 0;
 
     /// Closes the file; the object accepts no more writes.
@@ -43,9 +43,10 @@ public:
 class Files {
 public:
     enum class OpenMode {
-        Truncate, ///< an existing file keeps its inode, links and permissions and loses its content
-        Append,   ///< created if it does not exist
-        CreateNew ///< fails if the path exists
+        Truncate,     ///< an existing file keeps its inode, links and permissions and loses its content
+        Append,       ///< created if it does not exist
+        CreateNew,    ///< fails if the path exists
+        CreatePrivate ///< the same; nobody but the user may read it
     };
 
     /// No file that the program reads is larger than this; a larger one is refused, not loaded.

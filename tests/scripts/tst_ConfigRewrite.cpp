@@ -3,36 +3,25 @@
 #include "scripts/ConfigRewrite.h"
 
 #include "support/FailingFiles.h"
+#include "support/InChild.h"
 #include "support/MortalFiles.h"
 #include "support/TempProgramDirectory.h"
 
 #include <csignal>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using scripts::ReplaceLine;
 using support::FailingFiles;
+using support::InChild;
 using Step = FailingFiles::Step;
 
 namespace {
 
 const std::string Before = "bind a b\nname \"old\"\n" + std::string(5000, 'x') + "\nlast";
 const std::string After = ReplaceLine(Before, 2, "name \"new and longer\"");
-
-/// Runs something in a process of its own; its exit status.
-int InChild(const std::function<int()>& run) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(run());
-    }
-    int status = 0;
-    EXPECT_EQ(child, ::waitpid(child, &status, 0));
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 class Rewrite : public testing::Test {
 protected:
@@ -309,6 +298,28 @@ TEST_F(Rewrite, WritesThroughLinksAndKeepsThePermissions) {
     EXPECT_EQ(2U, now.st_nlink);
 }
 
+TEST_F(Rewrite, CopiesForNobodyElseToRead) {
+    // A configuration file may hold the password of a server.
+    ASSERT_EQ(0, ::chmod(path.c_str(), 0600));
+    files.failOnce(Step::Write, 2);
+    ASSERT_FALSE(rewrite());
+
+    struct stat kept {};
+
+    ASSERT_EQ(0, ::stat(copy.c_str(), &kept));
+    EXPECT_EQ(0600U, kept.st_mode & 0777U);
+}
+
+TEST_F(Rewrite, RefusesAFileThatWouldBecomeTooLargeToReadAgain) {
+    const std::string lines(ui::Files::MaxFileSize / 2 + 1, '\n');
+    game.put("config.cfg", lines);
+    const auto done = scripts::RewriteConfig(files, directory, path, lines, ReplaceLine(lines, 1, "x"));
+    ASSERT_FALSE(done);
+    EXPECT_EQ(untouched("It would become too large."), done.failure().message);
+    EXPECT_EQ(lines, content());
+    EXPECT_FALSE(directory.files.has("tempfile.cfg"));
+}
+
 TEST_F(Rewrite, RefusesTheCopyByWhateverName) {
     path = directory.files.put("tempfile.cfg", Before);
     std::filesystem::create_symlink(copy, game / "soft.cfg");
@@ -408,6 +419,17 @@ TEST_F(Rewrite, WithNoPlaceForTheCopyLeavesTheFileUntouched) {
               }));
     EXPECT_EQ(Before, content());
     ASSERT_EQ(0, ::chmod(directory.folder().c_str(), 0755));
+}
+
+TEST_F(Rewrite, ThatCannotAppendAllSaysThatAPartMayStandInTheFile) {
+    files.failWritesAfter(2);
+    const auto done = scripts::AppendToConfig(files, directory, path, "more");
+    ASSERT_FALSE(done);
+    EXPECT_EQ(
+        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+            ", may end with a part of the new line now.",
+        done.failure().message);
+    EXPECT_EQ(Before + "mo", content());
 }
 
 TEST_F(Rewrite, AppendsAndMakesAFileThatIsNotThere) {

@@ -305,7 +305,9 @@ TEST_F(Binding, InAFileThatCannotBeReadSaysWhichFileAndWhy) {
 TEST_F(Binding, ThatCannotBeAddedSaysWhichFileAndWhy) {
     put("x\n");
     fake.files.failOnce(Step::Write);
-    fake.dialogs.expectWarning("Could not write \"" + path.native() + "\": injected failure.");
+    fake.dialogs.expectWarning(
+        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+        ", may end with a part of the new line now.");
     EXPECT_FALSE(bind().written);
     EXPECT_EQ("x\n", content());
 }

@@ -327,8 +327,12 @@ TEST_F(Config, ThatCannotGainANameSaysWhichFileAndWhy) {
     for (const auto& [step, word] : steps) {
         fake.files.failOnce(step);
         fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
+        const std::string cause =
+            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.";
         fake.dialogs.expectWarning(
-            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
+            step == Step::Open ? cause
+                               : cause + "\nThe config file, " + path.native() +
+                                     ", may end with a part of the new line now.");
         EXPECT_FALSE(save().written);
         EXPECT_EQ("x\r\n", content().substr(0, 3));
         put("x\r\n");

@@ -158,6 +158,19 @@ TEST(DiskFiles, CreatesOnlyWhatIsNotThere) {
     EXPECT_FALSE(ui::WriteFile(files, folder / "dangling", "two", Mode::CreateNew));
 }
 
+TEST(DiskFiles, CreatesWhatNobodyElseMayRead) {
+    const TempFolder folder;
+    DiskFiles files;
+    EXPECT_TRUE(ui::WriteFile(files, folder / "a", "one", Mode::CreatePrivate));
+    EXPECT_EQ(
+        std::filesystem::status(folder / "a").permissions(),
+        std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    const auto again = ui::WriteFile(files, folder / "a", "two", Mode::CreatePrivate);
+    ASSERT_FALSE(again);
+    EXPECT_EQ(again.failure().message, "Could not create \"" + (folder / "a").native() + "\": File exists.");
+    EXPECT_EQ(folder.content("a"), "one");
+}
+
 TEST(DiskFiles, RemovesAndRenames) {
     const TempFolder folder;
     DiskFiles files;
