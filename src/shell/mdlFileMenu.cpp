@@ -61,6 +61,9 @@ void AddRecent(ui::SettingsStore& store, const std::string& path, Page kind) {
 }
 
 ui::Status AddRecentIfNew(RecentMenus& menus, ui::SettingsStore& store, const std::string& path, Page kind) {
+    // Another instance may have saved a file meanwhile: its entry must not be lost.
+    store.refresh();
+    LoadRecentMenus(menus, store);
     ui::Status done;
     if (!IsInRecent(menus, path, kind)) {
         AddRecent(store, path, kind);

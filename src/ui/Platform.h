@@ -69,6 +69,9 @@ public:
     [[nodiscard]] virtual std::vector<std::pair<std::string, std::string>>
     list(const std::string& section) const = 0;
 
+    /// Takes over what other programs have saved since. What was written here and is not saved yet stays.
+    virtual void refresh() = 0;
+
     /// Makes what was written last; the store survives a crash at any instant.
     virtual Status save() = 0;
 };

@@ -131,6 +131,25 @@ TEST_F(FileMenu, AddingDoesNotFillAHoleInTheList) {
     EXPECT_EQ(stored("NameFiles", "RecentFile4"), "/3");
 }
 
+TEST_F(FileMenu, AFileThatAnotherInstanceHasSavedMeanwhileStaysInTheList) {
+    save("/1.vtn");
+    store.onRefresh = [this] {
+        store.sections["NameFiles"] = {{"RecentFile1", "/other.vtn"}, {"RecentFile2", "/1.vtn"}};
+    };
+    save("/2.vtn");
+    EXPECT_EQ(menus.of(Page::Name), (Entries{"/2.vtn", "/other.vtn", "/1.vtn"}));
+}
+
+TEST_F(FileMenu, AFileThatAnotherInstanceHasListedIsNotDoubled) {
+    save("/1.vtn");
+    store.onRefresh = [this] {
+        store.sections["NameFiles"] = {{"RecentFile1", "/other.vtn"}, {"RecentFile2", "/1.vtn"}};
+    };
+    save("/other.vtn");
+    EXPECT_EQ(menus.of(Page::Name), (Entries{"/other.vtn", "/1.vtn"}));
+    EXPECT_EQ(store.list("NameFiles").size(), 2U);
+}
+
 TEST_F(FileMenu, ANewEntryLastsAtOnceAndAnOldOneWritesNothing) {
     save("/a.vtn");
     EXPECT_EQ(store.saves, 1);

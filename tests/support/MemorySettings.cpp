@@ -29,6 +29,12 @@ std::vector<std::pair<std::string, std::string>> MemorySettings::list(const std:
     return {keys->second.begin(), keys->second.end()};
 }
 
+void MemorySettings::refresh() {
+    if (onRefresh) {
+        onRefresh();
+    }
+}
+
 ui::Status MemorySettings::save() {
     ++saves;
     if (!saveFailure.empty()) {

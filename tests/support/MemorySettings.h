@@ -4,6 +4,7 @@
 
 #include "ui/Platform.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ public:
     void write(const std::string& section, const std::string& key, const std::string& value) override;
     [[nodiscard]] std::vector<std::pair<std::string, std::string>>
     list(const std::string& section) const override;
+    void refresh() override;
     ui::Status save() override;
 
     /// What lies in the store; a test may put values here.
@@ -38,6 +40,9 @@ public:
 
     std::vector<Write> writes;
     int saves = 0;
+
+    /// What other programs have done to the store when it is refreshed.
+    std::function<void()> onRefresh;
 
     /// When it is not empty, save() fails with it.
     std::string saveFailure;

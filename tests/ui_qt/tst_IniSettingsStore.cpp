@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "support/InChild.h"
 #include "support/TempProgramDirectory.h"
 #include "ui/qt/IniSettingsStore.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace {
@@ -125,6 +128,53 @@ TEST(IniSettingsStore, ChangesOnlyWhatItHasWritten) {
         "[NameFiles]\nRecentFile1=/other.vtn\n\n[options]\ncolor1=10\ncolor3=33\n");
 }
 
+TEST(IniSettingsStore, KeepsTheOldFileWhenTheProgramDiesWhileItWrites) {
+    const TempFolder folder;
+    const std::string old = "[options]\ncolor1=1\n";
+    folder.put("VTM.ini", old);
+    // The system ends a program that writes past this size: nothing in it can tidy up any more.
+    for (const rlim_t size : {300, 20000, 49999}) {
+        const int end = support::InChild([&] {
+            IniSettingsStore store(folder / "VTM.ini");
+            store.write("options", "color2", std::string(50000, 'x'));
+            const rlimit limit{size, size};
+            return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 && store.save() ? 1 : 2;
+        });
+        EXPECT_EQ(end, -SIGXFSZ);
+        EXPECT_EQ(folder.content("VTM.ini"), old);
+    }
+    // Nor is the next program kept out by what the dead one left.
+    IniSettingsStore store(folder / "VTM.ini");
+    store.write("options", "color2", "2");
+    EXPECT_TRUE(store.save());
+    EXPECT_EQ(folder.content("VTM.ini"), "[options]\ncolor1=1\ncolor2=2\n");
+}
+
+TEST(IniSettingsStore, LosesNothingWhenProgramsSaveAtOnce) {
+    const TempFolder folder;
+    constexpr int Programs = 4;
+    constexpr int Saves = 25;
+    std::vector<pid_t> programs;
+    for (int program = 0; program < Programs; ++program) {
+        programs.push_back(support::StartChild([&] {
+            IniSettingsStore store(folder / "VTM/VTM.ini");
+            bool isSaved = true;
+            for (int i = 0; i < Saves; ++i) {
+                store.write("section" + std::to_string(program), "key" + std::to_string(i), "value");
+                isSaved = store.save().ok() && isSaved;
+            }
+            return isSaved ? 0 : 1;
+        }));
+    }
+    for (const pid_t program : programs) {
+        EXPECT_EQ(support::EndOf(program), 0);
+    }
+    const IniSettingsStore store(folder / "VTM/VTM.ini");
+    for (int program = 0; program < Programs; ++program) {
+        EXPECT_EQ(store.list("section" + std::to_string(program)).size(), std::size_t{Saves});
+    }
+}
+
 TEST(IniSettingsStore, TakesAnyFileForSettings) {
     std::mt19937 random(2); // NOLINT(cert-msc51-cpp): the same bytes in every run
     std::vector<std::string> files = {
@@ -161,12 +211,34 @@ TEST(IniSettingsStore, TakesAnyFileForSettings) {
 
 TEST(IniSettingsStore, TakesAValueOfAnotherKindForAbsent) {
     const TempFolder folder;
-    folder.put("VTM.ini", "[options]\ncolor1=@Rect(1 2 3 4)\ncolor2=@Invalid()\ncolor3=a, b\ncolor4=4\n");
+    folder.put("VTM.ini", "[options]\ncolor1=@Rect(1 2 3 4)\ncolor2=@Invalid()\ncolor4=4\n");
     const IniSettingsStore store(folder / "VTM.ini");
     EXPECT_EQ(store.read("options", "color1"), std::nullopt);
     EXPECT_EQ(store.read("options", "color2"), std::nullopt);
-    EXPECT_EQ(store.read("options", "color3"), std::nullopt);
     EXPECT_EQ(store.list("options"), (Pairs{{"color4", "4"}}));
+}
+
+TEST(IniSettingsStore, ReadsCommasThatSomebodyTypedWithoutQuotes) {
+    const TempFolder folder;
+    folder.put("VTM.ini", "[options]\ncolor1=1,5\nscreenshot=/home/me/a,b.bmp\ncolor2=a,, b\n");
+    const IniSettingsStore store(folder / "VTM.ini");
+    EXPECT_EQ(store.read("options", "color1"), "1,5");
+    EXPECT_EQ(store.read("options", "screenshot"), "/home/me/a,b.bmp");
+    EXPECT_EQ(store.read("options", "color2"), "a,,b");
+}
+
+TEST(IniSettingsStore, SeesWhatAnotherProgramHasSavedWhenItIsRefreshed) {
+    const TempFolder folder;
+    IniSettingsStore store(folder / "VTM.ini");
+    EXPECT_EQ(store.read("NameFiles", "RecentFile1"), std::nullopt);
+    store.write("NameFiles", "RecentFile2", "mine");
+    IniSettingsStore other(folder / "VTM.ini");
+    other.write("NameFiles", "RecentFile1", "/other.vtn");
+    other.write("NameFiles", "RecentFile2", "/another.vtn");
+    EXPECT_TRUE(other.save());
+    store.refresh();
+    EXPECT_EQ(store.read("NameFiles", "RecentFile1"), "/other.vtn");
+    EXPECT_EQ(store.read("NameFiles", "RecentFile2"), "mine") << "what is not saved yet stays";
 }
 
 TEST(IniSettingsStore, KeepsACopyOfADamagedFile) {

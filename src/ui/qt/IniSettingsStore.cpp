@@ -43,6 +43,9 @@ std::optional<std::string> FromVariant(const QVariant& value) {
         return value.toString().toStdString();
     case QMetaType::QByteArray:
         return value.toByteArray().toStdString();
+    case QMetaType::QStringList:
+        // The file holds a comma without quotes, which only people write.
+        return value.toStringList().join(QLatin1Char(',')).toStdString();
     default:
         return {};
     }
@@ -107,6 +110,11 @@ std::vector<std::pair<std::string, std::string>> IniSettingsStore::list(const st
         }
     }
     return {values.begin(), values.end()};
+}
+
+void IniSettingsStore::refresh() {
+    // There is nothing to write in it: that stays in m_written until it is saved.
+    m_settings->sync();
 }
 
 Status IniSettingsStore::save() {

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] std::vector<std::pair<std::string, std::string>>
     list(const std::string& section) const override;
 
+    void refresh() override;
+
     /// Puts the written values into the file. A file that is damaged is first kept as a copy beside it.
     Status save() override;
 
