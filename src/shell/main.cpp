@@ -32,9 +32,10 @@ void CloseOnTermination(shell::frmVTM& window) {
     auto* notifier = new QSocketNotifier(terminationPipe[1], QSocketNotifier::Read, &window);
     QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window, notifier] {
         notifier->setEnabled(false);
-        window.Form_Unload();
-        // Not quit(): that does nothing while a message of the start is all that runs.
+        // Not quit(): that does nothing while a message of the start is all that runs. It comes first: a
+        // message that the settings cannot be saved must not hold up a session that ends.
         QCoreApplication::exit();
+        window.Form_Unload();
     });
 
     struct sigaction action {};

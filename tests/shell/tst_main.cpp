@@ -73,6 +73,13 @@ TEST_F(Program, EndsWhenItIsToldToAndSavesItsSettings) {
     EXPECT_NE(home.content("config/VTM/VTM.ini").find("maketype="), std::string::npos);
 }
 
+TEST_F(Program, EndsWhenItIsToldToThoughItCannotSaveItsSettings) {
+    std::filesystem::create_directory(home / "config");
+    home.put("config/VTM", "a file where the folder should be");
+    start({});
+    EXPECT_TRUE(ends());
+}
+
 TEST_F(Program, EndsWhenItIsToldToWhileAMessageOfTheStartIsShown) {
     start({QStringLiteral(" /name"), text(home.put("no.vtn", "not a script"))});
     EXPECT_TRUE(ends());
