@@ -16,11 +16,14 @@
 #include "shell/mdlLaunch.h"
 #include "ui/qt/DialogButtons.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace shell {
 
 namespace {
+
+constexpr int SoundRowHeight = 16;
 
 QColor ColourOf(ui::Pixel pixel) {
     return QColor::fromRgb(pixel);
@@ -61,6 +64,12 @@ frmOptions::frmOptions(
     m_cursors = {m_form->cmbMouse_0, m_form->cmbMouse_1, m_form->cmbMouse_2, m_form->cmbMouse_3};
     m_keyStrips = {m_form->picKeyStripCont_0, m_form->picKeyStripCont_1, m_form->picKeyStripCont_2};
     m_keyPictures = {m_form->picKey_0, m_form->picKey_1, m_form->picKey_2};
+
+    // A larger font needs more than the rows are meant to have.
+    const int soundRow = std::max(SoundRowHeight, fontMetrics().height());
+    for (auto* const box : m_sounds) {
+        box->setFixedHeight(soundRow);
+    }
 
     QFont underlined = m_form->cmdDefaultSS->font();
     underlined.setUnderline(true);

@@ -92,6 +92,27 @@ protected:
     }
 };
 
+/// While it lives, the desktop has a large font.
+class LargeFont {
+public:
+    LargeFont()
+        : m_usual(QApplication::font()) {
+        QFont large = m_usual;
+        large.setPixelSize(20);
+        QApplication::setFont(large);
+    }
+
+    ~LargeFont() { QApplication::setFont(m_usual); }
+
+    LargeFont(const LargeFont&) = delete;
+    LargeFont& operator=(const LargeFont&) = delete;
+    LargeFont(LargeFont&&) = delete;
+    LargeFont& operator=(LargeFont&&) = delete;
+
+private:
+    QFont m_usual;
+};
+
 std::vector<std::string> texts(const QComboBox& box) {
     std::vector<std::string> all;
     for (int i = 0; i < box.count(); ++i) {
@@ -181,6 +202,19 @@ TEST_F(OptionsDialog, TheSoundBoxesStandSixteenPixelsApart) {
         const auto name = "optSounds_" + std::to_string(i);
         const auto above = "optSounds_" + std::to_string(i - 1);
         EXPECT_EQ(find<QCheckBox>(name.c_str())->y() - find<QCheckBox>(above.c_str())->y(), 16);
+    }
+}
+
+TEST_F(OptionsDialog, TheSoundBoxesMakeRoomForALargeFont) {
+    const LargeFont large;
+    open();
+    const int line = QFontMetrics(QApplication::font()).height();
+    EXPECT_GT(line, 16);
+    for (int i = 1; i < 4; ++i) {
+        const auto* const box = find<QCheckBox>(("optSounds_" + std::to_string(i)).c_str());
+        const auto* const above = find<QCheckBox>(("optSounds_" + std::to_string(i - 1)).c_str());
+        EXPECT_GE(above->height(), line);
+        EXPECT_GE(box->y() - above->y(), line);
     }
 }
 
@@ -418,6 +452,19 @@ TEST_F(OptionsDialog, TheConversionListShowsAllSetsAndTheOneInUse) {
     EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), address);
     EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), address);
     EXPECT_EQ(changedPages(), "");
+}
+
+TEST_F(OptionsDialog, TheConversionListTakesTheRoomThatALargeFontGivesTheDialog) {
+    const LargeFont large;
+    open();
+    showPage(3);
+    QCoreApplication::processEvents();
+    const auto* const list = find<QListWidget>("GridList");
+    const auto* const preview = find<QWidget>("ImgGrid");
+    EXPECT_GT(dialog->width(), 510);
+    EXPECT_LE(list->x(), 12);
+    EXPECT_LE(preview->x() - list->geometry().right(), 12);
+    EXPECT_LE(preview->parentWidget()->width() - preview->geometry().right(), 12);
 }
 
 TEST_F(OptionsDialog, AChosenSetIsPreviewedAndInUseOnlyAfterOk) {
