@@ -33,8 +33,8 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    QImage shown(int scale = 1) {
-        QImage image(page.size() * scale, QImage::Format_RGB32);
+    QImage shown(double scale = 1) {
+        QImage image((QSizeF(page.size()) * scale).toSize(), QImage::Format_RGB32);
         image.setDevicePixelRatio(scale);
         page.render(&image);
         return image;
@@ -140,6 +140,25 @@ TEST_F(MarkerTest, StaysSharpOnAScaledScreen) {
         for (int x = 64; x < 96; ++x) {
             ASSERT_EQ(image.pixel(x, y), small.pixel(x / 2, y / 2)) << x << "," << y;
         }
+    }
+}
+
+TEST_F(MarkerTest, IsEquallyThickOnAllSidesWhereTheScaleIsNotWhole) {
+    marker.setStyle(Style::Solid);
+    const QImage image = shown(1.5);
+    for (int along = 48; along < 72; ++along) {
+        for (const int depth : {0, 1}) {
+            EXPECT_EQ(image.pixel(along, 24 + depth), Green) << "above " << along;
+            EXPECT_EQ(image.pixel(along, 47 - depth), Green) << "below " << along;
+            EXPECT_EQ(image.pixel(48 + depth, along - 24), Green) << "left " << along;
+            EXPECT_EQ(image.pixel(71 - depth, along - 24), Green) << "right " << along;
+        }
+    }
+    for (int along = 50; along < 70; ++along) {
+        EXPECT_EQ(image.pixel(along, 26), Blue);
+        EXPECT_EQ(image.pixel(along, 45), Blue);
+        EXPECT_EQ(image.pixel(50, along - 24), Blue);
+        EXPECT_EQ(image.pixel(69, along - 24), Blue);
     }
 }
 

@@ -3,6 +3,8 @@
 #include "ui/qt/MarkerShape.h"
 
 #include <QPainter>
+#include <QtMath>
+#include <algorithm>
 
 namespace ui::qt {
 
@@ -30,19 +32,29 @@ bool IsDrawn(MarkerShape::Style style, int step) {
     return true;
 }
 
-/// The pixel at a step of the way around: clockwise from the left upper corner.
-QPoint OutlinePixel(int step) {
+/// The rectangle of device pixels at a step of the way around: clockwise from the left upper corner. The
+/// outline is equally thick on all sides at every scale of the screen.
+QRect OutlinePiece(int step, qreal scale) {
     constexpr int Last = MarkerShape::Side - 1;
+    const int thickness = std::max(1, qFloor(scale + 0.5));
+    const int edge = qFloor(MarkerShape::Side * scale + 0.5) - thickness;
+    const auto start = [scale](int place) {
+        return qFloor(place * scale + 0.5);
+    };
     const int along = step % Last;
+    const int ahead = start(along);
+    const int back = start(Last - along);
+    const int aheadLength = start(along + 1) - ahead;
+    const int backLength = start(Last - along + 1) - back;
     switch (step / Last) {
     case 0:
-        return {along, 0};
+        return {ahead, 0, aheadLength, thickness};
     case 1:
-        return {Last, along};
+        return {edge, ahead, thickness, aheadLength};
     case 2:
-        return {Last - along, Last};
+        return {back, edge, backLength, thickness};
     default:
-        return {0, Last - along};
+        return {0, back, thickness, backLength};
     }
 }
 
@@ -83,9 +95,11 @@ void MarkerShape::moveToCell(int column, int row) {
 void MarkerShape::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QColor gap = qGray(m_colour.rgb()) < DarkBelow ? QColor(Qt::white) : QColor(Qt::black);
-    // Filled pixels instead of a pen: they stay sharp at every scale of the screen.
+    // Filled pixels of the screen instead of a pen: they stay sharp at every scale.
+    const qreal scale = painter.deviceTransform().m11();
+    painter.scale(1 / scale, 1 / scale);
     for (int step = 0; step < OutlineLength; ++step) {
-        painter.fillRect(QRect(OutlinePixel(step), QSize(1, 1)), IsDrawn(m_style, step) ? m_colour : gap);
+        painter.fillRect(OutlinePiece(step, scale), IsDrawn(m_style, step) ? m_colour : gap);
     }
 }
 
