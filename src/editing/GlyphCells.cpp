@@ -24,7 +24,6 @@ ui::qt::PictureCells GlyphGridCells(bool canBePressed) {
         const auto code = static_cast<glyphs::GlyphCode>((row - 1) * Side + column - 1);
         return QString::fromStdString(glyphs::GlyphName(code));
     };
-    cells.toolTip = cells.cellText;
     cells.canBePressed = canBePressed;
     return cells;
 }

@@ -7,8 +7,8 @@
 
 namespace editing {
 
-/// The cells of a picture of all 256 glyphs in words, also for its tooltips. `canBePressed`: whether a press
-/// on a glyph does something.
+/// The cells of a picture of all 256 glyphs in words. `canBePressed`: whether a press on a glyph does
+/// something.
 [[nodiscard]] ui::qt::PictureCells GlyphGridCells(bool canBePressed);
 
 /// Says that the marker of a picture of all glyphs is on a glyph; 0: on none.
