@@ -5,6 +5,7 @@
 #include "animation/mdlAniName.h"
 #include "ui/qt/PictureWidget.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
@@ -118,6 +119,8 @@ void AnimationPage::buildControls() {
     ThisTickList->setEditText(QString::number(editing::InitialTicks));
     TickList = MakeTickList("TickList", tr("Set all ticks to selected number"), this);
     TickList->setCurrentIndex(-1);
+    ThisTickList->installEventFilter(this);
+    TickList->installEventFilter(this);
 
     for (std::size_t i = 0; i < cmdName.size(); ++i) {
         cmdName[i] = new QPushButton(tr(NameButtons[i].caption), this);
@@ -135,7 +138,9 @@ void AnimationPage::layOut() {
     AniPicBox = new QWidget(frame);
     AniPicBox->setObjectName(QStringLiteral("AniPicBox"));
     AniPicBox->setFixedSize(NameLength * glyphs::CellSide, VisibleNames * glyphs::CellSide);
+    AniPicBox->installEventFilter(this);
     pictureWidget()->setParent(AniPicBox);
+    pictureWidget()->installEventFilter(this);
     auto* frameLayout = new QHBoxLayout(frame);
     frameLayout->setContentsMargins(0, 0, 0, 0);
     frameLayout->addWidget(AniPicBox);
@@ -241,6 +246,21 @@ int AnimationPage::rowsInUse() const {
 
 QString AnimationPage::rowName(int row) const {
     return tr("Name %1").arg(row);
+}
+
+bool AnimationPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel) {
+        if (watched == AniPicBox || watched == pictureWidget()) {
+            QApplication::sendEvent(VScroll1, event);
+            return true;
+        }
+        if (watched == ThisTickList || watched == TickList) {
+            // A turn of the wheel in passing would change ticks, which cannot be undone.
+            event->ignore();
+            return true;
+        }
+    }
+    return PagePanel::eventFilter(watched, event);
 }
 
 void AnimationPage::AniTotalScroll_Change(int value) {

@@ -37,6 +37,7 @@ protected:
     [[nodiscard]] editing::GlyphRows rows() const override;
     [[nodiscard]] int rowsInUse() const override;
     [[nodiscard]] QString rowName(int row) const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.

@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QToolTip>
+#include <QWheelEvent>
 
 #include <memory>
 #include <string>
@@ -60,6 +61,16 @@ struct AnimationPanel : testing::Test {
         QTest::keyClick(list.view(), Qt::Key_Return);
         EXPECT_TRUE(QTest::qWaitFor([&list] { return !list.view()->isVisible(); }));
         QTest::mouseRelease(&list, Qt::LeftButton);
+    }
+
+    /// Turns the mouse wheel over a widget by one notch.
+    void turnWheel(const char* name, bool down) const {
+        auto& widget = hand().find<QWidget>(name);
+        const QPoint centre = widget.rect().center();
+        QWheelEvent event(
+            centre, widget.mapToGlobal(centre), QPoint(), QPoint(0, down ? -120 : 120), Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
     }
 };
 
@@ -202,6 +213,20 @@ TEST_F(AnimationPanel, ScrollsTheViewByRowsAlways15OfThem) {
     }
 }
 
+TEST_F(AnimationPanel, ScrollsWithTheWheelOverTheNames) {
+    animation::SetNameCount(desk.animation(), 40);
+    open();
+    for (const char* name : {"AniPic", "AniPicBox"}) {
+        bar("VScroll1").setValue(10);
+        turnWheel(name, true);
+        EXPECT_GT(bar("VScroll1").value(), 10) << name;
+        EXPECT_EQ(label("lblNum_0"), std::to_string(bar("VScroll1").value()));
+        turnWheel(name, false);
+        EXPECT_EQ(bar("VScroll1").value(), 10) << name;
+    }
+    EXPECT_EQ(desk.animation().currentName, 15) << "the cursor stays";
+}
+
 TEST_F(AnimationPanel, NeverMovesTheViewToFollowTheCursor) {
     animation::SetNameCount(desk.animation(), 90);
     open();
@@ -241,6 +266,20 @@ TEST_F(AnimationPanel, SetsTheTicksOfAllNamesInUse) {
     }
     EXPECT_EQ(shownTicks(), "11");
     EXPECT_EQ(hand().find<QComboBox>("TickList").currentText().toStdString(), "11");
+}
+
+TEST_F(AnimationPanel, SetsNoTicksWhenTheWheelPassesOverItsLists) {
+    animation::SetTicks(desk.animation(), 15, 7);
+    open();
+    for (const char* name : {"TickList", "ThisTickList"}) {
+        turnWheel(name, true);
+        turnWheel(name, false);
+        turnWheel(name, true);
+    }
+    EXPECT_EQ(desk.animation().ticks(1), 2);
+    EXPECT_EQ(desk.animation().ticks(15), 7);
+    EXPECT_EQ(shownTicks(), "7");
+    EXPECT_EQ(hand().find<QComboBox>("TickList").currentText(), QString());
 }
 
 TEST_F(AnimationPanel, ShowsTicksThatAreNotOffered) {
