@@ -196,6 +196,13 @@ void frmVTM::buildCentre() {
     statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
     statusBar()->setSizeGripEnabled(false);
     describeKeys();
+    // A text that names a file may be longer than the line.
+    connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
+        // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
+        statusBar()->setToolTip(
+            text.isEmpty() ? QString()
+                           : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
+    });
     // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
     setMinimumWidth(Toolbar1->sizeHint().width() + RoundingRoom);
 }

@@ -11,7 +11,9 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <memory>
@@ -66,6 +68,21 @@ protected:
 
     /// Chooses an entry of the menus.
     void choose(const char* name) const { find<QAction>(name)->trigger(); }
+
+    /// Chooses an entry and works the dialog of a class that it opens.
+    template <class Dialog>
+    void chooseAndUse(const char* entry, const std::function<void(Dialog&)>& use) const {
+        bool used = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            use(*dialog);
+            used = true;
+            dialog->close();
+        });
+        choose(entry);
+        EXPECT_TRUE(used);
+    }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
         QTest::keyClick(window.get(), key, modifiers);

@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTimer>
 
 using editing::Page;
 
@@ -37,21 +36,6 @@ protected:
             }
         }
         return painted == expected;
-    }
-
-    /// Chooses an entry and works the dialog of a class that it opens.
-    template <class Dialog>
-    void chooseAndUse(const char* entry, const std::function<void(Dialog&)>& use) const {
-        bool used = false;
-        QTimer::singleShot(0, window.get(), [&] {
-            auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            use(*dialog);
-            used = true;
-            dialog->close();
-        });
-        choose(entry);
-        EXPECT_TRUE(used);
     }
 
     static void press(QWidget& form, const char* button) {
@@ -123,6 +107,15 @@ TEST_F(Animation, AScriptThatIsAbandonedLeavesAWordInTheStatusLine) {
         status(), "Reading \"" + path.string() +
                       "\" stopped at line 4: its name has more than 15 glyphs. "
                       "The names read before it are not shown yet.");
+}
+
+TEST_F(Animation, TheToolTipOfTheStatusLineHoldsWhatTheLineIsTooShortFor) {
+    startOn(Page::Animation);
+    window->statusBar()->showMessage(QStringLiteral("Line 3 was replaced: echo <b>"));
+    EXPECT_EQ(window->statusBar()->toolTip(), QStringLiteral("<p>Line 3 was replaced: echo &lt;b&gt;</p>"))
+        << "the line may be too short for it";
+    window->statusBar()->clearMessage();
+    EXPECT_EQ(window->statusBar()->toolTip(), QString());
 }
 
 TEST_F(Animation, AScriptThatCannotBeOpenedOrMadeIsNamedInTheStatusLine) {

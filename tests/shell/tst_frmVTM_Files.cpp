@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "scripts/frmSaveMessages.h"
+
+#include <QCheckBox>
 #include <QMenu>
+#include <QPushButton>
 
 using editing::Page;
 
@@ -24,6 +28,14 @@ protected:
         fake.dialogs.expectSave(dialog, path);
         fake.dialogs.expectYesNo(question, answer);
         fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    }
+
+    /// Ticks the middle message in the wizard and presses OK.
+    void saveMiddleMessage() const {
+        chooseAndUse<scripts::frmSaveMessages>("mnuFileSaveMessage", [](scripts::frmSaveMessages& wizard) {
+            wizard.findChild<QCheckBox*>(QStringLiteral("chkMess_1"))->setChecked(true);
+            wizard.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        });
     }
 
     void expectBindingOffer() {
@@ -84,6 +96,65 @@ TEST_F(Save, TheAnimationIsSavedFromItsPageIntoItsOwnRecentList) {
     EXPECT_TRUE(workspace().recent.of(Page::Name).empty());
 }
 
+TEST_F(Save, ThePromptForBindingComesAfterACancelledAnimationAndNotAfterAFailedOne) {
+    startOn(Page::Name);
+    support::ExpectedFileDialog dialog;
+    dialog.initialName = "*.vta";
+    dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
+    fake.dialogs.expectSave(dialog, std::nullopt);
+    expectBindingOffer();
+    choose("mnuFileSaveAni_0");
+    EXPECT_EQ(workspace().page(), Page::Name);
+    fake.dialogs.expectAllAsked();
+
+    fake.dialogs.expectSave(dialog, fake.directory.files / "my.vta");
+    fake.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    fake.files.failOnce(support::FailingFiles::Step::Write);
+    choose("mnuFileSaveAni_0");
+    EXPECT_TRUE(workspace().recent.of(Page::Animation).empty());
+    EXPECT_TRUE(workspace().rememberedScript.empty());
+}
+
+TEST_F(Save, MessagesGoThroughTheirWizardIntoTheirOwnRecentListAndOfferNoBinding) {
+    startOn(Page::Messages);
+    press(Qt::Key_Return);
+    type("middle");
+    const ui::Path path = fake.directory.files / "my.vtm";
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Save as a Script File";
+    dialog.initialName = "*.vtm";
+    dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
+    fake.dialogs.expectSave(dialog, path);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    saveMiddleMessage();
+    EXPECT_EQ(
+        fake.directory.files.content("my.vtm"), "// Macro File Created by Vortigo\r\nsay \"middle\"\r\n");
+    EXPECT_EQ(workspace().recent.of(Page::Messages), std::vector<std::string>{path.native()});
+    EXPECT_TRUE(workspace().recent.of(Page::Name).empty());
+    EXPECT_EQ(workspace().rememberedScript, path);
+    EXPECT_TRUE(find<QMenu>("mnuFileRecentMacro")->menuAction()->isVisible());
+
+    choose("mnuNewMessages");
+    choose("mnuView_0");
+    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+    choose("mnuRecentMacroFiles_0");
+    EXPECT_EQ(workspace().page(), Page::Messages);
+    EXPECT_EQ(row(1), "middle" + std::string(25, ' ')) << "which message a line came from is not kept";
+    EXPECT_EQ(row(2), std::string(31, ' '));
+}
+
+TEST_F(Save, MessagesWhoseSaveDialogWasCancelledAreNotListed) {
+    startOn(Page::Messages);
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Save as a Script File";
+    dialog.initialName = "*.vtm";
+    dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
+    fake.dialogs.expectSave(dialog, std::nullopt);
+    saveMiddleMessage();
+    EXPECT_TRUE(workspace().recent.of(Page::Messages).empty());
+    EXPECT_TRUE(workspace().rememberedScript.empty());
+}
+
 TEST_F(Save, TheClipboardReceivesTheBytesOfTheName) {
     startOn(Page::Name);
     type("ab");
@@ -139,6 +210,43 @@ TEST_F(Load, ACancelledDialogChangesNothing) {
     EXPECT_EQ(workspace().page(), Page::Messages);
 }
 
+TEST_F(Load, MessagesFillTheirPageFromTheTop) {
+    startOn(Page::Name);
+    workspace().documents.messages.rows().cell(3, 1) = 'k';
+    const ui::Path path = fake.directory.files.put(
+        "a.scr", "// Macro File Created by Vortigo\r\nsay_team \"go\"\r\nsay \"now\x91\"\r\n");
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Select the Script file";
+    dialog.initialName = "*.vtm";
+    dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
+    fake.dialogs.expectOpen(dialog, path);
+    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [this] {
+        EXPECT_EQ(workspace().page(), Page::Messages) << "the page behind the box is the new one";
+        EXPECT_EQ(played(104), 1);
+    });
+    choose("mnuFileLoadMessagesFromScriptFile");
+    EXPECT_EQ(row(1), "go" + std::string(29, ' '));
+    EXPECT_EQ(row(2), "now\x91" + std::string(27, ' '));
+    EXPECT_EQ(row(3), "k" + std::string(30, ' '));
+    EXPECT_TRUE(workspace().recent.of(Page::Messages).empty()) << "loading adds nothing to the recent files";
+}
+
+TEST_F(Load, MessagesThatCannotBeReadChangeNothing) {
+    startOn(Page::Messages);
+    type("kept");
+    const ui::Path path =
+        fake.directory.files.put("a.vtm", "// Macro File Created by Vortigo\r\nSAY \"go\"\r\n");
+    support::ExpectedFileDialog dialog;
+    dialog.title = "Select the Script file";
+    dialog.initialName = "*.vtm";
+    dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
+    fake.dialogs.expectOpen(dialog, path);
+    fake.dialogs.expectInform("Error retrieving Macro from script file.");
+    choose("mnuFileLoadMessagesFromScriptFile");
+    EXPECT_EQ(row(1), "kept" + std::string(27, ' '));
+    EXPECT_EQ(played(104), 0);
+}
+
 TEST_F(Load, ALongerAnimationMovesTheBarsAlong) {
     startOn(Page::Name);
     std::string script = "// Animation File Created by Vortigo\r\n// 20 Names In The Animation Sequence\r\n";
@@ -150,9 +258,11 @@ TEST_F(Load, ALongerAnimationMovesTheBarsAlong) {
     dialog.title = "Select the Script file";
     dialog.initialName = "*.vta";
     dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
+    dialog.folder = fake.directory.files.path();
     fake.dialogs.expectOpen(dialog, path);
     fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
     choose("mnuFileLoadAniFromScriptFile");
+    EXPECT_TRUE(workspace().recent.of(Page::Animation).empty()) << "loading adds nothing to the recent files";
     EXPECT_EQ(find<QScrollBar>("AniTotalScroll")->value(), 20);
     EXPECT_EQ(find<QScrollBar>("VScroll1")->maximum(), 6);
     EXPECT_EQ(text("lblAniTotalNum"), QStringLiteral("20"));
