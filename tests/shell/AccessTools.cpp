@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "AccessTools.h"
 
+#include <QDialogButtonBox>
+#include <QGroupBox>
+
 namespace {
 
 spoken::Listener* g_listener = nullptr;
@@ -74,6 +77,38 @@ void Listener::take(QAccessibleEvent& event) {
     default:
         break;
     }
+}
+
+int ExpectAllNamed(QAccessibleInterface* object, const std::string& path) {
+    int count = 1;
+    const std::string own = object->object() == nullptr ? "" : object->object()->objectName().toStdString();
+    const std::string here = path + "/" + (own.empty() ? "?" : own);
+    const QString name = object->text(QAccessible::Name).trimmed();
+    EXPECT_NE(object->role(), QAccessible::NoRole) << here;
+    const bool isUnusedEntry = object->role() == QAccessible::MenuItem && object->state().invisible;
+    const bool isEmptyLabel = object->role() == QAccessible::StaticText && name.isEmpty();
+    if (!IsFurniture(*object) && !IsPartOfControl(*object) && !isEmptyLabel && !isUnusedEntry) {
+        EXPECT_FALSE(name.isEmpty()) << here << ", role " << object->role();
+    }
+    auto* const widget = qobject_cast<QWidget*>(object->object());
+    auto* const group = widget == nullptr ? nullptr : qobject_cast<QGroupBox*>(widget->parentWidget());
+    if (group != nullptr && qobject_cast<QDialogButtonBox*>(widget) == nullptr) {
+        // What has no name of its own is given its group's, which tells nothing.
+        EXPECT_NE(name.toStdString(), group->title().toStdString()) << here;
+    }
+    if (object->role() == QAccessible::ComboBox) {
+        // The toolkit tells the entry in its place.
+        EXPECT_FALSE(object->relations(QAccessible::Label).isEmpty()) << here;
+    }
+    for (int i = 0; i < object->childCount(); ++i) {
+        QAccessibleInterface* const child = object->child(i);
+        if (child == nullptr) {
+            ADD_FAILURE() << here << " has no child " << i;
+            continue;
+        }
+        count += ExpectAllNamed(child, here);
+    }
+    return count;
 }
 
 } // namespace spoken

@@ -80,28 +80,7 @@ inline bool IsPartOfControl(const QAccessibleInterface& object) {
 
 /// Fails the test for everything under `object` that has no role, or needs a name and has none. Returns how
 /// much was looked at.
-inline int ExpectAllNamed(QAccessibleInterface* object, const std::string& path) {
-    int count = 1;
-    const std::string own = object->object() == nullptr ? "" : object->object()->objectName().toStdString();
-    const std::string here = path + "/" + (own.empty() ? "?" : own);
-    EXPECT_NE(object->role(), QAccessible::NoRole) << here;
-    const bool isUnusedEntry = object->role() == QAccessible::MenuItem && object->state().invisible;
-    const bool isEmptyLabel =
-        object->role() == QAccessible::StaticText && object->text(QAccessible::Name).trimmed().isEmpty();
-    if (!IsFurniture(*object) && !IsPartOfControl(*object) && !isEmptyLabel && !isUnusedEntry) {
-        EXPECT_FALSE(object->text(QAccessible::Name).trimmed().isEmpty())
-            << here << ", role " << object->role();
-    }
-    for (int i = 0; i < object->childCount(); ++i) {
-        QAccessibleInterface* const child = object->child(i);
-        if (child == nullptr) {
-            ADD_FAILURE() << here << " has no child " << i;
-            continue;
-        }
-        count += ExpectAllNamed(child, here);
-    }
-    return count;
-}
+int ExpectAllNamed(QAccessibleInterface* object, const std::string& path);
 
 inline int ExpectAllNamed(QWidget& window) {
     return ExpectAllNamed(QAccessible::queryAccessibleInterface(&window), "");

@@ -110,8 +110,8 @@ QRect PictureAccess::partRect(int index) const {
 QAccessible::State PictureAccess::partState(int index) const {
     QAccessible::State state = AccessibleParts::partState(index);
     const bool isCurrent = index == currentIndex();
-    state.focusable = true;
-    state.selectable = true;
+    state.focusable = canPressParts();
+    state.selectable = canPressParts();
     state.selected = isCurrent;
     state.focused = isCurrent && owner()->hasFocus();
     return state;
