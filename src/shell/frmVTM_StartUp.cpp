@@ -53,12 +53,16 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
             }
         }
     } else if (start.file) {
+        ui::Path file = start.file->file;
         if (!start.file->folder.empty()) {
-            // A folder that is not there is reported by the loader, which then does not find the file.
-            std::error_code ignored;
-            std::filesystem::current_path(start.file->folder, ignored);
+            std::error_code failed;
+            std::filesystem::current_path(start.file->folder, failed);
+            if (failed) {
+                // By its name alone, a file of the same name in another folder would be taken for it.
+                file = start.file->folder / file;
+            }
         }
-        loadScript(start.file->kind, start.file->file);
+        loadScript(start.file->kind, file);
         m_workspace.settings.makeType = static_cast<std::int16_t>(start.file->shown);
     }
     rebuildRecentMenus();

@@ -193,6 +193,18 @@ TEST_F(Start, ReportsAnUnreadableFileOfTheCommandLineByItsFilePart) {
     std::filesystem::current_path(before);
 }
 
+TEST_F(Start, TakesNoOtherFileOfTheNameWhenTheFolderOfTheCommandLineIsNotThere) {
+    fake.directory.files.put("x.vtn", "// Name File Created by Vortigo\r\nname \"other\"\r\n");
+    const ui::Path before = std::filesystem::current_path();
+    std::filesystem::current_path(fake.directory.files.path());
+    const ui::Path missing = fake.directory.files / "gone" / "x.vtn";
+    fake.dialogs.expectInform("Error reading name from " + missing.native() + ".");
+    start({" /name " + missing.native()});
+    EXPECT_EQ(workspace().documents.name.cells[0], ' ');
+    EXPECT_EQ(workspace().page(), Page::Animation);
+    std::filesystem::current_path(before);
+}
+
 TEST_F(Start, NamesAnUnreadableSettingInTheStatusLineAlsoAfterAnIntroFile) {
     fake.settings.write("options", "cursor1", "many");
     fake.directory.files.put("intro.vtn", "// Name File Created by Vortigo\r\nname \"intro\"\r\n");
