@@ -317,6 +317,8 @@ void frmOptions::cmdResetKeysToDefault_Click() {
     }
     const auto loaded = editing::LoadKeyMap(m_platform.files, m_platform.directory);
     m_keyMap = loaded.map;
+    // What was typed into the list has emptied its text.
+    m_form->KeyListBox->setEditText(m_form->KeyListBox->itemText(m_form->KeyListBox->currentIndex()));
     showKey();
     if (!loaded.status) {
         m_platform.dialogs.warn(loaded.status.failure().message);

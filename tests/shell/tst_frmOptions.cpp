@@ -680,6 +680,21 @@ TEST_F(OptionsDialog, ResetReadsTheKeyMapFromItsFileAgain) {
     EXPECT_EQ(changedPages(), "");
 }
 
+TEST_F(OptionsDialog, ResetShowsTheNameOfTheSelectedKeyAgain) {
+    open();
+    showPage(5);
+    auto* const list = find<QComboBox>("KeyListBox");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClicks(list, QStringLiteral("x"));
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::No);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(list->currentText(), "");
+    fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
+    press("cmdResetKeysToDefault");
+    EXPECT_EQ(list->currentText(), "Return");
+    EXPECT_EQ(list->currentIndex(), 1);
+}
+
 TEST_F(OptionsDialog, ResetWithoutAFileGivesTheDefaults) {
     keyMap[7] = {9, 9, 9};
     open();
