@@ -175,8 +175,12 @@ void frmAniWiz::StartNameScroll_Change(int value) {
 }
 
 void frmAniWiz::cmdBuild_Click() {
-    const BuildOutcome outcome = BuildAnimation(m_animation, choices(), m_caseChoice, m_files, m_directory);
-    m_built = m_built || outcome.rowsWritten;
+    const WizardChoices chosen = choices();
+    const BuildOutcome outcome = BuildAnimation(m_animation, chosen, m_caseChoice, m_files, m_directory);
+    if (outcome.rowsWritten) {
+        m_built = true;
+        m_statusText = OutOfUseText(m_animation, chosen.startName);
+    }
     switch (outcome.end) {
     case BuildEnd::NothingToDo:
         m_dialogs.inform(std::string(NothingToDo));

@@ -29,6 +29,9 @@ public:
     /// Whether rows of the animation were written: its page is to be painted again, however the dialog ended.
     [[nodiscard]] bool built() const { return m_built; }
 
+    /// What the status line has to say about the rows that were written; may be empty.
+    [[nodiscard]] const std::string& statusText() const { return m_statusText; }
+
 protected:
     void showEvent(QShowEvent* event) override;
 
@@ -52,6 +55,7 @@ private:
     const ui::Files& m_files;
     const ui::ProgramDirectory& m_directory;
     std::string m_message; ///< to be shown once, when the window is seen
+    std::string m_statusText;
     bool m_built = false;
 };
 

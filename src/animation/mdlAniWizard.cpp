@@ -200,6 +200,19 @@ BuildOutcome BuildAnimation(
     return outcome;
 }
 
+std::string OutOfUseText(const AnimationDocument& animation, int startName) {
+    const int last = startName + PatternSteps;
+    if (last <= animation.nameCount) {
+        return {};
+    }
+    const int first = std::max(startName, animation.nameCount + 1);
+    const std::string lastText = std::to_string(last);
+    const std::string rows =
+        first == last ? "Name " + lastText + " was built but is"
+                      : "Names " + std::to_string(first) + " to " + lastText + " were built but are";
+    return rows + " not in use: raise the total to " + lastText + ".";
+}
+
 WizardOptions LoadWizardOptions(const ui::Files& files, const ui::ProgramDirectory& directory) {
     WizardOptions options;
     for (const std::string_view name : {PositionPatternsName, ChangePatternsName}) {

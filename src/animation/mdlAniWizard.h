@@ -94,6 +94,10 @@ struct BuildOutcome {
     AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
     const ui::Files& files, const ui::ProgramDirectory& directory);
 
+/// For the status line: which of the fifteen rows from `startName` on are out of use, and so not to be seen.
+/// Empty when all are in use.
+[[nodiscard]] std::string OutOfUseText(const AnimationDocument& animation, int startName);
+
 /// What the wizard offers.
 struct WizardOptions {
     bool available = false;             ///< whether both pattern files are there and can be read

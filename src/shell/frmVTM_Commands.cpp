@@ -96,6 +96,7 @@ void frmVTM::mnuToolsAnimationWizard_Click() {
     if (wizard.built()) {
         switchPageFor(Page::Animation);
         repaintPage(Page::Animation);
+        showStatus(wizard.statusText());
     }
     Refresh();
 }

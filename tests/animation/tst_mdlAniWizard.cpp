@@ -432,6 +432,18 @@ TEST_F(WizardBuild, StopsWhenAFileHasGone) {
     EXPECT_FALSE(outcome.rowsWritten);
 }
 
+TEST(OutOfUseText, TellsWhichRowsCannotBeSeen) {
+    AnimationDocument animation;
+    EXPECT_EQ(OutOfUseText(animation, 1), "");
+    EXPECT_EQ(OutOfUseText(animation, 2), "Name 16 was built but is not in use: raise the total to 16.");
+    EXPECT_EQ(
+        OutOfUseText(animation, 10), "Names 16 to 24 were built but are not in use: raise the total to 24.");
+    EXPECT_EQ(
+        OutOfUseText(animation, 76), "Names 76 to 90 were built but are not in use: raise the total to 90.");
+    animation.nameCount = 90;
+    EXPECT_EQ(OutOfUseText(animation, 76), "");
+}
+
 TEST_F(WizardBuild, OffersTheTitlesOfBothFiles) {
     const WizardOptions options = LoadWizardOptions(platform.files, platform.directory);
     EXPECT_TRUE(options.available);

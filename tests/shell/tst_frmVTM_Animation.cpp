@@ -8,6 +8,10 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QStatusBar>
+#include <array>
+#include <functional>
+#include <random>
+#include <vector>
 
 using editing::Page;
 
@@ -42,6 +46,40 @@ protected:
         QTest::mouseClick(form.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
     }
 
+    /// Whether bars, labels, list and marker of the page show the document, and the picture its names.
+    void expectPageIsTrue() const {
+        const editing::AnimationDocument& shown = animation();
+        EXPECT_EQ(find<QScrollBar>("AniTotalScroll")->value(), shown.nameCount);
+        EXPECT_EQ(text("lblAniTotalNum").toInt(), shown.nameCount);
+        EXPECT_EQ(find<QScrollBar>("AniScroll")->maximum(), shown.nameCount);
+        EXPECT_EQ(find<QScrollBar>("AniScroll")->value(), shown.currentName);
+        EXPECT_EQ(text("lblAniNameNum").toInt(), shown.currentName);
+        EXPECT_EQ(find<QScrollBar>("AniNameScroll")->value(), shown.cursorPos);
+        EXPECT_EQ(find<QComboBox>("ThisTickList")->currentText().toInt(), shown.ticks(shown.currentName));
+        EXPECT_EQ(text("lblCurPos"), QStringLiteral("%1,%2").arg(shown.cursorPos).arg(shown.currentName));
+        EXPECT_EQ(
+            find("AniPosShape")->pos(), QPoint((shown.cursorPos - 1) * 16, (shown.currentName - 1) * 16));
+        const QScrollBar* const view = find<QScrollBar>("VScroll1");
+        EXPECT_EQ(view->maximum(), shown.nameCount - 14);
+        EXPECT_EQ(text("lblNum_0").toInt(), view->value());
+        EXPECT_EQ(text("lblNum_1").toInt(), view->value() + 14);
+        EXPECT_EQ(find("AniPic")->y(), (1 - view->value()) * 16);
+        EXPECT_TRUE(pictureIsTrue());
+    }
+
+    /// Loads a script of the recent files, which declares `names` and holds `lines` of them.
+    void load(int names, int lines) {
+        std::string script = "// Animation File Created by Vortigo\r\n// " + std::to_string(names) +
+                             " Names In The Animation Sequence\r\n";
+        for (int line = 1; line <= lines; ++line) {
+            script += "name \"row " + std::to_string(line) + "\"\r\n";
+            script += line % 3 == 0 ? "" : "wait; wait; wait;\r\n";
+        }
+        const ui::Path path = fake.directory.files.put("recent.vta", script);
+        fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+        choose("mnuRecentAniFiles_0");
+    }
+
     std::string status() const { return window->statusBar()->currentMessage().toStdString(); }
 };
 
@@ -59,6 +97,22 @@ TEST_F(Animation, TheWizardsBuildShowsThePageAndPaintsItWhole) {
     EXPECT_TRUE(pictureIsTrue());
     EXPECT_EQ(played(104), 1);
     EXPECT_EQ(animation().nameCount, 15);
+}
+
+TEST_F(Animation, TheStatusLineTellsOfBuiltNamesThatAreNotInUse) {
+    startOn(Page::Animation);
+    const auto build = [this](int startName) {
+        chooseAndUse<animation::frmAniWiz>(
+            "mnuToolsAnimationWizard", [startName](animation::frmAniWiz& wizard) {
+                wizard.findChild<QComboBox*>(QStringLiteral("cmboPos_1"))->setCurrentIndex(1);
+                wizard.findChild<QScrollBar*>(QStringLiteral("StartNameScroll"))->setValue(startName);
+                press(wizard, "cmdBuild");
+            });
+    };
+    build(20);
+    EXPECT_EQ(status(), "Names 20 to 34 were built but are not in use: raise the total to 34.");
+    build(1);
+    EXPECT_EQ(status(), "");
 }
 
 TEST_F(Animation, ACancelledWizardChangesNothing) {
@@ -165,6 +219,68 @@ TEST_F(Animation, RaisingTheTotalShowsWhatTheHiddenRowsHold) {
     find<QScrollBar>("AniTotalScroll")->setValue(17);
     EXPECT_EQ(animation().nameCount, 17);
     EXPECT_TRUE(pictureIsTrue());
+}
+
+TEST_F(Animation, ThePageIsTrueAfterAnyActionsInAnyOrder) {
+    fake.settings.write("options", "prompt1", "False");
+    fake.settings.write("AnimFiles", "RecentFile1", (fake.directory.files / "recent.vta").native());
+    startOn(Page::Animation);
+    std::mt19937 random(4711);
+    const auto pick = [&random](int first, int last) {
+        return std::uniform_int_distribution<int>(first, last)(random);
+    };
+    const auto oneOf = [&pick](const auto& list) {
+        return list[static_cast<std::size_t>(pick(0, static_cast<int>(std::size(list)) - 1))];
+    };
+    const std::array buttons = {"cmdName_0", "cmdName_1", "cmdName_2", "cmdName_3"};
+    const std::array keys = {Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Left,      Qt::Key_Right,
+                             Qt::Key_Return, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_X};
+    const std::array listKeys = {Qt::Key_Up, Qt::Key_Down, Qt::Key_Insert, Qt::Key_Delete};
+    const std::array entries = {
+        "mnuNewAni",
+        "mnuFormatAlignRight",
+        "mnuFormatSwitchColor",
+        "mnuFormatSwitchCase",
+        "mnuFormatReverseNameOrder",
+        "mnuEditCut",
+        "mnuEditCopy",
+        "mnuEditPaste"};
+    const std::vector<std::function<void()>> actions = {
+        [&] { find<QScrollBar>("AniTotalScroll")->setValue(pick(15, 90)); },
+        [&] { find<QScrollBar>("AniScroll")->setValue(pick(1, 90)); },
+        [&] { find<QScrollBar>("AniNameScroll")->setValue(pick(1, 15)); },
+        [&] { find<QScrollBar>("VScroll1")->setValue(pick(1, 76)); },
+        [&] { press(*window, oneOf(buttons)); },
+        [&] { MainWindow::press(oneOf(keys)); },
+        [&] { MainWindow::press(oneOf(listKeys), Qt::ControlModifier); },
+        [&] {
+            const int top = find<QScrollBar>("VScroll1")->value() - 1;
+            click(
+                "AniPic", {pick(0, 239), top * 16 + pick(0, 239)},
+                pick(0, 1) == 0 ? Qt::LeftButton : Qt::RightButton);
+        },
+        [&] {
+            Q_EMIT find<QComboBox>(pick(0, 1) == 0 ? "TickList" : "ThisTickList")->activated(pick(0, 15));
+        },
+        [&] { choose(oneOf(entries)); },
+        [&] { load(pick(15, 90), pick(0, 90)); },
+        [&] {
+            chooseAndUse<animation::frmAniWiz>(
+                "mnuToolsAnimationWizard", [&pick](animation::frmAniWiz& wizard) {
+                    wizard.findChild<QComboBox*>(QStringLiteral("cmboPos_1"))->setCurrentIndex(pick(1, 20));
+                    wizard.findChild<QComboBox*>(QStringLiteral("cmboColor"))->setCurrentIndex(pick(0, 5));
+                    wizard.findChild<QScrollBar*>(QStringLiteral("StartNameScroll"))->setValue(pick(1, 76));
+                    press(wizard, "cmdBuild");
+                });
+        },
+    };
+    for (int step = 0; step < 400; ++step) {
+        const int action = pick(0, static_cast<int>(actions.size()) - 1);
+        SCOPED_TRACE("step " + std::to_string(step) + ", action " + std::to_string(action));
+        actions[static_cast<std::size_t>(action)]();
+        expectPageIsTrue();
+        ASSERT_FALSE(HasFailure());
+    }
 }
 
 } // namespace
