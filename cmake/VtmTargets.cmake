@@ -12,6 +12,13 @@ endif()
 if(VTM_WERROR)
     target_compile_options(vtm_options INTERFACE -Werror)
 endif()
+if(NOT VTM_SANITIZE)
+    # The programs read files that anybody may have made: what people get is hardened as Debian's own programs are.
+    set(shipped "$<CONFIG:Release,RelWithDebInfo>")
+    target_compile_options(
+        vtm_options INTERFACE "$<${shipped}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fstack-protector-strong>")
+    target_link_options(vtm_options INTERFACE "$<${shipped}:-Wl,-z,relro;-Wl,-z,now>")
+endif()
 if(VTM_SANITIZE)
     target_compile_options(
         vtm_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
