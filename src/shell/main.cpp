@@ -60,6 +60,9 @@ QIcon ProgramIcon() {
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
+    // Whatever the program is started as: by these the desktop finds the entry that a window belongs to.
+    QApplication::setApplicationName(QStringLiteral("VTM"));
+    QApplication::setDesktopFileName(QStringLiteral("vtm"));
     QApplication::setWindowIcon(ProgramIcon());
     ui::qt::QtPlatform qtPlatform;
     ui::Platform& platform = qtPlatform.platform();

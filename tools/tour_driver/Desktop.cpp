@@ -176,8 +176,12 @@ std::optional<WindowFacts> Desktop::activeWindow() const {
         attributes.map_state != IsViewable) {
         return std::nullopt;
     }
+    // The name of this very program, then the class, each ended by a zero.
+    std::string names = connection.property(window, XA_WM_CLASS);
+    names.erase(0, names.find('\0') + 1);
     return WindowFacts{
-        window, connection.property(window, connection.atom("_NET_WM_NAME")), connection.frameOf(window)};
+        window, connection.property(window, connection.atom("_NET_WM_NAME")),
+        names.substr(0, names.find('\0')), connection.frameOf(window)};
 }
 
 void Desktop::activate(unsigned long window) {

@@ -16,7 +16,8 @@ namespace tour {
 struct WindowFacts {
     unsigned long id = 0;
     std::string title;
-    ui::Rect frame; ///< on the screen
+    std::string className; ///< by which the desktop knows whose window it is
+    ui::Rect frame;        ///< on the screen
 };
 
 /// The display that DISPLAY names: what is on it, and the keyboard and mouse before it.

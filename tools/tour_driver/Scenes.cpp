@@ -83,6 +83,8 @@ ui::Path settingsFile() {
 
 void PlayFirstStart(Tour& tour) {
     tour.start(AnimationTitle);
+    const auto window = tour.desktop().activeWindow();
+    tour.expect(window && window->className == "VTM", "the window does not say whose it is");
     tour.stop("first-start");
 }
 
