@@ -19,7 +19,8 @@ fi
 packages=()
 for purpose in "$@"; do
     while read -r package; do
-        packages+=("$package")
+        # Several purposes may need the same.
+        [[ " ${packages[*]} " == *" $package "* ]] || packages+=("$package")
     done < <(awk -v purpose="$purpose" '$1 == purpose { print $2 }' "$list")
 done
 
