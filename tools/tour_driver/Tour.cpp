@@ -37,24 +37,6 @@ constexpr milliseconds Lasting{800};
 /// A screen that has not changed for so long has come to rest.
 constexpr milliseconds Stillness{120};
 
-/// Where the program's data lie.
-class DataFolder final : public ui::ProgramDirectory {
-public:
-    explicit DataFolder(ui::Path folder)
-        : m_folder(std::move(folder)) {}
-
-    [[nodiscard]] ui::Path folder() const override { return m_folder; }
-
-    [[nodiscard]] bool writable() const override { return false; }
-
-    [[nodiscard]] ui::Path toRead(const std::string& name) const override { return m_folder / name; }
-
-    [[nodiscard]] ui::Path toWrite(const std::string& name) const override { return m_folder / name; }
-
-private:
-    ui::Path m_folder;
-};
-
 /// Glyphs as text for a message; those that are no ASCII in colour 1.
 std::string shown(std::string_view codes) {
     std::string text = "\"";
@@ -68,7 +50,8 @@ std::string shown(std::string_view codes) {
 } // namespace
 
 Tour::Tour(TourOptions options)
-    : m_options(std::move(options)) {
+    : m_options(std::move(options))
+    , m_directory(m_options.program) {
     useCharSet(0);
 }
 
@@ -81,12 +64,11 @@ Tour::~Tour() {
 
 void Tour::useCharSet(int number) {
     ui::DiskFiles files;
-    const DataFolder data(m_options.program.parent_path());
-    const auto record = glyphs::ReadCharSetRecord(files, data, number + 1);
+    const auto record = glyphs::ReadCharSetRecord(files, m_directory, number + 1);
     if (!record) {
         throw Surprise(record.failure().message);
     }
-    const auto artwork = glyphs::LoadArtwork(files, data, record.value().artworkSlot);
+    const auto artwork = glyphs::LoadArtwork(files, m_directory, record.value().artworkSlot);
     if (!artwork) {
         throw Surprise(artwork.failure().message);
     }

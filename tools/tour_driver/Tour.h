@@ -4,6 +4,7 @@
 
 #include "tour_driver/Desktop.h"
 #include "tour_driver/GlyphReader.h"
+#include "ui/DesktopProgramDirectory.h"
 #include "ui/Files.h"
 
 #include <functional>
@@ -23,7 +24,7 @@ public:
 };
 
 struct TourOptions {
-    ui::Path program; ///< the executable; its data lie beside it
+    ui::Path program; ///< the executable
     ui::Path folder;  ///< for pictures and scripts
     int scale = 1;    ///< pixels of the screen to a pixel of the program
 };
@@ -102,7 +103,7 @@ public:
     [[nodiscard]] ui::Path folder() const { return m_options.folder; }
 
     /// Where the program's data lie.
-    [[nodiscard]] ui::Path dataFolder() const { return m_options.program.parent_path(); }
+    [[nodiscard]] ui::Path dataFolder() const { return m_directory.folder(); }
 
     /// Reads the artwork of a character set (0-based) from the program's data: what glyphs look like from now
     /// on.
@@ -114,6 +115,7 @@ private:
     [[nodiscard]] ui::Rect outsideGrid(const ui::Picture& screen) const;
 
     TourOptions m_options;
+    ui::DesktopProgramDirectory m_directory; ///< of the program that is played
     Desktop m_desktop;
     ui::Picture m_cells; ///< the atlas of the character set in use
     std::optional<GlyphReader> m_reader;

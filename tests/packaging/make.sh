@@ -1,0 +1,36 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: The Vortigo developers
+# SPDX-License-Identifier: MIT
+#
+# make.sh BUILD OUT CMAKE CPACK: makes from the build what people get: in OUT/installed what is installed, OUT/deb
+# the files of the Debian package and OUT/archive those of the archive, as unpacking leaves them.
+set -euo pipefail
+build=$1 out=$2 cmake=$3 cpack=$4
+
+if [[ -d $out ]]; then
+    chmod -R u+w "$out"
+fi
+rm -rf "$out"
+mkdir -p "$out"/{deb,archive}
+
+"$cmake" --install "$build" --prefix "$out/installed" --strip >"$out/install.log"
+
+# Whoever makes packages may keep their own files to themselves: the packages must not.
+umask 077
+generators="TGZ;DEB"
+for tool in dpkg-deb dpkg-shlibdeps file; do
+    command -v "$tool" >/dev/null || {
+        echo "No Debian package: $tool is not installed."
+        generators=TGZ
+    }
+done
+(cd "$build" && "$cpack" --config CPackConfig.cmake -G "$generators" -B "$out/cpack") >"$out/cpack.log" 2>&1 || {
+    cat "$out/cpack.log"
+    exit 1
+}
+umask 022
+tar -xzf "$out"/cpack/*.tar.gz -C "$out/archive" --strip-components=1
+for package in "$out"/cpack/*.deb; do
+    [[ -f $package ]] || continue
+    dpkg-deb -x "$package" "$out/deb"
+done
