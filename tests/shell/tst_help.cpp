@@ -238,6 +238,44 @@ TEST(Help, TellsOfEveryKeyWithAlt) {
     EXPECT_NE(shown.find("Alt+Shift+1 to Alt+Shift+5"), std::string::npos);
 }
 
+TEST(Help, ShowsThePictureOfEveryToolbarButton) {
+    const std::string html = page();
+    for (const auto& [key, caption] : std::vector<std::pair<std::string, std::string>>{
+             {"fnew", "File New"},
+             {"fopen", "File Open"},
+             {"fsave", "File Save"},
+             {"sname", "Switch To Name"},
+             {"sani", "Switch To Animate"},
+             {"smess", "Switch To Messages"},
+             {"cut", "Cut"},
+             {"copy", "Copy"},
+             {"paste", "Paste"},
+             {"aleft", "Align Left"},
+             {"acenter", "Align Center"},
+             {"aright", "Align Right"},
+             {"lcase", "Upper To Lower Case"},
+             {"ucase", "Lower To Upper Case"},
+             {"scase", "Switch Case"},
+             {"color1", "Color2 To Color1"},
+             {"color2", "Color1 To Color2"},
+             {"scolor", "Switch Color"},
+             {"revorder", "Reverse Name Order"},
+             {"revchar", "Reverse Character Order"},
+             {"wiz", "Animation Wizard"},
+             {"view", "Full Screen Preview"},
+             {"config", "Configure"},
+             {"about", "About VTM"},
+             {"help", "VTM Help"},
+         }) {
+        const std::string picture = "vtmhelp/" + key + ".png";
+        EXPECT_NE(
+            html.find("src=\"" + picture + "\" width=\"24\" height=\"24\" alt=\"\"> " + caption + "</td>"),
+            std::string::npos)
+            << key;
+        EXPECT_TRUE(std::filesystem::exists(ProgramFolder / picture)) << key;
+    }
+}
+
 TEST(Help, EveryLinkWithinThePageLeadsSomewhere) {
     const std::string html = page();
     const auto ids = matches(html, "\\bid=\"([^\"]+)\"");
