@@ -59,6 +59,9 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
         m_keys.release(*static_cast<QKeyEvent*>(event));
     } else if (event->type() == QEvent::WindowDeactivate && watched == this) {
         m_keys.forgetHeldKeys();
+    } else if (event->type() == QEvent::StatusTip) {
+        // No command has a tip: a menu that is passed would only take away what the status line tells.
+        return true;
     }
     return QMainWindow::eventFilter(watched, event);
 }

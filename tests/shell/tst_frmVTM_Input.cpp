@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 
@@ -119,6 +120,19 @@ TEST_F(Menus, OpenWithAltAndTheirLetter) {
         QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     }
+}
+
+TEST_F(Menus, LeaveTheTextOfTheStatusLineAlone) {
+    startOn(Page::Name);
+    QStatusBar* const line = window->statusBar();
+    line->showMessage(QStringLiteral("Line 3 was replaced: name"));
+    press(Qt::Key_F, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    EXPECT_EQ(line->currentMessage(), QStringLiteral("Line 3 was replaced: name"));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(line->currentMessage(), QStringLiteral("Line 3 was replaced: name"));
 }
 
 TEST_F(Menus, KeepTheirKeysWhileTheyAreOpen) {
