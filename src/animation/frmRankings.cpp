@@ -120,8 +120,9 @@ void frmRankings::Form_Resize() {
                        .playerWidth = player.width(),
                        .playerHeight = player.height(),
                        .devicePixelRatio = devicePixelRatioF()}));
-    if (m_form->AniPic->pixmap().isNull() || before.enlarge != m_layout.enlarge ||
-        before.reduce != m_layout.reduce || before.pixelRatio != m_layout.pixelRatio) {
+    const QPixmap names = m_form->AniPic->pixmap();
+    if (names.isNull() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce ||
+        names.devicePixelRatio() != devicePixelRatioF()) {
         scalePictures();
     }
     m_form->picScreenShot->setGeometry(RectOf(m_layout.screenShot));
@@ -132,16 +133,20 @@ void frmRankings::Form_Resize() {
 }
 
 void frmRankings::scalePictures() {
-    const auto scaled = [this](const QImage& image) {
+    // A screen whose scale is not a whole number would smooth a picture that has other pixels than its own.
+    const qreal screenScale = devicePixelRatioF();
+    const auto scaled = [this, screenScale](const QImage& image) {
         if (image.isNull()) {
             return QPixmap();
         }
-        const QSize size = image.size() * m_layout.enlarge / m_layout.reduce;
+        const QSize size =
+            (QSizeF(image.size()) * screenScale * m_layout.enlarge / (m_layout.reduce * m_layout.pixelRatio))
+                .toSize();
         // Enlarged pixels stay blocks; where several become one they are blended.
         QPixmap pixmap = QPixmap::fromImage(image.scaled(
             size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
             m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
-        pixmap.setDevicePixelRatio(m_layout.pixelRatio);
+        pixmap.setDevicePixelRatio(screenScale);
         return pixmap;
     };
     m_form->picScreenShot->setPixmap(scaled(m_screenShot));

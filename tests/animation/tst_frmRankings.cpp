@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <array>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
@@ -126,6 +127,47 @@ TEST_F(Rankings, ReduceAScreenshotThatIsLargerThanTheWindow) {
     EXPECT_EQ(geometry("AniPicBox"), QRect(32 + 420, 76 + 198, 120, 8));
     hand().click("cmdToEnd");
     EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -14 * 8);
+}
+
+// Run a second time for a screen of scale 1.5.
+TEST_F(Rankings, NeverMixPixelsWhateverTheScaleOfTheScreen) {
+    QImage chequered(640, 480, QImage::Format_RGB32);
+    for (int y = 0; y < chequered.height(); ++y) {
+        for (int x = 0; x < chequered.width(); ++x) {
+            chequered.setPixelColor(x, y, (x / 2 + y / 2) % 2 == 0 ? Qt::darkGreen : Qt::white);
+        }
+    }
+    ASSERT_TRUE(
+        chequered.save(QString::fromStdString((platform.directory.files / "shot.bmp").string()), "BMP"));
+    open();
+    const double scale = form->devicePixelRatioF();
+    const QImage image = form->grab().toImage();
+    const QRect shown = geometry("picScreenShot");
+    const auto pixel = [scale](int place) {
+        return static_cast<int>(std::ceil(place * scale));
+    };
+    const QRect board(
+        QPoint(pixel(shown.left()), pixel(shown.top())),
+        QPoint(pixel(shown.right()) - 1, pixel(shown.bottom()) - 1));
+    const QRect line = geometry("AniPicBox");
+    // Two pixels of the picture are three of such a screen: the blocks stay whole.
+    const int block = static_cast<int>(2 * scale);
+    int changes = 0;
+    for (int y = board.top(); y < pixel(line.top()) - 2; y += block) {
+        int run = 0;
+        for (int x = board.left(); x <= board.right(); ++x) {
+            const QColor colour = image.pixelColor(x, y);
+            ASSERT_TRUE(colour == QColor(Qt::darkGreen) || colour == QColor(Qt::white))
+                << x << ',' << y << ' ' << colour.name().toStdString();
+            if (x > board.left() && colour != image.pixelColor(x - 1, y)) {
+                EXPECT_TRUE(run == block || changes == 0) << x << ',' << y;
+                run = 0;
+                ++changes;
+            }
+            ++run;
+        }
+        changes = 0;
+    }
 }
 
 TEST_F(Rankings, ShowTheNamesAsTheyWerePaintedAtOpening) {
