@@ -36,9 +36,9 @@ Fill(ui::Files& files, const ui::Path& path, std::unique_ptr<ui::OutputFile> fil
     return {};
 }
 
-/// Moves what lies at `copy` to the first free name beside it: tempfile-1.cfg and so on.
-ui::Status KeepOldCopy(ui::Files& files, const ui::Path& copy) {
-    ui::Status reserved;
+/// Moves what lies at `copy` to the first free name beside it, tempfile-1.cfg and so on; that name.
+ui::Result<ui::Path> KeepOldCopy(ui::Files& files, const ui::Path& copy) {
+    ui::Failure reserved;
     for (int number = 1; number <= MaxKeptCopies; ++number) {
         ui::Path kept = copy;
         kept.replace_filename(
@@ -50,31 +50,35 @@ ui::Status KeepOldCopy(ui::Files& files, const ui::Path& copy) {
             continue;
         }
         (void)file.value()->close();
-        auto renamed = files.rename(copy, kept);
-        if (!renamed) {
+        if (auto renamed = files.rename(copy, kept); !renamed) {
             (void)files.remove(kept);
+            return renamed.failure();
         }
-        return renamed;
+        return kept;
     }
     return reserved;
 }
 
-/// Makes the copy, complete and on the disk. Leaves nothing behind when it fails.
-ui::Status MakeCopy(ui::Files& files, const ui::Path& copy, std::string_view bytes) {
+/// Makes the copy, complete and on the disk; the path that an older one is kept at, or an empty one. Leaves
+/// nothing behind when it fails.
+ui::Result<ui::Path> MakeCopy(ui::Files& files, const ui::Path& copy, std::string_view bytes) {
+    ui::Path keptAt;
     if (files.exists(copy)) {
-        if (auto kept = KeepOldCopy(files, copy); !kept) {
+        auto kept = KeepOldCopy(files, copy);
+        if (!kept) {
             return kept;
         }
+        keptAt = std::move(kept).value();
     }
     auto file = files.open(copy, ui::Files::OpenMode::CreatePrivate);
     if (!file) {
         return file.failure();
     }
-    auto filled = Fill(files, copy, std::move(file).value(), bytes);
-    if (!filled) {
+    if (auto filled = Fill(files, copy, std::move(file).value(), bytes); !filled) {
         (void)files.remove(copy);
+        return filled.failure();
     }
-    return filled;
+    return keptAt;
 }
 
 ui::Path FolderOf(const ui::Path& path) {
@@ -155,8 +159,9 @@ ui::Result<Rewritten> RewriteConfig(
     if (content.value() != before) {
         return WithFileUntouched({"Another program has just changed the file."}, path);
     }
-    if (auto copied = MakeCopy(files, copy, before); !copied) {
-        return WithFileUntouched(copied.failure(), path);
+    const auto older = MakeCopy(files, copy, before);
+    if (!older) {
+        return WithFileUntouched(older.failure(), path);
     }
 
     auto file = files.open(path, ui::Files::OpenMode::Truncate);
@@ -177,8 +182,11 @@ ui::Result<Rewritten> RewriteConfig(
             ui::PathText(copy) + "\"."};
     }
     Rewritten done;
+    if (!older.value().empty()) {
+        done.leftover = "An older copy is kept as \"" + ui::PathText(older.value()) + "\".";
+    }
     if (const auto removed = files.remove(copy); !removed) {
-        done.leftover = removed.failure().message;
+        done.leftover += (done.leftover.empty() ? "" : "  ") + removed.failure().message;
     }
     return done;
 }

@@ -19,7 +19,9 @@ constexpr std::string_view ConfigCopyName = "tempfile.cfg";
 
 /// What a rewrite left to tell.
 struct Rewritten {
-    std::string leftover = {}; ///< why the copy could not be deleted, though the file is done; mostly empty
+    /// Where an older copy is kept, and why the copy could not be deleted, though the file is done. Mostly
+    /// empty.
+    std::string leftover = {};
 };
 
 /// The status text after line `number`, which was `line`, has been replaced. What is not ASCII is shown as a

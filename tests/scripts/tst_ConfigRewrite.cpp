@@ -229,7 +229,11 @@ TEST_F(Rewrite, WhoseProcessDiesAtAnyStepLeavesTheOldBytesWholeSomewhere) {
 TEST_F(Rewrite, KeepsACopyThatAnEarlierRunLeft) {
     directory.files.put("tempfile.cfg", "second");
     directory.files.put("tempfile-1.cfg", "first");
-    ASSERT_TRUE(rewrite());
+    const auto done = rewrite();
+    ASSERT_TRUE(done);
+    EXPECT_EQ(
+        "An older copy is kept as \"" + (directory.folder() / "tempfile-2.cfg").native() + "\".",
+        done.value().leftover);
     EXPECT_EQ(After, content());
     EXPECT_FALSE(directory.files.has("tempfile.cfg"));
     EXPECT_EQ("first", directory.files.content("tempfile-1.cfg"));

@@ -123,6 +123,9 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             ("The config file, path, may be incomplete now. It was copied before, and the whole copy is kept "
              "as "
              "\"path\"."),
+            "The config file, path, may end with a part of the new line now.",
+            "It would become too large.",
+            "An older copy is kept as \"path\".",
             "The key map \"path\" is damaged:",
             "The character-set list \"path\" holds no record.",
             "The artwork store \"path\" has no slot",
