@@ -161,6 +161,8 @@ TEST_F(Animation, AScriptThatIsAbandonedLeavesAWordInTheStatusLine) {
         status(), "Reading \"" + path.string() +
                       "\" stopped at line 4: its name has more than 15 glyphs. "
                       "The names read before it are not shown yet.");
+    choose("mnuNewAni");
+    EXPECT_EQ(status(), "") << "all names are shown now";
 }
 
 TEST_F(Animation, TheToolTipOfTheStatusLineHoldsWhatTheLineIsTooShortFor) {
