@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -177,14 +178,17 @@ void AnimationPage::layOut() {
     controls->addLayout(buttons, 5, 0, 1, 3);
     controls->setRowStretch(6, 1);
 
-    auto* layout = new QHBoxLayout(this);
-    layout->setSpacing(14);
+    // Names and controls stay together, in the middle of a larger window.
+    auto* together = new QHBoxLayout;
+    together->setSpacing(14);
+    together->addStretch(1);
+    together->addLayout(names);
+    together->addLayout(controls);
+    together->addStretch(1);
+    auto* layout = new QVBoxLayout(this);
     layout->addStretch(1);
-    layout->addLayout(names);
-    layout->addLayout(controls);
+    layout->addLayout(together);
     layout->addStretch(1);
-    layout->setAlignment(names, Qt::AlignVCenter);
-    layout->setAlignment(controls, Qt::AlignVCenter);
 }
 
 void AnimationPage::connectControls() {

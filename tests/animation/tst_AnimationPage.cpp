@@ -17,6 +17,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -75,6 +76,23 @@ struct AnimationPanel : testing::Test {
 };
 
 } // namespace
+
+TEST_F(AnimationPanel, KeepsItsControlsBesideTheNamesInALargeWindow) {
+    open();
+    page->resize(1200, 900);
+    QCoreApplication::processEvents();
+    const auto placeOf = [this](const char* name) {
+        const auto& widget = hand().find<QWidget>(name);
+        return QRect(widget.mapTo(page.get(), QPoint(0, 0)), widget.size());
+    };
+    const QRect names = placeOf("AniPicBox");
+    EXPECT_LE(std::abs(names.center().y() - page->rect().center().y()), 20);
+    for (const char* name : {"AniTotalScroll", "ThisTickList", "cmdName_3"}) {
+        EXPECT_GE(placeOf(name).top(), names.top() - 2) << name;
+        EXPECT_LE(placeOf(name).bottom(), names.bottom()) << name;
+    }
+    EXPECT_EQ(placeOf("VScroll1").height(), names.height() + 2);
+}
 
 TEST_F(AnimationPanel, CarriesItsTexts) {
     open();
