@@ -286,6 +286,22 @@ TEST(FreedesktopFileTypes, QuoteTheLinkWhereTheProgramCouldNotEvenBeQuoted) {
     EXPECT_TRUE(contains(entryOf(home, Types[0]), "\nExec=\"" + link.native() + "\" \" /name\" %f\n"));
 }
 
+TEST(FreedesktopFileTypes, NameTheLinkWhereOnlyTheProgramNeedsQuotes) {
+    const Environment noTools("PATH", "/nowhere");
+    const DesktopHome home("d\xC3\xA4ta");
+    const fs::path link = home.dataHome() / "vtm/VTM";
+    for (const char* folder : {"my g\xC3\xA4mes", "100%"}) {
+        SCOPED_TRACE(folder);
+        const ui::Path program = home.makeProgram(folder);
+        registerTypes(home, program);
+        EXPECT_EQ(fs::read_symlink(link), program);
+        EXPECT_TRUE(contains(entryOf(home, Types[0]), "\nExec=" + link.native() + " \" /name\" %f\n"));
+    }
+    const ui::Path program = home.makeProgram("g\xC3\xA4mes");
+    registerTypes(home, program);
+    EXPECT_TRUE(contains(entryOf(home, Types[0]), "\nExec=" + program.native() + " \" /name\" %f\n"));
+}
+
 TEST(FreedesktopFileTypes, LeaveAFileAloneThatLiesWhereTheLinkWould) {
     const Environment noTools("PATH", "/nowhere");
     const DesktopHome home;
@@ -463,10 +479,13 @@ TEST_F(FileTypesWithoutADesktop, AwkwardFileNamesComeThrough) {
 
 TEST_F(FileTypesWithoutADesktop, AwkwardProgramFoldersComeThrough) {
     const std::string file = home.makeFile("a b.vtn", Types[0].firstLine).native();
-    for (const char* folder : {"my games", "N\xC3\xA4me", "100%"}) {
-        SCOPED_TRACE(folder);
-        registerAndWait(home, home.makeProgram(folder));
-        EXPECT_EQ(home.run("xdg-open", {file}).exitCode, 0);
-        EXPECT_EQ(home.takeRecord(), (std::vector<std::string>{"\"", "/name\"", file}));
+    const DesktopHome other("d\xC3\xA4ta");
+    for (const DesktopHome* someone : {&home, &other}) {
+        for (const char* folder : {"my g\xC3\xA4mes", "N\xC3\xA4me", "100%"}) {
+            SCOPED_TRACE(folder);
+            registerAndWait(*someone, someone->makeProgram(folder));
+            EXPECT_EQ(someone->run("xdg-open", {file}).exitCode, 0);
+            EXPECT_EQ(someone->takeRecord(), (std::vector<std::string>{"\"", "/name\"", file}));
+        }
     }
 }

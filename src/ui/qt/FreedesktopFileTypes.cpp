@@ -105,7 +105,11 @@ Path FreedesktopFileTypes::link() const {
 /// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
 /// program is named by a link to it, unless the user's own folders are called no better.
 Path FreedesktopFileTypes::startable(const Path& program) const {
-    return ExecPathOf(link()) < ExecPathOf(program) && PutLink(link(), program) ? link() : program;
+    // Between two doubtful paths the better one is that which stands in an entry as it is.
+    const auto badness = [](const Path& path) {
+        return std::pair(ExecPathOf(path), ExecArgument(path.native()) != path.native());
+    };
+    return badness(link()) < badness(program) && PutLink(link(), program) ? link() : program;
 }
 
 /// Replaces a file if it holds anything else; whether it did.
