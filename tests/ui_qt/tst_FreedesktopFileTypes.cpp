@@ -328,32 +328,64 @@ TEST(FreedesktopFileTypes, AreSilentWhereNothingCanBeWritten) {
     EXPECT_TRUE(contains(entryOf(home, Types[1]), "MimeType=application/x-vtm-animation;"));
 }
 
-TEST(FreedesktopFileTypes, RenewTheCachesInTheBackgroundAndOnlyAfterAChange) {
+/// Programs in place of those that renew the caches: they end only when they are let go, so that a start that
+/// waited for them would never come to that, and note what they were called with.
+class FileTypesCaches : public testing::Test {
+protected:
+    FileTypesCaches() {
+        for (const char* tool : {"update-desktop-database", "update-mime-database"}) {
+            fs::permissions(
+                tools.put(
+                    tool, "#!/bin/sh\nwhile ! [ -e \"$VTM_TEST_TOOLS/go\" ]; do sleep 0.02; done\n"
+                          "echo \"$1\" >>\"$VTM_TEST_TOOLS/log-${0##*/}\"\n"),
+                fs::perms::owner_all);
+        }
+    }
+
+    void makeCache(const fs::path& file) const {
+        fs::create_directories((home.dataHome() / file).parent_path());
+        ui::DiskFiles files;
+        ASSERT_TRUE(ui::WriteFile(files, home.dataHome() / file, "cache"));
+    }
+
+    void letGo() const { tools.put("go", ""); }
+
+    /// Whether a tool is called with the folders of `log`, a line each, and with no others.
+    [[nodiscard]] bool isLogged(const char* tool, const std::string& log) const {
+        const std::string name = std::string("log-") + tool;
+        return QTest::qWaitFor([&] { return tools.has(name) && tools.content(name) == log; }, Patience);
+    }
+
     const DesktopHome home;
     const support::TempFolder tools;
-    for (const char* tool : {"update-desktop-database", "update-mime-database"}) {
-        // Ends only when it is let go: a start that waited for it would never come to that.
-        fs::permissions(
-            tools.put(
-                tool, "#!/bin/sh\nwhile ! [ -e \"$VTM_TEST_TOOLS/go\" ]; do sleep 0.02; done\n"
-                      "echo \"$1\" >>\"$VTM_TEST_TOOLS/log-${0##*/}\"\n"),
-            fs::perms::owner_all);
-    }
-    const Environment path("PATH", bytes(tools.path()) + ":" + qgetenv("PATH"));
-    const Environment folder("VTM_TEST_TOOLS", bytes(tools.path()));
+    const Environment path{"PATH", bytes(tools.path()) + ":" + qgetenv("PATH")};
+    const Environment folder{"VTM_TEST_TOOLS", bytes(tools.path())};
+    const std::string entries = (home.dataHome() / "applications\n").native();
+    const std::string mime = (home.dataHome() / "mime\n").native();
+};
+
+TEST_F(FileTypesCaches, AreRenewedInTheBackgroundAndOnlyAfterAChange) {
+    makeCache("applications/mimeinfo.cache");
+    makeCache("mime/mime.cache");
     const ui::Path program = home.makeProgram("bin");
     registerTypes(home, program);
     registerTypes(home, program);
     registerTypes(home, home.makeProgram("other"));
-    tools.put("go", "");
-
-    const std::string entries = (home.dataHome() / "applications\n").native();
-    const auto isLogged = [&](const char* tool, const std::string& log) {
-        const std::string name = std::string("log-") + tool;
-        return QTest::qWaitFor([&] { return tools.has(name) && tools.content(name) == log; }, Patience);
-    };
-    EXPECT_TRUE(isLogged("update-mime-database", (home.dataHome() / "mime\n").native()));
+    letGo();
+    EXPECT_TRUE(isLogged("update-mime-database", mime));
     EXPECT_TRUE(isLogged("update-desktop-database", entries + entries));
+}
+
+TEST_F(FileTypesCaches, AreMadeWhereAnEarlierStartCouldNot) {
+    const ui::Path program = home.makeProgram("bin");
+    {
+        const Environment noTools("PATH", "/nowhere");
+        registerTypes(home, program);
+    }
+    letGo();
+    registerTypes(home, program);
+    EXPECT_TRUE(isLogged("update-mime-database", mime));
+    EXPECT_TRUE(isLogged("update-desktop-database", entries));
 }
 
 TEST_F(FileTypesChecked, TheFilesAreValid) {

@@ -87,13 +87,14 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
     }
     const Path mime = m_dataHome / "mime";
     const bool isPackageNew = put(mime / "packages" / MimePackageName, MimePackageText(types));
-    if (isPackageNew) {
+    if (areEntriesNew && started != link()) {
+        RemoveLink(link());
+    }
+    // Where a cache is missing an earlier start could not make it: the tool may have come since.
+    if (isPackageNew || !m_files.exists(mime / "mime.cache")) {
         RunInBackground("update-mime-database", mime);
     }
-    if (areEntriesNew) {
-        if (started != link()) {
-            RemoveLink(link());
-        }
+    if (areEntriesNew || !m_files.exists(entries / "mimeinfo.cache")) {
         RunInBackground("update-desktop-database", entries);
     }
 }

@@ -19,7 +19,7 @@ public:
 
     /// The entries name `program`; where there is no such file (an installed program lies apart from its
     /// folder) they name the executable. The desktop's caches are renewed in the background, and only if
-    /// something was written.
+    /// something was written or a cache is missing.
     void registerTypes(const std::vector<FileType>& types, const Path& program) override;
 
 private:
