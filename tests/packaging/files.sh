@@ -47,7 +47,7 @@ for program in bin/*; do
 done
 while read -r picture; do
     expected+=("share/vtm/$picture")
-done < <(grep -o 'vtmhelp/[a-z-]*\.png' share/vtm/vtmhelp.htm | sort -u)
+done < <(grep -o 'vtmhelp/[a-z0-9-]*\.png' share/vtm/vtmhelp.htm | sort -u)
 
 while read -r line; do
     complain "unexpected or missing: $line"

@@ -13,6 +13,7 @@ fi
 rm -rf "$out"
 mkdir -p "$out"/{deb,archive}
 
+umask 022
 "$cmake" --install "$build" --prefix "$out/installed" --strip >"$out/install.log"
 
 # Whoever makes packages may keep their own files to themselves: the packages must not.
