@@ -49,8 +49,9 @@ public:
         CreatePrivate ///< the same; nobody but the user may read it
     };
 
-    /// No file that the program reads is larger than this; a larger one is refused, not loaded.
-    static constexpr std::uintmax_t MaxFileSize = 16U * 1024U * 1024U;
+    /// No file that the program reads is larger than this; a larger one is refused, not loaded. The
+    /// largest animation script that the program can write, of 17 MiB, can be read again.
+    static constexpr std::uintmax_t MaxFileSize = 32U * 1024U * 1024U;
 
     virtual ~Files() = default;
 

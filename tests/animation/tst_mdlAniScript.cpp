@@ -118,6 +118,17 @@ TEST(EncodeAnimationScript, WritesTheNamesInUseOnly) {
     EXPECT_EQ(EncodeAnimationScript(animation, NameCommand::Name).find("name 16"), std::string::npos);
 }
 
+TEST(EncodeAnimationScript, WritesNothingTooLargeToBeReadAgain) {
+    AnimationDocument animation = filled();
+    SetNameCount(animation, 90);
+    SetAllTicks(animation, INT16_MAX);
+    const std::string bytes = EncodeAnimationScript(animation, NameCommand::SetName);
+    EXPECT_LE(bytes.size(), ui::Files::MaxFileSize);
+    AnimationDocument read;
+    EXPECT_EQ(DecodeAnimationScript(bytes, read).end, ScriptEnd::Read);
+    EXPECT_EQ(read.ticks(90), INT16_MAX);
+}
+
 TEST(EncodeAnimationScript, DropsTrailingBlanksAndKeepsTheOthers) {
     AnimationDesk desk;
     desk.setName(1, "  a b  ");

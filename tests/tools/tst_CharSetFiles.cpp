@@ -127,9 +127,10 @@ TEST(CharSetFiles, TwoSetsMayShareASlot) {
 
 TEST(CharSetFiles, ThereAreNoMoreSetsThanTheProgramReads) {
     CharSetFiles files = MakeSets(1);
-    files.list +=
-        glyphs::EncodeCharSetRecord({.listIndex = 1, .name = "B", .webAddress = "", .artworkSlot = 1676});
-    files.store.resize(std::size_t(1677) * 10000);
+    constexpr auto Slots = static_cast<std::size_t>(ui::Files::MaxFileSize / 10000);
+    files.list += glyphs::EncodeCharSetRecord(
+        {.listIndex = 1, .name = "B", .webAddress = "", .artworkSlot = static_cast<std::int16_t>(Slots - 1)});
+    files.store.resize(Slots * 10000);
     const auto added = WithSetAdded(files, "New", "", SmallGif(1));
     ASSERT_FALSE(added);
     EXPECT_EQ(added.failure().message, "there is no room for another character set; remove one first");
