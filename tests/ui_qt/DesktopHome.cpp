@@ -61,6 +61,8 @@ DesktopHome::Finished DesktopHome::run(const char* program, const std::vector<st
     set("GIO_USE_VFS", "local");
     set("GSETTINGS_BACKEND", "memory");
     set("VTM_TEST_RECORD", m_folder / "record");
+    // Desktops name files in UTF-8; without a locale some openers take no other letters than those of ASCII.
+    set("LC_ALL", "C.UTF-8");
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
 
     QStringList words;
