@@ -79,6 +79,13 @@ TEST(Archives, AFileThatLiesOutsideThePackIsRefused) {
     EXPECT_EQ(InPack(Changed(pack, entry + 60, Long(70)), "other"), "nothing");
 }
 
+TEST(Archives, ADirectoryOfTooManyEntriesIsRefused) {
+    const std::size_t size = std::size_t{65537} * 64;
+    const std::string pack =
+        "PACK" + Long(12) + Long(static_cast<std::uint32_t>(size)) + std::string(size, '\0');
+    EXPECT_EQ(InPack(pack, "gfx.wad"), "failure: its directory has more than 65536 entries");
+}
+
 TEST(Archives, AFileThatIsTooLargeForArtworkIsRefused) {
     const std::string pack = MakePack({{"gfx.wad", std::string(4U * 1024U * 1024U + 1, 'x')}});
     EXPECT_EQ(InPack(pack, "gfx.wad"), "failure: gfx.wad is too large");

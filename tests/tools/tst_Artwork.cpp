@@ -108,6 +108,13 @@ TEST(Artwork, AFinerPictureLosesDetailsAndIsNotBlurred) {
             KeepsBackground}));
 }
 
+TEST(Artwork, APictureThatShowsNothingIsRefused) {
+    const std::string nothing = "it shows nothing: all its pixels are transparent";
+    ExpectFailure(Read(Png(MakePicture(128, 128, [](int, int) { return 0x7FFFFFFFU; }))), nothing);
+    ExpectFailure(Read(support::MakeLump(128, [](int, int) { return 0U; }), "", TestPalette()), nothing);
+    ExpectFailure(Read(support::MakePcx(128, 128, [](int, int) { return 255U; })), nothing);
+}
+
 TEST(Artwork, OtherSizesAreRefused) {
     const std::string sizes = " pixels large, not 128 x 128, 256 x 256 or 512 x 512";
     ExpectFailure(Read(Png(ui::Picture(64, 64))), "it is 64 x 64" + sizes);

@@ -5,6 +5,7 @@
 #include "charset/LittleEndian.h"
 
 #include <algorithm>
+#include <string>
 
 namespace charset {
 
@@ -43,16 +44,15 @@ std::string_view EntryName(std::string_view entry, const EntryLayout& layout) {
     return name.substr(0, name.find('\0'));
 }
 
-ui::Failure DirectoryFailure() {
-    return {"its directory does not lie within the file"};
-}
-
 /// The entry of that name in the directory at `offset`; empty when there is none.
 ui::Result<ui::Bytes> FindEntry(
     const ByteSource& archive, std::uint64_t offset, std::uint64_t count, const EntryLayout& layout,
     std::string_view name) {
-    if (count > MaxEntries || !Within(archive.size(), offset, count * layout.size)) {
-        return DirectoryFailure();
+    if (!Within(archive.size(), offset, count * layout.size)) {
+        return ui::Failure{"its directory does not lie within the file"};
+    }
+    if (count > MaxEntries) {
+        return ui::Failure{"its directory has more than " + std::to_string(MaxEntries) + " entries"};
     }
     const auto directory = archive.read(offset, static_cast<std::size_t>(count) * layout.size);
     if (!directory) {

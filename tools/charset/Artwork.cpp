@@ -51,6 +51,16 @@ void SplitAlpha(ui::Picture& picture) {
     }
 }
 
+bool ShowsNothing(const ui::Picture& picture) {
+    for (int y = 0; y < picture.height(); ++y) {
+        const ui::Pixel* row = picture.row(y);
+        if (std::any_of(row, row + picture.width(), [](ui::Pixel pixel) { return pixel != 0; })) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// A picture of 2 or 4 times the size as one of 128 x 128: one pixel of each block, so that nothing is
 /// blurred.
 Artwork Reduced(const ui::Picture& picture) {
@@ -83,6 +93,9 @@ ui::Result<Artwork> ArtworkOf(ui::Picture picture) {
     }
     SplitAlpha(picture);
     Artwork artwork = Reduced(picture);
+    if (ShowsNothing(artwork.picture)) {
+        return ui::Failure{"it shows nothing: all its pixels are transparent"};
+    }
     if (!HasTransparentPixel(artwork.picture)) {
         artwork.notes.emplace_back(
             "The picture has no transparent pixels: its glyphs keep its own background.");
