@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "support/Contrast.h"
+
 #include <QColor>
 #include <QFile>
 #include <QIcon>
@@ -11,7 +13,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
+
+using support::Contrast;
 
 namespace {
 
@@ -27,20 +30,6 @@ QString resource(const QString& name) {
     return ":/icons/" + name + ".png";
 }
 
-// How light a colour looks, from 0 to 1.
-double luminance(const QColor& colour) {
-    const auto part = [](double value) {
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double lighter = std::max(luminance(a), luminance(b));
-    const double darker = std::min(luminance(a), luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
 // The share of an icon's opaque pixels that stand out against a background.
 double visibleShare(const QImage& image, const QColor& background) {
     int opaque = 0;
@@ -50,7 +39,7 @@ double visibleShare(const QImage& image, const QColor& background) {
             const QColor colour = image.pixelColor(x, y);
             if (colour.alpha() > 200) {
                 ++opaque;
-                visible += contrast(colour, background) >= 2 ? 1 : 0;
+                visible += Contrast(colour, background) >= 2 ? 1 : 0;
             }
         }
     }

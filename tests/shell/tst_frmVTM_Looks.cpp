@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 
 #include "shell/GlyphButton.h"
+#include "support/Contrast.h"
 
 #include <QImage>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include <cmath>
 
 using editing::Page;
+using support::Contrast;
 
 namespace {
 
@@ -28,19 +30,6 @@ protected:
         return image;
     }
 };
-
-double luminance(const QColor& colour) {
-    const auto part = [](double value) {
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double lighter = std::max(luminance(a), luminance(b));
-    const double darker = std::min(luminance(a), luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
-}
 
 /// A colour, which may be translucent, as it looks on another.
 QColor over(const QColor& background, const QColor& colour) {
@@ -134,6 +123,6 @@ TEST_F(Looks, EveryLabelStandsOutFromTheWindow) {
     for (const QLabel* label : window->findChildren<QLabel*>()) {
         const QColor background = label->palette().color(QPalette::Window);
         const QColor text = over(background, label->palette().color(label->foregroundRole()));
-        EXPECT_GE(contrast(text, background), 4.5) << label->text().toStdString();
+        EXPECT_GE(Contrast(text, background), 4.5) << label->text().toStdString();
     }
 }
