@@ -227,6 +227,16 @@ TEST(Help, TellsOfEveryCommandAndOption) {
                       });
 }
 
+TEST(Help, TellsOfTheCommandsThatComeWithTheProgram) {
+    expectAllIn(
+        text(page()), {
+                          "vtm-charset add \"My Quake\" ~/quake/id1/pak0.pak",
+                          "vtm-charset --help",
+                          "vtm-thumbnail clan.vtn clan.png",
+                          "vtm-thumbnail wave.vta --animate wave.gif",
+                      });
+}
+
 TEST(Help, TellsOfEveryKeyWithAlt) {
     // A row may stand for several: "Alt+1 to Alt+5".
     const std::string shown = text(page());
