@@ -32,7 +32,7 @@ Path FolderVariable(const char* name) {
 }
 
 Path DataHome() {
-    const Path dataHome = FolderVariable("XDG_DATA_HOME");
+    Path dataHome = FolderVariable("XDG_DATA_HOME");
     if (!dataHome.empty()) {
         return dataHome;
     }
