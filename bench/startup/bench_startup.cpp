@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,33 +40,29 @@ double median(std::vector<double> values) {
     return *middle;
 }
 
+template <typename Measured>
+double medianOfAll(const std::vector<Measured>& all, double Measured::*field) {
+    std::vector<double> values(all.size());
+    std::transform(all.begin(), all.end(), values.begin(), std::mem_fn(field));
+    return median(values);
+}
+
 struct Subject {
     const char* name;
     std::string path;
     std::vector<Start> starts = {};
     std::vector<KeyEcho> echoes = {};
 
-    template <typename Field>
-    [[nodiscard]] double medianStart(Field field) const {
-        std::vector<double> values(starts.size());
-        std::transform(starts.begin(), starts.end(), values.begin(), field);
-        return median(values);
-    }
+    [[nodiscard]] double medianOf(double Start::*field) const { return medianOfAll(starts, field); }
 
-    template <typename Field>
-    [[nodiscard]] double medianEcho(Field field) const {
-        std::vector<double> values(echoes.size());
-        std::transform(echoes.begin(), echoes.end(), values.begin(), field);
-        return median(values);
-    }
+    [[nodiscard]] double medianOf(double KeyEcho::*field) const { return medianOfAll(echoes, field); }
 };
 
 /// The median of the ratios of two programs, taken round by round.
-template <typename Field>
-double ratio(const Subject& subject, const Subject& floor, Field field) {
+double ratio(const Subject& subject, const Subject& floor, double Start::*field) {
     std::vector<double> ratios;
     for (std::size_t round = 0; round < subject.starts.size(); ++round) {
-        ratios.push_back(field(subject.starts[round]) / field(floor.starts[round]));
+        ratios.push_back(subject.starts[round].*field / floor.starts[round].*field);
     }
     return median(ratios);
 }
@@ -130,24 +127,6 @@ int main(int argc, char** argv) {
         }
     }
 
-    const auto paint = [](const Start& start) {
-        return start.paintMilliseconds;
-    };
-    const auto computing = [](const Start& start) {
-        return start.cpuMilliseconds;
-    };
-    const auto memory = [](const Start& start) {
-        return start.peakMebibytes;
-    };
-    const auto echoTime = [](const KeyEcho& echo) {
-        return echo.milliseconds;
-    };
-    const auto echoAreas = [](const KeyEcho& echo) {
-        return echo.areas;
-    };
-    const auto echoLargest = [](const KeyEcho& echo) {
-        return echo.largest;
-    };
     const auto& [program, controls, empty] = subjects;
     std::printf("In brackets: the ratio to a window with the same controls.\n\n");
     std::printf("| program | start to first paint | computing | peak memory | key to screen |\n");
@@ -155,25 +134,30 @@ int main(int argc, char** argv) {
     for (const Subject& subject : subjects) {
         std::printf(
             "| %s | %.1f ms (%.2f) | %.1f ms (%.2f) | %.1f MiB (%.2f) |", subject.name,
-            subject.medianStart(paint), ratio(subject, controls, paint), subject.medianStart(computing),
-            ratio(subject, controls, computing), subject.medianStart(memory),
-            ratio(subject, controls, memory));
+            subject.medianOf(&Start::paintMilliseconds), ratio(subject, controls, &Start::paintMilliseconds),
+            subject.medianOf(&Start::cpuMilliseconds), ratio(subject, controls, &Start::cpuMilliseconds),
+            subject.medianOf(&Start::peakMebibytes), ratio(subject, controls, &Start::peakMebibytes));
         if (subject.echoes.empty()) {
             std::printf(" |\n");
         } else {
             std::printf(
-                " %.2f ms, %.0f areas of %.0f pixels at most |\n", subject.medianEcho(echoTime),
-                subject.medianEcho(echoAreas), subject.medianEcho(echoLargest));
+                " %.2f ms, %.0f areas of %.0f pixels at most |\n", subject.medianOf(&KeyEcho::milliseconds),
+                subject.medianOf(&KeyEcho::areas), subject.medianOf(&KeyEcho::largest));
         }
     }
     std::printf("\n");
 
     bool kept = judge(
-        "first paint, against the same controls", ratio(program, controls, paint), PaintLimitToControls);
-    kept &= judge("first paint, against an empty window", ratio(program, empty, paint), PaintLimitToEmpty);
+        "first paint, against the same controls", ratio(program, controls, &Start::paintMilliseconds),
+        PaintLimitToControls);
     kept &= judge(
-        "peak memory, against the same controls", ratio(program, controls, memory), MemoryLimitToControls);
-    kept &= judge("key to screen, in milliseconds", program.medianEcho(echoTime), KeyLimitMilliseconds);
-    kept &= judge("largest area of a key, in pixels", program.medianEcho(echoLargest), KeyLimitPixels);
+        "first paint, against an empty window", ratio(program, empty, &Start::paintMilliseconds),
+        PaintLimitToEmpty);
+    kept &= judge(
+        "peak memory, against the same controls", ratio(program, controls, &Start::peakMebibytes),
+        MemoryLimitToControls);
+    kept &= judge(
+        "key to screen, in milliseconds", program.medianOf(&KeyEcho::milliseconds), KeyLimitMilliseconds);
+    kept &= judge("largest area of a key, in pixels", program.medianOf(&KeyEcho::largest), KeyLimitPixels);
     return kept ? 0 : 1;
 }
