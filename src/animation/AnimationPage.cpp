@@ -220,8 +220,13 @@ void AnimationPage::syncScrollBars() {
 
 void AnimationPage::refresh() {
     const int ticks = m_document.ticks(m_document.currentName);
-    ThisTickList->setCurrentIndex(ticks <= editing::MaxOfferedTicks ? ticks : -1);
-    ThisTickList->setEditText(QString::number(ticks));
+    const int index = ticks <= editing::MaxOfferedTicks ? ticks : -1;
+    const QString text = QString::number(ticks);
+    // Every key that is typed comes here; setting a text that is already there would lay it out again.
+    if (ThisTickList->currentIndex() != index || ThisTickList->currentText() != text) {
+        ThisTickList->setCurrentIndex(index);
+        ThisTickList->setEditText(text);
+    }
 }
 
 void AnimationPage::openTickList(bool ofAllNames) {
