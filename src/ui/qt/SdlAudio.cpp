@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/SdlAudio.h"
 
+#include "ui/qt/Symbols.h"
+
 #include <dlfcn.h>
 #include <memory>
 
@@ -46,12 +48,6 @@ unsigned ReadNumber(std::string_view bytes, std::size_t offset, std::size_t size
 void IgnoreAlsaError(
     const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/,
     ...) {}
-
-template <class Function>
-bool Find(void* library, const char* name, Function& function) {
-    function = reinterpret_cast<Function>(::dlsym(library, name));
-    return function != nullptr;
-}
 
 } // namespace
 
@@ -114,7 +110,7 @@ struct SdlAudio::Library {
             functions->setHint("SDL_NO_SIGNAL_HANDLERS", "1");
             functions->setHint("SDL_AUDIO_DEVICE_APP_NAME", "Vortigo");
             int (*setErrorHandler)(decltype(&IgnoreAlsaError)) = nullptr;
-            if (Find(library, "snd_lib_error_set_handler", setErrorHandler)) {
+            if (FindSymbol(library, "snd_lib_error_set_handler", setErrorHandler)) {
                 setErrorHandler(&IgnoreAlsaError);
             }
             return functions;
@@ -123,11 +119,14 @@ struct SdlAudio::Library {
     }
 
     bool findIn(void* library) {
-        return Find(library, "SDL_InitSubSystem", initialise) && Find(library, "SDL_QuitSubSystem", quit) &&
-               Find(library, "SDL_SetHint", setHint) && Find(library, "SDL_OpenAudioDevice", openDevice) &&
-               Find(library, "SDL_CloseAudioDevice", closeDevice) &&
-               Find(library, "SDL_PauseAudioDevice", pauseDevice) && Find(library, "SDL_QueueAudio", queue) &&
-               Find(library, "SDL_ClearQueuedAudio", clearQueue);
+        return FindSymbol(library, "SDL_InitSubSystem", initialise) &&
+               FindSymbol(library, "SDL_QuitSubSystem", quit) &&
+               FindSymbol(library, "SDL_SetHint", setHint) &&
+               FindSymbol(library, "SDL_OpenAudioDevice", openDevice) &&
+               FindSymbol(library, "SDL_CloseAudioDevice", closeDevice) &&
+               FindSymbol(library, "SDL_PauseAudioDevice", pauseDevice) &&
+               FindSymbol(library, "SDL_QueueAudio", queue) &&
+               FindSymbol(library, "SDL_ClearQueuedAudio", clearQueue);
     }
 };
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/X11Keyboard.h"
 
+#include "ui/qt/Symbols.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtGui/qguiapplication_platform.h>
@@ -16,12 +18,6 @@ namespace ui::qt {
 namespace {
 
 constexpr auto ScrollLightName = "Scroll Lock";
-
-template <class Function>
-bool Find(void* library, const char* name, Function& function) {
-    function = reinterpret_cast<Function>(::dlsym(library, name));
-    return function != nullptr;
-}
 
 } // namespace
 
@@ -49,13 +45,14 @@ struct X11Keyboard::Library {
     }
 
     bool findIn(void* library) {
-        return Find(library, "XQueryExtension", queryExtension) && Find(library, "XInternAtom", internAtom) &&
-               Find(library, "XFlush", flush) && Find(library, "XkbLockModifiers", lockModifiers) &&
-               Find(library, "XkbKeysymToModifiers", keysymToModifiers) &&
-               Find(library, "XkbGetState", getState) &&
-               Find(library, "XkbGetNamedIndicator", getIndicator) &&
-               Find(library, "XkbSetNamedIndicator", setIndicator) &&
-               Find(library, "XkbSetDetectableAutoRepeat", setDetectableAutoRepeat);
+        return FindSymbol(library, "XQueryExtension", queryExtension) &&
+               FindSymbol(library, "XInternAtom", internAtom) && FindSymbol(library, "XFlush", flush) &&
+               FindSymbol(library, "XkbLockModifiers", lockModifiers) &&
+               FindSymbol(library, "XkbKeysymToModifiers", keysymToModifiers) &&
+               FindSymbol(library, "XkbGetState", getState) &&
+               FindSymbol(library, "XkbGetNamedIndicator", getIndicator) &&
+               FindSymbol(library, "XkbSetNamedIndicator", setIndicator) &&
+               FindSymbol(library, "XkbSetDetectableAutoRepeat", setDetectableAutoRepeat);
     }
 };
 
