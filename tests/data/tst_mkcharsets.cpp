@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "data/ToolRun.h"
 #include "glyphs/GifPicture.h"
 #include "glyphs/mdlData.h"
 #include "support/TempProgramDirectory.h"
+#include "support/ToolRun.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "data/ToolRun.h"
 #include "support/TempProgramDirectory.h"
+#include "support/ToolRun.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/mdlConfig.h"
 
+#include "scripts/Names.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -9,28 +10,14 @@
 using editing::NameDocument;
 using scripts::ConfigNameLine;
 using scripts::FindNameLine;
+using support::Cells;
+using support::Name;
 using Step = support::FailingFiles::Step;
 
 namespace {
 
 constexpr auto AddQuestion = "This config file does not contain a name. Do you wish to add it?";
 const std::vector<ui::FileFilter> ConfigFilter = {{"Config File (*.cfg)", {"*.cfg"}}};
-
-NameDocument Name(std::string_view glyphs) {
-    NameDocument name;
-    for (std::size_t i = 0; i < glyphs.size(); ++i) {
-        name.cells.at(i) = static_cast<unsigned char>(glyphs[i]);
-    }
-    return name;
-}
-
-std::string Cells(const NameDocument& name) {
-    std::string text;
-    for (const auto code : name.cells) {
-        text += static_cast<char>(code);
-    }
-    return text;
-}
 
 std::string Lines(int count, std::string_view line = "x") {
     std::string lines;

@@ -11,6 +11,7 @@ using scripts::MessageChoice;
 using scripts::ReadOutcome;
 using scripts::SaveOutcome;
 using scripts::SayCommand;
+using Step = support::FailingFiles::Step;
 
 namespace {
 
@@ -42,7 +43,8 @@ std::vector<std::string> Texts(const MessageDocument& messages) {
 
 using Strings = std::vector<std::string>;
 
-const std::vector<ui::FileFilter> ScriptFilter = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
+const std::vector<ui::FileFilter> MessageScriptFilter = {
+    {"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
 
 class MessageScript : public testing::Test {
 protected:
@@ -52,7 +54,7 @@ protected:
 
     void expectSaveDialog(std::optional<ui::Path> answer) {
         fake.dialogs.expectSave(
-            {"Save as a Script File", "*.vtm", ScriptFilter, ui::Path(), ".vtm", true}, answer);
+            {"Save as a Script File", "*.vtm", MessageScriptFilter, ui::Path(), ".vtm", true}, answer);
     }
 
     SaveOutcome save(const MessageChoice& choice) {
@@ -222,7 +224,6 @@ TEST_F(MessageScript, AsksBeforeItReplacesAFileOfAnotherKind) {
 }
 
 TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
-    using Step = support::FailingFiles::Step;
     const ui::Path path = fake.directory.files / "a.vtm";
     for (const auto& [step, word] :
          {std::pair(Step::Open, "open"), {Step::Write, "write"}, {Step::Close, "close"}}) {
@@ -238,10 +239,11 @@ TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
 }
 
 TEST_F(MessageScript, IsChosenInTheDefaultFolder) {
-    fake.dialogs.expectOpen({"Select the Script file", "*.vtm", ScriptFilter, ui::Path()}, std::nullopt);
+    fake.dialogs.expectOpen(
+        {"Select the Script file", "*.vtm", MessageScriptFilter, ui::Path()}, std::nullopt);
     EXPECT_EQ(std::nullopt, scripts::ChooseMessageScript(fake.dialogs));
     fake.dialogs.expectOpen(
-        {"Select the Script file", "*.vtm", ScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
+        {"Select the Script file", "*.vtm", MessageScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
     EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseMessageScript(fake.dialogs));
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/mdlName.h"
 
+#include "scripts/Names.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -10,24 +11,11 @@ using editing::NameDocument;
 using scripts::NameCommand;
 using scripts::ReadOutcome;
 using scripts::SaveOutcome;
+using support::Cells;
+using support::Name;
+using Step = support::FailingFiles::Step;
 
 namespace {
-
-NameDocument Name(std::string_view glyphs) {
-    NameDocument name;
-    for (std::size_t i = 0; i < glyphs.size(); ++i) {
-        name.cells.at(i) = static_cast<unsigned char>(glyphs[i]);
-    }
-    return name;
-}
-
-std::string Cells(const NameDocument& name) {
-    std::string text;
-    for (const auto code : name.cells) {
-        text += static_cast<char>(code);
-    }
-    return text;
-}
 
 /// Every glyph code a name can hold but the blank, fifteen at a time.
 std::vector<std::string> AllNames() {
@@ -43,7 +31,7 @@ std::vector<std::string> AllNames() {
     return names;
 }
 
-const std::vector<ui::FileFilter> ScriptFilter = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
+const std::vector<ui::FileFilter> NameScriptFilter = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
 constexpr auto Question = "Is this name to be used in Quake2?";
 
 class NameScript : public testing::Test {
@@ -67,7 +55,8 @@ protected:
 
     void expectSaveDialog(std::optional<ui::Path> answer) {
         fake.dialogs.expectSave(
-            {"Save as a Script File", "*.vtn", ScriptFilter, fake.directory.folder(), ".vtn", true}, answer);
+            {"Save as a Script File", "*.vtn", NameScriptFilter, fake.directory.folder(), ".vtn", true},
+            answer);
     }
 
     SaveOutcome save() {
@@ -286,7 +275,6 @@ TEST_F(NameScript, ThatCannotBeWrittenSaysWhichFileAndWhy) {
 }
 
 TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
-    using Step = support::FailingFiles::Step;
     const ui::Path path = file("a.vtn");
     for (const auto& [step, word] :
          {std::pair(Step::Open, "open"), {Step::Write, "write"}, {Step::Close, "close"}}) {
@@ -303,10 +291,10 @@ TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
 }
 
 TEST_F(NameScript, IsChosenInTheDefaultFolder) {
-    fake.dialogs.expectOpen({"Select the Script file", "*.vtn", ScriptFilter, ui::Path()}, std::nullopt);
+    fake.dialogs.expectOpen({"Select the Script file", "*.vtn", NameScriptFilter, ui::Path()}, std::nullopt);
     EXPECT_EQ(std::nullopt, scripts::ChooseNameScript(fake.dialogs));
     fake.dialogs.expectOpen(
-        {"Select the Script file", "*.vtn", ScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
+        {"Select the Script file", "*.vtn", NameScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
     EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseNameScript(fake.dialogs));
 }
 

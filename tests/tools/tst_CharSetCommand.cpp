@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
 #include "cli/PngPicture.h"
-#include "data/ToolRun.h"
 #include "support/FailingFiles.h"
+#include "support/ToolRun.h"
 #include "tools/CharSetWorld.h"
 
 #include <gtest/gtest.h>

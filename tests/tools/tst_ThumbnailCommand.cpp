@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "cli/PngPicture.h"
-#include "data/ToolRun.h"
 #include "glyphs/GifPicture.h"
 #include "support/FailingFiles.h"
 #include "support/TempProgramDirectory.h"
+#include "support/ToolRun.h"
 #include "thumbnail/Command.h"
 #include "tools/CharSetWorld.h"
 
@@ -18,10 +18,10 @@ using support::MakeSets;
 using support::SmallArtwork;
 
 const std::string NameScript = "// Name File Created by Vortigo\r\nname \"x\"\r\n";
-const std::string AnimationScript = "// Animation File Created by Vortigo\r\n"
-                                    "// 15 Names In The Animation Sequence\r\n"
-                                    "name \"first\"\r\nwait; \r\n"
-                                    "name \"second\"\r\nwait; wait; \r\n";
+const std::string TwoNamesScript = "// Animation File Created by Vortigo\r\n"
+                                   "// 15 Names In The Animation Sequence\r\n"
+                                   "name \"first\"\r\nwait; \r\n"
+                                   "name \"second\"\r\nwait; wait; \r\n";
 
 class ThumbnailCommand : public ::testing::Test {
 protected:
@@ -80,7 +80,7 @@ TEST_F(ThumbnailCommand, TheSizeAndTheSetCanBeChosen) {
 }
 
 TEST_F(ThumbnailCommand, AnAnimationBecomesAGif) {
-    const std::string script = folder.put("a.vta", AnimationScript).native();
+    const std::string script = folder.put("a.vta", TwoNamesScript).native();
     ASSERT_EQ(run({script, "--animate", at("out.gif")}), 0) << errors.str();
     const std::string gif = folder.content("out.gif");
     EXPECT_EQ(gif.substr(0, 10), std::string("GIF89a\xF0\0\x10\0", 10));
@@ -100,7 +100,7 @@ TEST_F(ThumbnailCommand, AnAnimationBecomesAGif) {
 }
 
 TEST_F(ThumbnailCommand, BothPicturesCanBeHadAtOnce) {
-    const std::string script = folder.put("a.vta", AnimationScript).native();
+    const std::string script = folder.put("a.vta", TwoNamesScript).native();
     ASSERT_EQ(run({script, at("out.png"), "--animate", at("out.gif"), "--size", "480"}), 0) << errors.str();
     EXPECT_EQ(png("out.png").width(), 480);
     EXPECT_EQ(glyphs::DecodeGif(folder.content("out.gif")).value().width(), 480);
@@ -171,7 +171,7 @@ TEST_F(ThumbnailCommand, WhatIsNotUnderstoodIsWrongUsage) {
 }
 
 TEST_F(ThumbnailCommand, TheProgramNeedsNoDisplayAndFindsTheSetsBesideIt) {
-    const std::string script = folder.put("a.vta", AnimationScript).native();
+    const std::string script = folder.put("a.vta", TwoNamesScript).native();
     const support::ToolRun drawn =
         support::RunProgram("/usr/bin/env", {"-i", VTM_THUMBNAIL, "--size", "256", script, at("out.png")});
     EXPECT_EQ(drawn.exitCode, 0);

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int Patience = 40000;
-
 constexpr auto Recorder = "#!/bin/sh\n"
                           "printf '%s\\0' \"$@\" >\"$VTM_TEST_RECORD.new\"\n"
                           "mv \"$VTM_TEST_RECORD.new\" \"$VTM_TEST_RECORD\"\n";

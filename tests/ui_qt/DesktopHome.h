@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+/// How long to wait for a program that is started, in milliseconds.
+inline constexpr int Patience = 40000;
+
 /// A user with a home of their own, on a machine without a desktop, and a program that records what it is
 /// started with.
 class DesktopHome {

@@ -58,8 +58,6 @@ const std::vector<std::string> AwkwardFolders = {
     "x=y",      "100%",
 };
 
-constexpr int Patience = 40000;
-
 std::vector<ui::FileType> fileTypes() {
     std::vector<ui::FileType> types;
     for (const ScriptType& row : Types) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "data/ToolRun.h"
+#include "support/ToolRun.h"
 
 #include "support/TempProgramDirectory.h"
 
