@@ -183,7 +183,7 @@ void frmAniWiz::cmdBuild_Click() {
     }
     switch (outcome.end) {
     case BuildEnd::NothingToDo:
-        m_dialogs.inform(std::string(NothingToDo));
+        m_dialogs.inform(std::string(NothingToDoText));
         break;
     case BuildEnd::Built:
         accept();
