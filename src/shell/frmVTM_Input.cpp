@@ -89,6 +89,8 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
             [this](const GlyphAction& glyph) { putGlyphWithMarker(glyph.code); },
         },
         action);
+    // What a key does shows at once, not only when the next events have been looked for.
+    QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
     // Alt opens menus, so its keys go on to the window even though they mean nothing here.
     return !stroke.isAlt && stroke.virtualKey != KeyAlt;
 }

@@ -478,6 +478,14 @@ TEST_F(Typing, OneKeyPaintsOneCell) {
     EXPECT_EQ(recorder.region.boundingRect(), QRect(48, 0, 32, 16));
 }
 
+TEST_F(Typing, AKeyIsPaintedBeforeOtherEventsAreLookedFor) {
+    startOn(Page::Name);
+    QCoreApplication::processEvents();
+    PaintRecorder recorder(find("NamePic"));
+    press(Qt::Key_D);
+    EXPECT_TRUE(recorder.region.contains(QRect(0, 0, 16, 16)));
+}
+
 TEST_F(Typing, ThePictureShowsWhatTheDocumentHolds) {
     startOn(Page::Messages);
     press(Qt::Key_Insert);
