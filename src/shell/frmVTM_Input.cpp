@@ -84,6 +84,8 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
                 if (const auto index = ToggleModeKey(m_workspace.settings.modes, mode.virtualKey)) {
                     const bool isOn = m_workspace.settings.modes.*ModeKeys[*index].flag;
                     cmdKey[*index]->setChecked(isOn);
+                    // The desktop has turned it already, but takes the last lock set for what is wanted.
+                    SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
                 }
             },
             [this](const GlyphAction& glyph) { putGlyphWithMarker(glyph.code); },

@@ -428,13 +428,18 @@ TEST_F(Typing, CtrlWithInsertOnTheNamePageShowsTheAnimationAndInsertsAName) {
     EXPECT_FALSE(workspace().settings.modes.insert) << "the mode is toggled by the key without Ctrl";
 }
 
-TEST_F(Typing, LockKeysToggleModeAndButtonWithoutSettingTheKeyboard) {
+TEST_F(Typing, LockKeysToggleModeAndButtonAndKeepTheKeyboardInStep) {
     startOn(Page::Name);
     fake.lockKeys.changes.clear();
+    press(Qt::Key_NumLock);
+    EXPECT_FALSE(workspace().settings.modes.numberPad);
+    EXPECT_FALSE(find<QToolButton>("cmdKey_3")->isChecked());
     press(Qt::Key_CapsLock);
     EXPECT_TRUE(workspace().settings.modes.upperCase);
     EXPECT_TRUE(find<QToolButton>("cmdKey_2")->isChecked());
-    EXPECT_TRUE(fake.lockKeys.changes.empty());
+    const std::vector<std::pair<ui::LockKey, bool>> expected{
+        {ui::LockKey::Num, false}, {ui::LockKey::Caps, true}};
+    EXPECT_EQ(fake.lockKeys.changes, expected);
     press(Qt::Key_1);
     EXPECT_EQ(row(), "!" + std::string(14, ' ')) << "case mode shifts every key";
 }

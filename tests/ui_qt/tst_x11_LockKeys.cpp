@@ -45,6 +45,21 @@ protected:
             QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == m_window.windowHandle(); }));
     }
 
+    static constexpr unsigned CapsLock = 66;
+    static constexpr unsigned NumLock = 77;
+    static constexpr unsigned ScrollLock = 78;
+
+    /// Presses a lock key, which the program follows, and waits until it is up again.
+    void clickFollowed(XkbLockKeys& locks, unsigned scanCode, LockKey key, bool on) {
+        m_keys.presses.clear();
+        m_keys.releases.clear();
+        X11Input::press(scanCode);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !m_keys.presses.empty(); }));
+        locks.setLocked(key, on);
+        X11Input::release(scanCode);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !m_keys.releases.empty(); }));
+    }
+
     [[nodiscard]] bool caps() const { return m_keyboard->isLocked(Lock::Caps); }
 
     [[nodiscard]] bool num() const { return m_keyboard->isLocked(Lock::Num); }
@@ -174,7 +189,6 @@ TEST_F(X11LockKeys, AgreeWithAPressOfTheKeyItself) {
     XkbLockKeys locks;
     locks.setLocked(LockKey::Caps, false);
     show();
-    constexpr unsigned CapsLock = 66;
     for (const bool on : {true, false, true, false}) {
         // The program follows the key while it is still down.
         X11Input::press(CapsLock);
@@ -192,10 +206,8 @@ TEST_F(X11LockKeys, RememberTheKeysThatTheUserPressed) {
     locks.setLocked(LockKey::Caps, false);
     locks.setLocked(LockKey::Num, true);
     show();
-    constexpr unsigned CapsLock = 66;
-    constexpr unsigned NumLock = 77;
-    X11Input::click(CapsLock);
-    X11Input::click(NumLock);
+    clickFollowed(locks, CapsLock, LockKey::Caps, true);
+    clickFollowed(locks, NumLock, LockKey::Num, false);
     EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && !num(); }));
     X11Input::dropFocus();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
@@ -205,7 +217,39 @@ TEST_F(X11LockKeys, RememberTheKeysThatTheUserPressed) {
     EXPECT_FALSE(num());
 }
 
-TEST_F(X11LockKeys, LetTheLightFollowTheScrollLockKey) {
+TEST_F(X11LockKeys, OfOtherKeysStayWhenOneIsSet) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    locks.setLocked(LockKey::Num, true);
+    show();
+    clickFollowed(locks, NumLock, LockKey::Num, false);
+    clickFollowed(locks, CapsLock, LockKey::Caps, true);
+    clickFollowed(locks, ScrollLock, LockKey::Scroll, true);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return scroll(); }));
+    EXPECT_TRUE(caps() && !num());
+}
+
+TEST_F(X11LockKeys, AreUndoneWhenTheProgramDoesNotFollowTheKey) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    locks.setLocked(LockKey::Num, true);
+    locks.setLocked(LockKey::Scroll, true);
+    show();
+    for (const unsigned key : {CapsLock, NumLock, ScrollLock}) {
+        m_keys.releases.clear();
+        X11Input::click(key);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !m_keys.releases.empty(); }));
+        EXPECT_TRUE(!caps() && num() && scroll()) << key;
+    }
+}
+
+TEST_F(X11LockKeys, LetTheLightFollowTheProgram) {
     if (!X11Input::IsAvailable()) {
         GTEST_SKIP() << "libXtst.so.6 is not installed";
     }
@@ -213,18 +257,15 @@ TEST_F(X11LockKeys, LetTheLightFollowTheScrollLockKey) {
     locks.setLocked(LockKey::Scroll, true);
     show();
     EXPECT_TRUE(scroll());
-    constexpr unsigned ScrollLock = 78;
     for (const bool on : {false, true, false}) {
-        X11Input::click(ScrollLock);
-        EXPECT_TRUE(QTest::qWaitFor([this, on] { return scroll() == on; })) << on;
+        clickFollowed(locks, ScrollLock, LockKey::Scroll, on);
+        EXPECT_EQ(scroll(), on);
     }
     X11Input::dropFocus();
     EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
     X11Input::giveFocus(m_window);
     EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }));
     EXPECT_FALSE(scroll());
-    X11Input::click(ScrollLock);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return scroll(); }));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/XkbLockKeys.h"
 
-#include "ui/qt/KeyTranslation.h"
 #include "ui/qt/X11Keyboard.h"
 
 #include <QGuiApplication>
@@ -10,6 +9,14 @@
 #include <QWindow>
 
 namespace ui::qt {
+
+namespace {
+
+bool IsLockKey(int key) {
+    return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
+}
+
+} // namespace
 
 XkbLockKeys::XkbLockKeys()
     : m_keyboard(X11Keyboard::Connect()) {
@@ -77,22 +84,16 @@ void XkbLockKeys::leave() {
     }
     m_isInside = false;
     qGuiApp->removeEventFilter(this);
-    // The user may have pressed the keys themselves.
-    if (m_wanted.caps) {
-        m_wanted.caps = m_keyboard->isLocked(X11Keyboard::Lock::Caps);
-    }
-    if (m_wanted.num) {
-        m_wanted.num = m_keyboard->isLocked(X11Keyboard::Lock::Num);
-    }
     apply(m_original);
 }
 
 bool XkbLockKeys::eventFilter(QObject* watched, QEvent* event) {
-    // A press comes to the window first, and then to the widgets in it.
-    if (event->type() == QEvent::KeyPress && watched->isWindowType() && m_wanted.scrollLight) {
-        const KeyStroke stroke = TranslateKey(*static_cast<QKeyEvent*>(event));
-        if (stroke.virtualKey == KeyScrollLock && !stroke.isAlt && !stroke.isRepeat) {
-            setLocked(LockKey::Scroll, !*m_wanted.scrollLight);
+    // A release comes to the window first, and then to the widgets in it.
+    if (event->type() == QEvent::KeyRelease && watched->isWindowType()) {
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if (IsLockKey(key->key()) && !key->isAutoRepeat()) {
+            // The window system has turned the lock whether or not the press meant anything to the program.
+            apply(m_wanted);
         }
     }
     return QObject::eventFilter(watched, event);

@@ -16,8 +16,8 @@ class X11Keyboard;
 
 /// The lock keys of an X11 desktop. While the program's main window has the focus, Caps Lock, Num Lock and
 /// the light of Scroll Lock are as the program wants them; everywhere else, the program's dialogs included,
-/// they are as the user left them. Keys that the user presses there go on to lock and unlock; the light of
-/// Scroll Lock, which X11 leaves alone, follows its key too. On Wayland, where no program can set them,
+/// they are as the user left them. A lock key that the user presses there has no say of its own: once it is
+/// up again, the locks are as the program wants them after it. On Wayland, where no program can set them,
 /// nothing happens.
 class XkbLockKeys final : public QObject, public LockKeys {
     Q_OBJECT
@@ -35,7 +35,7 @@ public:
     /// Caps and Num on X11; never Insert, and never Scroll, which has a light but no lock.
     [[nodiscard]] bool canLock(LockKey key) const override;
 
-    /// Follows the Scroll Lock key.
+    /// Undoes what a lock key did that the program did not follow: one pressed in a menu, or with Alt.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
