@@ -5,6 +5,7 @@
 #include "editing/mdlKey.h"
 #include "ui/qt/AccessibleParts.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPolygonF>
@@ -111,6 +112,8 @@ void DirectionPad::press(std::optional<std::size_t> index) {
 }
 
 void DirectionPad::imgTimer_Timer() {
+    // A menu or a dialog that opens meanwhile gets the release.
+    m_isHeld = m_isHeld && QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
     if (!m_isHeld || !m_pressed) {
         m_repeat.stop();
         press(std::nullopt);

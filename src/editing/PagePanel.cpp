@@ -8,12 +8,37 @@
 #include "ui/qt/PictureWidget.h"
 
 #include <QFrame>
+#include <QGuiApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QStringList>
+#include <QTimerEvent>
 #include <QVBoxLayout>
 #include <utility>
 
 namespace editing {
+
+namespace {
+
+/// A scroll bar that also stops when a menu or a dialog, opened while it was held, gets the release.
+class HeldScrollBar final : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+
+protected:
+    void timerEvent(QTimerEvent* event) override {
+        if (repeatAction() != SliderNoAction && QGuiApplication::mouseButtons() == Qt::NoButton) {
+            QMouseEvent release(
+                QEvent::MouseButtonRelease, QPointF(), mapToGlobal(QPointF()), Qt::LeftButton, Qt::NoButton,
+                Qt::NoModifier);
+            mouseReleaseEvent(&release);
+            return;
+        }
+        QScrollBar::timerEvent(event);
+    }
+};
+
+} // namespace
 
 PagePanel::PagePanel(
     glyphs::PagePicture& picture, const QString& pictureName, const QString& markerName, QWidget* parent)
@@ -85,7 +110,7 @@ void PagePanel::moveMarker(int column, int row) {
 QScrollBar* PagePanel::makeScrollBar(
     Qt::Orientation orientation, const QString& name, const QString& accessibleName, int minimum,
     int maximum) {
-    auto* bar = new QScrollBar(orientation, this);
+    auto* bar = new HeldScrollBar(orientation, this);
     bar->setObjectName(name);
     bar->setAccessibleName(accessibleName);
     bar->setRange(minimum, maximum);

@@ -191,6 +191,37 @@ TEST_F(Mouse, AHeldArrowOfTheDirectionPadRepeatsUntilItIsLetGo) {
     EXPECT_EQ(text("lblCurPos"), QString::number(column()));
 }
 
+TEST_F(Mouse, AHeldArrowStopsWhenAMenuGetsTheRelease) {
+    startOn(Page::Messages);
+    QTest::mousePress(find("imgDir"), Qt::LeftButton, Qt::NoModifier, arrow(2, 1));
+    press(Qt::Key_F, Qt::AltModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    QTest::mouseRelease(menu, Qt::LeftButton, Qt::NoModifier, {-5, -5});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !find<QTimer>("imgTimer")->isActive(); }));
+    EXPECT_LT(column(), 31) << "it did not run to the end of the row";
+    menu->close();
+}
+
+TEST_F(Mouse, AHeldScrollBarStopsWhenAMenuGetsTheRelease) {
+    startOn(Page::Animation);
+    auto* const bar = find<QScrollBar>("AniTotalScroll");
+    const QPoint arrowToTheRight(bar->width() - 4, bar->height() / 2);
+    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, arrowToTheRight);
+    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->value() > 16; })) << "it repeats while it is held";
+    press(Qt::Key_F, Qt::AltModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    QTest::mouseRelease(menu, Qt::LeftButton, Qt::NoModifier, {-5, -5});
+    const int total = bar->value();
+    // The cursor blinks twice: long enough for many more steps.
+    int blinks = 0;
+    QObject::connect(find<QTimer>("tmrCursor"), &QTimer::timeout, menu, [&blinks] { ++blinks; });
+    EXPECT_TRUE(QTest::qWaitFor([&blinks] { return blinks == 2; }));
+    EXPECT_LE(bar->value(), total + 1);
+    menu->close();
+}
+
 TEST_F(Mouse, TheDirectionPadMovesInAllFourDirectionsWithinThePage) {
     startOn(Page::Messages);
     QWidget* pad = find("imgDir");
