@@ -140,6 +140,24 @@ Status WriteFile(Files& files, const Path& path, std::string_view bytes, Files::
     return file.value()->close();
 }
 
+Status ReplaceFile(Files& files, const Path& path, std::string_view bytes) {
+    const bool isNew = !files.exists(path);
+    const Result<Bytes> before = isNew ? Result<Bytes>(Bytes()) : files.read(path);
+    Status written = WriteFile(files, path, bytes);
+    if (written) {
+        return written;
+    }
+    // The first failure is the one to tell; a device or a pipe is neither new nor to be removed.
+    if (isNew) {
+        if (files.exists(path)) {
+            (void)files.remove(path);
+        }
+    } else if (before) {
+        (void)WriteFile(files, path, before.value());
+    }
+    return written;
+}
+
 Status WriteFileAtomically(Files& files, const Path& path, std::string_view bytes) {
     Path temporary = path;
     temporary += ".new";
