@@ -120,8 +120,11 @@ void AnimationPage::buildControls() {
     ThisTickList->setEditText(QString::number(editing::InitialTicks));
     TickList = MakeTickList("TickList", tr("Set all ticks to selected number"), this);
     TickList->setCurrentIndex(-1);
-    ThisTickList->installEventFilter(this);
-    TickList->installEventFilter(this);
+    for (QComboBox* const list : {ThisTickList, TickList}) {
+        list->installEventFilter(this);
+        list->lineEdit()->installEventFilter(this);
+        list->lineEdit()->setCursor(Qt::ArrowCursor);
+    }
 
     for (std::size_t i = 0; i < cmdName.size(); ++i) {
         cmdName[i] = new QPushButton(tr(NameButtons[i].caption), this);
@@ -269,7 +272,25 @@ bool AnimationPage::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
+    if (watched == ThisTickList->lineEdit() || watched == TickList->lineEdit()) {
+        return useTickText(static_cast<QComboBox*>(watched->parent()), *event);
+    }
     return PagePanel::eventFilter(watched, event);
+}
+
+bool AnimationPage::useTickText(QComboBox* list, const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonRelease:
+        list->showPopup();
+        return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::ContextMenu:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void AnimationPage::AniTotalScroll_Change(int value) {

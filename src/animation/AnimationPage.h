@@ -59,6 +59,10 @@ private:
     void TickList_Click(int index);
     void showCursor();
 
+    /// The mouse on the text of a tick list, which unfolds it as its arrow does. Returns whether the event is
+    /// used up.
+    static bool useTickText(QComboBox* list, const QEvent& event);
+
     editing::AnimationDocument& m_document;
     int m_shownTotal;
     QWidget* AniPicBox = nullptr;

@@ -316,6 +316,18 @@ TEST_F(AnimationPanel, ShowsTicksThatAreNotOffered) {
     EXPECT_EQ(desk.animation().ticks(15), 2);
 }
 
+TEST_F(AnimationPanel, UnfoldsItsListsByTheirTextToo) {
+    open();
+    for (const char* name : {"ThisTickList", "TickList"}) {
+        auto& list = hand().find<QComboBox>(name);
+        QTest::mouseClick(list.lineEdit(), Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitFor([&list] { return list.view()->isVisible(); })) << name;
+        EXPECT_FALSE(list.lineEdit()->hasSelectedText()) << "it is no text to be edited or copied";
+        list.hidePopup();
+    }
+    EXPECT_EQ(desk.animation().ticks(15), 2);
+}
+
 TEST_F(AnimationPanel, RefreshShowsTicksThatChangedElsewhere) {
     open();
     animation::SetAllTicks(desk.animation(), 6);
