@@ -114,6 +114,10 @@ glyphs::Progress frmVTM::progress() {
 }
 
 void frmVTM::showStatus(const std::string& text) {
+    if (m_isStartingUp && text.empty()) {
+        // What an intro file went wrong with is still to be read after the next one was loaded.
+        return;
+    }
     statusBar()->showMessage(QString::fromStdString(text));
 }
 

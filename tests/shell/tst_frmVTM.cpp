@@ -171,6 +171,17 @@ TEST_F(Start, LoadsTheIntroFilesSilently) {
     EXPECT_EQ(workspace().page(), Page::Animation) << "intro files leave the page alone";
 }
 
+TEST_F(Start, TheStatusLineStillTellsOfAnIntroFileAfterTheNextOne) {
+    const ui::Path animation = fake.directory.files.put(
+        "intro.vta", "// Animation File Created by Vortigo\r\n// 15 Names In The Animation Sequence\r\n"
+                     "name \"much longer than a name\"\r\n");
+    fake.directory.files.put("intro.vtn", "// Name File Created by Vortigo\r\nname \"intro\"\r\n");
+    start();
+    EXPECT_EQ(workspace().documents.name.cells[0], 'i');
+    const std::string shown = find<QStatusBar>("statusbar")->currentMessage().toStdString();
+    EXPECT_NE(shown.find(animation.native()), std::string::npos) << shown;
+}
+
 TEST_F(Start, LoadsTheFileOfTheCommandLineAndShowsTheOddPage) {
     const ui::Path file =
         fake.directory.files.put("x.vtn", "// Name File Created by Vortigo\r\nname \"cmd\"\r\n");
