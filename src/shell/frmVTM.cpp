@@ -37,6 +37,8 @@ frmVTM::frmVTM(ui::Platform& platform)
     : m_platform(platform) {
     setObjectName(QStringLiteral("frmVTM"));
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
+    // The toolkit's own menu would hide the toolbar.
+    setContextMenuPolicy(Qt::PreventContextMenu);
     buildMenus();
     buildToolbar();
     buildCentre();

@@ -6,7 +6,9 @@
 #include "ui/qt/MarkerShape.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
@@ -145,6 +147,15 @@ TEST_F(Menus, KeepTheirKeysWhileTheyAreOpen) {
     EXPECT_EQ(row(), std::string(31, ' '));
     type("m");
     EXPECT_EQ(row(), "m" + std::string(30, ' ')) << "typing goes to the page again";
+}
+
+TEST_F(Menus, AreAllThatTheMenuBarOffers) {
+    startOn(Page::Name);
+    QWidget* const bar = window->menuBar();
+    const QPoint pixel(bar->width() - 4, bar->height() / 2);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, pixel, bar->mapToGlobal(pixel));
+    QApplication::sendEvent(bar, &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "nothing there hides the toolbar";
 }
 
 TEST_F(Menus, OfTheToolbarPopUpAtTheirButtons) {
