@@ -143,6 +143,8 @@ private:
     [[nodiscard]] glyphs::GlyphCode pickGlyph(glyphs::GlyphCode start);
     void putGlyphWithMarker(glyphs::GlyphCode code);
     void runAltKey(const AltKey& key);
+    /// Opens the menu of a letter; false when it has none.
+    bool openMenu(const ui::KeyStroke& stroke);
     void putPickedGlyph();
 
     // Menu and toolbar commands

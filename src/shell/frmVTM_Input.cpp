@@ -10,12 +10,15 @@
 #include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
 #include "shell/frmVTM.h"
+#include "ui/qt/KeyTranslation.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
 
@@ -37,6 +40,22 @@ bool KeepsItsKeys(const QWidget* widget) {
     return QApplication::activePopupWidget() != nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr;
 }
 
+bool IsLatinLetter(int key) {
+    return key >= Qt::Key_A && key <= Qt::Key_Z;
+}
+
+/// Passes a letter key of a keyboard without Latin letters on to a menu as the key that it is on a US
+/// keyboard: the toolkit knows the menus' letters by what is typed. Returns whether it was one.
+bool PassLatinLetter(const QKeyEvent& event, QObject& menu) {
+    const int key = ui::qt::TranslateKey(event).virtualKey;
+    if (IsLatinLetter(event.key()) || !IsLatinLetter(key)) {
+        return false;
+    }
+    QKeyEvent latin(QEvent::KeyPress, key, event.modifiers(), QString(QChar(key)).toLower());
+    QApplication::sendEvent(&menu, &latin);
+    return true;
+}
+
 /// The glyph under a pixel of the glyph grid; -1 outside it.
 int GlyphAt(QPoint pixel) {
     return glyphs::GridHitTest(pixel.x() * glyphs::TwipsPerPixel, pixel.y() * glyphs::TwipsPerPixel);
@@ -47,13 +66,17 @@ int GlyphAt(QPoint pixel) {
 bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
+        if (qobject_cast<const QMenu*>(widget) != nullptr ||
+            qobject_cast<const QMenuBar*>(widget) != nullptr) {
+            return PassLatinLetter(*static_cast<QKeyEvent*>(event), *watched);
+        }
         if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget)) {
             const ui::KeyStroke stroke = m_keys.press(*static_cast<QKeyEvent*>(event));
             if (const AltKey* const key = FindAltKey(stroke)) {
                 runAltKey(*key);
                 return true;
             }
-            return Form_KeyDown(stroke);
+            return Form_KeyDown(stroke) || openMenu(stroke);
         }
     } else if (event->type() == QEvent::KeyRelease) {
         m_keys.release(*static_cast<QKeyEvent*>(event));
@@ -95,6 +118,20 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
     QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
     // Alt opens menus, so its keys go on to the window even though they mean nothing here.
     return !stroke.isAlt && stroke.virtualKey != KeyAlt;
+}
+
+bool frmVTM::openMenu(const ui::KeyStroke& stroke) {
+    // Where the keyboard has Latin letters the toolkit has opened the menu before the key gets here.
+    if (!stroke.isAlt || stroke.isCtrl || !IsLatinLetter(stroke.virtualKey)) {
+        return false;
+    }
+    for (QAction* const action : menuBar()->actions()) {
+        if (QKeySequence::mnemonic(action->text()) == QKeySequence(Qt::ALT | Qt::Key(stroke.virtualKey))) {
+            menuBar()->setActiveAction(action);
+            return true;
+        }
+    }
+    return false;
 }
 
 void frmVTM::putGlyphWithMarker(GlyphCode code) {
