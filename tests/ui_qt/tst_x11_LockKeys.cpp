@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QGuiApplication>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 #include <gtest/gtest.h>
 #include <optional>
@@ -49,6 +50,12 @@ protected:
     static constexpr unsigned NumLock = 77;
     static constexpr unsigned ScrollLock = 78;
 
+    /// Shows the window and waits until the locks are those of the program.
+    void showAndEnter(const XkbLockKeys& locks) {
+        show();
+        ASSERT_TRUE(QTest::qWaitFor([&locks] { return !locks.findChild<QTimer*>()->isActive(); }));
+    }
+
     /// Presses a lock key, which the program follows, and waits until it is up again.
     void clickFollowed(XkbLockKeys& locks, unsigned scanCode, LockKey key, bool on) {
         m_keys.presses.clear();
@@ -87,7 +94,7 @@ TEST_F(X11LockKeys, FollowTheProgramWhileItsWindowHasTheFocus) {
     locks.setLocked(LockKey::Insert, true);
     EXPECT_FALSE(caps() || num() || scroll()) << "before the window is there";
     show();
-    EXPECT_TRUE(caps() && num() && scroll());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && num() && scroll(); }));
     locks.setLocked(LockKey::Caps, false);
     EXPECT_FALSE(caps());
     EXPECT_TRUE(num() && scroll());
@@ -99,7 +106,7 @@ TEST_F(X11LockKeys, FollowTheProgramThatAlreadyHasTheFocus) {
     show();
     XkbLockKeys locks;
     locks.setLocked(LockKey::Caps, true);
-    EXPECT_TRUE(caps());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps(); }));
 }
 
 TEST_F(X11LockKeys, ArePutBackWhenTheFocusLeaves) {
@@ -109,7 +116,7 @@ TEST_F(X11LockKeys, ArePutBackWhenTheFocusLeaves) {
     locks.setLocked(LockKey::Num, false);
     locks.setLocked(LockKey::Scroll, true);
     show();
-    EXPECT_TRUE(caps() && !num() && scroll());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && !num() && scroll(); }));
     X11Input::dropFocus();
     EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
     EXPECT_TRUE(num());
@@ -125,7 +132,7 @@ TEST_F(X11LockKeys, BelongToTheUserInADialog) {
     XkbLockKeys locks;
     show();
     locks.setLocked(LockKey::Caps, true);
-    EXPECT_TRUE(caps());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps(); }));
     {
         QDialog dialog(&m_window);
         dialog.setModal(true);
@@ -146,7 +153,7 @@ TEST_F(X11LockKeys, ArePutBackAtTheEnd) {
         locks.setLocked(LockKey::Num, true);
         locks.setLocked(LockKey::Scroll, true);
         show();
-        EXPECT_TRUE(caps() && num() && scroll());
+        EXPECT_TRUE(QTest::qWaitFor([this] { return caps() && num() && scroll(); }));
     }
     EXPECT_FALSE(caps() || num() || scroll());
 }
@@ -155,7 +162,7 @@ TEST_F(X11LockKeys, AreLeftAloneWhenNothingIsWanted) {
     m_keyboard->setLocked(Lock::Num, true);
     {
         const XkbLockKeys locks;
-        show();
+        showAndEnter(locks);
         EXPECT_TRUE(num() && !caps());
         m_keyboard->setLocked(Lock::Caps, true);
     }
@@ -167,7 +174,7 @@ TEST_F(X11LockKeys, NeverComeBackAsKeyPresses) {
         GTEST_SKIP() << "libXtst.so.6 is not installed";
     }
     XkbLockKeys locks;
-    show();
+    showAndEnter(locks);
     m_keys.presses.clear();
     for (const bool on : {true, false, true}) {
         for (const LockKey key : {LockKey::Scroll, LockKey::Insert, LockKey::Caps, LockKey::Num}) {
@@ -188,7 +195,7 @@ TEST_F(X11LockKeys, AgreeWithAPressOfTheKeyItself) {
     }
     XkbLockKeys locks;
     locks.setLocked(LockKey::Caps, false);
-    show();
+    showAndEnter(locks);
     for (const bool on : {true, false, true, false}) {
         // The program follows the key while it is still down.
         X11Input::press(CapsLock);
@@ -217,6 +224,22 @@ TEST_F(X11LockKeys, RememberTheKeysThatTheUserPressed) {
     EXPECT_FALSE(num());
 }
 
+TEST_F(X11LockKeys, AreTakenOverFromTheProgramThatHadTheFocusBefore) {
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    locks.setLocked(LockKey::Num, true);
+    m_keyboard->setLocked(Lock::Caps, true);
+    show();
+    // It puts back what the user had, but later than the focus moved.
+    m_keyboard->setLocked(Lock::Caps, false);
+    m_keyboard->setLocked(Lock::Num, false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return num(); }));
+    EXPECT_FALSE(caps());
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !num(); }));
+    EXPECT_FALSE(caps());
+}
+
 TEST_F(X11LockKeys, OfOtherKeysStayWhenOneIsSet) {
     if (!X11Input::IsAvailable()) {
         GTEST_SKIP() << "libXtst.so.6 is not installed";
@@ -224,7 +247,7 @@ TEST_F(X11LockKeys, OfOtherKeysStayWhenOneIsSet) {
     XkbLockKeys locks;
     locks.setLocked(LockKey::Caps, false);
     locks.setLocked(LockKey::Num, true);
-    show();
+    showAndEnter(locks);
     clickFollowed(locks, NumLock, LockKey::Num, false);
     clickFollowed(locks, CapsLock, LockKey::Caps, true);
     clickFollowed(locks, ScrollLock, LockKey::Scroll, true);
@@ -240,7 +263,7 @@ TEST_F(X11LockKeys, AreUndoneWhenTheProgramDoesNotFollowTheKey) {
     locks.setLocked(LockKey::Caps, false);
     locks.setLocked(LockKey::Num, true);
     locks.setLocked(LockKey::Scroll, true);
-    show();
+    showAndEnter(locks);
     for (const unsigned key : {CapsLock, NumLock, ScrollLock}) {
         m_keys.releases.clear();
         X11Input::click(key);
@@ -255,7 +278,7 @@ TEST_F(X11LockKeys, LetTheLightFollowTheProgram) {
     }
     XkbLockKeys locks;
     locks.setLocked(LockKey::Scroll, true);
-    show();
+    showAndEnter(locks);
     EXPECT_TRUE(scroll());
     for (const bool on : {false, true, false}) {
         clickFollowed(locks, ScrollLock, LockKey::Scroll, on);

@@ -12,6 +12,10 @@ namespace ui::qt {
 
 namespace {
 
+/// Milliseconds. The program that the focus comes from may be this one, started twice: first it puts back
+/// the locks that are the user's.
+constexpr int EnteringTime = 100;
+
 bool IsLockKey(int key) {
     return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
 }
@@ -23,6 +27,8 @@ XkbLockKeys::XkbLockKeys()
     if (m_keyboard == nullptr) {
         return;
     }
+    m_entering.setSingleShot(true);
+    QObject::connect(&m_entering, &QTimer::timeout, this, &XkbLockKeys::enter);
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &XkbLockKeys::focusMoved);
     QObject::connect(qGuiApp, &QGuiApplication::aboutToQuit, this, &XkbLockKeys::leave);
     focusMoved(QGuiApplication::focusWindow());
@@ -39,13 +45,13 @@ bool XkbLockKeys::canLock(LockKey key) const {
 void XkbLockKeys::setLocked(LockKey key, bool locked) {
     switch (key) {
     case LockKey::Caps:
-        m_wanted.caps = locked;
+        m_wanted.caps = m_pressed.caps = locked;
         break;
     case LockKey::Num:
-        m_wanted.num = locked;
+        m_wanted.num = m_pressed.num = locked;
         break;
     case LockKey::Scroll:
-        m_wanted.scrollLight = locked;
+        m_wanted.scrollLight = m_pressed.scrollLight = locked;
         break;
     case LockKey::Insert:
         return;
@@ -59,7 +65,11 @@ void XkbLockKeys::focusMoved(const QWindow* window) {
     // A dialog has text to be typed into, with the locks that the user is used to.
     const bool isInside = window != nullptr && window->modality() == Qt::NonModal;
     if (isInside) {
-        enter();
+        if (!m_isInside && !m_entering.isActive()) {
+            m_original = current();
+            m_pressed = {};
+            m_entering.start(EnteringTime);
+        }
     } else {
         leave();
     }
@@ -72,13 +82,16 @@ void XkbLockKeys::enter() {
     m_isInside = true;
     // Installed anew, so that it comes before the filters of windows that were made in the meantime.
     qGuiApp->installEventFilter(this);
-    m_original.caps = m_keyboard->isLocked(X11Keyboard::Lock::Caps);
-    m_original.num = m_keyboard->isLocked(X11Keyboard::Lock::Num);
-    m_original.scrollLight = m_keyboard->scrollLight();
+    // A key that was pressed in the meantime has turned its lock: what the user had was there before.
+    const Locks now = current();
+    m_original.caps = m_pressed.caps ? m_original.caps : now.caps;
+    m_original.num = m_pressed.num ? m_original.num : now.num;
+    m_original.scrollLight = m_pressed.scrollLight ? m_original.scrollLight : now.scrollLight;
     apply(m_wanted);
 }
 
 void XkbLockKeys::leave() {
+    m_entering.stop();
     if (!m_isInside) {
         return;
     }
@@ -97,6 +110,12 @@ bool XkbLockKeys::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+XkbLockKeys::Locks XkbLockKeys::current() const {
+    return {
+        m_keyboard->isLocked(X11Keyboard::Lock::Caps), m_keyboard->isLocked(X11Keyboard::Lock::Num),
+        m_keyboard->scrollLight()};
 }
 
 void XkbLockKeys::apply(const Locks& locks) {

@@ -5,6 +5,7 @@
 #include "ui/Platform.h"
 
 #include <QObject>
+#include <QTimer>
 #include <memory>
 #include <optional>
 
@@ -48,12 +49,15 @@ private:
     void focusMoved(const QWindow* window);
     void enter();
     void leave();
+    [[nodiscard]] Locks current() const;
     void apply(const Locks& locks);
 
     std::unique_ptr<X11Keyboard> m_keyboard; ///< null: no lock can be set here
-    bool m_isInside = false;                 ///< whether the main window has the focus
+    QTimer m_entering{this};                 ///< runs when the main window has just got the focus
+    bool m_isInside = false;                 ///< whether the main window has the focus, and the locks are set
     Locks m_wanted;
-    Locks m_original; ///< of the user, while m_isInside
+    Locks m_pressed;  ///< what was set since the main window got the focus
+    Locks m_original; ///< of the user, while the main window has the focus
 };
 
 } // namespace ui::qt
