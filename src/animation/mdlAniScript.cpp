@@ -231,7 +231,7 @@ AnimationWritten WriteAnimationScript(
     // The pairing looks reversed and is how these scripts are made: Yes gives the plain command.
     const NameCommand command =
         dialogs.askYesNo(std::string(GameQuestion)) ? NameCommand::Name : NameCommand::SetName;
-    if (const ui::Status done = ui::ReplaceFile(files, path, EncodeAnimationScript(animation, command));
+    if (const ui::Status done = ui::OverwriteFile(files, path, EncodeAnimationScript(animation, command));
         !done) {
         return {.written = false, .statusText = done.failure().message};
     }

@@ -14,7 +14,7 @@ SaveOutcome SaveScript(
     if (!path || !editing::MayReplaceFile(dialogs, files, *path, header)) {
         return {};
     }
-    if (const auto written = ui::ReplaceFile(files, *path, content()); !written) {
+    if (const auto written = ui::OverwriteFile(files, *path, content()); !written) {
         dialogs.warn(written.failure().message);
         return {SaveOutcome::Kind::Failed};
     }

@@ -140,7 +140,7 @@ Status WriteFile(Files& files, const Path& path, std::string_view bytes, Files::
     return file.value()->close();
 }
 
-Status ReplaceFile(Files& files, const Path& path, std::string_view bytes) {
+Status OverwriteFile(Files& files, const Path& path, std::string_view bytes) {
     const bool isNew = !files.exists(path);
     const Result<Bytes> before = isNew ? Result<Bytes>(Bytes()) : files.read(path);
     Status written = WriteFile(files, path, bytes);

@@ -82,7 +82,7 @@ public:
 
 /// Writes `bytes` into `path` in place, so that its links and permissions stay. When that fails, as on a full
 /// disk, what it held before is put back as far as that can be done; a file that was not there is removed.
-[[nodiscard]] Status ReplaceFile(Files& files, const Path& path, std::string_view bytes);
+[[nodiscard]] Status OverwriteFile(Files& files, const Path& path, std::string_view bytes);
 
 /// Replaces `path` so that at every instant either the old or the new content is whole: a flushed temporary
 /// beside it is renamed over it.

@@ -198,18 +198,18 @@ TEST(DiskFiles, ExistsFollowsLinks) {
     EXPECT_FALSE(DiskFiles().exists(folder / "b"));
 }
 
-TEST(ReplaceFile, WritesInPlace) {
+TEST(OverwriteFile, WritesInPlace) {
     const TempFolder folder;
     DiskFiles files;
     folder.put("a", "old and longer");
     std::filesystem::create_hard_link(folder / "a", folder / "b");
-    EXPECT_TRUE(ui::ReplaceFile(files, folder / "a", "new"));
+    EXPECT_TRUE(ui::OverwriteFile(files, folder / "a", "new"));
     EXPECT_EQ(folder.content("b"), "new");
-    EXPECT_TRUE(ui::ReplaceFile(files, folder / "c", "new"));
+    EXPECT_TRUE(ui::OverwriteFile(files, folder / "c", "new"));
     EXPECT_EQ(folder.content("c"), "new");
 }
 
-TEST(ReplaceFile, PutsBackWhatWasThereWhateverFails) {
+TEST(OverwriteFile, PutsBackWhatWasThereWhateverFails) {
     using Step = FailingFiles::Step;
     for (const Step step : {Step::Open, Step::Write, Step::Close}) {
         const TempFolder folder;
@@ -217,22 +217,22 @@ TEST(ReplaceFile, PutsBackWhatWasThereWhateverFails) {
         FailingFiles files(disk);
         folder.put("a", "old");
         files.failOnce(step);
-        EXPECT_FALSE(ui::ReplaceFile(files, folder / "a", "new and longer"));
+        EXPECT_FALSE(ui::OverwriteFile(files, folder / "a", "new and longer"));
         EXPECT_EQ(folder.content("a"), "old");
         files.failOnce(step);
-        EXPECT_FALSE(ui::ReplaceFile(files, folder / "b", "new and longer"));
+        EXPECT_FALSE(ui::OverwriteFile(files, folder / "b", "new and longer"));
         EXPECT_FALSE(folder.has("b"));
     }
 }
 
-TEST(ReplaceFile, LeavesADeviceWhereItIs) {
+TEST(OverwriteFile, LeavesADeviceWhereItIs) {
     if (::access("/dev/full", W_OK) != 0) {
         GTEST_SKIP() << "no /dev/full here";
     }
     const TempFolder folder;
     DiskFiles files;
     std::filesystem::create_symlink("/dev/full", folder / "full");
-    EXPECT_FALSE(ui::ReplaceFile(files, folder / "full", "new"));
+    EXPECT_FALSE(ui::OverwriteFile(files, folder / "full", "new"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "full"));
 }
 
