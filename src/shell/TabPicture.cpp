@@ -49,9 +49,6 @@ void TabPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), m_isActive ? ActiveGrey : InactiveGrey);
     painter.setPen(Qt::black);
-    QFont captionFont = font();
-    captionFont.setBold(m_isActive);
-    painter.setFont(captionFont);
     painter.drawText(rect(), Qt::AlignCenter, m_caption);
 }
 

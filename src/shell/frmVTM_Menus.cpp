@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "shell/Icons.h"
 #include "shell/frmVTM.h"
 
 #include <QAction>
@@ -16,14 +17,6 @@ namespace shell {
 namespace {
 
 constexpr int IconSide = 24;
-
-/// The picture of a toolbar button for plain and for scaled screens.
-QIcon ToolIcon(const QString& key) {
-    QIcon icon;
-    icon.addFile(QStringLiteral(":/icons/%1.png").arg(key));
-    icon.addFile(QStringLiteral(":/icons/%1@2x.png").arg(key));
-    return icon;
-}
 
 } // namespace
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "shell/Icons.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/QtPlatform.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QSocketNotifier>
 #include <array>
 #include <csignal>
@@ -48,14 +48,6 @@ void CloseOnTermination(shell::frmVTM& window) {
     }
 }
 
-QIcon ProgramIcon() {
-    QIcon icon;
-    for (const int side : {16, 32, 48, 64}) {
-        icon.addFile(QStringLiteral(":/icons/vtm-%1.png").arg(side));
-    }
-    return icon;
-}
-
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -63,7 +55,7 @@ int main(int argc, char* argv[]) {
     // Whatever the program is started as: by these the desktop finds the entry that a window belongs to.
     QApplication::setApplicationName(QStringLiteral("VTM"));
     QApplication::setDesktopFileName(QStringLiteral("vtm"));
-    QApplication::setWindowIcon(ProgramIcon());
+    QApplication::setWindowIcon(shell::ProgramIcon());
     ui::qt::QtPlatform qtPlatform;
     ui::Platform& platform = qtPlatform.platform();
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "shell/Icons.h"
 #include "support/Contrast.h"
 
 #include <QColor>
@@ -26,8 +27,13 @@ const QStringList ToolbarKeys = {
 
 constexpr int DesktopSizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
 
-QString resource(const QString& name) {
-    return ":/icons/" + name + ".png";
+QImage picture(const QString& key) {
+    return shell::ToolIcon(key).pixmap(QSize(24, 24)).toImage();
+}
+
+/// The picture as its file was rendered.
+QImage rendered(const QString& file) {
+    return QImage(QString(ICONS) + "/" + file).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 // The share of an icon's opaque pixels that stand out against a background.
@@ -52,33 +58,36 @@ TEST(ToolbarIcons, AreThereInBothSizes) {
     EXPECT_EQ(ToolbarKeys.size(), 25);
     for (const QString& key : ToolbarKeys) {
         SCOPED_TRACE(key.toStdString());
-        EXPECT_EQ(QImage(resource(key)).size(), QSize(24, 24));
-        EXPECT_EQ(QImage(resource(key + "@2x")).size(), QSize(48, 48));
+        EXPECT_EQ(shell::ToolIcon(key).availableSizes(), QList<QSize>({QSize(24, 24), QSize(48, 48)}));
     }
 }
 
-TEST(ToolbarIcons, AreFoundSharpOnDenseScreens) {
+TEST(ToolbarIcons, ShowWhatWasRendered) {
     for (const QString& key : ToolbarKeys) {
         SCOPED_TRACE(key.toStdString());
-        QIcon icon;
-        icon.addFile(resource(key));
-        icon.addFile(resource(key + "@2x"));
-        const QPixmap pixmap = icon.pixmap(QSize(24, 24), 2.0);
-        EXPECT_EQ(pixmap.size(), QSize(48, 48));
-        EXPECT_EQ(pixmap.devicePixelRatio(), 2.0);
-        EXPECT_EQ(
-            pixmap.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied).pixelColor(24, 24),
-            QImage(resource(key + "@2x"))
-                .convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                .pixelColor(24, 24));
-        EXPECT_EQ(icon.pixmap(QSize(24, 24), 1.0).size(), QSize(24, 24));
+        EXPECT_EQ(picture(key), rendered("toolbar/" + key + ".png"));
     }
+}
+
+TEST(ToolbarIcons, AreSharpOnDenseScreens) {
+    for (const QString& key : ToolbarKeys) {
+        SCOPED_TRACE(key.toStdString());
+        const QPixmap pixmap = shell::ToolIcon(key).pixmap(QSize(24, 24), 2.0);
+        EXPECT_EQ(pixmap.devicePixelRatio(), 2.0);
+        QImage expected = rendered("toolbar/" + key + "@2x.png");
+        expected.setDevicePixelRatio(2.0);
+        EXPECT_EQ(pixmap.toImage(), expected);
+    }
+}
+
+TEST(ToolbarIcons, AreNullWithoutAPicture) {
+    EXPECT_TRUE(shell::ToolIcon("none").isNull());
 }
 
 TEST(ToolbarIcons, DifferFromEachOther) {
     for (qsizetype later = 1; later < ToolbarKeys.size(); ++later) {
         for (qsizetype earlier = 0; earlier < later; ++earlier) {
-            EXPECT_NE(QImage(resource(ToolbarKeys[later])), QImage(resource(ToolbarKeys[earlier])))
+            EXPECT_NE(picture(ToolbarKeys[later]), picture(ToolbarKeys[earlier]))
                 << ToolbarKeys[later].toStdString() << ", " << ToolbarKeys[earlier].toStdString();
         }
     }
@@ -87,7 +96,7 @@ TEST(ToolbarIcons, DifferFromEachOther) {
 TEST(ToolbarIcons, StandOutOnLightAndDarkThemes) {
     for (const QString& key : ToolbarKeys) {
         SCOPED_TRACE(key.toStdString());
-        const QImage image(resource(key));
+        const QImage image = picture(key);
         EXPECT_GT(visibleShare(image, QColor(0xEF, 0xEF, 0xEF)), 0.4);
         EXPECT_GT(visibleShare(image, QColor(0x2B, 0x2B, 0x2B)), 0.4);
     }
@@ -96,18 +105,20 @@ TEST(ToolbarIcons, StandOutOnLightAndDarkThemes) {
 TEST(ToolbarIcons, LeaveTheirCornersFree) {
     for (const QString& key : ToolbarKeys) {
         SCOPED_TRACE(key.toStdString());
-        const QImage image(resource(key));
+        const QImage image = picture(key);
         EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
         EXPECT_EQ(image.pixelColor(23, 0).alpha(), 0);
     }
 }
 
-TEST(ProgramIcon, ComesInAllSizes) {
-    for (const int size : DesktopSizes) {
-        EXPECT_EQ(QImage(resource("vtm-" + QString::number(size))).size(), QSize(size, size));
+TEST(ProgramIcon, ComesInTheSizesOfWindowManagers) {
+    const QIcon icon = shell::ProgramIcon();
+    for (const int size : {16, 32, 48, 64}) {
+        SCOPED_TRACE(size);
+        EXPECT_EQ(
+            icon.pixmap(QSize(size, size)).toImage(),
+            rendered(QString("hicolor/%1x%1/apps/vtm.png").arg(size)));
     }
-    EXPECT_EQ(QImage(resource("vtm")).size(), QSize(64, 64));
-    EXPECT_EQ(QImage(resource("vtm@2x")).size(), QSize(128, 128));
 }
 
 TEST(DesktopIcons, LieInAnIconTheme) {
@@ -117,9 +128,9 @@ TEST(DesktopIcons, LieInAnIconTheme) {
     for (const QString& name : names) {
         SCOPED_TRACE(name.toStdString());
         for (const int size : DesktopSizes) {
-            const QString path = QString(ICON_THEME) + QString("/%1x%1/%2.png").arg(size).arg(name);
+            const QString path = QString(ICONS) + QString("/hicolor/%1x%1/%2.png").arg(size).arg(name);
             EXPECT_EQ(QImage(path).size(), QSize(size, size)) << path.toStdString();
         }
-        EXPECT_TRUE(QFile::exists(QString(ICON_THEME) + "/scalable/" + name + ".svg"));
+        EXPECT_TRUE(QFile::exists(QString(ICONS) + "/hicolor/scalable/" + name + ".svg"));
     }
 }
