@@ -212,6 +212,23 @@ TEST_F(Mouse, ARightPressStampsOnTheOtherPagesToo) {
     EXPECT_EQ(row(1), "\x91" + Blanks14);
 }
 
+TEST_F(Mouse, ARightPressInsertsInInsertMode) {
+    startOn(Page::Name);
+    type("ab");
+    press(Qt::Key_Insert);
+    clickGlyph('#', Qt::RightButton);
+    click("NamePic", {3, 3}, Qt::RightButton);
+    EXPECT_EQ(row(), "#ab" + std::string(12, ' '));
+    EXPECT_EQ(column(), 1) << "inserting leaves the cursor on the new glyph";
+    click("NamePic", {14 * 16 + 3, 3}, Qt::RightButton);
+    click("NamePic", {14 * 16 + 3, 3}, Qt::RightButton);
+    EXPECT_EQ(row(), "#ab" + std::string(11, ' ') + '#') << "the last cell is replaced";
+    EXPECT_EQ(column(), 15);
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(row(), "#ab" + std::string(10, ' ') + "# ");
+    EXPECT_EQ(column(), 14);
+}
+
 TEST_F(Mouse, AHeldArrowOfTheDirectionPadRepeatsUntilItIsLetGo) {
     startOn(Page::Name);
     press(Qt::Key_End);
