@@ -8,6 +8,7 @@
 #include "shell/mdlRegistry.h"
 
 #include <QTimer>
+#include <chrono>
 #include <filesystem>
 
 namespace shell {
@@ -19,6 +20,9 @@ namespace {
 /// Where the window stood; apart from the options, of which every key has a meaning of its own.
 constexpr std::string_view WindowSection = "window";
 constexpr std::string_view GeometryKey = "geometry";
+
+/// From the start on; the first paint takes a fraction of it.
+constexpr std::chrono::milliseconds FileTypesTime(500);
 
 } // namespace
 
@@ -79,9 +83,10 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         showStatus(m_unreadableSettings);
     }
 
-    // The desktop learns about the file types once the window stands: nothing in it waits for them.
-    QTimer::singleShot(
-        0, this, [this] { WriteFileAssociations(m_platform.fileTypes, m_platform.directory.folder()); });
+    // The desktop learns about the file types once the window is painted: nothing in it waits for them.
+    QTimer::singleShot(FileTypesTime, this, [this] {
+        WriteFileAssociations(m_platform.fileTypes, m_platform.directory.folder());
+    });
     for (const std::string& notice : notices) {
         m_platform.dialogs.warn(notice);
     }

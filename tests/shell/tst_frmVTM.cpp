@@ -226,8 +226,32 @@ TEST_F(Start, NamesAnUnreadableSettingInTheStatusLineAlsoAfterAnIntroFile) {
     EXPECT_EQ(workspace().settings.cursors[0], 0);
 }
 
-TEST_F(Start, RegistersTheFileTypesAfterTheWindowStands) {
+TEST_F(Start, RegistersTheFileTypesOnceTheWindowIsPainted) {
+    class Order final : public QObject {
+    public:
+        explicit Order(const support::FakeFileTypes& fileTypes)
+            : m_fileTypes(fileTypes) {
+            qApp->installEventFilter(this);
+        }
+
+        std::optional<bool> registeredFirst;
+
+    protected:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            if (event->type() == QEvent::Paint && !registeredFirst) {
+                registeredFirst = !m_fileTypes.registrations.empty();
+            }
+            return false;
+        }
+
+    private:
+        const support::FakeFileTypes& m_fileTypes;
+    };
+
+    Order order(fake.fileTypes);
     start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return order.registeredFirst.has_value(); }));
+    EXPECT_EQ(order.registeredFirst, false);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !fake.fileTypes.registrations.empty(); }));
     ASSERT_EQ(fake.fileTypes.registrations.front().types.size(), 3U);
     EXPECT_EQ(fake.fileTypes.registrations.front().types[0].extension, ".vtn");
