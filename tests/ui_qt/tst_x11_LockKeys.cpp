@@ -240,6 +240,32 @@ TEST_F(X11LockKeys, AreTakenOverFromTheProgramThatHadTheFocusBefore) {
     EXPECT_FALSE(caps());
 }
 
+TEST_F(X11LockKeys, AreTakenOverAlsoWhenAModeIsSetAtOnce) {
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    m_keyboard->setLocked(Lock::Caps, true);
+    show();
+    // The click that gives the focus is on a mode's button.
+    locks.setLocked(LockKey::Caps, true);
+    m_keyboard->setLocked(Lock::Caps, false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return caps(); }));
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !caps(); }));
+}
+
+TEST_F(X11LockKeys, ArePutBackWhenTheFocusLeavesAtOnce) {
+    if (!X11Input::IsAvailable()) {
+        GTEST_SKIP() << "libXtst.so.6 is not installed";
+    }
+    XkbLockKeys locks;
+    locks.setLocked(LockKey::Caps, false);
+    show();
+    X11Input::click(CapsLock);
+    X11Input::dropFocus();
+    EXPECT_TRUE(QTest::qWaitFor([] { return QGuiApplication::focusWindow() == nullptr; }));
+    EXPECT_FALSE(caps());
+}
+
 TEST_F(X11LockKeys, OfOtherKeysStayWhenOneIsSet) {
     if (!X11Input::IsAvailable()) {
         GTEST_SKIP() << "libXtst.so.6 is not installed";

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QWindow>
+#include <utility>
 
 namespace ui::qt {
 
@@ -45,13 +46,13 @@ bool XkbLockKeys::canLock(LockKey key) const {
 void XkbLockKeys::setLocked(LockKey key, bool locked) {
     switch (key) {
     case LockKey::Caps:
-        m_wanted.caps = m_pressed.caps = locked;
+        m_wanted.caps = locked;
         break;
     case LockKey::Num:
-        m_wanted.num = m_pressed.num = locked;
+        m_wanted.num = locked;
         break;
     case LockKey::Scroll:
-        m_wanted.scrollLight = m_pressed.scrollLight = locked;
+        m_wanted.scrollLight = locked;
         break;
     case LockKey::Insert:
         return;
@@ -67,7 +68,9 @@ void XkbLockKeys::focusMoved(const QWindow* window) {
     if (isInside) {
         if (!m_isInside && !m_entering.isActive()) {
             m_original = current();
-            m_pressed = {};
+            m_turned = {};
+            // Installed anew, so that it comes before the filters of windows that were made in the meantime.
+            qGuiApp->installEventFilter(this);
             m_entering.start(EnteringTime);
         }
     } else {
@@ -76,40 +79,53 @@ void XkbLockKeys::focusMoved(const QWindow* window) {
 }
 
 void XkbLockKeys::enter() {
-    if (m_isInside) {
-        return;
-    }
     m_isInside = true;
-    // Installed anew, so that it comes before the filters of windows that were made in the meantime.
-    qGuiApp->installEventFilter(this);
-    // A key that was pressed in the meantime has turned its lock: what the user had was there before.
     const Locks now = current();
-    m_original.caps = m_pressed.caps ? m_original.caps : now.caps;
-    m_original.num = m_pressed.num ? m_original.num : now.num;
-    m_original.scrollLight = m_pressed.scrollLight ? m_original.scrollLight : now.scrollLight;
+    m_original.caps = m_turned.caps ? m_turned.caps : now.caps;
+    m_original.num = m_turned.num ? m_turned.num : now.num;
+    m_original.scrollLight = m_turned.scrollLight ? m_turned.scrollLight : now.scrollLight;
     apply(m_wanted);
 }
 
 void XkbLockKeys::leave() {
-    m_entering.stop();
-    if (!m_isInside) {
+    if (!m_isInside && !m_entering.isActive()) {
         return;
     }
-    m_isInside = false;
+    m_entering.stop();
     qGuiApp->removeEventFilter(this);
-    apply(m_original);
+    apply(std::exchange(m_isInside, false) ? m_original : m_turned);
 }
 
 bool XkbLockKeys::eventFilter(QObject* watched, QEvent* event) {
-    // A release comes to the window first, and then to the widgets in it.
-    if (event->type() == QEvent::KeyRelease && watched->isWindowType()) {
+    const bool isPress = event->type() == QEvent::KeyPress;
+    // A key comes to the window first, and then to the widgets in it.
+    if ((isPress || event->type() == QEvent::KeyRelease) && watched->isWindowType()) {
         const auto* const key = static_cast<QKeyEvent*>(event);
         if (IsLockKey(key->key()) && !key->isAutoRepeat()) {
-            // The window system has turned the lock whether or not the press meant anything to the program.
-            apply(m_wanted);
+            if (isPress && !m_isInside) {
+                noteTurned(key->key());
+            } else if (!isPress && m_isInside) {
+                // The window system has turned the lock whether or not the press meant anything to the
+                // program.
+                apply(m_wanted);
+            }
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+void XkbLockKeys::noteTurned(int key) {
+    switch (key) {
+    case Qt::Key_CapsLock:
+        m_turned.caps = m_original.caps;
+        break;
+    case Qt::Key_NumLock:
+        m_turned.num = m_original.num;
+        break;
+    default:
+        m_turned.scrollLight = m_original.scrollLight;
+        break;
+    }
 }
 
 XkbLockKeys::Locks XkbLockKeys::current() const {

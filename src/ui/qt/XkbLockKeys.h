@@ -49,6 +49,7 @@ private:
     void focusMoved(const QWindow* window);
     void enter();
     void leave();
+    void noteTurned(int key);
     [[nodiscard]] Locks current() const;
     void apply(const Locks& locks);
 
@@ -56,7 +57,7 @@ private:
     QTimer m_entering{this};                 ///< runs when the main window has just got the focus
     bool m_isInside = false;                 ///< whether the main window has the focus, and the locks are set
     Locks m_wanted;
-    Locks m_pressed;  ///< what was set since the main window got the focus
+    Locks m_turned;   ///< what those were that a key has turned before the locks were set
     Locks m_original; ///< of the user, while the main window has the focus
 };
 
