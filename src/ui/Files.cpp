@@ -114,6 +114,13 @@ private:
     bool m_isNew; ///< the folder may not know of the file yet
 };
 
+Status WriteAndClose(std::unique_ptr<OutputFile> file, std::string_view bytes) {
+    if (auto written = file->write(bytes); !written) {
+        return written;
+    }
+    return file->close();
+}
+
 class DiskFileLock final : public FileLock {
 public:
     explicit DiskFileLock(int number)
@@ -131,19 +138,18 @@ std::string PathText(const Path& path) {
 
 Status WriteFile(Files& files, const Path& path, std::string_view bytes, Files::OpenMode mode) {
     auto file = files.open(path, mode);
-    if (!file) {
-        return file.failure();
-    }
-    if (auto written = file.value()->write(bytes); !written) {
-        return written;
-    }
-    return file.value()->close();
+    return file ? WriteAndClose(std::move(file).value(), bytes) : file.failure();
 }
 
 Status OverwriteFile(Files& files, const Path& path, std::string_view bytes) {
     const bool isNew = !files.exists(path);
     const Result<Bytes> before = isNew ? Result<Bytes>(Bytes()) : files.read(path);
-    Status written = WriteFile(files, path, bytes);
+    auto file = files.open(path, Files::OpenMode::Truncate);
+    if (!file) {
+        // Nothing has changed that could be put back.
+        return file.failure();
+    }
+    Status written = WriteAndClose(std::move(file).value(), bytes);
     if (written) {
         return written;
     }

@@ -225,6 +225,17 @@ TEST(OverwriteFile, PutsBackWhatWasThereWhateverFails) {
     }
 }
 
+TEST(OverwriteFile, LeavesAloneWhatCannotBeOpened) {
+    const TempFolder folder;
+    DiskFiles disk;
+    FailingFiles files(disk);
+    folder.put("a", "old");
+    files.failOnce(FailingFiles::Step::Open);
+    EXPECT_FALSE(ui::OverwriteFile(files, folder / "a", "new"));
+    EXPECT_EQ(files.count(FailingFiles::Step::Open), 1) << "another program may have written it by now";
+    EXPECT_EQ(folder.content("a"), "old");
+}
+
 TEST(OverwriteFile, LeavesADeviceWhereItIs) {
     if (::access("/dev/full", W_OK) != 0) {
         GTEST_SKIP() << "no /dev/full here";
