@@ -136,6 +136,9 @@ bool frmVTM::openMenu(const ui::KeyStroke& stroke) {
 
 void frmVTM::putGlyphWithMarker(GlyphCode code) {
     if (editing::PutGlyph(context(), code)) {
+        // The glyph comes first: what follows it on the screen is only where things are.
+        showDamage();
+        QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
         moveGridMarker(code);
     }
     Refresh();

@@ -38,10 +38,15 @@ public:
     explicit PaintRecorder(QWidget* widget) { widget->installEventFilter(this); }
 
     QRegion region;
+    std::function<void()> beforeFirst = [] {
+    };
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Paint) {
+            if (region.isEmpty()) {
+                beforeFirst();
+            }
             region += static_cast<QPaintEvent*>(event)->region();
         }
         return QObject::eventFilter(watched, event);
@@ -524,6 +529,22 @@ TEST_F(Typing, AKeyIsPaintedBeforeOtherEventsAreLookedFor) {
     PaintRecorder recorder(find("NamePic"));
     press(Qt::Key_D);
     EXPECT_TRUE(recorder.region.contains(QRect(0, 0, 16, 16)));
+}
+
+TEST_F(Typing, TheGlyphIsPaintedBeforeTheGridsMarkerMoves) {
+    startOn(Page::Name);
+    type("a");
+    QCoreApplication::processEvents();
+    const QWidget* const shape = find("GridPosShape");
+    const QPoint before = shape->pos();
+    QPoint whilePainting;
+    PaintRecorder recorder(find("NamePic"));
+    recorder.beforeFirst = [&] {
+        whilePainting = shape->pos();
+    };
+    press(Qt::Key_D);
+    EXPECT_NE(shape->pos(), before);
+    EXPECT_EQ(whilePainting, before);
 }
 
 TEST_F(Typing, ThePictureShowsWhatTheDocumentHolds) {
