@@ -22,19 +22,6 @@ constexpr std::size_t ChunkHeaderSize = 8;
 constexpr std::size_t FormatSize = 16;
 constexpr unsigned Uncompressed = 1;
 
-/// The library's own description of a device; its layout is part of its binary interface.
-struct AudioSpec {
-    int rate;
-    std::uint16_t format;
-    std::uint8_t channels;
-    std::uint8_t silence;
-    std::uint16_t samples;
-    std::uint16_t padding;
-    std::uint32_t size;
-    void (*callback)(void*, std::uint8_t*, int);
-    void* userData;
-};
-
 /// A number of `size` bytes, low byte first.
 unsigned ReadNumber(std::string_view bytes, std::size_t offset, std::size_t size) {
     unsigned number = 0;
@@ -89,10 +76,23 @@ std::optional<WaveSamples> ReadWave(std::string_view wave) {
 
 /// What is used of the library.
 struct SdlAudio::Library {
+    /// The library's own description of a device; its layout is part of its binary interface.
+    struct Spec {
+        int rate;
+        std::uint16_t format;
+        std::uint8_t channels;
+        std::uint8_t silence;
+        std::uint16_t samples;
+        std::uint16_t padding;
+        std::uint32_t size;
+        void (*callback)(void*, std::uint8_t*, int);
+        void* userData;
+    };
+
     int (*initialise)(std::uint32_t) = nullptr;
     void (*quit)(std::uint32_t) = nullptr;
     int (*setHint)(const char*, const char*) = nullptr;
-    std::uint32_t (*openDevice)(const char*, int, const AudioSpec*, AudioSpec*, int) = nullptr;
+    std::uint32_t (*openDevice)(const char*, int, const Spec*, Spec*, int) = nullptr;
     void (*closeDevice)(std::uint32_t) = nullptr;
     void (*pauseDevice)(std::uint32_t, int) = nullptr;
     int (*queue)(std::uint32_t, const void*, std::uint32_t) = nullptr;
@@ -138,12 +138,12 @@ bool SdlAudio::open(const WaveSamples& wave) {
     if (m_library == nullptr || m_library->initialise(AudioSubsystem) != 0) {
         return false;
     }
-    AudioSpec wanted{};
+    Library::Spec wanted{};
     wanted.rate = wave.rate;
     wanted.format = wave.sampleBytes == 1 ? Unsigned8Bit : Signed16Bit;
     wanted.channels = wave.channels;
     wanted.samples = BufferSamples;
-    AudioSpec opened{};
+    Library::Spec opened{};
     m_device = m_library->openDevice(nullptr, 0, &wanted, &opened, 0);
     if (m_device == 0) {
         m_library->quit(AudioSubsystem);
