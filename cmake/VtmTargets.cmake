@@ -9,10 +9,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # GCC 12 sees an overlap that cannot be wherever a string is added to a literal (GCC bug 105651).
     target_compile_options(vtm_options INTERFACE -Wno-restrict)
 endif()
-if(VTM_UNITY AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # Sources that another includes may have an anonymous namespace all the same.
-    target_compile_options(vtm_options INTERFACE -Wno-subobject-linkage)
-endif()
 if(VTM_WERROR)
     target_compile_options(vtm_options INTERFACE -Werror)
 endif()
