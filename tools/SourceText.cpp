@@ -74,6 +74,12 @@ int IntegerIn(const std::string& file, int line, const std::string& word, int lo
     return numberIn(file, line, word, low, high);
 }
 
+void AppendNumber(std::string& bytes, std::uint32_t value, int width) {
+    for (int byte = 0; byte < width; ++byte) {
+        bytes += static_cast<char>((value >> (8 * byte)) & 0xFFU);
+    }
+}
+
 void WriteOutput(const std::string& file, std::string_view bytes) {
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

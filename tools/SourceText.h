@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,9 @@ NumberIn(const std::string& file, int line, const std::string& word, double low,
 
 /// As NumberIn, for whole numbers.
 [[nodiscard]] int IntegerIn(const std::string& file, int line, const std::string& word, int low, int high);
+
+/// Appends a number of `width` bytes, low byte first.
+void AppendNumber(std::string& bytes, std::uint32_t value, int width);
 
 /// Writes the file whole; refuses when that fails.
 void WriteOutput(const std::string& file, std::string_view bytes);

@@ -104,12 +104,6 @@ ui::Picture reduceColours(tools::LightPicture& light) {
     return picture;
 }
 
-void appendNumber(std::string& bytes, std::uint32_t value, int width) {
-    for (int byte = 0; byte < width; ++byte) {
-        bytes += static_cast<char>((value >> (8 * byte)) & 0xFFU);
-    }
-}
-
 // The picture at double size as a BMP: 24 bits a pixel, the lowest row first.
 std::string bitmap(const ui::Picture& picture) {
     constexpr std::uint32_t HeaderSize = 14 + 40;
@@ -118,23 +112,23 @@ std::string bitmap(const ui::Picture& picture) {
     static_assert(Width * Doubled * 3 % 4 == 0, "rows need no padding");
     const std::uint32_t dataSize = width * height * 3;
     std::string bytes = "BM";
-    appendNumber(bytes, HeaderSize + dataSize, 4);
-    appendNumber(bytes, 0, 4);
-    appendNumber(bytes, HeaderSize, 4);
-    appendNumber(bytes, 40, 4);
-    appendNumber(bytes, width, 4);
-    appendNumber(bytes, height, 4);
-    appendNumber(bytes, 1, 2);  // planes
-    appendNumber(bytes, 24, 2); // bits a pixel
-    appendNumber(bytes, 0, 4);  // not compressed
-    appendNumber(bytes, dataSize, 4);
-    appendNumber(bytes, 2835, 4); // pixels a metre, both ways
-    appendNumber(bytes, 2835, 4);
-    appendNumber(bytes, 0, 4);
-    appendNumber(bytes, 0, 4);
+    tools::AppendNumber(bytes, HeaderSize + dataSize, 4);
+    tools::AppendNumber(bytes, 0, 4);
+    tools::AppendNumber(bytes, HeaderSize, 4);
+    tools::AppendNumber(bytes, 40, 4);
+    tools::AppendNumber(bytes, width, 4);
+    tools::AppendNumber(bytes, height, 4);
+    tools::AppendNumber(bytes, 1, 2);  // planes
+    tools::AppendNumber(bytes, 24, 2); // bits a pixel
+    tools::AppendNumber(bytes, 0, 4);  // not compressed
+    tools::AppendNumber(bytes, dataSize, 4);
+    tools::AppendNumber(bytes, 2835, 4); // pixels a metre, both ways
+    tools::AppendNumber(bytes, 2835, 4);
+    tools::AppendNumber(bytes, 0, 4);
+    tools::AppendNumber(bytes, 0, 4);
     for (int y = static_cast<int>(height) - 1; y >= 0; --y) {
         for (int x = 0; x < static_cast<int>(width); ++x) {
-            appendNumber(bytes, picture.pixel(x / Doubled, y / Doubled), 3);
+            tools::AppendNumber(bytes, picture.pixel(x / Doubled, y / Doubled), 3);
         }
     }
     return bytes;

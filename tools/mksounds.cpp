@@ -139,28 +139,22 @@ std::vector<std::int16_t> synthesise(const Sound& sound) {
     return samples;
 }
 
-void appendNumber(std::string& bytes, std::uint32_t value, int width) {
-    for (int byte = 0; byte < width; ++byte) {
-        bytes += static_cast<char>((value >> (8 * byte)) & 0xFFU);
-    }
-}
-
 std::string riffWave(const std::vector<std::int16_t>& samples) {
     const auto dataSize = static_cast<std::uint32_t>(samples.size() * 2);
     std::string bytes = "RIFF";
-    appendNumber(bytes, 36 + dataSize, 4);
+    tools::AppendNumber(bytes, 36 + dataSize, 4);
     bytes += "WAVEfmt ";
-    appendNumber(bytes, 16, 4);
-    appendNumber(bytes, 1, 2); // PCM
-    appendNumber(bytes, 1, 2); // one channel
-    appendNumber(bytes, SampleRate, 4);
-    appendNumber(bytes, SampleRate * 2, 4);
-    appendNumber(bytes, 2, 2);
-    appendNumber(bytes, 16, 2);
+    tools::AppendNumber(bytes, 16, 4);
+    tools::AppendNumber(bytes, 1, 2); // PCM
+    tools::AppendNumber(bytes, 1, 2); // one channel
+    tools::AppendNumber(bytes, SampleRate, 4);
+    tools::AppendNumber(bytes, SampleRate * 2, 4);
+    tools::AppendNumber(bytes, 2, 2);
+    tools::AppendNumber(bytes, 16, 2);
     bytes += "data";
-    appendNumber(bytes, dataSize, 4);
+    tools::AppendNumber(bytes, dataSize, 4);
     for (const std::int16_t sample : samples) {
-        appendNumber(bytes, static_cast<std::uint16_t>(sample), 2);
+        tools::AppendNumber(bytes, static_cast<std::uint16_t>(sample), 2);
     }
     return bytes;
 }

@@ -29,13 +29,13 @@ namespace {
 constexpr int VisibleNames = 15;
 constexpr int ViewLargeStep = 10;
 
-struct NameButton {
+struct ListButton {
     const char* caption;
     const char* tooltip;
     const char* keys;
 };
 
-constexpr std::array<NameButton, 4> NameButtons{{
+constexpr std::array<ListButton, 4> ListButtons{{
     {"Insert", "Insert a new name at the cursor", "Ctrl+Insert"},
     {"Delete", "Delete the current name", "Ctrl+Delete"},
     {"Move Up", "Move current name up", "Ctrl+Up"},
@@ -127,11 +127,11 @@ void AnimationPage::buildControls() {
     }
 
     for (std::size_t i = 0; i < cmdName.size(); ++i) {
-        cmdName[i] = new QPushButton(tr(NameButtons[i].caption), this);
+        cmdName[i] = new QPushButton(tr(ListButtons[i].caption), this);
         cmdName[i]->setObjectName(QStringLiteral("cmdName_%1").arg(i));
-        cmdName[i]->setToolTip(tr(NameButtons[i].tooltip));
+        cmdName[i]->setToolTip(tr(ListButtons[i].tooltip));
         cmdName[i]->setAccessibleDescription(
-            tr("%1 (%2)").arg(cmdName[i]->toolTip(), QLatin1String(NameButtons[i].keys)));
+            tr("%1 (%2)").arg(cmdName[i]->toolTip(), QLatin1String(ListButtons[i].keys)));
         cmdName[i]->setFocusPolicy(Qt::NoFocus);
     }
 }

@@ -21,7 +21,6 @@ namespace {
 
 constexpr std::string_view Header = "Animation File Created by Vortigo";
 constexpr std::string_view CountLine = "Names In The Animation Sequence";
-constexpr std::string_view LineEnd = "\r\n";
 constexpr int MaxTicks = std::numeric_limits<std::int16_t>::max();
 
 bool Contains(std::string_view line, std::string_view text) {
@@ -174,7 +173,7 @@ ui::FileDialogRequest ScriptRequest(const ui::Path& folder) {
 ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand command) {
     ui::Bytes bytes;
     const auto addLine = [&bytes](std::string_view line) {
-        bytes.append(line).append(LineEnd);
+        bytes.append(line).append("\r\n");
     };
     addLine("// " + std::string(Header));
     addLine("// " + std::to_string(animation.nameCount) + " " + std::string(CountLine));

@@ -13,14 +13,14 @@ namespace {
 using glyphs::GlyphCode;
 
 constexpr int Width = 320;
-constexpr int Height = 96;
+constexpr int BannerHeight = 96;
 constexpr int NameScale = 4;
 constexpr int LineScale = 2;
 constexpr int LineMargin = 8;
 
-constexpr GlyphCode LineStart = 29;
+constexpr GlyphCode LineLeft = 29;
 constexpr GlyphCode LineMiddle = 30;
-constexpr GlyphCode LineEnd = 31;
+constexpr GlyphCode LineRight = 31;
 constexpr GlyphCode ColourTwo = 128;
 
 void PaintLargeGlyph(
@@ -36,7 +36,7 @@ void PaintLine(ui::Picture& picture, const glyphs::GlyphAtlas& atlas, int y) {
     constexpr int side = LineScale * glyphs::ArtworkCell;
     constexpr int count = (Width - 2 * LineMargin) / side;
     for (int i = 0; i < count; ++i) {
-        const GlyphCode code = i == 0 ? LineStart : i == count - 1 ? LineEnd : LineMiddle;
+        const GlyphCode code = i == 0 ? LineLeft : i == count - 1 ? LineRight : LineMiddle;
         PaintLargeGlyph(picture, atlas, code, LineMargin + i * side, y, LineScale);
     }
 }
@@ -50,16 +50,16 @@ ui::Picture AboutBanner(const glyphs::GlyphAtlas& atlas) {
 
     // The blank shows the background colour of the character set in use.
     ui::Picture picture(
-        Width, Height,
+        Width, BannerHeight,
         atlas.source.pixel(
             glyphs::BlankGlyph % 16 * glyphs::ArtworkCell, glyphs::BlankGlyph / 16 * glyphs::ArtworkCell));
     PaintLine(picture, atlas, LineMargin);
-    PaintLine(picture, atlas, Height - LineMargin - lineSide);
+    PaintLine(picture, atlas, BannerHeight - LineMargin - lineSide);
     const int left = (Width - static_cast<int>(name.size()) * side) / 2;
     for (std::size_t i = 0; i < name.size(); ++i) {
         const auto code = static_cast<GlyphCode>(name[i] + (i == 0 ? ColourTwo : 0));
         PaintLargeGlyph(
-            picture, atlas, code, left + static_cast<int>(i) * side, (Height - side) / 2, NameScale);
+            picture, atlas, code, left + static_cast<int>(i) * side, (BannerHeight - side) / 2, NameScale);
     }
     return picture;
 }

@@ -12,7 +12,7 @@ namespace shell {
 namespace {
 
 constexpr int PictureWidth = 14;
-constexpr int Height = 8;
+constexpr int PictureHeight = 8;
 
 } // namespace
 
@@ -25,7 +25,7 @@ ProgressIndicator::ProgressIndicator(QWidget* parent)
 }
 
 QSize ProgressIndicator::sizeHint() const {
-    return {PictureWidth * 8, Height};
+    return {PictureWidth * 8, PictureHeight};
 }
 
 QRect ProgressIndicator::pictureRect() const {

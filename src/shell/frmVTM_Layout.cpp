@@ -32,12 +32,12 @@ constexpr int Margin = 12;
 constexpr int Spacing = 8;
 constexpr int RoundingRoom = 2;
 
-struct ModeKey {
+struct ModeText {
     const char* caption;
     const char* tooltip;
 };
 
-constexpr std::array<ModeKey, 4> ModeKeys{{
+constexpr std::array<ModeText, 4> ModeTexts{{
     {"Color 2", "Type glyphs in color 2 (Scroll Lock)"},
     {"Insert", "Insert glyphs before the cursor instead of overwriting (Insert)"},
     {"Caps", "Type the shifted glyph of every key (Caps Lock)"},
@@ -125,8 +125,8 @@ QWidget* frmVTM::buildGlyphColumn() {
     for (std::size_t i = 0; i < cmdKey.size(); ++i) {
         cmdKey[i] = new ModeButton(column);
         cmdKey[i]->setObjectName(Member("cmdKey", i));
-        cmdKey[i]->setText(tr(ModeKeys[i].caption));
-        cmdKey[i]->setToolTip(tr(ModeKeys[i].tooltip));
+        cmdKey[i]->setText(tr(ModeTexts[i].caption));
+        cmdKey[i]->setToolTip(tr(ModeTexts[i].tooltip));
         modeRow->addWidget(cmdKey[i]);
     }
     layout->addWidget(new QLabel(tr("Typing"), column));

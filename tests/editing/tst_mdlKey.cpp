@@ -580,50 +580,48 @@ protected:
     EditWorld world;
 };
 
-using Position = std::pair<int, int>;
-
 TEST_F(Navigation, StaysInTheOneRowOfTheNamePage) {
     show(Page::Name, 1, 7);
     for (const int key : {KeyPageUp, KeyPageDown, KeyUp, KeyDown, KeyEnter}) {
         go(key);
-        EXPECT_EQ(position(), Position(1, 7)) << key;
+        EXPECT_EQ(position(), std::pair(1, 7)) << key;
     }
     go(KeyLeft);
-    EXPECT_EQ(position(), Position(1, 6));
+    EXPECT_EQ(position(), std::pair(1, 6));
     go(KeyRight);
-    EXPECT_EQ(position(), Position(1, 7));
+    EXPECT_EQ(position(), std::pair(1, 7));
     go(KeyHome);
-    EXPECT_EQ(position(), Position(1, 1));
+    EXPECT_EQ(position(), std::pair(1, 1));
     go(KeyLeft);
-    EXPECT_EQ(position(), Position(1, 1));
+    EXPECT_EQ(position(), std::pair(1, 1));
     go(KeyEnd);
-    EXPECT_EQ(position(), Position(1, 15));
+    EXPECT_EQ(position(), std::pair(1, 15));
     go(KeyRight);
-    EXPECT_EQ(position(), Position(1, 15));
+    EXPECT_EQ(position(), std::pair(1, 15));
 }
 
 TEST_F(Navigation, MovesThroughTheNamesInUse) {
     world.documents.animation.nameCount = 20;
     show(Page::Animation, 1, 3);
     go(KeyUp);
-    EXPECT_EQ(position(), Position(1, 3));
+    EXPECT_EQ(position(), std::pair(1, 3));
     go(KeyPageDown);
-    EXPECT_EQ(position(), Position(20, 3));
+    EXPECT_EQ(position(), std::pair(20, 3));
     go(KeyDown);
-    EXPECT_EQ(position(), Position(20, 3));
+    EXPECT_EQ(position(), std::pair(20, 3));
     go(KeyUp);
-    EXPECT_EQ(position(), Position(19, 3));
+    EXPECT_EQ(position(), std::pair(19, 3));
     go(KeyDown);
-    EXPECT_EQ(position(), Position(20, 3));
+    EXPECT_EQ(position(), std::pair(20, 3));
     go(KeyPageUp);
-    EXPECT_EQ(position(), Position(1, 3));
+    EXPECT_EQ(position(), std::pair(1, 3));
     go(KeyEnd);
-    EXPECT_EQ(position(), Position(1, 15));
+    EXPECT_EQ(position(), std::pair(1, 15));
     go(KeyRight);
-    EXPECT_EQ(position(), Position(1, 15));
+    EXPECT_EQ(position(), std::pair(1, 15));
     go(KeyHome);
     go(KeyLeft);
-    EXPECT_EQ(position(), Position(1, 1));
+    EXPECT_EQ(position(), std::pair(1, 1));
 }
 
 TEST_F(Navigation, MovesThroughTheThreeMessages) {
@@ -631,30 +629,30 @@ TEST_F(Navigation, MovesThroughTheThreeMessages) {
     go(KeyPageDown);
     go(KeyPageUp);
     go(KeyUp);
-    EXPECT_EQ(position(), Position(1, 30));
+    EXPECT_EQ(position(), std::pair(1, 30));
     go(KeyRight);
     go(KeyRight);
-    EXPECT_EQ(position(), Position(1, 31));
+    EXPECT_EQ(position(), std::pair(1, 31));
     go(KeyHome);
-    EXPECT_EQ(position(), Position(1, 1));
+    EXPECT_EQ(position(), std::pair(1, 1));
     go(KeyEnd);
-    EXPECT_EQ(position(), Position(1, 31));
+    EXPECT_EQ(position(), std::pair(1, 31));
     go(KeyDown);
     go(KeyDown);
     go(KeyDown);
-    EXPECT_EQ(position(), Position(3, 31));
+    EXPECT_EQ(position(), std::pair(3, 31));
 }
 
 TEST_F(Navigation, StartsTheNextRowWithEnter) {
     show(Page::Animation, 14, 9);
     go(KeyEnter);
-    EXPECT_EQ(position(), Position(15, 1));
+    EXPECT_EQ(position(), std::pair(15, 1));
     show(Page::Animation, 15, 9);
     go(KeyEnter);
-    EXPECT_EQ(position(), Position(15, 1));
+    EXPECT_EQ(position(), std::pair(15, 1));
     show(Page::Messages, 1, 20);
     go(KeyEnter);
-    EXPECT_EQ(position(), Position(2, 1));
+    EXPECT_EQ(position(), std::pair(2, 1));
 }
 
 TEST_F(Navigation, RemovesTheGlyphAtTheCursorWithDelete) {
@@ -662,7 +660,7 @@ TEST_F(Navigation, RemovesTheGlyphAtTheCursorWithDelete) {
     show(Page::Name, 1, 2);
     go(KeyDelete);
     EXPECT_EQ(world.text(1), "ACD");
-    EXPECT_EQ(position(), Position(1, 2));
+    EXPECT_EQ(position(), std::pair(1, 2));
     EXPECT_TRUE(world.isPaintedLikeDocument());
 }
 
@@ -672,7 +670,7 @@ TEST_F(Navigation, RemovesTheGlyphBeforeTheCursorWithBackspace) {
         world.setRow(1, "ABCD");
         go(KeyBackspace);
         EXPECT_EQ(world.text(1), "ACD");
-        EXPECT_EQ(position(), Position(1, 2));
+        EXPECT_EQ(position(), std::pair(1, 2));
         EXPECT_TRUE(world.isPaintedLikeDocument());
     }
 }
@@ -682,7 +680,7 @@ TEST_F(Navigation, DoesNothingForBackspaceInTheFirstColumn) {
     show(Page::Name, 1, 1);
     go(KeyBackspace);
     EXPECT_EQ(world.text(1), "ABCD");
-    EXPECT_EQ(position(), Position(1, 1));
+    EXPECT_EQ(position(), std::pair(1, 1));
     EXPECT_TRUE(world.pictures.name.takeDamage().empty());
 }
 

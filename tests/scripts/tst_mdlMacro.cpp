@@ -15,7 +15,7 @@ using Step = support::FailingFiles::Step;
 
 namespace {
 
-constexpr auto Header = "// Macro File Created by Vortigo\r\n";
+constexpr auto MacroHeader = "// Macro File Created by Vortigo\r\n";
 const std::string Full = "abcdefghijklmnopqrstuvwxyz12345";
 
 void SetMessage(MessageDocument& messages, int number, std::string_view glyphs) {
@@ -41,7 +41,7 @@ std::vector<std::string> Texts(const MessageDocument& messages) {
         scripts::MessageText(messages, 3)};
 }
 
-using Strings = std::vector<std::string>;
+using TextList = std::vector<std::string>;
 
 const std::vector<ui::FileFilter> MessageScriptFilter = {
     {"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
@@ -70,7 +70,7 @@ protected:
 } // namespace
 
 TEST(MessageText, DropsBlanksAtTheRightEndOnly) {
-    EXPECT_EQ(Strings({"  a b", "", Full}), Texts(Messages("  a b  ", "", Full)));
+    EXPECT_EQ(TextList({"  a b", "", Full}), Texts(Messages("  a b  ", "", Full)));
 }
 
 TEST(MessageText, OfThirtyOneGlyphsWithABlankAtTheEndHasThirty) {
@@ -81,16 +81,16 @@ TEST(MessageText, OfThirtyOneGlyphsWithABlankAtTheEndHasThirty) {
 TEST(WriteMessageScript, WritesTheSelectedMessagesInOrderWithOneCommand) {
     const MessageDocument messages = Messages("one", "  two", "three");
     EXPECT_EQ(
-        std::string(Header) + "say \"one\"\r\nsay \"  two\"\r\nsay \"three\"\r\n",
+        std::string(MacroHeader) + "say \"one\"\r\nsay \"  two\"\r\nsay \"three\"\r\n",
         scripts::WriteMessageScript({{true, true, true}, SayCommand::Say}, messages));
     EXPECT_EQ(
-        std::string(Header) + "say_team \"one\"\r\nsay_team \"three\"\r\n",
+        std::string(MacroHeader) + "say_team \"one\"\r\nsay_team \"three\"\r\n",
         scripts::WriteMessageScript({{true, false, true}, SayCommand::SayTeam}, messages));
 }
 
 TEST(WriteMessageScript, WritesNothingBetweenTheQuotesOfABlankMessage) {
     EXPECT_EQ(
-        std::string(Header) + "say \"\"\r\n",
+        std::string(MacroHeader) + "say \"\"\r\n",
         scripts::WriteMessageScript({{false, true, false}, SayCommand::Say}, MessageDocument{}));
 }
 
@@ -101,13 +101,13 @@ TEST(WriteMessageScript, WritesEveryGlyphAsItsByte) {
         }
         const std::string glyph(1, static_cast<char>(code));
         EXPECT_EQ(
-            Header + ("say \"" + glyph) + "\"\r\n",
+            MacroHeader + ("say \"" + glyph) + "\"\r\n",
             scripts::WriteMessageScript({{true, false, false}, SayCommand::Say}, Messages(glyph, "", "")));
     }
 }
 
 TEST(CountMessages, CountsUpToThree) {
-    const std::string header = Header;
+    const std::string header = MacroHeader;
     EXPECT_EQ(1, scripts::CountMessages(header + "say \"a\"\r\n"));
     EXPECT_EQ(2, scripts::CountMessages(header + "say \"a\"\r\nsay_team \"b\""));
     EXPECT_EQ(3, scripts::CountMessages(header + "say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\n"));
@@ -118,7 +118,7 @@ TEST(CountMessages, CountsUpToThree) {
 }
 
 TEST(CountMessages, IsNoneWhenTheScriptCannotBeRead) {
-    const std::string header = Header;
+    const std::string header = MacroHeader;
     EXPECT_EQ(0, scripts::CountMessages(""));
     EXPECT_EQ(0, scripts::CountMessages(header));
     EXPECT_EQ(0, scripts::CountMessages("say \"a\"\r\n"));
@@ -134,17 +134,17 @@ TEST(CountMessages, IsNoneWhenTheScriptCannotBeRead) {
 TEST(ReadMessageScript, FillsTheMessagesFromTheTopAndLeavesTheOthers) {
     const MessageDocument source = Messages("one", "two", "three");
     const auto script = scripts::WriteMessageScript({{false, true, false}, SayCommand::SayTeam}, source);
-    EXPECT_EQ(std::string(Header) + "say_team \"two\"\r\n", script);
+    EXPECT_EQ(std::string(MacroHeader) + "say_team \"two\"\r\n", script);
     MessageDocument messages = Messages("old message one", "old two", "old three");
     EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(script, messages));
-    EXPECT_EQ(Strings({"two", "old two", "old three"}), Texts(messages));
+    EXPECT_EQ(TextList({"two", "old two", "old three"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, IgnoresAFourthLine) {
     MessageDocument messages;
     const std::string script = "say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nsay \"d\"\r\n";
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(Header + script, messages));
-    EXPECT_EQ(Strings({"a", "b", "c"}), Texts(messages));
+    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
+    EXPECT_EQ(TextList({"a", "b", "c"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, ReadsBackWhatWasWritten) {
@@ -158,15 +158,15 @@ TEST(ReadMessageScript, ReadsBackWhatWasWritten) {
 TEST(ReadMessageScript, FollowsTheQuotesAndNotTheCommand) {
     MessageDocument messages;
     const std::string script = "say \"a\" \r\nsay abc\r\nalias x essay \"b\"\r\n";
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(Header + script, messages));
-    EXPECT_EQ(Strings({"a\"", "say ab", "b"}), Texts(messages));
+    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
+    EXPECT_EQ(TextList({"a\"", "say ab", "b"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, LeavesTheMessagesAloneWhenTheScriptIsNotOne) {
     for (const std::string lines : {"", "SAY \"a\"\r\n", "say \"a\"\r\nfoo\r\nsay \"b\"\r\n"}) {
         MessageDocument messages = Messages("one", "two", "three");
-        EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadMessageScript(Header + lines, messages));
-        EXPECT_EQ(Strings({"one", "two", "three"}), Texts(messages));
+        EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadMessageScript(MacroHeader + lines, messages));
+        EXPECT_EQ(TextList({"one", "two", "three"}), Texts(messages));
     }
 }
 
@@ -175,15 +175,16 @@ TEST(ReadMessageScript, EndsAtAMessageThatIsTooLong) {
     EXPECT_EQ(
         ReadOutcome::TooLong,
         scripts::ReadMessageScript(
-            Header + ("say \"a\"\r\nsay \"" + Full) + "6\"\r\nsay \"c\"\r\n", messages));
-    EXPECT_EQ(Strings({"a", Full, "three"}), Texts(messages));
+            MacroHeader + ("say \"a\"\r\nsay \"" + Full) + "6\"\r\nsay \"c\"\r\n", messages));
+    EXPECT_EQ(TextList({"a", Full, "three"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, LeavesTheCursorWhereItIs) {
     MessageDocument messages;
     messages.cursorPos = 20;
     messages.currentMessage = 3;
-    ASSERT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(Header + std::string("say \"a\"\r\n"), messages));
+    ASSERT_EQ(
+        ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + std::string("say \"a\"\r\n"), messages));
     EXPECT_EQ(20, messages.cursorPos);
     EXPECT_EQ(3, messages.currentMessage);
 }
@@ -193,7 +194,7 @@ TEST_F(MessageScript, IsSavedWithoutAQuestion) {
     expectSaveDialog(path);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
         EXPECT_EQ(
-            std::string(Header) + "say_team \"one\"\r\nsay_team \"two\"\r\n",
+            std::string(MacroHeader) + "say_team \"one\"\r\nsay_team \"two\"\r\n",
             fake.directory.files.content("a.vtm"));
     });
     const SaveOutcome outcome = save({{true, true, false}, SayCommand::SayTeam});
@@ -248,16 +249,16 @@ TEST_F(MessageScript, IsChosenInTheDefaultFolder) {
 }
 
 TEST_F(MessageScript, IsShownBeforeTheLoadIsReported) {
-    const ui::Path path = fake.directory.files.put("a.vtm", std::string(Header) + "say \"x\"\r\n");
+    const ui::Path path = fake.directory.files.put("a.vtm", std::string(MacroHeader) + "say \"x\"\r\n");
     fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
         EXPECT_EQ(1, repaints);
-        EXPECT_EQ(Strings({"x", "two", "three"}), Texts(messages));
+        EXPECT_EQ(TextList({"x", "two", "three"}), Texts(messages));
     });
     EXPECT_TRUE(load(path).loaded);
 }
 
 TEST_F(MessageScript, IsLoadedWithoutASuccessMessageWhileTheProgramStarts) {
-    const ui::Path path = fake.directory.files.put("a.vtm", std::string(Header) + "say \"x\"\r\n");
+    const ui::Path path = fake.directory.files.put("a.vtm", std::string(MacroHeader) + "say \"x\"\r\n");
     EXPECT_TRUE(load(path, true).loaded);
     EXPECT_EQ(1, repaints);
 }
@@ -269,7 +270,7 @@ TEST_F(MessageScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
         EXPECT_FALSE(load(path, quiet).loaded);
     }
     EXPECT_EQ(0, repaints);
-    EXPECT_EQ(Strings({"one", "two", "three"}), Texts(messages));
+    EXPECT_EQ(TextList({"one", "two", "three"}), Texts(messages));
 }
 
 TEST_F(MessageScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
@@ -282,8 +283,8 @@ TEST_F(MessageScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
 
 TEST_F(MessageScript, WithAMessageThatIsTooLongIsReportedAndShownAsFarAsItWasRead) {
     const ui::Path path =
-        fake.directory.files.put("a.vtm", Header + ("say \"x\"\r\nsay \"" + Full) + "6\"\r\n");
+        fake.directory.files.put("a.vtm", MacroHeader + ("say \"x\"\r\nsay \"" + Full) + "6\"\r\n");
     fake.dialogs.expectInform("Error retrieving Macro from script file.", [&] { EXPECT_EQ(1, repaints); });
     EXPECT_FALSE(load(path).loaded);
-    EXPECT_EQ(Strings({"x", Full, "three"}), Texts(messages));
+    EXPECT_EQ(TextList({"x", Full, "three"}), Texts(messages));
 }

@@ -11,7 +11,7 @@ using shell::AppliedOptions;
 using shell::OptionsPage;
 
 /// What is stored of settings: a way to compare all of them.
-std::map<std::string, std::string> stored(const shell::Settings& settings) {
+std::map<std::string, std::string> storedFrom(const shell::Settings& settings) {
     support::MemorySettings store;
     EXPECT_TRUE(shell::Save(store, settings));
     return store.sections["options"];
@@ -62,9 +62,9 @@ TEST_F(Options, NoPageIsChangedAtFirst) {
 
 TEST_F(Options, WithoutAChangeNothingIsApplied) {
     live.caseChoice = false; // not what the model was made from: must stay
-    const auto before = stored(live);
+    const auto before = storedFrom(live);
     EXPECT_EQ(model.applyTo(live, liveSet), AppliedOptions{});
-    EXPECT_EQ(stored(live), before);
+    EXPECT_EQ(storedFrom(live), before);
 }
 
 TEST_F(Options, EverySetterMarksItsOwnPageOnly) {
@@ -109,7 +109,7 @@ TEST_F(Options, OnlyChangedPagesAreApplied) {
     EXPECT_EQ(model.applyTo(live, liveSet), expected);
     shell::Settings cursorsOnly;
     cursorsOnly.cursors = {1, 1, 1, 1};
-    EXPECT_EQ(stored(live), stored(cursorsOnly));
+    EXPECT_EQ(storedFrom(live), storedFrom(cursorsOnly));
     EXPECT_EQ(liveSet, glyphs::CharSetRecord{});
 }
 
@@ -124,8 +124,8 @@ TEST_F(Options, EachPageWritesItsOwnSettings) {
         glyphs::CharSetRecord set;
         (void)model.applyTo(settings, set);
         std::vector<std::string> different;
-        const auto defaults = stored(shell::Settings{});
-        for (const auto& [key, value] : stored(settings)) {
+        const auto defaults = storedFrom(shell::Settings{});
+        for (const auto& [key, value] : storedFrom(settings)) {
             if (defaults.at(key) != value) {
                 different.push_back(key);
             }

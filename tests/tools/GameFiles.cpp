@@ -38,6 +38,10 @@ ui::Bytes Long(std::uint32_t value) {
     return Word(value & 0xFFFFU) + Word(value >> 16U);
 }
 
+ui::Bytes Changed(ui::Bytes bytes, std::size_t at, const ui::Bytes& change) {
+    return bytes.replace(at, change.size(), change);
+}
+
 ui::Bytes MakePack(const std::vector<Part>& parts) {
     ui::Bytes contents;
     ui::Bytes directory;

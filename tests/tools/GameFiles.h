@@ -23,6 +23,9 @@ struct Part {
 [[nodiscard]] ui::Bytes Word(unsigned value);
 [[nodiscard]] ui::Bytes Long(std::uint32_t value);
 
+/// The bytes with others in their place from `at` on.
+[[nodiscard]] ui::Bytes Changed(ui::Bytes bytes, std::size_t at, const ui::Bytes& change);
+
 /// A .pak archive, its directory at the end.
 [[nodiscard]] ui::Bytes MakePack(const std::vector<Part>& parts);
 

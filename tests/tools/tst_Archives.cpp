@@ -9,6 +9,7 @@
 namespace {
 
 using charset::MemorySource;
+using support::Changed;
 using support::Long;
 using support::MakePack;
 using support::MakeWad;
@@ -28,10 +29,6 @@ std::string InWad(const std::string& wad, const std::string& name) {
         return "failure: " + lump.failure().message;
     }
     return lump.value().value_or("nothing");
-}
-
-std::string Changed(std::string bytes, std::size_t at, const std::string& change) {
-    return bytes.replace(at, change.size(), change);
 }
 
 } // namespace

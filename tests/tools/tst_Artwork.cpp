@@ -32,7 +32,7 @@ void ExpectArtwork(const ui::Result<Artwork>& read, const ui::Picture& expected)
     EXPECT_EQ(read.value().picture, expected);
 }
 
-void ExpectFailure(const ui::Result<Artwork>& read, const std::string& message) {
+void ExpectRefused(const ui::Result<Artwork>& read, const std::string& message) {
     ASSERT_FALSE(read);
     EXPECT_EQ(read.failure().message, message);
 }
@@ -41,16 +41,16 @@ std::string Png(const ui::Picture& picture) {
     return cli::EncodePng(picture).value();
 }
 
-unsigned IndexAt(int x, int y) {
+unsigned LumpIndexAt(int x, int y) {
     return static_cast<unsigned>(x + y / 64 * 128);
 }
 
-const std::string Lump = support::MakeLump(128, IndexAt);
+const std::string Lump = support::MakeLump(128, LumpIndexAt);
 
 /// The lump in the palette's colours, with one index transparent.
 ui::Picture Coloured(unsigned transparent) {
     return MakePicture(128, 128, [transparent](int x, int y) {
-        return IndexAt(x, y) == transparent ? ui::Pixel(0) : PaletteColour(IndexAt(x, y));
+        return LumpIndexAt(x, y) == transparent ? ui::Pixel(0) : PaletteColour(LumpIndexAt(x, y));
     });
 }
 
@@ -72,7 +72,7 @@ TEST(Artwork, AnyPictureFileWillDo) {
     ExpectArtwork(Read(support::MakeTga(128, 128, pixelAt), ".tga"), artwork);
     ExpectArtwork(Read(support::MakeTga(128, 128, pixelAt), ".TGA"), artwork);
     ExpectArtwork(Read(support::MakeBmp(128, 128, 32, pixelAt)), artwork);
-    ExpectArtwork(Read(support::MakePcx(128, 128, IndexAt)), Coloured(255));
+    ExpectArtwork(Read(support::MakePcx(128, 128, LumpIndexAt)), Coloured(255));
     // The content counts where it is plain, whatever the name says.
     ExpectArtwork(Read(Png(artwork), ".tga"), artwork);
 }
@@ -110,30 +110,30 @@ TEST(Artwork, AFinerPictureLosesDetailsAndIsNotBlurred) {
 
 TEST(Artwork, APictureThatShowsNothingIsRefused) {
     const std::string nothing = "it shows nothing: all its pixels are transparent";
-    ExpectFailure(Read(Png(MakePicture(128, 128, [](int, int) { return 0x7FFFFFFFU; }))), nothing);
-    ExpectFailure(Read(support::MakeLump(128, [](int, int) { return 0U; }), "", TestPalette()), nothing);
-    ExpectFailure(Read(support::MakePcx(128, 128, [](int, int) { return 255U; })), nothing);
+    ExpectRefused(Read(Png(MakePicture(128, 128, [](int, int) { return 0x7FFFFFFFU; }))), nothing);
+    ExpectRefused(Read(support::MakeLump(128, [](int, int) { return 0U; }), "", TestPalette()), nothing);
+    ExpectRefused(Read(support::MakePcx(128, 128, [](int, int) { return 255U; })), nothing);
 }
 
 TEST(Artwork, OtherSizesAreRefused) {
     const std::string sizes = " pixels large, not 128 x 128, 256 x 256 or 512 x 512";
-    ExpectFailure(Read(Png(ui::Picture(64, 64))), "it is 64 x 64" + sizes);
-    ExpectFailure(Read(Png(ui::Picture(128, 256))), "it is 128 x 256" + sizes);
-    ExpectFailure(Read(Png(ui::Picture(384, 384))), "it is 384 x 384" + sizes);
-    ExpectFailure(Read(Png(ui::Picture(1024, 1024))), "it is 1024 x 1024" + sizes);
+    ExpectRefused(Read(Png(ui::Picture(64, 64))), "it is 64 x 64" + sizes);
+    ExpectRefused(Read(Png(ui::Picture(128, 256))), "it is 128 x 256" + sizes);
+    ExpectRefused(Read(Png(ui::Picture(384, 384))), "it is 384 x 384" + sizes);
+    ExpectRefused(Read(Png(ui::Picture(1024, 1024))), "it is 1024 x 1024" + sizes);
 }
 
 TEST(Artwork, TheLumpOfQuakeNeedsAPaletteAndItsIndex0IsTransparent) {
     ExpectArtwork(Read(Lump, "", TestPalette()), Coloured(0));
     ExpectArtwork(Read(Lump, ".lmp", TestPalette()), Coloured(0));
-    ExpectFailure(Read(Lump), NoPalette);
+    ExpectRefused(Read(Lump), NoPalette);
 }
 
 TEST(Artwork, AWadHoldsTheLump) {
     ExpectArtwork(Read(MakeWad({{"CONCHARS", Lump}}), "", TestPalette()), Coloured(0));
-    ExpectFailure(Read(MakeWad({{"CONCHARS", Lump}})), "CONCHARS is of no use: " + NoPalette);
-    ExpectFailure(Read(MakeWad({{"SBAR", Lump}})), "it holds no lump CONCHARS");
-    ExpectFailure(
+    ExpectRefused(Read(MakeWad({{"CONCHARS", Lump}})), "CONCHARS is of no use: " + NoPalette);
+    ExpectRefused(Read(MakeWad({{"SBAR", Lump}})), "it holds no lump CONCHARS");
+    ExpectRefused(
         Read(MakeWad({{"CONCHARS", "short"}}), "", TestPalette()),
         "CONCHARS is of no use: it has 5 bytes, not 16384");
 }
@@ -143,12 +143,12 @@ TEST(Artwork, ThePackOfQuakeHoldsAWadAndItsPalette) {
     ExpectArtwork(
         Read(MakePack({{"gfx.wad", wad}, {"gfx/palette.lmp", support::MakePalette()}})), Coloured(0));
     ExpectArtwork(Read(MakePack({{"gfx.wad", wad}}), "", TestPalette()), Coloured(0));
-    ExpectFailure(
+    ExpectRefused(
         Read(MakePack({{"gfx.wad", wad}})), "gfx.wad is of no use: CONCHARS is of no use: " + NoPalette);
-    ExpectFailure(
+    ExpectRefused(
         Read(MakePack({{"gfx.wad", wad}, {"gfx/palette.lmp", "short"}})),
         "gfx/palette.lmp is of no use: it has 5 bytes, not the 768 of a palette");
-    ExpectFailure(
+    ExpectRefused(
         Read(MakePack({{"gfx.wad", "no archive at all"}, {"gfx/palette.lmp", support::MakePalette()}})),
         "gfx.wad is of no use: it is not a WAD2 archive");
 }
@@ -161,11 +161,11 @@ TEST(Artwork, AGivenPaletteCountsMoreThanThatOfThePack) {
 
 TEST(Artwork, ThePackOfQuake2HoldsAPicture) {
     ExpectArtwork(
-        Read(MakePack({{"pics/conchars.pcx", support::MakePcx(128, 128, IndexAt)}})), Coloured(255));
-    ExpectFailure(
+        Read(MakePack({{"pics/conchars.pcx", support::MakePcx(128, 128, LumpIndexAt)}})), Coloured(255));
+    ExpectRefused(
         Read(MakePack({{"pics/conchars.pcx", "short"}})),
         "pics/conchars.pcx is of no use: not a usable PCX picture: it ends too early");
-    ExpectFailure(
+    ExpectRefused(
         Read(MakePack({{"pics/other.pcx", "short"}})), "it holds neither gfx.wad nor pics/conchars.pcx");
 }
 
@@ -173,13 +173,13 @@ TEST(Artwork, WhatIsNeitherIsRefused) {
     const std::string neither =
         "it is neither a picture (PNG, GIF, PCX, BMP, TGA) nor a game's character set "
         "(conchars, gfx.wad, pak0.pak)";
-    ExpectFailure(Read(""), neither);
-    ExpectFailure(Read("a"), neither);
-    ExpectFailure(Read(std::string(16383, '\0'), ".lmp", TestPalette()), neither);
-    ExpectFailure(Read(std::string(5U * 1024U * 1024U, 'x')), "it is too large for a picture of glyphs");
-    ExpectFailure(Read("x", ".tga"), "not a usable TGA picture: it ends too early");
-    ExpectFailure(Read("PAC"), neither);
-    ExpectFailure(Read("PACK"), "it ends too early");
+    ExpectRefused(Read(""), neither);
+    ExpectRefused(Read("a"), neither);
+    ExpectRefused(Read(std::string(16383, '\0'), ".lmp", TestPalette()), neither);
+    ExpectRefused(Read(std::string(5U * 1024U * 1024U, 'x')), "it is too large for a picture of glyphs");
+    ExpectRefused(Read("x", ".tga"), "not a usable TGA picture: it ends too early");
+    ExpectRefused(Read("PAC"), neither);
+    ExpectRefused(Read("PACK"), "it ends too early");
 }
 
 TEST(Artwork, APaletteIsAFileOrLiesInAPack) {

@@ -10,14 +10,11 @@ namespace {
 using charset::DecodeBmp;
 using charset::DecodePcx;
 using charset::DecodeTga;
+using support::Changed;
 using support::Long;
 using support::MakePicture;
 using support::PaletteColour;
 using support::Word;
-
-std::string Changed(std::string bytes, std::size_t at, const std::string& change) {
-    return bytes.replace(at, change.size(), change);
-}
 
 /// The header of a TGA: type, palette entries and their bits, size, bits a pixel, descriptor.
 std::string TgaHeader(

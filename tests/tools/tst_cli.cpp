@@ -20,7 +20,7 @@ cli::Arguments Parsed(const Words& arguments) {
     return parsed ? parsed.value() : cli::Arguments();
 }
 
-std::string Refusal(const Words& arguments) {
+std::string RefusalOf(const Words& arguments) {
     const auto parsed = cli::ParseArguments(arguments, Known);
     return parsed ? "none" : parsed.failure().message;
 }
@@ -45,12 +45,12 @@ TEST(Arguments, TwoDashesEndTheOptions) {
 }
 
 TEST(Arguments, WhatIsNotKnownIsRefused) {
-    EXPECT_EQ(Refusal({"--colour"}), "unknown option \"--colour\"");
-    EXPECT_EQ(Refusal({"-x"}), "unknown option \"-x\"");
-    EXPECT_EQ(Refusal({"--colour=red"}), "unknown option \"--colour\"");
-    EXPECT_EQ(Refusal({"--size"}), "the option \"--size\" needs a value");
-    EXPECT_EQ(Refusal({"--help=1"}), "the option \"--help\" takes no value");
-    EXPECT_EQ(Refusal({"--size", "1", "--size=2"}), "the option \"--size\" is given twice");
+    EXPECT_EQ(RefusalOf({"--colour"}), "unknown option \"--colour\"");
+    EXPECT_EQ(RefusalOf({"-x"}), "unknown option \"-x\"");
+    EXPECT_EQ(RefusalOf({"--colour=red"}), "unknown option \"--colour\"");
+    EXPECT_EQ(RefusalOf({"--size"}), "the option \"--size\" needs a value");
+    EXPECT_EQ(RefusalOf({"--help=1"}), "the option \"--help\" takes no value");
+    EXPECT_EQ(RefusalOf({"--size", "1", "--size=2"}), "the option \"--size\" is given twice");
 }
 
 TEST(Arguments, NumbersAreWholeWordsWithinBounds) {

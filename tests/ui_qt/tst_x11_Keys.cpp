@@ -21,7 +21,7 @@ constexpr unsigned NumLockCode = 77;
 constexpr unsigned CapsLockCode = 66;
 
 /// A real press and what it is to count as.
-struct Press {
+struct SeenPress {
     const char* name;
     unsigned scanCode;
     std::vector<unsigned> held;
@@ -48,7 +48,7 @@ protected:
     void TearDown() override { EXPECT_TRUE(X11Input::chooseLayout(QStringLiteral("us"))); }
 
     /// What the last key of a chord counts as.
-    std::optional<ui::KeyStroke> strokeOf(const Press& press) {
+    std::optional<ui::KeyStroke> strokeOf(const SeenPress& press) {
         m_keys.presses.clear();
         m_keys.releases.clear();
         for (const unsigned held : press.held) {
@@ -71,8 +71,8 @@ protected:
         return {};
     }
 
-    void check(const std::vector<Press>& presses) {
-        for (const Press& press : presses) {
+    void check(const std::vector<SeenPress>& presses) {
+        for (const SeenPress& press : presses) {
             const auto stroke = strokeOf(press);
             ASSERT_TRUE(stroke) << press.name;
             EXPECT_EQ(stroke->virtualKey, press.virtualKey) << press.name;

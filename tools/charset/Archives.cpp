@@ -3,6 +3,7 @@
 #include "charset/Archives.h"
 
 #include "charset/LittleEndian.h"
+#include "charset/Texts.h"
 
 #include <algorithm>
 #include <string>
@@ -30,10 +31,6 @@ struct EntryLayout {
 constexpr EntryLayout PackEntry{.size = 64, .name = 0, .nameWidth = 56, .partOffset = 56, .partSize = 60};
 constexpr EntryLayout WadEntry{.size = 32, .name = 16, .nameWidth = 16, .partOffset = 0, .partSize = 4};
 constexpr std::size_t WadCompression = 13;
-
-char FoldCase(char byte) {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
-}
 
 bool SameName(std::string_view first, std::string_view second) {
     return std::ranges::equal(first, second, {}, FoldCase, FoldCase);

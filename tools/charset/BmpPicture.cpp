@@ -20,7 +20,7 @@ constexpr std::size_t MasksOffset = FileHeaderSize + InfoHeaderSize;
 constexpr std::uint32_t Uncompressed = 0;
 constexpr std::uint32_t Masked = 3;
 
-ui::Failure NotUsable(const std::string& cause) {
+ui::Failure NotUsableBmp(const std::string& cause) {
     return {"not a usable BMP picture: " + cause};
 }
 
@@ -65,18 +65,18 @@ struct Layout {
 
 ui::Result<Layout> ReadLayout(std::string_view bytes) {
     if (bytes.size() < MasksOffset || !bytes.starts_with("BM")) {
-        return NotUsable("it ends too early");
+        return NotUsableBmp("it ends too early");
     }
     const std::uint32_t headerSize = LongAt(bytes, FileHeaderSize);
     if (headerSize < InfoHeaderSize || !Within(bytes.size(), FileHeaderSize, headerSize)) {
-        return NotUsable("it has an unknown header");
+        return NotUsableBmp("it has an unknown header");
     }
     Layout layout;
     const auto width = static_cast<std::int32_t>(LongAt(bytes, 18));
     const std::int64_t height = static_cast<std::int32_t>(LongAt(bytes, 22));
     layout.topDown = height < 0;
     if (!IsDecodedSize(width, layout.topDown ? -height : height)) {
-        return NotUsable("its size is out of range");
+        return NotUsableBmp("its size is out of range");
     }
     layout.width = width;
     layout.height = static_cast<int>(layout.topDown ? -height : height);
@@ -84,26 +84,26 @@ ui::Result<Layout> ReadLayout(std::string_view bytes) {
     const std::uint32_t compression = LongAt(bytes, 30);
     const bool isMasked = compression == Masked && layout.bits == 32;
     if (compression != Uncompressed && !isMasked) {
-        return NotUsable("it is compressed");
+        return NotUsableBmp("it is compressed");
     }
     if (layout.bits != 8 && layout.bits != 24 && layout.bits != 32) {
-        return NotUsable("it has " + std::to_string(layout.bits) + " bits a pixel, not 8, 24 or 32");
+        return NotUsableBmp("it has " + std::to_string(layout.bits) + " bits a pixel, not 8, 24 or 32");
     }
     layout.pixels = LongAt(bytes, 10);
     layout.stride = (static_cast<std::size_t>(layout.width) * layout.bits + 31) / 32 * 4;
     if (!Within(bytes.size(), layout.pixels, layout.stride * static_cast<std::size_t>(layout.height))) {
-        return NotUsable("it ends too early");
+        return NotUsableBmp("it ends too early");
     }
     if (isMasked) {
         // The masks of red, green and blue follow the old header; longer ones include them, and that of
         // alpha.
         const bool withAlpha = headerSize >= InfoHeaderSize + 16;
         if (!Within(bytes.size(), MasksOffset, withAlpha ? 16 : 12)) {
-            return NotUsable("it ends too early");
+            return NotUsableBmp("it ends too early");
         }
         const auto shifts = MaskShifts(bytes, withAlpha);
         if (!shifts) {
-            return NotUsable("its colours are not of 8 bits");
+            return NotUsableBmp("its colours are not of 8 bits");
         }
         layout.shifts = *shifts;
     }
@@ -112,7 +112,7 @@ ui::Result<Layout> ReadLayout(std::string_view bytes) {
         const std::size_t count = used == 0 ? 256 : used;
         const std::size_t table = FileHeaderSize + headerSize;
         if (count > 256 || !Within(bytes.size(), table, count * 4)) {
-            return NotUsable("it has no palette");
+            return NotUsableBmp("it has no palette");
         }
         for (std::size_t index = 0; index < count; ++index) {
             const std::uint32_t colour = LongAt(bytes, table + 4 * index);

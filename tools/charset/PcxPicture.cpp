@@ -12,7 +12,7 @@ namespace charset {
 
 namespace {
 
-constexpr std::size_t HeaderSize = 128;
+constexpr std::size_t PcxHeaderSize = 128;
 constexpr std::size_t TrailerSize = 1 + PaletteBytes; ///< a mark and the palette, at the very end
 constexpr std::uint8_t PaletteMark = 12;
 constexpr std::size_t TransparentIndex = 255;
@@ -20,12 +20,12 @@ constexpr std::size_t TransparentIndex = 255;
 /// Lines are filled up to an even number of bytes, by some programs to more.
 constexpr std::size_t MaxBytesPerLine = 2 * cli::MaxPictureSide;
 
-ui::Failure NotUsable(const std::string& cause) {
+ui::Failure NotUsablePcx(const std::string& cause) {
     return {"not a usable PCX picture: " + cause};
 }
 
 /// Undoes the run-length coding: `count` bytes, or fewer if the code ends before.
-std::string Unpacked(std::string_view code, std::size_t count) {
+std::string UnpackedPcx(std::string_view code, std::size_t count) {
     constexpr unsigned RunMark = 0xC0;
     std::string bytes;
     bytes.reserve(count);
@@ -44,32 +44,32 @@ std::string Unpacked(std::string_view code, std::size_t count) {
 } // namespace
 
 ui::Result<ui::Picture> DecodePcx(std::string_view bytes) {
-    if (bytes.size() < HeaderSize + TrailerSize) {
-        return NotUsable("it ends too early");
+    if (bytes.size() < PcxHeaderSize + TrailerSize) {
+        return NotUsablePcx("it ends too early");
     }
     if (ByteAt(bytes, 0) != 10 || ByteAt(bytes, 1) != 5 || ByteAt(bytes, 2) != 1 || ByteAt(bytes, 3) != 8 ||
         ByteAt(bytes, 65) != 1) {
-        return NotUsable("it is not of 256 colours");
+        return NotUsablePcx("it is not of 256 colours");
     }
     const int width = WordAt(bytes, 8) - WordAt(bytes, 4) + 1;
     const int height = WordAt(bytes, 10) - WordAt(bytes, 6) + 1;
     const std::size_t bytesPerLine = WordAt(bytes, 66);
     if (!IsDecodedSize(width, height) || bytesPerLine < static_cast<std::size_t>(width) ||
         bytesPerLine > MaxBytesPerLine) {
-        return NotUsable("its size is out of range");
+        return NotUsablePcx("its size is out of range");
     }
     const std::string_view trailer = bytes.substr(bytes.size() - TrailerSize);
     if (ByteAt(trailer, 0) != PaletteMark) {
-        return NotUsable("it has no palette");
+        return NotUsablePcx("it has no palette");
     }
     Palette palette = PaletteOf(trailer.substr(1));
     MakeTransparent(palette, TransparentIndex);
 
-    const std::string_view code = bytes.substr(HeaderSize, bytes.size() - HeaderSize - TrailerSize);
+    const std::string_view code = bytes.substr(PcxHeaderSize, bytes.size() - PcxHeaderSize - TrailerSize);
     const std::size_t count = bytesPerLine * static_cast<std::size_t>(height);
-    const std::string indexes = Unpacked(code, count);
+    const std::string indexes = UnpackedPcx(code, count);
     if (indexes.size() < count) {
-        return NotUsable("it ends too early");
+        return NotUsablePcx("it ends too early");
     }
     ui::Picture picture(width, height);
     for (int y = 0; y < height; ++y) {

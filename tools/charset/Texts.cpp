@@ -16,10 +16,6 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-char FoldCase(char byte) {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
-}
-
 } // namespace
 
 ui::Result<std::string> FieldText(const std::string& what, std::string_view text, std::size_t width) {

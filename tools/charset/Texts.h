@@ -9,6 +9,11 @@
 
 namespace charset {
 
+/// The byte with an ASCII capital made small.
+[[nodiscard]] constexpr char FoldCase(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
 /// Text from the command line (UTF-8) as the Latin-1 bytes of a record's field, `width` at most. Fails on
 /// other characters and on control characters; `what` is the field's name in the failure.
 [[nodiscard]] ui::Result<std::string>

@@ -12,11 +12,11 @@ namespace charset {
 
 namespace {
 
-constexpr std::size_t HeaderSize = 18;
+constexpr std::size_t TgaHeaderSize = 18;
 
 enum class Kind { Palette = 1, TrueColour = 2, Grey = 3 };
 
-ui::Failure NotUsable(const std::string& cause) {
+ui::Failure NotUsableTga(const std::string& cause) {
     return {"not a usable TGA picture: " + cause};
 }
 
@@ -44,8 +44,8 @@ std::size_t ByteCount(unsigned bits) {
 }
 
 ui::Result<Header> ReadHeader(std::string_view bytes) {
-    if (bytes.size() < HeaderSize) {
-        return NotUsable("it ends too early");
+    if (bytes.size() < TgaHeaderSize) {
+        return NotUsableTga("it ends too early");
     }
     Header header;
     header.idLength = ByteAt(bytes, 0);
@@ -54,7 +54,7 @@ ui::Result<Header> ReadHeader(std::string_view bytes) {
     header.isRunLengthCoded = (type & 8U) != 0;
     const unsigned kind = type & ~8U;
     if (kind < 1 || kind > 3 || colourMapType > 1) {
-        return NotUsable("it is of an unknown type");
+        return NotUsableTga("it is of an unknown type");
     }
     header.kind = static_cast<Kind>(kind);
     if (colourMapType == 1) {
@@ -62,22 +62,22 @@ ui::Result<Header> ReadHeader(std::string_view bytes) {
         header.colourCount = WordAt(bytes, 5);
         header.colourBits = ByteAt(bytes, 7);
         if (!IsTrueColourDepth(header.colourBits)) {
-            return NotUsable("its palette has colours of " + std::to_string(header.colourBits) + " bits");
+            return NotUsableTga("its palette has colours of " + std::to_string(header.colourBits) + " bits");
         }
     }
     header.width = WordAt(bytes, 12);
     header.height = WordAt(bytes, 14);
     if (!IsDecodedSize(header.width, header.height)) {
-        return NotUsable("its size is out of range");
+        return NotUsableTga("its size is out of range");
     }
     header.bits = ByteAt(bytes, 16);
     const bool isKnownDepth =
         header.kind == Kind::TrueColour ? IsTrueColourDepth(header.bits) : header.bits == 8;
     if (!isKnownDepth) {
-        return NotUsable("it has pixels of " + std::to_string(header.bits) + " bits");
+        return NotUsableTga("it has pixels of " + std::to_string(header.bits) + " bits");
     }
     if (header.kind == Kind::Palette && colourMapType == 0) {
-        return NotUsable("it has no palette");
+        return NotUsableTga("it has no palette");
     }
     const unsigned descriptor = ByteAt(bytes, 17);
     header.rightToLeft = (descriptor & 0x10U) != 0;
@@ -105,7 +105,7 @@ ui::Pixel ColourAt(std::string_view bytes, std::size_t at, unsigned bits) {
 }
 
 /// Undoes the run-length coding of units of `unit` bytes: `count` bytes, or fewer if the code ends before.
-std::string Unpacked(std::string_view code, std::size_t unit, std::size_t count) {
+std::string UnpackedTga(std::string_view code, std::size_t unit, std::size_t count) {
     std::string bytes;
     bytes.reserve(count);
     std::size_t at = 0;
@@ -135,10 +135,10 @@ ui::Result<ui::Picture> DecodeTga(std::string_view bytes) {
         return read.failure();
     }
     const Header& header = read.value();
-    const std::size_t paletteOffset = HeaderSize + header.idLength;
+    const std::size_t paletteOffset = TgaHeaderSize + header.idLength;
     const std::size_t paletteSize = header.colourCount * ByteCount(header.colourBits);
     if (!Within(bytes.size(), paletteOffset, paletteSize)) {
-        return NotUsable("it ends too early");
+        return NotUsableTga("it ends too early");
     }
     std::vector<ui::Pixel> palette;
     if (header.kind == Kind::Palette) {
@@ -153,9 +153,9 @@ ui::Result<ui::Picture> DecodeTga(std::string_view bytes) {
         unit * static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.height);
     const std::string_view stored = bytes.substr(paletteOffset + paletteSize);
     const std::string pixels =
-        header.isRunLengthCoded ? Unpacked(stored, unit, count) : std::string(stored.substr(0, count));
+        header.isRunLengthCoded ? UnpackedTga(stored, unit, count) : std::string(stored.substr(0, count));
     if (pixels.size() < count) {
-        return NotUsable("it ends too early");
+        return NotUsableTga("it ends too early");
     }
     ui::Picture picture(header.width, header.height);
     std::size_t at = 0;
@@ -172,7 +172,7 @@ ui::Result<ui::Picture> DecodeTga(std::string_view bytes) {
             } else {
                 const std::size_t index = ByteAt(pixels, at);
                 if (index >= palette.size()) {
-                    return NotUsable("a pixel has a colour that is not in its palette");
+                    return NotUsableTga("a pixel has a colour that is not in its palette");
                 }
                 pixel = palette[index];
             }
