@@ -28,8 +28,9 @@ std::optional<std::int16_t> ParseNumber(std::string_view text) {
         }
     }
     std::int16_t value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, value);
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    const auto [stopped, error] = std::from_chars(begin, end, value);
     if (error != std::errc() || stopped != end) {
         return std::nullopt;
     }
