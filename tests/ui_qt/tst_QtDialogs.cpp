@@ -14,7 +14,9 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QStyleHintReturn>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -145,6 +147,44 @@ TEST(MessageBox, OffersTheButtonsInOrderWithTheFirstAsDefault) {
         });
         EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Yes);
     }
+}
+
+/// A desktop's style that wants the buttons of dialogs in an order of its own.
+class StyleWithOrder : public QProxyStyle {
+public:
+    explicit StyleWithOrder(QDialogButtonBox::ButtonLayout order)
+        : QProxyStyle(QStringLiteral("fusion"))
+        , m_order(order) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data)
+        const override {
+        return hint == SH_DialogButtonLayout ? m_order : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+private:
+    QDialogButtonBox::ButtonLayout m_order;
+};
+
+TEST(MessageBox, OffersTheButtonsInOrderOnEveryDesktop) {
+    const QString usual = QApplication::style()->name();
+    const auto order = [](const QMessageBox& box) {
+        return ButtonTexts(box).join(QLatin1Char(' ')).toStdString();
+    };
+    for (const auto desktop :
+         {QDialogButtonBox::WinLayout, QDialogButtonBox::MacLayout, QDialogButtonBox::KdeLayout,
+          QDialogButtonBox::GnomeLayout, QDialogButtonBox::AndroidLayout}) {
+        QApplication::setStyle(new StyleWithOrder(desktop));
+        WhenShown<QMessageBox> shown([&](QMessageBox& box) {
+            EXPECT_EQ(order(box), "Yes No Cancel") << "layout " << desktop;
+            // The look of the desktop is changed meanwhile.
+            QApplication::setStyle(new StyleWithOrder(QDialogButtonBox::GnomeLayout));
+            QApplication::processEvents();
+            EXPECT_EQ(order(box), "Yes No Cancel") << "layout " << desktop << ", then another";
+            PressKey(box, Qt::Key_Return);
+        });
+        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Yes);
+    }
+    QApplication::setStyle(usual);
 }
 
 TEST(MessageBox, TakesEscapeForNoOrCancel) {

@@ -15,6 +15,10 @@ namespace {
 /// The title of every message box.
 constexpr auto BoxTitle = "Vortigo";
 
+/// Yes, No, Cancel in this order: some desktops would turn them round. The layout goes by its number
+/// (QDialogButtonBox::WinLayout): for a word the toolkit may take any number, and read beyond its layouts.
+constexpr auto FirstToLast = "QDialogButtonBox { button-layout: 0; }";
+
 QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
     switch (buttons) {
     case Buttons::Ok:
@@ -73,6 +77,7 @@ std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::Ac
 
 Answer QtDialogs::box(const std::string& text, Buttons buttons, Icon icon) {
     QMessageBox box(Parent());
+    box.setStyleSheet(QString::fromLatin1(FirstToLast));
     box.setWindowTitle(QString::fromLatin1(BoxTitle));
     box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     // A path in the text may look like markup.
@@ -81,8 +86,6 @@ Answer QtDialogs::box(const std::string& text, Buttons buttons, Icon icon) {
     box.setStandardButtons(StandardButtons(buttons));
     box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
     box.setEscapeButton(EscapeButton(buttons));
-    // Yes, No, Cancel in this order: some desktops would turn them round.
-    box.setStyleSheet(QStringLiteral("QDialogButtonBox { button-layout: WinLayout; }"));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::Yes;
