@@ -10,6 +10,7 @@
 #include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
 #include "shell/frmVTM.h"
+#include "ui/qt/InnermostMenu.h"
 #include "ui/qt/KeyTranslation.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
@@ -64,6 +65,9 @@ int GlyphAt(QPoint pixel) {
 } // namespace
 
 bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
+    if (ui::qt::PassToInnermostMenu(*watched, *event)) {
+        return true;
+    }
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (qobject_cast<const QMenu*>(widget) != nullptr ||

@@ -12,6 +12,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
+#include <QWindow>
 
 using editing::Page;
 using ui::qt::MarkerShape;
@@ -169,6 +170,56 @@ TEST_F(Menus, KeepTheirKeysWhileTheyAreOpen) {
     EXPECT_EQ(row(), std::string(31, ' '));
     type("m");
     EXPECT_EQ(row(), "m" + std::string(30, ' ')) << "typing goes to the page again";
+}
+
+/// Opens File > New, of which the first gets the keyboard only then.
+class LateMenus : public MainWindow {
+protected:
+    void SetUp() override {
+        startOn(Page::Name);
+        type("ab");
+        press(Qt::Key_F, Qt::AltModifier);
+        ASSERT_TRUE(menu("mnuFile")->isVisible());
+        QTest::keyClick(menu("mnuFile"), Qt::Key_N);
+        ASSERT_TRUE(menu("mnuFileNew")->isVisible());
+        QWindow* const first = menu("mnuFile")->windowHandle();
+        first->requestActivate();
+        ASSERT_TRUE(QTest::qWaitFor([first] { return QGuiApplication::focusWindow() == first; }));
+    }
+
+    [[nodiscard]] QMenu* menu(const char* name) const { return find<QMenu>(name); }
+
+    /// Moves the mouse to an entry of a menu and clicks it, as the window system does.
+    void clickEntry(const char* menuName, QAction* action) const {
+        QWindow* const shown = menu(menuName)->windowHandle();
+        const QPoint entry = menu(menuName)->actionGeometry(action).center();
+        for (int left = QApplication::startDragDistance(); left >= 0; --left) {
+            QTest::mouseMove(shown, entry - QPoint(left, 0));
+        }
+        QTest::mouseClick(shown, Qt::LeftButton, Qt::NoModifier, entry);
+    }
+};
+
+TEST_F(LateMenus, TakeALetterInnermost) {
+    QTest::keyClick(menu("mnuFile")->windowHandle(), Qt::Key_N);
+    EXPECT_EQ(row(), ' ' + Blanks14) << "a new name";
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(LateMenus, TakeAClickInnermost) {
+    clickEntry("mnuFileNew", find<QAction>("mnuNewName"));
+    EXPECT_EQ(row(), ' ' + Blanks14) << "a new name";
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(LateMenus, TakeAClickFurtherOut) {
+    clickEntry("mnuFile", menu("mnuSave")->menuAction());
+    EXPECT_TRUE(menu("mnuSave")->isVisible());
+    EXPECT_FALSE(menu("mnuFileNew")->isVisible());
+    EXPECT_EQ(row(), "ab" + std::string(13, ' '));
+    while (QWidget* const open = QApplication::activePopupWidget()) {
+        open->close();
+    }
 }
 
 TEST_F(Menus, AreAllThatTheMenuBarOffers) {
