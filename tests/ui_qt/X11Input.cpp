@@ -7,7 +7,7 @@
 #include <QtGui/qguiapplication_platform.h>
 #include <dlfcn.h>
 
-#include <X11/Xlib.h>
+#include <X11/XKBlib.h>
 
 namespace {
 
@@ -66,6 +66,29 @@ bool X11Input::chooseLayout(const QString& layout, const QString& variant) {
     return QProcess::execute(
                QStringLiteral("setxkbmap"),
                {QStringLiteral("-layout"), layout, QStringLiteral("-variant"), variant}) == 0;
+}
+
+std::array<X11Input::Levels, 256> X11Input::layout() {
+    // A new connection knows what was chosen last.
+    Display* display = FindX11<decltype(&XOpenDisplay)>("XOpenDisplay")(nullptr);
+    const auto symbolOf = FindX11<decltype(&XkbKeycodeToKeysym)>("XkbKeycodeToKeysym");
+    std::array<Levels, 256> keys{};
+    constexpr unsigned FirstCode = 8;
+    for (unsigned code = FirstCode; code < keys.size(); ++code) {
+        for (unsigned level = 0; level < keys[code].size(); ++level) {
+            keys[code][level] = static_cast<unsigned>(
+                symbolOf(display, static_cast<KeyCode>(code), 0, static_cast<int>(level)));
+        }
+    }
+    FindX11<decltype(&XCloseDisplay)>("XCloseDisplay")(display);
+    return keys;
+}
+
+void X11Input::setSymbol(unsigned scanCode, unsigned symbol) {
+    std::array<KeySym, 2> symbols{symbol, symbol};
+    FindX11<decltype(&XChangeKeyboardMapping)>("XChangeKeyboardMapping")(
+        ServerDisplay(), static_cast<int>(scanCode), symbols.size(), symbols.data(), 1);
+    Flush();
 }
 
 void X11Input::dropFocus() {

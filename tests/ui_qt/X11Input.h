@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QWidget>
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -20,6 +21,15 @@ public:
 
     /// Chooses the keyboard's layout, as in "de"; false when the tool fails.
     [[nodiscard]] static bool chooseLayout(const QString& layout, const QString& variant = {});
+
+    /// The symbols of a key: alone, with Shift, with AltGr, with both; 0 where there is none.
+    using Levels = std::array<unsigned, 4>;
+
+    /// The chosen layout, by scan code.
+    [[nodiscard]] static std::array<Levels, 256> layout();
+
+    /// Gives a key one symbol, as virtual keyboards do to type what the layout has not.
+    static void setSymbol(unsigned scanCode, unsigned symbol);
 
     /// Takes the focus from every window.
     static void dropFocus();

@@ -1,23 +1,10 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "ui/qt/KeyTranslation.h"
+#include "KeyRows.h"
 
 #include <QKeyEvent>
 #include <array>
-#include <gtest/gtest.h>
-#include <ostream>
 #include <string>
-#include <vector>
-
-namespace ui {
-
-void PrintTo(const KeyStroke& press, std::ostream* out) {
-    *out << press.virtualKey << (press.isShift ? " shift" : "") << (press.isCtrl ? " ctrl" : "")
-         << (press.isAlt ? " alt" : "") << (press.isRepeat ? " repeat" : "")
-         << (press.isOnNumberPad ? " pad" : "");
-}
-
-} // namespace ui
 
 namespace {
 
@@ -25,42 +12,11 @@ using ui::KeyStroke;
 using ui::qt::KeyFacts;
 using ui::qt::TranslateKey;
 
-/// A press of a real keyboard.
-KeyFacts Real(int key, unsigned scanCode, bool shift = false) {
-    KeyFacts facts;
-    facts.key = key;
-    facts.scanCode = scanCode;
-    facts.shift = shift;
-    return facts;
-}
-
-/// A press that no keyboard made.
-KeyFacts Synthetic(int key, bool shift = false) {
-    return Real(key, 0, shift);
-}
-
 KeyFacts Pad(int key, unsigned scanCode, unsigned symbol, bool shift = false) {
     KeyFacts facts = Real(key, scanCode, shift);
     facts.symbol = symbol;
     facts.keypad = true;
     return facts;
-}
-
-struct Row {
-    const char* name;
-    KeyFacts facts;
-    int virtualKey;
-    bool shift = false;
-};
-
-void CheckRows(const std::vector<Row>& rows) {
-    for (const Row& row : rows) {
-        const KeyStroke press = TranslateKey(row.facts);
-        EXPECT_EQ(press.virtualKey, row.virtualKey) << row.name;
-        if (row.virtualKey != 0) {
-            EXPECT_EQ(press.isShift, row.shift) << row.name;
-        }
-    }
 }
 
 TEST(TranslateKey, TakesLettersByTheirSymbol) {
@@ -283,16 +239,10 @@ TEST(TranslateKey, LeavesTheDesktopsKeysAlone) {
     });
 }
 
-TEST(TranslateKey, TypesNothingWhileSuperOrAltGrIsHeld) {
+TEST(TranslateKey, TypesNothingWhileSuperIsHeld) {
     KeyFacts super = Real(Qt::Key_A, 38);
     super.meta = true;
     EXPECT_EQ(TranslateKey(super).virtualKey, 0);
-    KeyFacts altGr = Real(Qt::Key_At, 24);
-    altGr.groupSwitch = true;
-    EXPECT_EQ(TranslateKey(altGr).virtualKey, 0);
-    KeyFacts altGrLock = Real(Qt::Key_Insert, 118);
-    altGrLock.groupSwitch = true;
-    EXPECT_EQ(TranslateKey(altGrLock).virtualKey, 0);
 }
 
 TEST(TranslateKey, PassesControlAltAndRepetitionOn) {
@@ -379,8 +329,6 @@ TEST(TranslateKey, ReadsTheFactsOfAnEvent) {
         QEvent::KeyPress, Qt::Key_Slash, Qt::ShiftModifier | Qt::ControlModifier, 16, 0x2F, 0,
         QStringLiteral("/"), true);
     EXPECT_EQ(TranslateKey(event), (KeyStroke{191, false, true, false, false, true}));
-    const QKeyEvent altGr(QEvent::KeyPress, Qt::Key_At, Qt::GroupSwitchModifier, 24, 0x40, 0);
-    EXPECT_EQ(TranslateKey(altGr).virtualKey, 0);
     const QKeyEvent super(QEvent::KeyPress, Qt::Key_A, Qt::MetaModifier);
     EXPECT_EQ(TranslateKey(super).virtualKey, 0);
     const QKeyEvent pad(QEvent::KeyPress, Qt::Key_4, Qt::KeypadModifier | Qt::AltModifier);

@@ -1,91 +1,9 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "X11Input.h"
+#include "X11Keys.h"
 #include "ui/qt/KeyReader.h"
-#include "ui/qt/KeyTranslation.h"
-
-#include <QTest>
-#include <gtest/gtest.h>
-#include <optional>
-#include <vector>
 
 namespace {
-
-using ui::qt::TranslateKey;
-
-constexpr unsigned ShiftCode = 50;
-constexpr unsigned CtrlCode = 37;
-constexpr unsigned AltGrCode = 108;
-constexpr unsigned SuperCode = 133;
-constexpr unsigned NumLockCode = 77;
-constexpr unsigned CapsLockCode = 66;
-
-/// A real press and what it is to count as.
-struct SeenPress {
-    const char* name;
-    unsigned scanCode;
-    std::vector<unsigned> held;
-    int virtualKey;
-    bool isShift = false;
-    bool isOnNumberPad = false;
-};
-
-class X11Keys : public testing::Test {
-protected:
-    void SetUp() override {
-        if (!X11Input::IsAvailable()) {
-            GTEST_SKIP() << "libXtst.so.6 is not installed";
-        }
-        // As the window of the editor has it: dead keys come as keys.
-        m_window.setAttribute(Qt::WA_InputMethodEnabled, false);
-        m_window.resize(100, 100);
-        m_window.show();
-        m_window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
-        m_window.setFocus();
-    }
-
-    void TearDown() override { EXPECT_TRUE(X11Input::chooseLayout(QStringLiteral("us"))); }
-
-    /// What the last key of a chord counts as.
-    std::optional<ui::KeyStroke> strokeOf(const SeenPress& press) {
-        m_keys.presses.clear();
-        m_keys.releases.clear();
-        for (const unsigned held : press.held) {
-            X11Input::press(held);
-        }
-        X11Input::click(press.scanCode);
-        for (const unsigned held : press.held) {
-            X11Input::release(held);
-        }
-        const std::size_t expected = press.held.size() + 1;
-        if (!QTest::qWaitFor([&] { return m_keys.releases.size() >= expected; })) {
-            ADD_FAILURE() << press.name << ": the keys did not come";
-            return {};
-        }
-        for (const auto& event : m_keys.presses) {
-            if (event->nativeScanCode() == press.scanCode) {
-                return TranslateKey(*event);
-            }
-        }
-        return {};
-    }
-
-    void check(const std::vector<SeenPress>& presses) {
-        for (const SeenPress& press : presses) {
-            const auto stroke = strokeOf(press);
-            ASSERT_TRUE(stroke) << press.name;
-            EXPECT_EQ(stroke->virtualKey, press.virtualKey) << press.name;
-            EXPECT_EQ(stroke->isOnNumberPad, press.isOnNumberPad) << press.name;
-            if (press.virtualKey != 0 && !press.isOnNumberPad) {
-                EXPECT_EQ(stroke->isShift, press.isShift) << press.name;
-            }
-        }
-    }
-
-    QWidget m_window;
-    KeyRecorder m_keys{m_window};
-};
 
 TEST_F(X11Keys, AreTakenFromAUsKeyboard) {
     ASSERT_TRUE(X11Input::chooseLayout(QStringLiteral("us")));
@@ -182,7 +100,10 @@ TEST_F(X11Keys, AreTakenFromAGermanKeyboard) {
         {"dead acute", 21, {}, 222, false},
         {"dead grave", 21, {ShiftCode}, 192, false},
         {"AltGr", AltGrCode, {}, 0},
-        {"AltGr+Q", 24, {AltGrCode}, 0},
+        {"AltGr+Q", 24, {AltGrCode}, 50, true},
+        {"AltGr+E", 26, {AltGrCode}, 0},
+        {"AltGr+Insert", 118, {AltGrCode}, 0},
+        {"AltGr+left Alt+Q", 24, {AltGrCode, AltCode}, 0},
         {"pad decimal", 91, {}, 46, false, true},
     });
 }

@@ -13,8 +13,15 @@ namespace ui::qt {
 namespace {
 
 constexpr unsigned BreakSymbol = 0xFF6B;
-constexpr unsigned FirstPadSymbol = 0xFF80;
+constexpr unsigned FirstNamedSymbol = 0xFF00; ///< of the keys that have a name and no character
+constexpr unsigned LastNamedSymbol = 0xFFFF;
+constexpr unsigned FirstPadSymbol = 0xFF80; ///< the pad's lie among them
 constexpr unsigned LastPadSymbol = 0xFFBD;
+constexpr unsigned PadDecimalScanCode = 91;
+// Modifiers of the window system. Not every version of the toolkit tells of AltGr in its own.
+constexpr unsigned CapsLockMask = 0x02;
+constexpr unsigned AltGrMask = 0x80;
+
 constexpr unsigned F13ScanCode = 191;
 constexpr unsigned F16ScanCode = 194;
 
@@ -191,6 +198,17 @@ int PadOperator(int key) {
     }
 }
 
+/// Whether a symbol is a printable ASCII character, which has the same number.
+bool IsAscii(unsigned symbol) {
+    return symbol >= ' ' && symbol <= '~';
+}
+
+/// Whether a symbol says by itself which key it is, so that the place of the key has nothing to add: on a
+/// virtual keyboard a key may lie anywhere.
+bool IsTelling(unsigned symbol) {
+    return IsAscii(symbol) || (symbol >= FirstNamedSymbol && symbol <= LastNamedSymbol);
+}
+
 bool IsLetter(int key) {
     return key >= Qt::Key_A && key <= Qt::Key_Z;
 }
@@ -238,21 +256,34 @@ int DigitAt(unsigned scanCode) {
 }
 
 bool IsOnPad(const KeyFacts& facts) {
-    return facts.keypad || (facts.symbol >= FirstPadSymbol && facts.symbol <= LastPadSymbol) ||
-           PadKeyAt(facts.scanCode).has_value();
+    if (facts.keypad || (facts.symbol >= FirstPadSymbol && facts.symbol <= LastPadSymbol)) {
+        return true;
+    }
+    const bool isDecimalSign = facts.symbol == '.' || facts.symbol == ',';
+    return PadKeyAt(facts.scanCode) &&
+           (!IsTelling(facts.symbol) || (isDecimalSign && facts.scanCode == PadDecimalScanCode));
 }
 
 /// The key that a press on the number pad is.
 int TranslatePadKey(const KeyFacts& facts) {
-    auto pad = PadKeyAt(facts.scanCode);
+    auto pad = PadKeyOf(facts.key);
     if (!pad) {
-        pad = PadKeyOf(facts.key);
+        if (const int operatorKey = PadOperator(facts.key); operatorKey != 0) {
+            return operatorKey;
+        }
+        pad = PadKeyAt(facts.scanCode);
     }
     if (!pad) {
-        const int operatorKey = PadOperator(facts.key);
-        return operatorKey != 0 ? operatorKey : NamedVirtualKey(facts.key);
+        return NamedVirtualKey(facts.key);
     }
     return IsCharacter(facts.key) ? pad->digit : pad->movement;
+}
+
+/// Whether AltGr makes something of the key that a US keyboard has: an ASCII character, or a dead key that
+/// stands for one.
+bool IsTypedWithAltGr(const KeyFacts& facts) {
+    const unsigned shown = facts.symbol != 0 ? facts.symbol : static_cast<unsigned>(facts.key);
+    return !facts.alt && (IsAscii(shown) || DeadKeyBase(facts.key) != 0);
 }
 
 } // namespace
@@ -263,7 +294,7 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
     press.isCtrl = facts.ctrl;
     press.isAlt = facts.alt;
     press.isRepeat = facts.autoRepeat;
-    if (facts.meta || facts.groupSwitch) {
+    if (facts.meta || (facts.altGr && !IsTypedWithAltGr(facts))) {
         return press;
     }
     const bool isReal = facts.scanCode != 0;
@@ -276,7 +307,15 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
         press.virtualKey = NamedVirtualKey(Qt::Key_Cancel);
         return press;
     }
-    if (facts.scanCode >= F13ScanCode && facts.scanCode <= F16ScanCode) {
+    if (IsLetter(facts.key)) {
+        press.virtualKey = facts.key;
+        if (isReal && facts.symbol >= 'A' && facts.symbol <= 'Z' && !facts.capsLock) {
+            // A virtual keyboard has keys of their own for capitals.
+            press.isShift = true;
+        }
+        return press;
+    }
+    if (facts.scanCode >= F13ScanCode && facts.scanCode <= F16ScanCode && !IsTelling(facts.symbol)) {
         // The usual layouts put tool and launch keys in the place of these four.
         press.virtualKey = KeyF13 + static_cast<int>(facts.scanCode - F13ScanCode);
         return press;
@@ -285,10 +324,6 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
         // A command, not a symbol: some layouts have digits only with Shift, which means something of its
         // own.
         press.virtualKey = DigitAt(facts.scanCode);
-        return press;
-    }
-    if (IsLetter(facts.key)) {
-        press.virtualKey = facts.key;
         return press;
     }
     if (facts.key == Qt::Key_nobreakspace) {
@@ -315,6 +350,7 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
 
 KeyFacts FactsOf(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers();
+    const unsigned nativeHeld = event.nativeModifiers();
     KeyFacts facts;
     facts.key = event.key();
     facts.scanCode = event.nativeScanCode();
@@ -323,7 +359,8 @@ KeyFacts FactsOf(const QKeyEvent& event) {
     facts.ctrl = held.testFlag(Qt::ControlModifier);
     facts.alt = held.testFlag(Qt::AltModifier);
     facts.meta = held.testFlag(Qt::MetaModifier);
-    facts.groupSwitch = held.testFlag(Qt::GroupSwitchModifier);
+    facts.altGr = held.testFlag(Qt::GroupSwitchModifier) || (nativeHeld & AltGrMask) != 0;
+    facts.capsLock = (nativeHeld & CapsLockMask) != 0;
     facts.keypad = held.testFlag(Qt::KeypadModifier);
     facts.autoRepeat = event.isAutoRepeat();
     return facts;

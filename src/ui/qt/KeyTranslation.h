@@ -16,9 +16,10 @@ struct KeyFacts {
     bool shift = false;
     bool ctrl = false;
     bool alt = false;
-    bool meta = false;        ///< the desktop's key (Super)
-    bool groupSwitch = false; ///< AltGr
-    bool keypad = false;      ///< the toolkit says that it is a key of the number pad
+    bool meta = false;  ///< the desktop's key (Super)
+    bool altGr = false; ///< the third level of the layout
+    bool capsLock = false;
+    bool keypad = false; ///< the toolkit says that it is a key of the number pad
     bool autoRepeat = false;
 };
 
