@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QImageReader>
+#include <QPainter>
 #include <QScreen>
 #include <QTimer>
 
@@ -120,10 +121,11 @@ void frmRankings::Form_Resize() {
                        .playerWidth = player.width(),
                        .playerHeight = player.height(),
                        .devicePixelRatio = devicePixelRatioF()}));
-    const QPixmap names = m_form->AniPic->pixmap();
-    if (names.isNull() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce ||
-        names.devicePixelRatio() != devicePixelRatioF()) {
-        scalePictures();
+    const QPixmap screenShot = m_form->picScreenShot->pixmap();
+    if (!m_screenShot.isNull() &&
+        (screenShot.isNull() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce ||
+         screenShot.devicePixelRatio() != devicePixelRatioF())) {
+        m_form->picScreenShot->setPixmap(scaled(m_screenShot));
     }
     m_form->picScreenShot->setGeometry(RectOf(m_layout.screenShot));
     m_form->AniPicBox->setGeometry(RectOf(m_layout.strip));
@@ -132,31 +134,41 @@ void frmRankings::Form_Resize() {
     showName();
 }
 
-void frmRankings::scalePictures() {
+QPixmap frmRankings::scaled(const QImage& image) const {
     // A screen whose scale is not a whole number would smooth a picture that has other pixels than its own.
     const qreal screenScale = devicePixelRatioF();
-    const auto scaled = [this, screenScale](const QImage& image) {
-        if (image.isNull()) {
-            return QPixmap();
-        }
-        const QSize size =
-            (QSizeF(image.size()) * screenScale * m_layout.enlarge / (m_layout.reduce * m_layout.pixelRatio))
-                .toSize();
-        // Enlarged pixels stay blocks; where several become one they are blended.
-        QPixmap pixmap = QPixmap::fromImage(image.scaled(
-            size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
-            m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
-        pixmap.setDevicePixelRatio(screenScale);
-        return pixmap;
-    };
-    m_form->picScreenShot->setPixmap(scaled(m_screenShot));
-    m_form->AniPic->setPixmap(scaled(m_names));
-    m_form->AniPic->resize(m_form->AniPic->sizeHint());
+    const QSize size =
+        (QSizeF(image.size()) * screenScale * m_layout.enlarge / (m_layout.reduce * m_layout.pixelRatio))
+            .toSize();
+    // Enlarged pixels stay blocks; where several become one they are blended.
+    QPixmap pixmap = QPixmap::fromImage(image.scaled(
+        size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
+        m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
+    pixmap.setDevicePixelRatio(screenScale);
+    return pixmap;
+}
+
+/// A name over the part of the screenshot that the strip covers.
+QImage frmRankings::strip(int name) const {
+    QImage image(m_layout.underStrip.width, m_layout.underStrip.height, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.drawImage(-m_layout.underStrip.x, -m_layout.underStrip.y, m_screenShot);
+    painter.drawImage(
+        m_layout.nameX, m_layout.nameY, m_names, 0, (name - 1) * glyphs::CellSide, -1, glyphs::CellSide);
+    return image;
 }
 
 void frmRankings::showName() {
     const int name = m_preview.shownName();
-    m_form->AniPic->move(0, -(name - 1) * m_layout.strip.height);
+    const int height = m_layout.strip.height;
+    // As tall as all names, but with pixels for the one in view only: so many may be more than the memory
+    // holds.
+    QLabel& picture = *m_form->AniPic;
+    picture.setContentsMargins(0, (name - 1) * height, 0, 0);
+    picture.setPixmap(m_layout.strip.empty() ? QPixmap() : scaled(strip(name)));
+    picture.setGeometry(
+        0, -(name - 1) * height, m_layout.strip.width, m_names.height() / glyphs::CellSide * height);
     // While it plays no voice could keep up.
     if (QAccessible::isActive() && !m_preview.playing()) {
         m_form->AniPic->setAccessibleDescription(

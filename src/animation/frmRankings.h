@@ -44,7 +44,8 @@ private:
     void loadScreenShot(const std::string& setting);
     void connectControls();
     void Form_Resize();
-    void scalePictures();
+    [[nodiscard]] QPixmap scaled(const QImage& image) const;
+    [[nodiscard]] QImage strip(int name) const;
     void showName();
     void followPlaying();
 

@@ -6,6 +6,7 @@
 #include "glyphs/mdlPaint.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace animation {
@@ -38,6 +39,12 @@ int WholePixelRatio(double devicePixelRatio) {
         }
     }
     return 1;
+}
+
+/// The greatest multiple of `step` that is not above `value`, which may be negative.
+std::int64_t RoundedDown(std::int64_t value, std::int64_t step) {
+    const std::int64_t rest = value % step;
+    return value - (rest < 0 ? rest + step : rest);
 }
 
 } // namespace
@@ -103,21 +110,29 @@ FindScreenShot(const std::string& setting, const ui::Files& files, const ui::Pro
 
 RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     const bool hasScreenShot = sizes.screenShotWidth > 0 && sizes.screenShotHeight > 0;
-    const int width = hasScreenShot ? sizes.screenShotWidth : BoardWidth;
-    const int height = hasScreenShot ? sizes.screenShotHeight : BoardHeight;
+    const std::int64_t width = hasScreenShot ? sizes.screenShotWidth : BoardWidth;
+    const std::int64_t height = hasScreenShot ? sizes.screenShotHeight : BoardHeight;
+    // In a screenshot of another size the board is taken to stand at the same height and in the middle.
+    const bool isBoard = width == BoardWidth && height == BoardHeight;
+    const std::int64_t lineX = isBoard ? BoardLineX : RoundedDown(width - StripWidth, 2) / 2;
+    const std::int64_t lineY = height * BoardLineY / BoardHeight;
     const int top = sizes.windowHeight / 10;
     const int playerTop = sizes.windowHeight * 9 / 10;
 
     RankingsLayout layout;
     layout.pixelRatio = WholePixelRatio(sizes.devicePixelRatio);
-    const int across = std::max(sizes.windowWidth, 1) * layout.pixelRatio;
-    const int room = std::max(playerTop - top, 1) * layout.pixelRatio;
-    layout.enlarge = std::max(std::min(across / width, room / height), 1);
-    while (width > across * layout.reduce || height > room * layout.reduce) {
-        ++layout.reduce;
-    }
-    const auto scaled = [&layout](int pixels) {
-        return pixels * layout.enlarge / (layout.reduce * layout.pixelRatio);
+    const std::int64_t across = std::max(sizes.windowWidth, 1) * layout.pixelRatio;
+    const std::int64_t room = std::max(playerTop - top, 1) * layout.pixelRatio;
+    // The name is to be seen whole too, and may be larger than the screenshot.
+    const std::int64_t wanted = std::max(width, width - 2 * lineX);
+    const std::int64_t wantedRoom = std::max(height, lineY + StripHeight);
+    layout.enlarge =
+        static_cast<int>(std::max<std::int64_t>(std::min(across / wanted, room / wantedRoom), 1));
+    layout.reduce =
+        static_cast<int>(std::max((wanted + across - 1) / across, (wantedRoom + room - 1) / room));
+    const int divisor = layout.reduce * layout.pixelRatio;
+    const auto scaled = [&layout, divisor](std::int64_t pixels) {
+        return static_cast<int>((pixels * layout.enlarge + divisor / 2) / divisor);
     };
     const auto centred = [&sizes](int pixels) {
         return (sizes.windowWidth - pixels) / 2;
@@ -127,12 +142,21 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     if (hasScreenShot) {
         layout.screenShot = {left, top, scaled(width), scaled(height)};
     }
-    // In a screenshot of another size the board is taken to stand at the same height and in the middle.
-    const bool isBoard = width == BoardWidth && height == BoardHeight;
-    const int lineX = isBoard ? BoardLineX : (width - StripWidth) / 2;
-    layout.strip = {
-        left + scaled(lineX), top + scaled(height * BoardLineY / BoardHeight), scaled(StripWidth),
-        scaled(StripHeight)};
+    // From one whole pixel of the window to another: there the screenshot's pixels begin and end as well.
+    // A name that is smaller than a pixel is not shown.
+    const std::int64_t step = layout.reduce > StripHeight ? 1 : divisor / std::gcd(layout.enlarge, divisor);
+    const std::int64_t x = RoundedDown(lineX, step);
+    const std::int64_t y = RoundedDown(lineY, step);
+    const std::int64_t right = RoundedDown(lineX + StripWidth + step - 1, step);
+    const std::int64_t bottom = RoundedDown(lineY + StripHeight + step - 1, step);
+    const auto exactly = [&layout, divisor](std::int64_t pixels) {
+        return static_cast<int>(pixels * layout.enlarge / divisor);
+    };
+    layout.strip = {left + exactly(x), top + exactly(y), exactly(right - x), exactly(bottom - y)};
+    layout.underStrip = {
+        static_cast<int>(x), static_cast<int>(y), static_cast<int>(right - x), static_cast<int>(bottom - y)};
+    layout.nameX = static_cast<int>(lineX - x);
+    layout.nameY = static_cast<int>(lineY - y);
     layout.player = {centred(sizes.playerWidth), playerTop, sizes.playerWidth, sizes.playerHeight};
     layout.quit = {sizes.windowWidth - QuitDistance, sizes.windowHeight - QuitDistance, QuitSide, QuitSide};
     return layout;

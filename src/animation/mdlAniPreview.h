@@ -93,10 +93,17 @@ struct RankingsLayout {
     int pixelRatio = 1; ///< how many pixels of the screen they have for one of the window
     ui::Rect screenShot; ///< empty: there is none
     ui::Rect strip;      ///< the one-name frame over the line of the board where the player's name stands
-    ui::Rect player;     ///< the bar of the player buttons
-    ui::Rect quit;       ///< the OK button
+    ui::Rect
+        underStrip; ///< what it covers of the screenshot, in the screenshot's pixels, also beyond its edge
+    int nameX = 0;  ///< where in that part the name stands, in the same pixels
+    int nameY = 0;
+    ui::Rect player; ///< the bar of the player buttons
+    ui::Rect quit;   ///< the OK button
 };
 
+/// Nothing in it is larger than the window, however small or large the screenshot is, unless the player
+/// buttons are. Where a name's edges would fall between two pixels of the window the strip reaches to the
+/// next whole ones.
 [[nodiscard]] RankingsLayout LayOutRankings(const RankingsSizes& sizes);
 
 /// How many ticks are due `milliseconds` after playing began, when `passed` have been stepped. A clock that

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <memory>
@@ -59,6 +60,18 @@ struct Rankings : testing::Test {
         EXPECT_EQ(picture.x(), 0);
         EXPECT_EQ(picture.y() % row, 0);
         return 1 - picture.y() / row;
+    }
+
+    /// A name as it is painted now.
+    [[nodiscard]] QImage paintedName(int name) const {
+        const ui::Picture& picture = desk.pictures.animation.pixels();
+        QImage image(240, 16, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y) {
+            std::copy_n(
+                picture.row((name - 1) * image.height() + y), image.width(),
+                reinterpret_cast<QRgb*>(image.scanLine(y)));
+        }
+        return image;
     }
 
     [[nodiscard]] bool isPlaying() const { return hand().find<QTimer>("AniTimer").isActive(); }
@@ -129,6 +142,51 @@ TEST_F(Rankings, ReduceAScreenshotThatIsLargerThanTheWindow) {
     EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -14 * 8);
 }
 
+TEST_F(Rankings, ShowEachNameAloneOverAScreenshotThatIsReducedByThree) {
+    desk.animation().nameCount = 90;
+    for (int name = 1; name <= 90; ++name) {
+        desk.setName(name, std::string(15, static_cast<char>(33 + 2 * name)));
+    }
+    desk.paint();
+    putScreenShot("large.bmp", 3840, 2160);
+    open("large.bmp", {1920, 1080});
+    const QRect strip = geometry("AniPicBox");
+    EXPECT_EQ(strip, QRect(320 + 600, 108 + 264, 80, 6));
+    for (int name = 1; name <= 90; ++name) {
+        hand().click("cmdForward");
+        EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -(name - 1) * strip.height());
+        const QImage shown = hand().find<QWidget>("AniPicBox").grab().toImage();
+        const int code = 33 + 2 * name;
+        for (const int y : {1, 4}) {
+            const QColor colour = shown.pixelColor(4, y);
+            EXPECT_NEAR(colour.red(), code, 1) << name << ' ' << y;
+            EXPECT_NEAR(colour.green(), 255 - code, 1) << name << ' ' << y;
+        }
+        // A third of its last line is the name, the rest is the screenshot.
+        const QColor edge = shown.pixelColor(4, 5);
+        EXPECT_NEAR(edge.red(), code / 3, 2) << name;
+        EXPECT_NEAR(edge.green(), (255 - code + 2 * QColor(Qt::darkGreen).green()) / 3, 2) << name;
+    }
+}
+
+TEST_F(Rankings, HoldOneNameOnlyInThePixelsOfTheScreen) {
+    desk.animation().nameCount = 90;
+    desk.fillNames(90);
+    for (const int side : {1, 16, 64}) {
+        putScreenShot("tiny.bmp", side, side);
+        open("tiny.bmp", {1920, 1080});
+        hand().click("cmdToEnd");
+        const auto& picture = hand().find<QLabel>("AniPic");
+        const QRect strip = geometry("AniPicBox");
+        EXPECT_TRUE(form->rect().contains(strip)) << side;
+        EXPECT_EQ(picture.y(), -89 * strip.height());
+        EXPECT_EQ(picture.pixmap().deviceIndependentSize().toSize(), strip.size());
+        const QImage shown =
+            hand().find<QWidget>("AniPicBox").grab().toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(shown.scaled(240, 16), paintedName(90)) << side;
+    }
+}
+
 // Run a second time for a screen of scale 1.5.
 TEST_F(Rankings, NeverMixPixelsWhateverTheScaleOfTheScreen) {
     QImage chequered(640, 480, QImage::Format_RGB32);
@@ -175,24 +233,16 @@ TEST_F(Rankings, ShowTheNamesAsTheyWerePaintedAtOpening) {
     const auto strip = [this] {
         return hand().find<QWidget>("AniPicBox").grab().toImage().convertToFormat(QImage::Format_RGB32);
     };
-    const auto painted = [](const ui::Picture& picture, int row) {
-        QImage image(240, 16, QImage::Format_RGB32);
-        for (int y = 0; y < 16; ++y) {
-            for (int x = 0; x < 240; ++x) {
-                image.setPixel(x, y, picture.pixel(x, (row - 1) * 16 + y));
-            }
-        }
-        return image;
-    };
-    const ui::Picture before = desk.pictures.animation.pixels();
-    EXPECT_EQ(strip(), painted(before, 1));
+    const QImage first = paintedName(1);
+    const QImage ninth = paintedName(9);
+    EXPECT_EQ(strip(), first);
     desk.setName(9, "changed since");
     desk.paint();
     hand().click("cmdForward");
     for (int name = 2; name <= 9; ++name) {
         hand().click("cmdForward");
     }
-    EXPECT_EQ(strip(), painted(before, 9));
+    EXPECT_EQ(strip(), ninth);
 }
 
 TEST_F(Rankings, OpenOnTheFirstRowAndGoRound) {

@@ -370,4 +370,90 @@ TEST(LayOutRankings, LaysTheStripWhereTheBoardWouldStandWithoutAScreenshot) {
     EXPECT_EQ(layout.strip, (ui::Rect{192 + 240, 76 + 176, 240, 16}));
 }
 
+namespace {
+
+/// A full screen of 1920 x 1080 over a screenshot of the given size.
+RankingsLayout OnFullHd(int screenShotWidth, int screenShotHeight, double devicePixelRatio = 1) {
+    return LayOutRankings(
+        {.windowWidth = static_cast<int>(1920 / devicePixelRatio),
+         .windowHeight = static_cast<int>(1080 / devicePixelRatio),
+         .screenShotWidth = screenShotWidth,
+         .screenShotHeight = screenShotHeight,
+         .playerWidth = 500,
+         .playerHeight = 30,
+         .devicePixelRatio = devicePixelRatio});
+}
+
+} // namespace
+
+TEST(LayOutRankings, KeepsTheNameInTheWindowOverTheSmallestScreenshot) {
+    RankingsLayout layout = OnFullHd(16, 16);
+    EXPECT_EQ(layout.enlarge, 8) << "so often a name fits in";
+    EXPECT_EQ(layout.screenShot, (ui::Rect{896, 108, 128, 128}));
+    EXPECT_EQ(layout.strip, (ui::Rect{0, 108 + 5 * 8, 1920, 128}));
+    layout = OnFullHd(1, 1);
+    EXPECT_LE(layout.enlarge, 8);
+    EXPECT_GE(layout.strip.x, 0);
+    EXPECT_LE(layout.strip.x + layout.strip.width, 1920);
+    for (int width = 1; width < 300; width += 7) {
+        for (const int height : {1, 2, 15, 16, 17, 64, 1080}) {
+            for (const int window : {239, 240, 241, 500, 1920}) {
+                layout = LayOutRankings(
+                    {.windowWidth = window,
+                     .windowHeight = 1080,
+                     .screenShotWidth = width,
+                     .screenShotHeight = height,
+                     .playerWidth = 500,
+                     .playerHeight = 30});
+                EXPECT_GE(layout.strip.x, 0) << width << ' ' << height << ' ' << window;
+                EXPECT_LE(layout.strip.x + layout.strip.width, window)
+                    << width << ' ' << height << ' ' << window;
+                EXPECT_LE(layout.strip.y + layout.strip.height, layout.player.y) << width << ' ' << height;
+            }
+        }
+    }
+}
+
+TEST(LayOutRankings, CoversTheExactPlaceOfTheNameWhateverTheScreenshotIsReducedBy) {
+    RankingsLayout layout = OnFullHd(3840, 2160);
+    EXPECT_EQ(layout.reduce, 3);
+    EXPECT_EQ(layout.screenShot, (ui::Rect{320, 108, 1280, 720}));
+    // The name's 16 pixels are five and a third here.
+    EXPECT_EQ(layout.strip, (ui::Rect{320 + 600, 108 + 264, 80, 6}));
+    EXPECT_EQ(layout.underStrip, (ui::Rect{1800, 792, 240, 18}));
+    EXPECT_EQ(layout.nameX, 0);
+    EXPECT_EQ(layout.nameY, 0);
+    layout = OnFullHd(3847, 2171);
+    EXPECT_EQ(layout.underStrip, (ui::Rect{1803, 795, 240, 18}));
+    EXPECT_EQ(layout.nameX, 0);
+    EXPECT_EQ(layout.nameY, 1);
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 4.0}) {
+        for (const auto& [width, height] :
+             {std::pair(1, 1), std::pair(16, 16), std::pair(640, 480), std::pair(801, 603),
+              std::pair(1921, 1081), std::pair(3840, 2160), std::pair(5001, 7003), std::pair(17, 8000)}) {
+            layout = OnFullHd(width, height, ratio);
+            const ui::Rect& part = layout.underStrip;
+            const int divisor = layout.reduce * layout.pixelRatio;
+            EXPECT_EQ(part.width * layout.enlarge, layout.strip.width * divisor) << width;
+            EXPECT_EQ(part.height * layout.enlarge, layout.strip.height * divisor) << height;
+            EXPECT_EQ(part.x * layout.enlarge, (layout.strip.x - layout.screenShot.x) * divisor) << width;
+            EXPECT_EQ(part.y * layout.enlarge, (layout.strip.y - layout.screenShot.y) * divisor) << height;
+            EXPECT_GE(layout.nameX, 0);
+            EXPECT_LE(layout.nameX + 240, part.width);
+            EXPECT_GE(layout.nameY, 0);
+            EXPECT_LE(layout.nameY + 16, part.height);
+        }
+    }
+}
+
+TEST(LayOutRankings, ShowsNoNameThatIsSmallerThanAPixel) {
+    for (const auto& [width, height] :
+         {std::pair(17, 30000), std::pair(1, 67108863), std::pair(67108863, 1)}) {
+        const RankingsLayout layout = OnFullHd(width, height);
+        EXPECT_TRUE(layout.strip.empty());
+        EXPECT_LE(layout.underStrip.width, 240);
+        EXPECT_LE(layout.underStrip.height, 16);
+    }
+}
+
 } // namespace animation
