@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ModalDialogs.h"
+#include "support/TempProgramDirectory.h"
+#include "ui/qt/QtDialogs.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+using modal::PressKey;
+using modal::WhenShown;
+using support::TempFolder;
+using ui::qt::QtDialogs;
+
+ui::FileDialogRequest NameRequest(const TempFolder& folder) {
+    ui::FileDialogRequest request;
+    request.title = "Save as a Script File";
+    request.initialName = "*.vtn";
+    request.filters = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
+    request.folder = folder.path();
+    request.extension = ".vtn";
+    return request;
+}
+
+QLineEdit* NameEdit(const QFileDialog& dialog) {
+    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+void TypeName(const QFileDialog& dialog, const QString& text) {
+    QLineEdit* edit = NameEdit(dialog);
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+/// The names that the dialog lists.
+QStringList Listed(const QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+    QStringList names;
+    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+        names << list->model()->index(row, 0, list->rootIndex()).data().toString();
+    }
+    names.sort();
+    return names;
+}
+
+TEST(FileDialog, OpensWithTheNameSelectedAndTheFilterAsGiven) {
+    const TempFolder folder;
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Save as a Script File"));
+        EXPECT_TRUE(dialog.isModal());
+        EXPECT_EQ(NameEdit(dialog)->text(), QStringLiteral("*.vtn"));
+        EXPECT_EQ(NameEdit(dialog)->selectedText(), QStringLiteral("*.vtn"));
+        EXPECT_TRUE(NameEdit(dialog)->hasFocus());
+        const auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        ASSERT_EQ(types->count(), 1);
+        EXPECT_EQ(types->itemText(0), QStringLiteral("VTM Name Script (*.vtn;*.scr)"));
+        EXPECT_EQ(dialog.directory().absolutePath(), QString::fromStdString(folder.path().native()));
+        dialog.reject();
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), std::nullopt);
+}
+
+TEST(FileDialog, OpensWithTheSameWhenAFileIsToBeOpened) {
+    const TempFolder folder;
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        EXPECT_EQ(NameEdit(dialog)->text(), QStringLiteral("*.vtn"));
+        EXPECT_EQ(NameEdit(dialog)->selectedText(), QStringLiteral("*.vtn"));
+        EXPECT_TRUE(NameEdit(dialog)->hasFocus());
+        PressKey(dialog, Qt::Key_Escape);
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), std::nullopt);
+}
+
+TEST(FileDialog, KeepsTheToolkitsTitleWhenNoneIsGiven) {
+    const TempFolder folder;
+    auto request = NameRequest(folder);
+    request.title.clear();
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Save As"));
+            dialog.reject();
+        });
+        (void)QtDialogs().chooseFileToSave(request);
+    }
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open"));
+            dialog.reject();
+        });
+        (void)QtDialogs().chooseFileToOpen(request);
+    }
+}
+
+TEST(FileDialog, OffersSeveralKindsOfFiles) {
+    const TempFolder folder;
+    auto request = NameRequest(folder);
+    request.filters = {
+        {"VTM Name Script (*.vtn)", {"*.vtn"}},
+        {"Script File (*.scr)", {"*.scr"}},
+        {"VTM Animation Script (*.vta)", {"*.vta"}},
+        {"VTM Message Script (*.vtm)", {"*.vtm"}}};
+    folder.put("a.vtn", "");
+    folder.put("b.scr", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        ASSERT_EQ(types->count(), 4);
+        EXPECT_EQ(types->itemText(0), QStringLiteral("VTM Name Script (*.vtn)"));
+        EXPECT_EQ(types->itemText(3), QStringLiteral("VTM Message Script (*.vtm)"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == QStringList{QStringLiteral("a.vtn")}; }));
+        types->setFocus();
+        QTest::keyClick(types, Qt::Key_Down);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == QStringList{QStringLiteral("b.scr")}; }));
+        dialog.reject();
+    });
+    (void)QtDialogs().chooseFileToOpen(request);
+}
+
+TEST(FileDialog, ListsFilesWhateverTheCaseOfTheirExtension) {
+    const TempFolder folder;
+    folder.put("small.vtn", "");
+    folder.put("LARGE.VTN", "");
+    folder.put("mixed.Scr", "");
+    folder.put("other.cfg", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        const QStringList expected{
+            QStringLiteral("LARGE.VTN"), QStringLiteral("mixed.Scr"), QStringLiteral("small.vtn")};
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == expected; })) << Listed(dialog).size();
+        dialog.reject();
+    });
+    (void)QtDialogs().chooseFileToOpen(NameRequest(folder));
+}
+
+TEST(FileDialog, ReturnsTheFileThatIsTyped) {
+    const TempFolder folder;
+    folder.put("there.vtn", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("there.vtn")); });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "there.vtn");
+}
+
+TEST(FileDialog, ReturnsAFileWithoutExtensionAsItIsWhenOpening) {
+    const TempFolder folder;
+    folder.put("there", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("there")); });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "there");
+}
+
+TEST(FileDialog, AddsTheExtensionThatWasNotTyped) {
+    const TempFolder folder;
+    {
+        WhenShown<QFileDialog> shown(
+            [&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("my name")); });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "my name.vtn");
+    }
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("a.scr")); });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "a.scr");
+    }
+    {
+        auto request = NameRequest(folder);
+        request.extension.clear();
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("bare")); });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / "bare");
+    }
+}
+
+TEST(FileDialog, ReturnsNamesThatAreNotAscii) {
+    const TempFolder folder;
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        NameEdit(dialog)->setText(QString::fromUtf8("Gr\xC3\xBC\xC3\x9F"
+                                                    "e % $.vtn"));
+        QTest::keyClick(NameEdit(dialog), Qt::Key_Return);
+    });
+    EXPECT_EQ(
+        QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "Gr\xC3\xBC\xC3\x9F"
+                                                                    "e % $.vtn");
+}
+
+/// The box over a file dialog.
+QMessageBox* BoxOver(const QFileDialog& dialog) {
+    return dialog.findChild<QMessageBox*>();
+}
+
+/// Answers the question that comes over a dialog.
+void AnswerBoxOver(QFileDialog& dialog, QMessageBox::StandardButton answer) {
+    auto* timer = new QTimer(&dialog);
+    QObject::connect(timer, &QTimer::timeout, &dialog, [&dialog, timer, answer] {
+        if (QMessageBox* box = BoxOver(dialog); box != nullptr && box->isVisible()) {
+            timer->deleteLater();
+            box->button(answer)->click();
+        }
+    });
+    timer->start(1);
+}
+
+TEST(FileDialog, AsksBeforeAFileIsReplaced) {
+    const TempFolder folder;
+    folder.put("there.vtn", "old");
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+            AnswerBoxOver(dialog, QMessageBox::Yes);
+            TypeName(dialog, QStringLiteral("there.vtn"));
+        });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "there.vtn");
+    }
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+            AnswerBoxOver(dialog, QMessageBox::No);
+            TypeName(dialog, QStringLiteral("there"));
+            EXPECT_TRUE(dialog.isVisible());
+            TypeName(dialog, QStringLiteral("new"));
+        });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "new.vtn");
+    }
+}
+
+TEST(FileDialog, AsksNothingWhereTheFileIsAlteredOnly) {
+    const TempFolder folder;
+    folder.put("autoexec.cfg", "old");
+    auto request = NameRequest(folder);
+    request.asksToOverwrite = false;
+    WhenShown<QFileDialog> shown(
+        [&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("autoexec.cfg")); });
+    EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / "autoexec.cfg");
+}
+
+TEST(FileDialog, TakesANameWithWildcardsAsAFilter) {
+    const TempFolder folder;
+    folder.put("a.vtn", "");
+    folder.put("b.cfg", "");
+    folder.put("c.CFG", "");
+    for (const bool saves : {true, false}) {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+            QTest::keyClick(NameEdit(dialog), Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << "the initial name is not a file";
+            TypeName(dialog, QStringLiteral("*.cfg"));
+            EXPECT_TRUE(dialog.isVisible());
+            const QStringList expected{QStringLiteral("b.cfg"), QStringLiteral("c.CFG")};
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == expected; }));
+            EXPECT_EQ(NameEdit(dialog)->selectedText(), QStringLiteral("*.cfg"));
+            TypeName(dialog, QStringLiteral("?.vtn;b*"));
+            EXPECT_TRUE(dialog.isVisible());
+            const QStringList others{QStringLiteral("a.vtn"), QStringLiteral("b.cfg")};
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == others; }));
+            dialog.reject();
+        });
+        const auto request = NameRequest(folder);
+        EXPECT_EQ(
+            saves ? QtDialogs().chooseFileToSave(request) : QtDialogs().chooseFileToOpen(request),
+            std::nullopt);
+    }
+}
+
+TEST(FileDialog, ListsAnotherFolderByAPattern) {
+    const TempFolder folder;
+    folder.put("inner/a.cfg", "");
+    folder.put("inner/b.vtn", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        TypeName(dialog, QStringLiteral("inner/*.cfg"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == QStringList{QStringLiteral("a.cfg")}; }));
+        EXPECT_EQ(NameEdit(dialog)->text(), QStringLiteral("*.cfg"));
+        TypeName(dialog, QStringLiteral("a.cfg"));
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "inner/a.cfg");
+}
+
+TEST(FileDialog, StaysWhenTheFileToOpenIsMissing) {
+    const TempFolder folder;
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        AnswerBoxOver(dialog, QMessageBox::Ok);
+        TypeName(dialog, QStringLiteral("missing.vtn"));
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), std::nullopt);
+}
+
+} // namespace
