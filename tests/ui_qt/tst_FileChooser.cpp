@@ -225,6 +225,85 @@ TEST(FileDialog, AsksBeforeAFileIsReplaced) {
     }
 }
 
+TEST(FileDialog, ReturnsTheNameThatIsTypedWithDoubleQuotesInIt) {
+    const TempFolder folder;
+    folder.put("y.vtn", "another file");
+    folder.put("there\"y.vtn", "");
+    for (const char* name : {"x\"y.vtn", "a\"y.vtn\"b.vtn", "\"y.vtn\""}) {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QLatin1String(name)); });
+        auto request = NameRequest(folder);
+        request.extension.clear();
+        EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / name);
+    }
+    {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("x\"y")); });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "x\"y.vtn");
+    }
+    {
+        WhenShown<QFileDialog> shown(
+            [&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("there\"y.vtn")); });
+        EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "there\"y.vtn");
+    }
+}
+
+TEST(FileDialog, AsksBeforeAFileWithDoubleQuotesInItsNameIsReplaced) {
+    const TempFolder folder;
+    const ui::Path old = folder.put("x\"y.vtn", "old");
+    for (const auto& [answer, chosen] :
+         {std::pair{QMessageBox::Yes, std::optional(old)},
+          std::pair{QMessageBox::No, std::optional<ui::Path>()}}) {
+        WhenShown<QFileDialog> shown([answer = answer](QFileDialog& dialog) {
+            AnswerBoxOver(dialog, answer);
+            TypeName(dialog, QStringLiteral("x\"y.vtn"));
+            EXPECT_EQ(dialog.isVisible(), answer == QMessageBox::No);
+            if (answer == QMessageBox::No) {
+                dialog.reject();
+            }
+        });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), chosen);
+    }
+}
+
+TEST(FileDialog, StaysWhenAFileWithDoubleQuotesInItsNameIsMissing) {
+    const TempFolder folder;
+    folder.put("y.vtn", "another file");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        AnswerBoxOver(dialog, QMessageBox::Ok);
+        TypeName(dialog, QStringLiteral("x\"y.vtn"));
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), std::nullopt);
+}
+
+TEST(FileDialog, GoesIntoAFolderWithDoubleQuotesInItsName) {
+    const TempFolder folder;
+    const ui::Path file = folder.put("in\"ner/z.vtn", "");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        TypeName(dialog, QStringLiteral("in\"ner"));
+        EXPECT_EQ(dialog.directory(), QDir(QString::fromStdString(file.parent_path().native())));
+        TypeName(dialog, QStringLiteral("z.vtn"));
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), file);
+}
+
+TEST(FileDialog, ShowsANameWithDoubleQuotesAsOneFile) {
+    const TempFolder folder;
+    folder.put("x\"y.vtn", "");
+    folder.put("y.vtn", "another file");
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+        auto* button = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog).size() == 2; }));
+        NameEdit(dialog)->selectAll();
+        QTest::keyClicks(NameEdit(dialog), QStringLiteral("x\"y.vtn"));
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return button->isEnabled() && !list->selectionModel()->hasSelection(); }));
+        QTest::mouseClick(button, Qt::LeftButton);
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "x\"y.vtn");
+}
+
 TEST(FileDialog, AsksNothingWhereTheFileIsAlteredOnly) {
     const TempFolder folder;
     folder.put("autoexec.cfg", "old");

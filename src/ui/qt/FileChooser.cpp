@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/FileChooser.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +10,8 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QRegularExpression>
 
 namespace ui::qt {
@@ -39,6 +42,11 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
     return list;
 }
 
+/// Whether the toolkit would take a name for a list of names, each between double quotes.
+bool IsList(const QString& name) {
+    return name.contains(QLatin1Char('"'));
+}
+
 bool IsPattern(const QString& name) {
     return name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
 }
@@ -59,10 +67,14 @@ FileChooser::FileChooser(const FileDialogRequest& request, AcceptMode mode, QWid
         setDefaultSuffix(QString::fromStdString(request.extension));
     }
     selectFile(QString::fromStdString(request.initialName));
+    // Once the toolkit is through with the text and what it selects.
+    connect(
+        nameEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { showTyped(text); },
+        Qt::QueuedConnection);
 }
 
 Path FileChooser::chosenPath() const {
-    return QFile::encodeName(selectedFiles().constFirst()).toStdString();
+    return QFile::encodeName(m_typed.isEmpty() ? selectedFiles().constFirst() : m_typed).toStdString();
 }
 
 void FileChooser::accept() {
@@ -73,12 +85,11 @@ void FileChooser::accept() {
         nameEdit()->selectAll();
         return;
     }
-    // The toolkit prefers what is selected in the list, which may be the name that was typed before.
-    const auto* list = findChild<QListView*>(ListName);
-    const QModelIndex current = list->selectionModel()->selectedRows().value(0);
-    if (current.data().toString() != text) {
-        list->selectionModel()->clearSelection();
+    if (IsList(text)) {
+        acceptTyped();
+        return;
     }
+    deselectOthers(text);
     QFileDialog::accept();
 }
 
@@ -90,6 +101,58 @@ void FileChooser::showEvent(QShowEvent* event) {
 
 QLineEdit* FileChooser::nameEdit() const {
     return findChild<QLineEdit*>(NameEditName);
+}
+
+QString FileChooser::typedFile() const {
+    QString text = nameEdit()->text();
+    if (text.startsWith(QLatin1String("~/"))) {
+        text.replace(0, 1, QDir::homePath());
+    }
+    const QFileInfo file(directory(), text);
+    const bool isBare = !file.isDir() && !file.fileName().contains(QLatin1Char('.'));
+    return isBare && !defaultSuffix().isEmpty() ? file.absoluteFilePath() + QLatin1Char('.') + defaultSuffix()
+                                                : file.absoluteFilePath();
+}
+
+void FileChooser::deselectOthers(const QString& text) {
+    QItemSelectionModel& selection = *findChild<QListView*>(ListName)->selectionModel();
+    if (selection.selectedRows().value(0).data().toString() != text) {
+        selection.clearSelection();
+    }
+}
+
+void FileChooser::showTyped(const QString& text) {
+    if (IsList(text)) {
+        deselectOthers(text);
+        const auto accepts = acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
+        findChild<QDialogButtonBox*>()->button(accepts)->setEnabled(true);
+    }
+}
+
+void FileChooser::acceptTyped() {
+    const QFileInfo file(typedFile());
+    if (file.isDir()) {
+        setDirectory(file.absoluteFilePath());
+        nameEdit()->clear();
+        return;
+    }
+    if (acceptMode() == AcceptOpen && !file.exists()) {
+        QMessageBox::warning(
+            this, windowTitle(),
+            QFileDialog::tr("%1\nFile not found.\nPlease verify the correct file name was given.")
+                .arg(file.fileName()));
+        return;
+    }
+    const bool replaces = acceptMode() == AcceptSave && file.exists() && !testOption(DontConfirmOverwrite);
+    if (replaces &&
+        QMessageBox::warning(
+            this, windowTitle(),
+            QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes) {
+        return;
+    }
+    m_typed = file.absoluteFilePath();
+    done(Accepted);
 }
 
 void FileChooser::narrow(const QString& text) {

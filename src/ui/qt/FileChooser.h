@@ -29,8 +29,22 @@ protected:
 private:
     [[nodiscard]] QLineEdit* nameEdit() const;
 
+    /// The file that the typed name leads to.
+    [[nodiscard]] QString typedFile() const;
+
+    /// Accepts the typed name as the toolkit does, but to the letter.
+    void acceptTyped();
+
+    /// Shows in the list and on the button that a name with double quotes is one name.
+    void showTyped(const QString& text);
+
+    /// The toolkit prefers what is selected in the list, which may be the name that was typed before.
+    void deselectOthers(const QString& text);
+
     /// Lists only what matches the patterns of `text`, which may begin with a folder to list.
     void narrow(const QString& text);
+
+    QString m_typed; ///< what acceptTyped() accepted
 };
 
 } // namespace ui::qt
