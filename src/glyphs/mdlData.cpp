@@ -6,6 +6,7 @@
 #include "glyphs/mdlPaint.h"
 
 #include <cassert>
+#include <utility>
 
 namespace glyphs {
 
@@ -127,6 +128,18 @@ ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory
     ui::Picture scaled(ArtworkSide, ArtworkSide, 0);
     StretchCells(scaled, scaled.bounds(), decoded, decoded.bounds());
     return scaled;
+}
+
+ui::Result<CharSet> LoadCharSet(ui::Files& files, const ui::ProgramDirectory& directory, int recordNumber) {
+    auto record = ReadCharSetRecord(files, directory, recordNumber);
+    if (!record) {
+        return record.failure();
+    }
+    auto artwork = LoadArtwork(files, directory, record.value().artworkSlot);
+    if (!artwork) {
+        return artwork.failure();
+    }
+    return CharSet{std::move(record).value(), std::move(artwork).value()};
 }
 
 } // namespace glyphs

@@ -60,4 +60,14 @@ ReadCharSetRecord(const ui::Files& files, const ui::ProgramDirectory& directory,
 [[nodiscard]] ui::Result<ui::Picture>
 LoadArtwork(ui::Files& files, const ui::ProgramDirectory& directory, int slot);
 
+/// A character set with its picture.
+struct CharSet {
+    CharSetRecord record;
+    ui::Picture artwork; ///< 128 x 128, transparent pixels 0
+};
+
+/// The character set of a record, as ReadCharSetRecord() and LoadArtwork() read it.
+[[nodiscard]] ui::Result<CharSet>
+LoadCharSet(ui::Files& files, const ui::ProgramDirectory& directory, int recordNumber);
+
 } // namespace glyphs

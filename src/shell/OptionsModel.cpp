@@ -103,20 +103,6 @@ AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& 
     return applied;
 }
 
-ui::Result<ConversionPreview>
-LoadConversion(ui::Files& files, const ui::ProgramDirectory& directory, int listIndex, ui::Pixel background) {
-    auto record = glyphs::ReadCharSetRecord(files, directory, listIndex + 1);
-    if (!record) {
-        return record.failure();
-    }
-    const auto artwork = glyphs::LoadArtwork(files, directory, record.value().artworkSlot);
-    if (!artwork) {
-        return artwork.failure();
-    }
-    return ConversionPreview{
-        std::move(record).value(), glyphs::BuildAtlas(artwork.value(), background).cells};
-}
-
 ui::FileDialogRequest ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder) {
     // An absolute path replaces the folder that it is joined to.
     const ui::Path current = programFolder / screenshot;

@@ -75,16 +75,6 @@ private:
     std::array<bool, OptionsPageCount> m_changed{};
 };
 
-/// A character set as the conversion list shows it.
-struct ConversionPreview {
-    glyphs::CharSetRecord record;
-    ui::Picture grid; ///< all glyphs, 256 x 256
-};
-
-/// Loads the character set at a place (0-based) of the list.
-[[nodiscard]] ui::Result<ConversionPreview>
-LoadConversion(ui::Files& files, const ui::ProgramDirectory& directory, int listIndex, ui::Pixel background);
-
 /// How the file chooser for the screenshot is opened. A relative path belongs to the program's folder.
 [[nodiscard]] ui::FileDialogRequest
 ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder);

@@ -118,6 +118,12 @@ void frmOptions::connectControls() {
     connect(m_form->optFormatVal_1, &QCheckBox::clicked, this, [this] { optFormatVal_Click(1); });
     connect(m_form->optPromptBinding, &QCheckBox::clicked, this, &frmOptions::optPromptBinding_Click);
     connect(m_form->GridList, &QListWidget::currentRowChanged, this, &frmOptions::GridList_Click);
+    connect(m_form->GridList, &QListWidget::itemSelectionChanged, this, [list = m_form->GridList] {
+        // A click below the sets chooses none, and takes back none.
+        if (list->currentItem() != nullptr && list->selectedItems().isEmpty()) {
+            list->currentItem()->setSelected(true);
+        }
+    });
     connect(m_form->cmdGotoTc, &QPushButton::clicked, this, &frmOptions::cmdGotoTc_Click);
     for (std::size_t i = 0; i < m_cursors.size(); ++i) {
         connect(m_cursors[i], &QComboBox::activated, this, [this, i] { cmbMouse_Click(i); });
@@ -182,24 +188,44 @@ void frmOptions::listCharacterSets() {
     const auto inUse = static_cast<std::size_t>(m_model.settings().grid);
     const int row = inUse < names.size() ? m_model.settings().grid : 0;
     m_form->GridList->setCurrentRow(row);
-    if (auto conversion = loadConversion(row)) {
-        showConversion(row, std::move(conversion).value());
-    }
+    // As it is in use: its files may have gone since.
+    showConversion(row, {m_model.characterSet(), m_atlas.artwork});
 }
 
-ui::Result<ConversionPreview> frmOptions::loadConversion(int row) const {
-    return LoadConversion(
-        m_platform.files, m_platform.directory, row, m_model.settings().colours[BackgroundColour]);
-}
-
-void frmOptions::showConversion(int row, ConversionPreview conversion) {
+void frmOptions::showConversion(int row, glyphs::CharSet conversion) {
     m_shownConversion = row;
-    m_conversionGrid = std::move(conversion.grid);
-    m_form->ImgGrid->setPicture(&m_conversionGrid);
+    m_conversionArtwork = std::move(conversion.artwork);
+    paintConversion();
     const QString address = Latin1(glyphs::WebAddressText(conversion.record));
     m_form->lblWebAddress->setText(address);
     m_form->lblWebAddress->setToolTip(address);
     m_form->cmdGotoTc->setEnabled(!address.isEmpty());
+}
+
+void frmOptions::paintConversion() {
+    m_conversionGrid =
+        glyphs::BuildAtlas(m_conversionArtwork, m_model.settings().colours[BackgroundColour]).cells;
+    m_form->ImgGrid->setPicture(&m_conversionGrid);
+}
+
+/// Says why the set that was chosen cannot be had and goes back to the one that is shown.
+void frmOptions::keepConversion(const std::string& reason) {
+    if (std::exchange(m_keepsConversion, true)) {
+        return;
+    }
+    // Once the list has done with the key or the press, which would choose again what is taken back here, as
+    // would the keyboard's coming back from the message to a list without a choice.
+    QMetaObject::invokeMethod(
+        this,
+        [this, reason] {
+            {
+                const QSignalBlocker quiet(m_form->GridList);
+                m_form->GridList->setCurrentRow(m_shownConversion);
+            }
+            m_platform.dialogs.warn(reason);
+            m_keepsConversion = false;
+        },
+        Qt::QueuedConnection);
 }
 
 void frmOptions::showKey() {
@@ -256,9 +282,7 @@ void frmOptions::picColor_Click(std::size_t index) {
     m_model.setColour(index, *chosen);
     m_colours[index]->setColour(ColourOf(*chosen));
     if (index == BackgroundColour && m_shownConversion >= 0) {
-        if (auto conversion = loadConversion(m_shownConversion)) {
-            showConversion(m_shownConversion, std::move(conversion).value());
-        }
+        paintConversion();
     }
 }
 
@@ -278,11 +302,9 @@ void frmOptions::GridList_Click(int row) {
     if (row < 0) {
         return;
     }
-    auto conversion = loadConversion(row);
+    auto conversion = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
     if (!conversion) {
-        m_platform.dialogs.warn(conversion.failure().message);
-        const QSignalBlocker quiet(m_form->GridList);
-        m_form->GridList->setCurrentRow(m_shownConversion);
+        keepConversion(conversion.failure().message);
         return;
     }
     m_model.setCharacterSet(row, conversion.value().record);

@@ -50,8 +50,9 @@ private:
     void showSettings();
     void showScreenshot();
     void listCharacterSets();
-    [[nodiscard]] ui::Result<ConversionPreview> loadConversion(int row) const;
-    void showConversion(int row, ConversionPreview conversion);
+    void showConversion(int row, glyphs::CharSet conversion);
+    void paintConversion();
+    void keepConversion(const std::string& reason);
     void showKey();
 
     void chkCaseChoice_Click();
@@ -87,8 +88,10 @@ private:
     std::array<KeyStrip*, 3> m_keyStrips{};
     std::array<ui::qt::PictureWidget*, 3> m_keyPictures{};
 
-    int m_shownConversion = -1; // row of the list; none when no set could be loaded
+    int m_shownConversion = -1; // row of the list; none when the list is empty
+    ui::Picture m_conversionArtwork;
     ui::Picture m_conversionGrid;
+    bool m_keepsConversion = false; // that a set cannot be read is still to be said
     std::array<ui::Picture, 3> m_keyGlyphs;
 };
 

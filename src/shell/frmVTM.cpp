@@ -169,19 +169,18 @@ void frmVTM::mnuView_Click(int index) {
 }
 
 ui::Status frmVTM::SelectCharSet(int recordNumber) {
-    auto record = glyphs::ReadCharSetRecord(m_platform.files, m_platform.directory, recordNumber);
-    if (!record) {
-        return record.failure();
+    auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
+    if (!set) {
+        return set.failure();
     }
-    const auto artwork =
-        glyphs::LoadArtwork(m_platform.files, m_platform.directory, record.value().artworkSlot);
-    if (!artwork) {
-        return artwork.failure();
-    }
-    m_workspace.charSet = std::move(record).value();
-    m_workspace.atlas = glyphs::BuildAtlas(artwork.value(), m_workspace.settings.colours[BackgroundColour]);
-    ImgGrid->setPicture(&m_workspace.atlas.cells);
+    m_workspace.charSet = set.value().record;
+    buildAtlas(set.value().artwork);
     return {};
+}
+
+void frmVTM::buildAtlas(const ui::Picture& artwork) {
+    m_workspace.atlas = glyphs::BuildAtlas(artwork, m_workspace.settings.colours[BackgroundColour]);
+    ImgGrid->setPicture(&m_workspace.atlas.cells);
 }
 
 void frmVTM::applyColours() {

@@ -121,7 +121,8 @@ private:
 
     // Settings that show
     ui::Status SelectCharSet(int recordNumber);
-    bool RefreshCharSet();
+    void RefreshCharSet();
+    void buildAtlas(const ui::Picture& artwork);
     void applyOptions(const OptionsModel& model);
     void applyColours();
     void applyCursors();

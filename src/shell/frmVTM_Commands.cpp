@@ -142,6 +142,7 @@ void frmVTM::mnuToolsSettings_Click() {
 
 void frmVTM::applyOptions(const OptionsModel& model) {
     const glyphs::CharSetRecord before = m_workspace.charSet;
+    const std::int16_t placeBefore = m_workspace.settings.grid;
     const AppliedOptions applied = model.applyTo(m_workspace.settings, m_workspace.charSet);
     if (applied.colours) {
         applyColours();
@@ -149,9 +150,19 @@ void frmVTM::applyOptions(const OptionsModel& model) {
     if (applied.cursors) {
         applyCursors();
     }
-    if (applied.glyphs && !RefreshCharSet()) {
-        m_workspace.charSet = before;
-        m_workspace.settings.grid = before.listIndex;
+    ui::Status selected;
+    if (model.isChanged(OptionsPage::ConversionList)) {
+        selected = SelectCharSet(m_workspace.charSet.listIndex + 1);
+        if (!selected) {
+            m_workspace.charSet = before;
+            m_workspace.settings.grid = placeBefore;
+        }
+    }
+    if (applied.colours || (applied.glyphs && selected.ok())) {
+        RefreshCharSet();
+    }
+    if (!selected) {
+        m_platform.dialogs.warn(selected.failure().message);
     }
     if (applied.keyMap) {
         if (const ui::Status written =
@@ -162,16 +173,13 @@ void frmVTM::applyOptions(const OptionsModel& model) {
     }
 }
 
-bool frmVTM::RefreshCharSet() {
-    if (const ui::Status selected = SelectCharSet(m_workspace.charSet.listIndex + 1); !selected) {
-        m_platform.dialogs.warn(selected.failure().message);
-        return false;
-    }
+/// Draws everything anew from the artwork in use.
+void frmVTM::RefreshCharSet() {
+    buildAtlas(ui::Picture(m_workspace.atlas.artwork));
     paintGlyphButtons();
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
         repaintPage(page);
     }
-    return true;
 }
 
 void frmVTM::mnuAboutVTM_Click() {

@@ -197,6 +197,28 @@ TEST_F(CharSetFiles, SayWhichSlotIsMissing) {
     EXPECT_EQ(failureOf(32767), "The artwork store \"" + path + "\" has no slot 32767.");
 }
 
+TEST_F(CharSetFiles, YieldARecordWithItsArtwork) {
+    CharSetRecord record = Second;
+    record.artworkSlot = 1;
+    putList(EncodeCharSetRecord(First) + EncodeCharSetRecord(record));
+    putStore(Slot(Artwork(128, 1)) + Slot(Artwork(128, 2)));
+    const auto set = LoadCharSet(fake.files, fake.directory, 2);
+    ASSERT_TRUE(set) << set.failure().message;
+    EXPECT_EQ(set.value().record, record);
+    EXPECT_EQ(set.value().artwork, Artwork(128, 2));
+    EXPECT_FALSE(fake.directory.files.has("curchar.gif"));
+}
+
+TEST_F(CharSetFiles, SayWhichFileOfASetIsMissing) {
+    const auto withoutList = LoadCharSet(fake.files, fake.directory, 1);
+    ASSERT_FALSE(withoutList);
+    EXPECT_NE(withoutList.failure().message.find("vtmtc.dat"), std::string::npos);
+    putList(EncodeCharSetRecord(First));
+    const auto withoutStore = LoadCharSet(fake.files, fake.directory, 1);
+    ASSERT_FALSE(withoutStore);
+    EXPECT_NE(withoutStore.failure().message.find("vtmgrid.dat"), std::string::npos);
+}
+
 TEST_F(CharSetFiles, SayWhichSlotHoldsNoPicture) {
     const std::string path = (fake.directory.files / "vtmgrid.dat").string();
     const std::string start = "Slot 0 of the artwork store \"" + path + "\" is not a usable GIF picture: ";

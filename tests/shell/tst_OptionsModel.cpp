@@ -199,38 +199,6 @@ TEST_F(Options, TheSameGlyphAgainIsNoChange) {
     EXPECT_EQ(model.applyTo(live, liveSet), AppliedOptions{});
 }
 
-TEST(ConversionList, APreviewShowsTheSetsGridOverTheBackground) {
-    support::FakePlatform fake;
-    fake.directory.files.put("vtmtc.dat", fake.disk.read(ui::Path(VTM_PROGRAM_DIR) / "vtmtc.dat").value());
-    fake.directory.files.put(
-        "vtmgrid.dat", fake.disk.read(ui::Path(VTM_PROGRAM_DIR) / "vtmgrid.dat").value());
-    const ui::Pixel background = ui::OpaquePixel(1, 2, 3);
-    const auto preview = shell::LoadConversion(fake.files, fake.directory, 0, background);
-    ASSERT_TRUE(preview) << preview.failure().message;
-    EXPECT_EQ(preview.value().record.listIndex, 0);
-    EXPECT_EQ(preview.value().record.name.size(), 50U);
-    const auto artwork = glyphs::LoadArtwork(fake.files, fake.directory, preview.value().record.artworkSlot);
-    ASSERT_TRUE(artwork);
-    EXPECT_EQ(preview.value().grid, glyphs::BuildAtlas(artwork.value(), background).cells);
-    EXPECT_EQ(preview.value().grid.bounds(), (ui::Rect{0, 0, 256, 256}));
-    EXPECT_FALSE(fake.directory.files.has("curchar.gif"));
-}
-
-TEST(ConversionList, AMissingArtworkStoreIsReported) {
-    support::FakePlatform fake;
-    fake.directory.files.put("vtmtc.dat", glyphs::EncodeCharSetRecord({}));
-    const auto missing = shell::LoadConversion(fake.files, fake.directory, 0, ui::OpaqueBlack);
-    ASSERT_FALSE(missing);
-    EXPECT_NE(missing.failure().message.find("vtmgrid.dat"), std::string::npos) << missing.failure().message;
-}
-
-TEST(ConversionList, AMissingListIsReported) {
-    support::FakePlatform fake;
-    const auto missing = shell::LoadConversion(fake.files, fake.directory, 0, ui::OpaqueBlack);
-    ASSERT_FALSE(missing);
-    EXPECT_NE(missing.failure().message.find("vtmtc.dat"), std::string::npos) << missing.failure().message;
-}
-
 TEST(ScreenshotChooser, StartsAtTheCurrentScreenshot) {
     const auto request = shell::ScreenshotRequest("/pictures/shot.bmp", "/opt/vtm");
     EXPECT_EQ(request.title, "Select the Screen Shot");

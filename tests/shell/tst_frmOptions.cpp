@@ -2,95 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "glyphs/GlyphWords.h"
 #include "shell/OptionControls.h"
-#include "shell/frmOptions.h"
-#include "support/FakePlatform.h"
-#include "ui/qt/PictureWidget.h"
+#include "shell/OptionsDialog.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using shell::AppliedOptions;
 using shell::OptionsPage;
-
-class OptionsDialog : public testing::Test {
-protected:
-    support::FakePlatform fake;
-    shell::Settings settings;
-    glyphs::CharSetRecord characterSet;
-    glyphs::GlyphAtlas atlas;
-    editing::KeyMap keyMap = editing::DefaultKeyMap();
-    std::vector<glyphs::GlyphCode> pickerStarts;
-    glyphs::GlyphCode picked = 200;
-    std::unique_ptr<shell::frmOptions> dialog;
-
-    void SetUp() override {
-        for (const char* name : {"vtmtc.dat", "vtmgrid.dat"}) {
-            fake.directory.files.put(name, fake.disk.read(ui::Path(VTM_PROGRAM_DIR) / name).value());
-        }
-        shell::Defaults(settings, fake.directory.folder());
-        characterSet = glyphs::ReadCharSetRecord(fake.files, fake.directory, 1).value();
-        atlas = glyphs::BuildAtlas(
-            glyphs::LoadArtwork(fake.files, fake.directory, characterSet.artworkSlot).value(),
-            settings.colours[0]);
-    }
-
-    void open() {
-        dialog = std::make_unique<shell::frmOptions>(
-            fake.platform, settings, characterSet, atlas, keyMap, [this](glyphs::GlyphCode start) {
-                pickerStarts.push_back(start);
-                return picked;
-            });
-        dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
-    }
-
-    template <class Widget>
-    Widget* find(const char* name) {
-        auto* const found = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-
-    void showPage(int index) { find<QTabWidget>("tabOptions")->setCurrentIndex(index); }
-
-    /// Clicks the box of a check box with the mouse.
-    void tick(const char* name) {
-        auto* const box = find<QCheckBox>(name);
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-    }
-
-    void press(const char* name) { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
-
-    /// The pages that count as changed, by their numbers.
-    [[nodiscard]] std::string changedPages() const {
-        std::string pages;
-        for (std::size_t page = 0; page < shell::OptionsPageCount; ++page) {
-            if (dialog->model().isChanged(static_cast<OptionsPage>(page))) {
-                pages += std::to_string(page);
-            }
-        }
-        return pages;
-    }
-
-    AppliedOptions apply() { return dialog->model().applyTo(settings, characterSet); }
-
-    [[nodiscard]] std::map<std::string, std::string> stored() const {
-        support::MemorySettings store;
-        EXPECT_TRUE(shell::Save(store, settings));
-        return store.sections["options"];
-    }
-};
 
 /// While it lives, the desktop has a large font.
 class LargeFont {
@@ -432,28 +356,6 @@ TEST_F(OptionsDialog, ThePromptsSetTheirOptions) {
     EXPECT_FALSE(settings.bindPrompt);
 }
 
-TEST_F(OptionsDialog, TheConversionListShowsAllSetsAndTheOneInUse) {
-    const auto names = glyphs::LoadCharSetNames(fake.files, fake.directory);
-    settings.grid = 1;
-    open();
-    showPage(3);
-    auto* const list = find<QListWidget>("GridList");
-    ASSERT_EQ(list->count(), static_cast<int>(names.size()));
-    for (int i = 0; i < list->count(); ++i) {
-        EXPECT_EQ(list->item(i)->text().toLatin1().toStdString(), names[static_cast<std::size_t>(i)]);
-        EXPECT_EQ(list->item(i)->text().size(), 50);
-    }
-    EXPECT_EQ(list->currentRow(), 1);
-    const auto shown = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
-    ASSERT_TRUE(shown);
-    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), shown.value().grid);
-    EXPECT_EQ(find<QWidget>("ImgGrid")->size(), QSize(256, 256));
-    const QString address = QString::fromStdString(glyphs::WebAddressText(shown.value().record));
-    EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), address);
-    EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), address);
-    EXPECT_EQ(changedPages(), "");
-}
-
 TEST_F(OptionsDialog, TheConversionListTakesTheRoomThatALargeFontGivesTheDialog) {
     const LargeFont large;
     open();
@@ -465,85 +367,6 @@ TEST_F(OptionsDialog, TheConversionListTakesTheRoomThatALargeFontGivesTheDialog)
     EXPECT_LE(list->x(), 12);
     EXPECT_LE(preview->x() - list->geometry().right(), 12);
     EXPECT_LE(preview->parentWidget()->width() - preview->geometry().right(), 12);
-}
-
-TEST_F(OptionsDialog, AChosenSetIsPreviewedAndInUseOnlyAfterOk) {
-    open();
-    showPage(3);
-    auto* const list = find<QListWidget>("GridList");
-    ASSERT_GE(list->count(), 2);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
-    EXPECT_EQ(changedPages(), "3");
-    const auto expected = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
-    ASSERT_TRUE(expected);
-    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.value().grid);
-    EXPECT_EQ(settings.grid, 0);
-    EXPECT_EQ(characterSet.listIndex, 0);
-    press("cmdOK");
-    EXPECT_EQ(apply(), (AppliedOptions{false, false, true, false}));
-    EXPECT_EQ(settings.grid, 1);
-    EXPECT_EQ(characterSet, expected.value().record);
-}
-
-TEST_F(OptionsDialog, TheArrowKeysChooseASetToo) {
-    open();
-    showPage(3);
-    QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
-    EXPECT_EQ(changedPages(), "3");
-    EXPECT_EQ(dialog->model().settings().grid, 1);
-}
-
-TEST_F(OptionsDialog, ThePreviewFollowsANewBackground) {
-    open();
-    fake.dialogs.expectColour(ui::OpaquePixel(0, 0, 0), ui::OpaquePixel(9, 8, 7));
-    showPage(1);
-    press("picColor_0");
-    const auto expected = shell::LoadConversion(fake.files, fake.directory, 0, ui::OpaquePixel(9, 8, 7));
-    ASSERT_TRUE(expected);
-    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.value().grid);
-    EXPECT_EQ(changedPages(), "1");
-}
-
-TEST_F(OptionsDialog, ASetThatCannotBeLoadedIsReportedAndTheOldOneStays) {
-    open();
-    showPage(3);
-    const auto before = *find<ui::qt::PictureWidget>("ImgGrid")->picture();
-    auto* const list = find<QListWidget>("GridList");
-    fake.directory.files.put("vtmgrid.dat", "");
-    const auto failure = shell::LoadConversion(fake.files, fake.directory, 1, settings.colours[0]);
-    ASSERT_FALSE(failure);
-    fake.dialogs.expectWarning(failure.failure().message);
-    QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_EQ(list->currentRow(), 0);
-    EXPECT_EQ(changedPages(), "");
-    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), before);
-}
-
-TEST_F(OptionsDialog, ASetOutsideTheListShowsTheFirst) {
-    settings.grid = 99;
-    open();
-    EXPECT_EQ(find<QListWidget>("GridList")->currentRow(), 0);
-    EXPECT_EQ(changedPages(), "");
-}
-
-TEST_F(OptionsDialog, WithoutAListTheAddressKeepsItsOwnTooltip) {
-    fake.directory.files.put("vtmtc.dat", "");
-    open();
-    EXPECT_EQ(find<QListWidget>("GridList")->count(), 0);
-    EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), "");
-    EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), "The conversions website");
-    EXPECT_FALSE(find<QPushButton>("cmdGotoTc")->isEnabled());
-}
-
-TEST_F(OptionsDialog, TheWebsiteOfTheShownSetIsOpened) {
-    open();
-    showPage(3);
-    QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
-    press("cmdGotoTc");
-    ASSERT_EQ(fake.launcher.launches.size(), 1U);
-    EXPECT_EQ(fake.launcher.launches[0].address, find<QLabel>("lblWebAddress")->text().toStdString());
-    EXPECT_TRUE(dialog->isVisible());
-    fake.launcher.finish(33);
 }
 
 TEST_F(OptionsDialog, ChangingOnlyACursorAppliesOnlyTheCursors) {

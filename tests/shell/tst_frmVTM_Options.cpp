@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/MainWindow.h"
+#include "shell/frmOptions.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QAbstractButton>
+#include <QListWidget>
+#include <QTabWidget>
+
+#include <filesystem>
+
+namespace {
+
+using Step = support::FailingFiles::Step;
+
+/// The main window and what the options dialog does to it.
+class WindowOptions : public MainWindow {
+protected:
+    static constexpr ui::Pixel NewBackground = ui::OpaquePixel(1, 2, 3);
+
+    static void press(const shell::frmOptions& options, const char* button) {
+        QTest::mouseClick(options.findChild<QAbstractButton*>(QLatin1String(button)), Qt::LeftButton);
+    }
+
+    /// Chooses another background colour in an open dialog.
+    void chooseBackground(shell::frmOptions& options) {
+        fake.dialogs.expectColour(workspace().settings.colours[0], NewBackground);
+        options.findChild<QTabWidget*>()->setCurrentIndex(1);
+        press(options, "picColor_0");
+    }
+
+    /// Chooses the second character set in an open dialog.
+    static void chooseSecondSet(shell::frmOptions& options) {
+        options.findChild<QTabWidget*>()->setCurrentIndex(3);
+        QTest::keyClick(options.findChild<QListWidget*>(QStringLiteral("GridList")), Qt::Key_Down);
+    }
+
+    /// The glyphs of a character set (1-based) over the new background.
+    glyphs::GlyphAtlas onNewBackground(int set) {
+        return glyphs::BuildAtlas(
+            glyphs::LoadCharSet(fake.disk, fake.directory, set).value().artwork, NewBackground);
+    }
+};
+
+} // namespace
+
+TEST_F(WindowOptions, ANewBackgroundNeedsNoFile) {
+    start();
+    const glyphs::GlyphAtlas expected = onNewBackground(1);
+    int read = 0;
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
+        std::filesystem::remove(fake.directory.files / "vtmgrid.dat");
+        std::filesystem::remove(fake.directory.files / "vtmtc.dat");
+        read = fake.files.count(Step::Read);
+        chooseBackground(options);
+        press(options, "cmdOK");
+    });
+    EXPECT_EQ(fake.files.count(Step::Read), read);
+    EXPECT_EQ(workspace().atlas.cells, expected.cells);
+    EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.cells);
+    EXPECT_EQ(workspace().pictures.name.pixels().pixel(0, 0), NewBackground) << "the pages are painted anew";
+}
+
+TEST_F(WindowOptions, ASetThatIsGoneByOkLeavesTheOldOneOnTheNewBackground) {
+    start();
+    const glyphs::GlyphAtlas expected = onNewBackground(1);
+    const glyphs::CharSetRecord before = workspace().charSet;
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
+        chooseSecondSet(options);
+        chooseBackground(options);
+        std::filesystem::remove(fake.directory.files / "vtmgrid.dat");
+        fake.dialogs.expectWarning(glyphs::LoadCharSet(fake.disk, fake.directory, 2).failure().message);
+        press(options, "cmdOK");
+    });
+    EXPECT_EQ(fake.dialogs.left(), 0U);
+    EXPECT_EQ(workspace().charSet, before);
+    EXPECT_EQ(workspace().settings.grid, 0);
+    EXPECT_EQ(workspace().atlas.cells, expected.cells);
+    EXPECT_EQ(workspace().pictures.name.pixels().pixel(0, 0), NewBackground);
+}
+
+TEST_F(WindowOptions, AChosenSetIsInUseAfterOk) {
+    start();
+    const glyphs::GlyphAtlas expected = onNewBackground(2);
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
+        chooseBackground(options);
+        chooseSecondSet(options);
+        press(options, "cmdOK");
+    });
+    EXPECT_EQ(workspace().charSet.listIndex, 1);
+    EXPECT_EQ(workspace().settings.grid, 1);
+    EXPECT_EQ(workspace().atlas.cells, expected.cells);
+}
