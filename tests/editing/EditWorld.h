@@ -58,7 +58,8 @@ public:
     /// The row's cells as bytes, blanks at the end included.
     [[nodiscard]] std::string row(int number) {
         std::string text;
-        for (const GlyphCode code : rows().row(number)) {
+        const auto cells = rows().row(number);
+        for (const GlyphCode code : cells) {
             text.push_back(static_cast<char>(code));
         }
         return text;
