@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cerrno>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -21,7 +22,12 @@ inline pid_t StartChild(const std::function<int()>& run) {
 /// Waits for such a process; its exit status, or minus the signal that ended it.
 inline int EndOf(pid_t child) {
     int status = 0;
-    EXPECT_EQ(child, ::waitpid(child, &status, 0));
+    pid_t ended = -1;
+    do {
+        // The end of another process interrupts the wait since the toolkit has started one.
+        ended = ::waitpid(child, &status, 0);
+    } while (ended == -1 && errno == EINTR);
+    EXPECT_EQ(child, ended);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
