@@ -425,7 +425,7 @@ TEST_F(FileTypesAtADesktop, AFileIsKnownByItsNameOrByItsFirstLine) {
         EXPECT_TRUE(typeOf(home.makeFile("a" + type.extension, "x")).ends_with(expected));
         const QString capitals = QString::fromStdString(type.extension).toUpper();
         EXPECT_TRUE(typeOf(home.makeFile("A" + capitals.toStdString(), "x")).ends_with(expected));
-        EXPECT_TRUE(typeOf(home.makeFile("renamed.scr", script)).ends_with(expected));
+        EXPECT_TRUE(typeOf(home.makeFile("renamed.quake", script)).ends_with(expected));
         EXPECT_TRUE(typeOf(home.makeFile("renamed", script)).ends_with(expected));
         EXPECT_TRUE(contains(home.run("gio", {"mime", type.mimeType}).output, type.entry));
     }
@@ -479,7 +479,7 @@ TEST_F(FileTypesAtADesktop, AProgramThatIsGoneIsNotOffered) {
 TEST_F(FileTypesWithoutADesktop, AFileIsKnownByItsNameOrByItsFirstLine) {
     registerAndWait(home, home.makeProgram("bin"));
     for (const ScriptType& type : Types) {
-        for (const std::string& name : {"a" + type.extension, std::string("renamed.scr")}) {
+        for (const std::string& name : {"a" + type.extension, std::string("renamed.quake")}) {
             const auto file = home.makeFile(name, type.firstLine + "\r\n\xFF\r\n");
             EXPECT_EQ(home.run("xdg-mime", {"query", "filetype", file.native()}).output, type.mimeType);
         }

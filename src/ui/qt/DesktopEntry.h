@@ -33,8 +33,8 @@ enum class ExecPath {
 /// The file name of that entry: of "application/x-vtm-name" it is "vtm-name.desktop".
 [[nodiscard]] std::string DesktopEntryName(const FileType& type);
 
-/// The description of the types for the shared MIME database: told by the ends of their names and, whatever
-/// they are called, by their first lines.
+/// The description of the types for the shared MIME database: told by the ends of their names and, where the
+/// end is that of no other type, by their first lines.
 [[nodiscard]] std::string MimePackageText(const std::vector<FileType>& types);
 
 } // namespace ui::qt
