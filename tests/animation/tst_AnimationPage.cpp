@@ -17,6 +17,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>

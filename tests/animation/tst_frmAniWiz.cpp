@@ -12,6 +12,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>

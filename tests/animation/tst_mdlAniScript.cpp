@@ -5,6 +5,7 @@
 #include "animation/AnimationDesk.h"
 #include "animation/mdlAniName.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cstdint>

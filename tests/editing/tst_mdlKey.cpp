@@ -4,6 +4,7 @@
 
 #include "EditWorld.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <set>

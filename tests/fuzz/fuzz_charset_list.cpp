@@ -3,6 +3,8 @@
 #include "charset/CharSetFiles.h"
 #include "fuzz/Fuzz.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::size_t RecordSize = 154;

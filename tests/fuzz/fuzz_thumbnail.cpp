@@ -3,6 +3,7 @@
 #include "fuzz/Fuzz.h"
 #include "thumbnail/Drawing.h"
 
+#include <algorithm>
 #include <numeric>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

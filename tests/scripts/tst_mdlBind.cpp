@@ -5,6 +5,7 @@
 #include "scripts/mdlConfig.h"
 #include "support/FakePlatform.h"
 
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <set>

@@ -4,6 +4,7 @@
 
 #include "support/FakePlatform.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using editing::MessageDocument;

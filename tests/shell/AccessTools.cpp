@@ -4,6 +4,7 @@
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
+#include <algorithm>
 
 namespace {
 

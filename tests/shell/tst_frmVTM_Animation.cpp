@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QStatusBar>
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <random>

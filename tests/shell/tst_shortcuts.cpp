@@ -17,6 +17,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <set>
 #include <utility>
 #include <vector>

@@ -6,6 +6,7 @@
 #include "support/ToolRun.h"
 #include "tools/CharSetWorld.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <sstream>

@@ -5,6 +5,7 @@
 #include "glyphs/GifPicture.h"
 #include "tools/GameFiles.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <random>

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QStyleHintReturn>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
