@@ -4,6 +4,7 @@
 #include "scripts/mdlBind.h"
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlName.h"
+#include "ui/FileWriter.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -88,7 +89,29 @@ public:
 
     ui::Status remove(const ui::Path& path) override { return m_disk.remove(path); }
 
+    [[nodiscard]] ui::Result<ui::FileFacts> inspect(const ui::Path& path, ui::Links links) const override {
+        return m_disk.inspect(path, links);
+    }
+
+    [[nodiscard]] ui::Result<ui::TemporaryFile> createBeside(const ui::Path& target) override {
+        auto made = m_disk.createBeside(target);
+        if (!made) {
+            return made.failure();
+        }
+        ui::TemporaryFile temporary = std::move(made).value();
+        temporary.file = std::make_unique<File>(std::move(temporary.file));
+        return temporary;
+    }
+
     ui::Status rename(const ui::Path& from, const ui::Path& to) override { return m_disk.rename(from, to); }
+
+    ui::Status renameNew(const ui::Path& from, const ui::Path& to) override {
+        return m_disk.renameNew(from, to);
+    }
+
+    ui::Status flushFolder(const ui::Path& /*folder*/) override { return {}; }
+
+    ui::Status makeFolder(const ui::Path& folder) override { return m_disk.makeFolder(folder); }
 
     [[nodiscard]] bool sameFile(const ui::Path& first, const ui::Path& second) const override {
         return m_disk.sameFile(first, second);
@@ -98,6 +121,12 @@ public:
         return m_disk.lockFolder(folder);
     }
 
+    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFile(const ui::Path& path) override {
+        return m_disk.lockFile(path);
+    }
+
+    [[nodiscard]] ui::Path spareFolder() const override { return {}; }
+
 private:
     class File final : public ui::OutputFile {
     public:
@@ -106,7 +135,15 @@ private:
 
         ui::Status write(std::string_view bytes) override { return m_file->write(bytes); }
 
+        ui::Status seek(std::uintmax_t position) override { return m_file->seek(position); }
+
+        ui::Status reserve(std::uintmax_t size) override { return m_file->reserve(size); }
+
+        ui::Status resize(std::uintmax_t size) override { return m_file->resize(size); }
+
         ui::Status flush() override { return {}; }
+
+        ui::Status check(std::string_view bytes) override { return m_file->check(bytes); }
 
         ui::Status close() override { return m_file->close(); }
 

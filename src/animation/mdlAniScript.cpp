@@ -5,6 +5,7 @@
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
 #include "editing/ScriptFile.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -230,9 +231,11 @@ AnimationWritten WriteAnimationScript(
     // The pairing looks reversed and is how these scripts are made: Yes gives the plain command.
     const NameCommand command =
         dialogs.askYesNo(std::string(GameQuestion)) ? NameCommand::Name : NameCommand::SetName;
-    if (const ui::Status done = ui::OverwriteFile(files, path, EncodeAnimationScript(animation, command));
+    if (const ui::Status done = ui::WriteFile(files, path, EncodeAnimationScript(animation, command));
         !done) {
-        return {.written = false, .statusText = done.failure().message};
+        std::string text = done.failure().message;
+        std::ranges::replace(text, '\n', ' ');
+        return {.written = false, .statusText = std::move(text)};
     }
     dialogs.inform("Done! The script file, " + ui::PathText(path) + ", was written.");
     return {.written = true, .statusText = LossText(animation)};

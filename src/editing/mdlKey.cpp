@@ -4,6 +4,7 @@
 
 #include "glyphs/FieldReader.h"
 #include "glyphs/RowText.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <string>
@@ -263,7 +264,7 @@ LoadedKeyMap LoadKeyMap(const ui::Files& files, const ui::ProgramDirectory& dire
 }
 
 ui::Status WriteKeyMap(ui::Files& files, const ui::ProgramDirectory& directory, const KeyMap& map) {
-    return ui::WriteFileAtomically(files, directory.toWrite(std::string(KeyMapName)), KeyMapText(map));
+    return ui::WriteFile(files, directory.toWrite(std::string(KeyMapName)), KeyMapText(map));
 }
 
 void SetLockKey(ui::LockKeys& locks, int virtualKey, bool isOn) {

@@ -4,6 +4,7 @@
 
 #include "glyphs/GifPicture.h"
 #include "glyphs/mdlPaint.h"
+#include "ui/FileWriter.h"
 
 #include <cassert>
 #include <utility>
@@ -67,7 +68,7 @@ std::vector<std::string> LoadCharSetNames(ui::Files& files, const ui::ProgramDir
     std::vector<std::string> names;
     if (!files.exists(list)) {
         // Opening the list for record access makes it; where that fails the list is just as empty.
-        (void)ui::WriteFile(files, directory.toWrite(listName), {}, ui::Files::OpenMode::CreateNew);
+        (void)ui::WriteFile(files, directory.toWrite(listName), {});
         return names;
     }
     const auto bytes = files.read(list);

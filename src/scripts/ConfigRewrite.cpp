@@ -4,6 +4,7 @@
 
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
+#include "ui/FileWriter.h"
 
 #include <memory>
 
@@ -14,49 +15,23 @@ namespace {
 /// How many copies of earlier runs are kept beside the program.
 constexpr int MaxKeptCopies = 99;
 
-/// Writes, flushes and closes an open file and reads it back.
-ui::Status
-Fill(ui::Files& files, const ui::Path& path, std::unique_ptr<ui::OutputFile> file, std::string_view bytes) {
-    if (auto written = file->write(bytes); !written) {
-        return written;
-    }
-    if (auto flushed = file->flush(); !flushed) {
-        return flushed;
-    }
-    if (auto closed = file->close(); !closed) {
-        return closed;
-    }
-    const auto content = files.read(path);
-    if (!content) {
-        return content.failure();
-    }
-    if (content.value() != bytes) {
-        return ui::Failure{"Could not write \"" + ui::PathText(path) + "\": it holds something else."};
-    }
-    return {};
-}
-
 /// Moves what lies at `copy` to the first free name beside it, tempfile-1.cfg and so on; that name.
 ui::Result<ui::Path> KeepOldCopy(ui::Files& files, const ui::Path& copy) {
-    ui::Failure reserved;
+    ui::Failure taken;
     for (int number = 1; number <= MaxKeptCopies; ++number) {
         ui::Path kept = copy;
         kept.replace_filename(
             copy.stem().native() + "-" + std::to_string(number) + copy.extension().native());
-        // Making the file first reserves the name: a file that is there is never renamed over.
-        auto file = files.open(kept, ui::Files::OpenMode::CreateNew);
-        if (!file) {
-            reserved = file.failure();
-            continue;
+        const auto renamed = files.renameNew(copy, kept);
+        if (renamed) {
+            return kept;
         }
-        (void)file.value()->close();
-        if (auto renamed = files.rename(copy, kept); !renamed) {
-            (void)files.remove(kept);
-            return renamed.failure();
+        taken = renamed.failure();
+        if (!files.exists(kept)) {
+            break;
         }
-        return kept;
     }
-    return reserved;
+    return taken;
 }
 
 /// Makes the copy, complete and on the disk; the path that an older one is kept at, or an empty one. Leaves
@@ -70,26 +45,17 @@ ui::Result<ui::Path> MakeCopy(ui::Files& files, const ui::Path& copy, std::strin
         }
         keptAt = std::move(kept).value();
     }
-    auto file = files.open(copy, ui::Files::OpenMode::CreatePrivate);
-    if (!file) {
-        return file.failure();
-    }
-    if (auto filled = Fill(files, copy, std::move(file).value(), bytes); !filled) {
-        (void)files.remove(copy);
-        return filled.failure();
+    if (auto made = ui::WritePrivateCopy(files, copy, bytes); !made) {
+        return made.failure();
     }
     return keptAt;
 }
 
-ui::Path FolderOf(const ui::Path& path) {
-    const ui::Path folder = path.parent_path();
-    return folder.empty() ? ui::Path(".") : folder;
-}
-
 /// Refuses a path that leads to the copy, whether it is there or not.
 ui::Status RefuseCopy(const ui::Files& files, const ui::Path& copy, const ui::Path& path) {
-    const bool isCopy = files.sameFile(path, copy) || (path.filename() == copy.filename() &&
-                                                       files.sameFile(FolderOf(path), FolderOf(copy)));
+    const bool isCopy =
+        files.sameFile(path, copy) ||
+        (path.filename() == copy.filename() && files.sameFile(ui::FolderOf(path), ui::FolderOf(copy)));
     if (isCopy) {
         return ui::Failure{
             "Could not alter \"" + ui::PathText(path) +
@@ -100,6 +66,73 @@ ui::Status RefuseCopy(const ui::Files& files, const ui::Path& copy, const ui::Pa
 
 ui::Failure WithFileUntouched(const ui::Failure& failure, const ui::Path& path) {
     return {failure.message + "\nThe config file, " + ui::PathText(path) + ", was not changed."};
+}
+
+/// What to tell when a configuration file could not be written. A copy that is named is kept.
+ui::Failure NotWritten(const ui::FileWritten& written, const ui::Path& path, const ui::Path& copy) {
+    using Holds = ui::FileWritten::Holds;
+    const std::string cause = written.status.failure().message;
+    const std::string file = "\nThe config file, " + ui::PathText(path) + ", ";
+    const std::string kept = copy.empty() ? "" : " the whole copy is kept as \"" + ui::PathText(copy) + "\".";
+    switch (written.holds) {
+    case Holds::Before:
+        break;
+    case Holds::Restored:
+        return {cause + file + "was put back as it was."};
+    case Holds::After:
+        return {
+            cause + file + "holds the new line, but that may not be on the disk yet." +
+            (kept.empty() ? "" : " It was copied before, and" + kept)};
+    case Holds::Unsure:
+        return {cause + file + "may be incomplete now. It was copied before, and" + kept};
+    }
+    return WithFileUntouched(written.status.failure(), path);
+}
+
+/// Whether the copy of a file that could not be written is still of use.
+bool NeedsCopy(const ui::FileWritten& written) {
+    using Holds = ui::FileWritten::Holds;
+    return written.holds == Holds::After || written.holds == Holds::Unsure;
+}
+
+/// Keeps everybody else out while a configuration file is changed: what shares the copy's place, and what
+/// lies elsewhere and changes the same file.
+struct ConfigLock {
+    std::unique_ptr<ui::FileLock> folder;
+    std::unique_ptr<ui::FileLock> file;
+};
+
+/// Locks the file and looks at it once more: before the lock was held, another program may have written what
+/// a line was sought in. `before`: nothing if the file was not there.
+ui::Result<ConfigLock> LockConfig(
+    ui::Files& files, const ui::Path& folder, const ui::Path& path,
+    const std::optional<std::string_view>& before) {
+    auto folderLock = files.lockFolder(folder);
+    if (!folderLock) {
+        return WithFileUntouched(folderLock.failure(), path);
+    }
+    ConfigLock lock{std::move(folderLock).value(), nullptr};
+    const ui::Failure changed = WithFileUntouched({"Another program has just changed the file."}, path);
+    if (!before) {
+        // One that comes now is noticed when the new file is put there.
+        return files.exists(path) ? ui::Result<ConfigLock>(changed) : std::move(lock);
+    }
+    auto fileLock = files.lockFile(path);
+    if (!fileLock) {
+        return WithFileUntouched(fileLock.failure(), path);
+    }
+    lock.file = std::move(fileLock).value();
+    const auto content = files.read(path);
+    if (!content) {
+        return WithFileUntouched(content.failure(), path);
+    }
+    return content.value() == *before ? ui::Result<ConfigLock>(std::move(lock)) : changed;
+}
+
+/// Refuses what could not be read again.
+ui::Status RefuseTooLarge(std::size_t size, const ui::Path& path) {
+    return size > ui::Files::MaxFileSize ? ui::Status(WithFileUntouched({"It would become too large."}, path))
+                                         : ui::Status();
 }
 
 /// A line as it is shown to people: glyphs of colour 2 as those of colour 1, what is not ASCII as a dot. Long
@@ -144,42 +177,27 @@ ui::Result<Rewritten> RewriteConfig(
     if (auto refused = RefuseCopy(files, copy, path); !refused) {
         return refused.failure();
     }
-    if (after.size() > ui::Files::MaxFileSize) {
-        return WithFileUntouched({"It would become too large."}, path);
+    if (auto refused = RefuseTooLarge(after.size(), path); !refused) {
+        return refused.failure();
     }
-    const auto lock = files.lockFolder(FolderOf(copy));
+    const auto lock = LockConfig(files, ui::FolderOf(copy), path, before);
     if (!lock) {
-        return WithFileUntouched(lock.failure(), path);
-    }
-    // Before the lock was held, another instance may have written the file that the line was sought in.
-    const auto content = files.read(path);
-    if (!content) {
-        return content.failure();
-    }
-    if (content.value() != before) {
-        return WithFileUntouched({"Another program has just changed the file."}, path);
+        return lock.failure();
     }
     const auto older = MakeCopy(files, copy, before);
     if (!older) {
         return WithFileUntouched(older.failure(), path);
     }
-
-    auto file = files.open(path, ui::Files::OpenMode::Truncate);
-    if (!file) {
-        // Mostly the file may not be written and is as it was. Only then is the copy of no use.
-        const auto now = files.read(path);
-        if (now && now.value() == before) {
-            (void)files.remove(copy);
-            return WithFileUntouched(file.failure(), path);
-        }
+    auto change = ui::FileChange::Prepare(files, path, after, ui::Links::Follow, copy);
+    if (!change) {
+        (void)files.remove(copy);
+        return WithFileUntouched(change.failure(), path);
     }
-    const ui::Status filled =
-        file ? Fill(files, path, std::move(file).value(), after) : ui::Status(file.failure());
-    if (!filled) {
-        return ui::Failure{
-            filled.failure().message + "\nThe config file, " + ui::PathText(path) +
-            ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +
-            ui::PathText(copy) + "\"."};
+    if (const ui::FileWritten written = change.value()->commit(); !written.status) {
+        if (!NeedsCopy(written)) {
+            (void)files.remove(copy);
+        }
+        return NotWritten(written, path, copy);
     }
     Rewritten done;
     if (!older.value().empty()) {
@@ -192,28 +210,26 @@ ui::Result<Rewritten> RewriteConfig(
 }
 
 ui::Status AppendToConfig(
-    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path, std::string_view bytes) {
+    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path,
+    const std::optional<ui::Bytes>& before, std::string_view bytes) {
     const ui::Path copy = directory.toWrite(std::string(ConfigCopyName));
     if (auto refused = RefuseCopy(files, copy, path); !refused) {
         return refused;
     }
-    auto file = files.open(path, ui::Files::OpenMode::Append);
-    if (!file) {
-        return file.failure();
+    const ui::Bytes after = before.value_or(ui::Bytes()).append(bytes);
+    if (auto refused = RefuseTooLarge(after.size(), path); !refused) {
+        return refused;
     }
-    ui::Status done = file.value()->write(bytes);
-    if (done) {
-        done = file.value()->flush();
+    const auto lock = LockConfig(files, ui::FolderOf(copy), path, before);
+    if (!lock) {
+        return lock.failure();
     }
-    if (done) {
-        done = file.value()->close();
+    auto change = ui::FileChange::Prepare(files, path, after);
+    if (!change) {
+        return WithFileUntouched(change.failure(), path);
     }
-    if (!done) {
-        return ui::Failure{
-            done.failure().message + "\nThe config file, " + ui::PathText(path) +
-            ", may end with a part of the new line now."};
-    }
-    return done;
+    const ui::FileWritten written = change.value()->commit();
+    return written.status ? ui::Status() : NotWritten(written, path, written.copy);
 }
 
 } // namespace scripts

@@ -4,6 +4,7 @@
 
 #include "ui/Platform.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,18 +29,20 @@ struct Rewritten {
 /// dot, glyphs of colour 2 as those of colour 1; long lines are cut.
 [[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);
 
-/// Gives the configuration file `path`, which holds `before`, the content `after`, in place: its links, owner
-/// and permissions stay. At every instant the file or the copy beside the program holds `before` or `after`
+/// Gives the configuration file `path`, which holds `before`, the content `after`: its links, owner and
+/// permissions stay. At every instant the file or the copy beside the program holds `before` or `after`
 /// whole; the copy is deleted when the file is on the disk. A copy that an earlier run left behind is kept
-/// under another name. Fails when the file is the copy itself or no longer holds `before`. After a failure
-/// the file is either untouched or the message says so and names the copy, which is then kept.
+/// under another name. Fails when the file is the copy itself or no longer holds `before`, and while another
+/// program changes it. The message of a failure says whether the file is as it was; if it is not it names the
+/// copy, which is then kept.
 [[nodiscard]] ui::Result<Rewritten> RewriteConfig(
     ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path, std::string_view before,
     std::string_view after);
 
-/// Adds bytes to the end of a configuration file, which is made if it is not there, and waits until they are
-/// on the disk. Refuses the copy.
+/// Adds bytes to the end of a configuration file, which holds `before` (nothing: it is not there and is
+/// made), all of them or none, and waits until they are on the disk. Fails as RewriteConfig() does.
 [[nodiscard]] ui::Status AppendToConfig(
-    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path, std::string_view bytes);
+    ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path,
+    const std::optional<ui::Bytes>& before, std::string_view bytes);
 
 } // namespace scripts

@@ -4,6 +4,7 @@
 
 #include "editing/ScriptFile.h"
 #include "scripts/Texts.h"
+#include "ui/FileWriter.h"
 
 namespace scripts {
 
@@ -14,7 +15,7 @@ SaveOutcome SaveScript(
     if (!path || !editing::MayReplaceFile(dialogs, files, *path, header)) {
         return {};
     }
-    if (const auto written = ui::OverwriteFile(files, *path, content()); !written) {
+    if (const auto written = ui::WriteFile(files, *path, content()); !written) {
         dialogs.warn(written.failure().message);
         return {SaveOutcome::Kind::Failed};
     }

@@ -148,7 +148,8 @@ ConfigOutcome BindKey(
     }
     const int key = *choice.key;
     ui::Bytes config;
-    if (files.exists(choice.config)) {
+    const bool isThere = files.exists(choice.config);
+    if (isThere) {
         auto bytes = files.read(choice.config);
         if (!bytes) {
             dialogs.warn(bytes.failure().message);
@@ -165,7 +166,9 @@ ConfigOutcome BindKey(
     ConfigOutcome outcome;
     ui::Status done;
     if (old.number == 0) {
-        done = AppendToConfig(files, directory, choice.config, AppendedBinding(config, key, choice.script));
+        done = AppendToConfig(
+            files, directory, choice.config, isThere ? std::optional(config) : std::nullopt,
+            AppendedBinding(config, key, choice.script));
     } else if (
         const auto rewritten = RewriteConfig(
             files, directory, choice.config, config,

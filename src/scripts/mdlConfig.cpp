@@ -104,7 +104,8 @@ ConfigOutcome SaveNameToConfig(
     ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path,
     const editing::NameDocument& name) {
     SearchedConfig config;
-    if (files.exists(path)) {
+    const bool isThere = files.exists(path);
+    if (isThere) {
         if (const auto searched = Search(files, path, config); !searched) {
             dialogs.warn(searched.failure().message);
             return {};
@@ -117,7 +118,9 @@ ConfigOutcome SaveNameToConfig(
         }
         // The line goes right behind the last byte, even if that does not end a line.
         const ui::Bytes line = NameLine(NameCommand::Name, name) + ui::Bytes(LineEnd);
-        if (const auto added = AppendToConfig(files, directory, path, line); !added) {
+        if (const auto added = AppendToConfig(
+                files, directory, path, isThere ? std::optional(config.bytes) : std::nullopt, line);
+            !added) {
             dialogs.warn(added.failure().message);
             return {};
         }

@@ -51,6 +51,7 @@ void CloseOnTermination(shell::frmVTM& window) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    ui::SurviveFileSizeLimit();
     QApplication application(argc, argv);
     // Whatever the program is started as: by these the desktop finds the entry that a window belongs to.
     QApplication::setApplicationName(QStringLiteral("VTM"));

@@ -4,6 +4,7 @@
 
 #include "shell/Product.h"
 #include "shell/Texts.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -95,7 +96,9 @@ void LaunchDocument(const ui::Platform& platform, const ui::Path& shortcut, cons
 
 void OpenUrl(const ui::Platform& platform, const std::string& address) {
     const ui::Path shortcut = platform.directory.toWrite(ScratchShortcutName);
-    if (const auto written = ui::WriteFile(platform.files, shortcut, ShortcutText(address)); !written) {
+    if (const auto written =
+            ui::WriteFile(platform.files, shortcut, ShortcutText(address), ui::Links::Replace);
+        !written) {
         ShowLaunchError(platform.dialogs, FileNotFound);
         return;
     }

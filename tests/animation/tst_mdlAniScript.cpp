@@ -499,7 +499,7 @@ TEST_F(ScriptFiles, SayInTheStatusLineWhatWillNotComeBack) {
 }
 
 TEST_F(ScriptFiles, ThatCannotBeMadeAreSilentButForTheStatusLine) {
-    platform.files.failOnce(support::FailingFiles::Step::Open);
+    platform.files.failOnce(support::FailingFiles::Step::Create);
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     const AnimationWritten outcome = write();
     EXPECT_FALSE(outcome.written);
@@ -514,7 +514,19 @@ TEST_F(ScriptFiles, ThatCannotBeWrittenWholeAreNotDone) {
         const AnimationWritten outcome = write();
         EXPECT_FALSE(outcome.written);
         EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
+        EXPECT_FALSE(platform.directory.files.has("a.vta"));
     }
+}
+
+TEST_F(ScriptFiles, ThatWerePutBackTellItInOneLine) {
+    platform.directory.files.put("a.vta", "old");
+    std::filesystem::create_hard_link(path(), platform.directory.files / "b.vta");
+    platform.files.failOnce(support::FailingFiles::Step::Write, 2);
+    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    EXPECT_EQ(
+        write().statusText,
+        "Could not write \"" + path().string() + "\": injected failure. The file was put back as it was.");
+    EXPECT_EQ(platform.directory.files.content("a.vta"), "old");
 }
 
 TEST_F(ScriptFiles, AreReadShownAndReported) {
@@ -618,7 +630,7 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
     EXPECT_EQ(outcome.path, path());
     platform.dialogs.expectAllAsked();
 
-    platform.files.failOnce(support::FailingFiles::Step::Open);
+    platform.files.failOnce(support::FailingFiles::Step::Look);
     platform.dialogs.expectSave(dialog, path());
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     outcome = save();

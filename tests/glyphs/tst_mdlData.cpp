@@ -128,7 +128,7 @@ TEST_F(CharSetFiles, ListNothingWhenTheListIsEmptyOrMissing) {
 }
 
 TEST_F(CharSetFiles, ListNothingWhenTheListCannotBeReadOrMade) {
-    fake.files.failFrom(support::FailingFiles::Step::Open);
+    fake.files.failFrom(support::FailingFiles::Step::Create);
     EXPECT_TRUE(names().empty());
     fake.files.failNothing();
     putList(EncodeCharSetRecord(First));

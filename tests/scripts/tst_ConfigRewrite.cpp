@@ -4,11 +4,11 @@
 
 #include "support/FailingFiles.h"
 #include "support/InChild.h"
-#include "support/MortalFiles.h"
 #include "support/TempProgramDirectory.h"
 
-#include <csignal>
 #include <gtest/gtest.h>
+#include <iterator>
+#include <optional>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,6 +32,9 @@ protected:
     ui::Path path = game.put("config.cfg", Before);
     ui::Path copy = directory.folder() / "tempfile.cfg";
 
+    /// Gives the file a second name, so that it is written over.
+    void giveTwoNames() const { std::filesystem::create_hard_link(path, game / "other.cfg"); }
+
     ui::Result<scripts::Rewritten> rewrite() {
         return scripts::RewriteConfig(files, directory, path, Before, After);
     }
@@ -41,6 +44,12 @@ protected:
     bool copyIsWhole() { return disk.exists(copy) && directory.files.content("tempfile.cfg") == Before; }
 
     bool fileIsWhole() { return content() == Before || content() == After; }
+
+    /// Whether nothing but the file lies in the game's folder.
+    bool isTidy() {
+        const auto names = std::distance(std::filesystem::directory_iterator(game.path()), {});
+        return names == (game.has("other.cfg") ? 2 : 1);
+    }
 
     /// Starts again with the file as it was and nothing beside the program.
     void reset() {
@@ -92,87 +101,149 @@ TEST_F(Rewrite, HasTheCopyOnTheDiskBeforeItTouchesTheFileAndDeletesItLast) {
     const std::string folder = directory.folder().filename().native();
     EXPECT_EQ(
         (std::vector<std::string>{
-            "lock " + folder, "read config.cfg", "open tempfile.cfg", "write tempfile.cfg",
-            "flush tempfile.cfg", "close tempfile.cfg", "read tempfile.cfg", "open config.cfg",
-            "write config.cfg", "flush config.cfg", "close config.cfg", "read config.cfg",
+            "lock " + folder, "lock config.cfg", "read config.cfg", "open tempfile.cfg", "write tempfile.cfg",
+            "flush tempfile.cfg", "read tempfile.cfg", "close tempfile.cfg", "look config.cfg",
+            "create config.cfg", "write config.cfg", "flush config.cfg", "read config.cfg",
+            "close config.cfg", "rename config.cfg config.cfg", "folder " + game.path().filename().native(),
             "remove tempfile.cfg"}),
         files.steps());
+    EXPECT_TRUE(isTidy());
 }
 
-TEST_F(Rewrite, ThatFailsAtAnyStepLeavesTheOldBytesWholeSomewhere) {
-    // How often each step is taken when nothing fails.
-    const std::pair<Step, int> counts[] = {{Step::Lock, 1},  {Step::Read, 3},  {Step::Open, 2},
-                                           {Step::Write, 2}, {Step::Flush, 2}, {Step::Close, 2},
-                                           {Step::Remove, 1}};
-    for (const auto& [step, steps] : counts) {
-        for (const bool forEver : {false, true}) {
-            for (int number = 1; number <= steps; ++number) {
-                SCOPED_TRACE(testing::Message() << "step " << static_cast<int>(step) << " number " << number);
-                reset();
-                if (forEver) {
-                    files.failFrom(step, number);
-                } else {
-                    files.failOnce(step, number);
-                }
-                const auto done = rewrite();
-                if (step == Step::Remove) {
-                    ASSERT_TRUE(done);
-                    EXPECT_EQ(
-                        "Could not remove \"" + copy.native() + "\": injected failure.",
-                        done.value().leftover);
-                    EXPECT_EQ(After, content());
+TEST_F(Rewrite, HasTheCopyOnTheDiskBeforeItWritesTheFileOver) {
+    giveTwoNames();
+    ASSERT_TRUE(rewrite());
+    EXPECT_EQ(After, content());
+    EXPECT_EQ(After, game.content("other.cfg"));
+    EXPECT_FALSE(directory.files.has("tempfile.cfg"));
+    const std::string folder = directory.folder().filename().native();
+    EXPECT_EQ(
+        (std::vector<std::string>{
+            "lock " + folder, "lock config.cfg", "read config.cfg", "open tempfile.cfg", "write tempfile.cfg",
+            "flush tempfile.cfg", "read tempfile.cfg", "close tempfile.cfg", "look config.cfg",
+            "read config.cfg", "open config.cfg", "resize config.cfg", "write config.cfg",
+            "resize config.cfg", "write config.cfg", "flush config.cfg", "read config.cfg",
+            "close config.cfg", "remove tempfile.cfg"}),
+        files.steps());
+    EXPECT_TRUE(isTidy());
+}
+
+TEST_F(Rewrite, ThatFailsAtAnyStepLeavesTheOldBytesWholeAndSaysWhere) {
+    for (const bool isWrittenOver : {false, true}) {
+        if (isWrittenOver) {
+            giveTwoNames();
+        }
+        for (const Step step :
+             {Step::Lock, Step::Look, Step::Read, Step::Open, Step::Create, Step::Write, Step::Resize,
+              Step::Flush, Step::Close, Step::Rename, Step::Folder, Step::Remove}) {
+            for (const bool forEver : {false, true}) {
+                for (int number = 1; number <= 5; ++number) {
+                    SCOPED_TRACE(
+                        testing::Message()
+                        << "step " << static_cast<int>(step) << " number " << number
+                        << (forEver ? " for ever" : "") << (isWrittenOver ? " written over" : ""));
+                    reset();
+                    if (forEver) {
+                        files.failFrom(step, number);
+                    } else {
+                        files.failOnce(step, number);
+                    }
+                    const auto done = rewrite();
+                    if (done) {
+                        EXPECT_EQ(After, content());
+                        EXPECT_EQ(done.value().leftover.empty(), !directory.files.has("tempfile.cfg"));
+                        continue;
+                    }
+                    const std::string& message = done.failure().message;
+                    EXPECT_NE(std::string::npos, message.find("injected failure.")) << message;
+                    const std::string file = "\nThe config file, " + path.native() + ", ";
+                    if (message.ends_with(file + "was not changed.") ||
+                        message.ends_with(file + "was put back as it was.")) {
+                        EXPECT_EQ(Before, content());
+                        EXPECT_FALSE(directory.files.has("tempfile.cfg"))
+                            << "a copy of no use is left behind";
+                        EXPECT_TRUE(isTidy());
+                        continue;
+                    }
                     EXPECT_TRUE(copyIsWhole());
-                    continue;
+                    EXPECT_TRUE(
+                        message.find(file + "may be incomplete now.") != std::string::npos ||
+                        (message.find(file + "holds the new line") != std::string::npos &&
+                         content() == After))
+                        << message;
+                    EXPECT_TRUE(message.ends_with(
+                        " It was copied before, and the whole copy is kept as \"" + copy.native() + "\"."))
+                        << message;
                 }
-                ASSERT_FALSE(done);
-                const std::string& message = done.failure().message;
-                EXPECT_NE(std::string::npos, message.find("injected failure.")) << message;
-                if (content() == Before) {
-                    EXPECT_FALSE(directory.files.has("tempfile.cfg")) << "a copy of no use is left behind";
-                    continue;
-                }
-                EXPECT_TRUE(copyIsWhole());
-                EXPECT_NE(std::string::npos, message.find("\nThe config file, " + path.native() + ", may be"))
-                    << message;
-                EXPECT_NE(std::string::npos, message.find('"' + copy.native() + '"')) << message;
             }
         }
     }
 }
 
-TEST_F(Rewrite, OnADiskThatRunsFullLeavesTheOldBytesWholeSomewhere) {
-    for (std::size_t room = 0; room < Before.size() + After.size(); room += 499) {
-        SCOPED_TRACE(room);
-        reset();
-        files.failWritesAfter(room);
-        const auto done = rewrite();
-        ASSERT_FALSE(done);
-        if (room < Before.size()) {
-            EXPECT_EQ(Before, content());
-            EXPECT_EQ(
-                untouched("Could not write \"" + copy.native() + "\": injected failure."),
-                done.failure().message);
-            EXPECT_FALSE(directory.files.has("tempfile.cfg"));
-        } else {
-            EXPECT_TRUE(copyIsWhole());
-            EXPECT_EQ(
-                "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " +
-                    path.native() +
-                    ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +
-                    copy.native() + "\".",
-                done.failure().message);
-        }
-    }
-    reset();
-    files.failWritesAfter(Before.size() + After.size());
-    EXPECT_TRUE(rewrite());
+TEST_F(Rewrite, SaysThatTheFileWasPutBack) {
+    giveTwoNames();
+    files.failOnce(Step::Write, 2);
+    const auto done = rewrite();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(
+        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+            ", was put back as it was.",
+        done.failure().message);
 }
 
-TEST_F(Rewrite, AgainstTheFileSizeLimitOfTheSystemLeavesTheOldBytesWholeSomewhere) {
+TEST_F(Rewrite, SaysThatTheNewFileMayNotBeOnTheDisk) {
+    files.failOnce(Step::Folder);
+    const auto done = rewrite();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(
+        "Could not folder \"" + game.path().native() + "\": injected failure.\nThe config file, " +
+            path.native() +
+            ", holds the new line, but that may not be on the disk yet. It was copied before, and the whole "
+            "copy is kept as \"" +
+            copy.native() + "\".",
+        done.failure().message);
+    EXPECT_EQ(After, content());
+    EXPECT_TRUE(copyIsWhole());
+}
+
+TEST_F(Rewrite, OnADiskThatRunsFullLeavesTheOldBytesWhole) {
+    for (const bool isWrittenOver : {false, true}) {
+        if (isWrittenOver) {
+            giveTwoNames();
+        }
+        for (std::size_t room = 0; room < Before.size() + 20; room += 499) {
+            SCOPED_TRACE(room);
+            reset();
+            files.failWritesAfter(room);
+            const auto done = rewrite();
+            ASSERT_FALSE(done);
+            const ui::Path& full = room < Before.size() ? copy : path;
+            const std::string cause = "Could not write \"" + full.native() + "\": injected failure.";
+            if (isWrittenOver && room >= Before.size()) {
+                EXPECT_EQ(
+                    cause + "\nThe config file, " + path.native() +
+                        ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +
+                        copy.native() + "\".",
+                    done.failure().message);
+                EXPECT_TRUE(copyIsWhole());
+                continue;
+            }
+            EXPECT_EQ(Before, content());
+            EXPECT_EQ(untouched(cause), done.failure().message);
+            EXPECT_FALSE(directory.files.has("tempfile.cfg"));
+            EXPECT_TRUE(isTidy());
+        }
+        reset();
+        files.failWritesAfter(Before.size() + After.size());
+        EXPECT_TRUE(rewrite());
+    }
+}
+
+TEST_F(Rewrite, AgainstTheFileSizeLimitOfTheSystemLeavesTheOldBytesWhole) {
     const auto limited = [&](std::size_t limit) {
         reset();
         return InChild([&] {
-            std::signal(SIGXFSZ, SIG_IGN);
+            ui::SurviveFileSizeLimit();
             const rlimit size{static_cast<rlim_t>(limit), static_cast<rlim_t>(limit)};
             if (::setrlimit(RLIMIT_FSIZE, &size) != 0) {
                 return 2;
@@ -182,47 +253,57 @@ TEST_F(Rewrite, AgainstTheFileSizeLimitOfTheSystemLeavesTheOldBytesWholeSomewher
         });
     };
     ASSERT_LT(Before.size(), After.size());
-    EXPECT_EQ(0, limited(Before.size() - 1));
-    EXPECT_EQ(Before, content());
-    EXPECT_FALSE(directory.files.has("tempfile.cfg"));
-    EXPECT_EQ(0, limited(Before.size()));
-    EXPECT_NE(Before, content());
-    EXPECT_TRUE(copyIsWhole());
+    for (const bool isWrittenOver : {false, true}) {
+        if (isWrittenOver) {
+            giveTwoNames();
+        }
+        for (const std::size_t limit : {Before.size() - 1, Before.size(), After.size() - 1}) {
+            EXPECT_EQ(0, limited(limit));
+            EXPECT_EQ(Before, content());
+            EXPECT_FALSE(directory.files.has("tempfile.cfg"));
+            EXPECT_TRUE(isTidy());
+        }
+    }
 }
 
 TEST_F(Rewrite, WhoseProcessDiesAtAnyStepLeavesTheOldBytesWholeSomewhere) {
-    for (const bool withOldCopy : {false, true}) {
-        int deaths = 0;
-        for (int lifetime = 1;; ++lifetime) {
-            SCOPED_TRACE(lifetime);
-            reset();
-            if (withOldCopy) {
-                directory.files.put("tempfile.cfg", "somebody's");
-            }
-            const int status = InChild([&] {
-                support::MortalFiles mortal(disk, lifetime);
-                return scripts::RewriteConfig(mortal, directory, path, Before, After) ? 0 : 1;
-            });
-            EXPECT_TRUE(fileIsWhole() || copyIsWhole());
-            if (withOldCopy) {
-                EXPECT_EQ(
-                    "somebody's", directory.files.has("tempfile-1.cfg") &&
-                                          !directory.files.content("tempfile-1.cfg").empty()
-                                      ? directory.files.content("tempfile-1.cfg")
-                                      : directory.files.content("tempfile.cfg"));
-            }
-            if (status == 0) {
-                break;
-            }
-            ASSERT_EQ(support::MortalFiles::Death, status);
-            ++deaths;
-            // Whatever was left behind, the next run can work and loses nothing.
-            const auto now = disk.read(path);
-            ASSERT_TRUE(now);
-            ASSERT_TRUE(scripts::RewriteConfig(disk, directory, path, now.value(), After));
-            EXPECT_EQ(After, content());
+    for (const bool isWrittenOver : {false, true}) {
+        if (isWrittenOver) {
+            giveTwoNames();
         }
-        EXPECT_EQ(withOldCopy ? 16 : 13, deaths);
+        for (const bool withOldCopy : {false, true}) {
+            int deaths = 0;
+            for (int lifetime = 1;; ++lifetime) {
+                SCOPED_TRACE(lifetime);
+                reset();
+                if (withOldCopy) {
+                    directory.files.put("tempfile.cfg", "somebody's");
+                }
+                const int status = InChild([&] {
+                    files.dieAt(lifetime);
+                    return rewrite() ? 0 : 1;
+                });
+                EXPECT_TRUE(fileIsWhole() || copyIsWhole());
+                EXPECT_TRUE(isWrittenOver || fileIsWhole());
+                if (withOldCopy) {
+                    EXPECT_EQ(
+                        "somebody's",
+                        directory.files.content(
+                            directory.files.has("tempfile-1.cfg") ? "tempfile-1.cfg" : "tempfile.cfg"));
+                }
+                if (status == 0) {
+                    break;
+                }
+                ASSERT_EQ(FailingFiles::Death, status);
+                ++deaths;
+                // Whatever was left behind, the next run can work and loses nothing.
+                const auto now = disk.read(path);
+                ASSERT_TRUE(now);
+                ASSERT_TRUE(scripts::RewriteConfig(disk, directory, path, now.value(), After));
+                EXPECT_EQ(After, content());
+            }
+            EXPECT_EQ((isWrittenOver ? 19 : 17) + (withOldCopy ? 1 : 0), deaths);
+        }
     }
 }
 
@@ -305,7 +386,8 @@ TEST_F(Rewrite, WritesThroughLinksAndKeepsThePermissions) {
 TEST_F(Rewrite, CopiesForNobodyElseToRead) {
     // A configuration file may hold the password of a server.
     ASSERT_EQ(0, ::chmod(path.c_str(), 0600));
-    files.failOnce(Step::Write, 2);
+    giveTwoNames();
+    files.failFrom(Step::Write, 2);
     ASSERT_FALSE(rewrite());
 
     struct stat kept {};
@@ -344,7 +426,7 @@ TEST_F(Rewrite, RefusesTheCopyByWhateverName) {
 TEST_F(Rewrite, RefusesTheCopyByARelativeName) {
     const auto old = std::filesystem::current_path();
     std::filesystem::current_path(directory.folder());
-    const auto done = scripts::AppendToConfig(files, directory, "tempfile.cfg", "x");
+    const auto done = scripts::AppendToConfig(files, directory, "tempfile.cfg", {}, "x");
     std::filesystem::current_path(old);
     EXPECT_FALSE(done);
     EXPECT_FALSE(directory.files.has("tempfile.cfg"));
@@ -379,11 +461,13 @@ TEST_F(Rewrite, WaitsForNoOtherInstanceForEver) {
 
 TEST_F(Rewrite, CopiesToTheStandInFolderWhereTheProgramFolderIsNotWritable) {
     directory.isWritable = false;
-    files.failOnce(Step::Write, 2);
+    giveTwoNames();
+    files.failFrom(Step::Write, 2);
     const auto done = rewrite();
     ASSERT_FALSE(done);
     EXPECT_EQ(Before, directory.standIn.content("tempfile.cfg"));
     EXPECT_FALSE(directory.files.has("tempfile.cfg"));
+    files.failNothing();
     game.put("config.cfg", Before);
     ASSERT_TRUE(rewrite());
     EXPECT_EQ(After, content());
@@ -425,20 +509,133 @@ TEST_F(Rewrite, WithNoPlaceForTheCopyLeavesTheFileUntouched) {
     ASSERT_EQ(0, ::chmod(directory.folder().c_str(), 0755));
 }
 
-TEST_F(Rewrite, ThatCannotAppendAllSaysThatAPartMayStandInTheFile) {
-    files.failWritesAfter(2);
-    const auto done = scripts::AppendToConfig(files, directory, path, "more");
-    ASSERT_FALSE(done);
-    EXPECT_EQ(
-        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
-            ", may end with a part of the new line now.",
-        done.failure().message);
-    EXPECT_EQ(Before + "mo", content());
+/// Adding a line to a configuration file.
+class Append : public Rewrite {
+protected:
+    ui::Status append(const std::optional<ui::Bytes>& before = Before, std::string_view bytes = "more") {
+        return scripts::AppendToConfig(files, directory, path, before, bytes);
+    }
+};
+
+TEST_F(Append, AddsAllOfTheLineAndMakesAFileThatIsNotThere) {
+    EXPECT_TRUE(append());
+    EXPECT_EQ(Before + "more", content());
+    giveTwoNames();
+    EXPECT_TRUE(append(Before + "more"));
+    EXPECT_EQ(Before + "moremore", game.content("other.cfg"));
+    EXPECT_TRUE(isTidy());
+    EXPECT_TRUE(scripts::AppendToConfig(files, directory, game / "new.cfg", {}, "x\r\n"));
+    EXPECT_EQ("x\r\n", game.content("new.cfg"));
 }
 
-TEST_F(Rewrite, AppendsAndMakesAFileThatIsNotThere) {
-    EXPECT_TRUE(scripts::AppendToConfig(files, directory, path, "more"));
-    EXPECT_EQ(Before + "more", content());
-    EXPECT_TRUE(scripts::AppendToConfig(files, directory, game / "new.cfg", "x\r\n"));
-    EXPECT_EQ("x\r\n", game.content("new.cfg"));
+TEST_F(Append, ThatCannotAddAllAddsNothing) {
+    for (const bool isWrittenOver : {false, true}) {
+        if (isWrittenOver) {
+            giveTwoNames();
+        }
+        files.failOnce(Step::Write, isWrittenOver ? 2 : 1);
+        const auto done = append();
+        ASSERT_FALSE(done);
+        EXPECT_EQ(
+            "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " +
+                path.native() + (isWrittenOver ? ", was put back as it was." : ", was not changed."),
+            done.failure().message);
+        EXPECT_EQ(Before, content());
+        EXPECT_TRUE(isTidy());
+    }
+}
+
+TEST_F(Append, NamesTheWholeCopyOfWhatItCouldNotPutBack) {
+    giveTwoNames();
+    files.failFrom(Step::Write, 2);
+    const auto done = append();
+    ASSERT_FALSE(done);
+    const std::string& message = done.failure().message;
+    const std::string start =
+        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+        ", may be incomplete now. It was copied before, and the whole copy is kept as \"";
+    ASSERT_TRUE(message.starts_with(start)) << message;
+    const ui::Path kept = message.substr(start.size(), message.size() - start.size() - 2);
+    EXPECT_EQ(kept.parent_path(), game.path());
+    EXPECT_EQ(kept.extension(), ".cfg");
+    EXPECT_EQ(Before, disk.read(kept).value());
+}
+
+TEST_F(Append, LeavesAFileAloneThatAnotherProgramHasChanged) {
+    game.put("config.cfg", "something else\n");
+    const auto done = append();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(untouched("Another program has just changed the file."), done.failure().message);
+    EXPECT_EQ("something else\n", content());
+
+    const auto made = append(std::nullopt);
+    ASSERT_FALSE(made);
+    EXPECT_EQ(untouched("Another program has just changed the file."), made.failure().message);
+    EXPECT_EQ("something else\n", content());
+}
+
+TEST_F(Append, WaitsForWhoeverWritesTheFile) {
+    // Of another installation, with a program folder of its own.
+    auto other = disk.lockFile(path);
+    ASSERT_TRUE(other);
+    const auto done = append();
+    ASSERT_FALSE(done);
+    EXPECT_EQ(
+        untouched("Could not lock \"" + path.native() + "\": another program is writing it."),
+        done.failure().message);
+    EXPECT_EQ(Before, content());
+    const auto replaced = rewrite();
+    ASSERT_FALSE(replaced);
+    EXPECT_EQ(
+        untouched("Could not lock \"" + path.native() + "\": another program is writing it."),
+        replaced.failure().message);
+    other = ui::Failure{"released"};
+    EXPECT_TRUE(append());
+}
+
+TEST_F(Append, RefusesAFileThatCouldNotBeReadAgain) {
+    const std::string lines(ui::Files::MaxFileSize, '\n');
+    game.put("config.cfg", lines);
+    const auto done = append(lines, "x");
+    ASSERT_FALSE(done);
+    EXPECT_EQ(untouched("It would become too large."), done.failure().message);
+    EXPECT_EQ(lines.size(), std::filesystem::file_size(path));
+}
+
+TEST_F(Append, OfTwoInstallationsAtOnceLosesNoLine) {
+    constexpr int Programs = 4;
+    constexpr int Lines = 10;
+    game.put("config.cfg", "");
+    std::vector<pid_t> programs;
+    for (int program = 0; program < Programs; ++program) {
+        programs.push_back(support::StartChild([&, program] {
+            const support::TempProgramDirectory own;
+            ui::DiskFiles mine;
+            int told = 0;
+            for (int line = 0; line < Lines;) {
+                const auto before = mine.read(path);
+                if (!before) {
+                    return 1;
+                }
+                const std::string text = std::to_string(program) + "." + std::to_string(line) + "\r\n";
+                // One that came too late is told so, and tries again.
+                line += scripts::AppendToConfig(mine, own, path, before.value(), text) ? 1 : 0;
+                if (++told == 100000) {
+                    return 2;
+                }
+            }
+            return 0;
+        }));
+    }
+    for (const pid_t program : programs) {
+        EXPECT_EQ(0, support::EndOf(program));
+    }
+    const std::string lines = content();
+    for (int program = 0; program < Programs; ++program) {
+        for (int line = 0; line < Lines; ++line) {
+            const std::string text = std::to_string(program) + "." + std::to_string(line) + "\r\n";
+            EXPECT_NE(std::string::npos, lines.find(text)) << text;
+        }
+    }
+    EXPECT_EQ(static_cast<std::size_t>(Programs * Lines * 5), lines.size());
 }

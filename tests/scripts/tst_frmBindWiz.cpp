@@ -279,8 +279,10 @@ TEST_F(BindWizard, LooksAtTheFileOnceMoreBeforeItBinds) {
 TEST_F(BindWizard, StaysOpenAfterAFailure) {
     open({config, script});
     pick("NotBound", "w");
-    fake.files.failOnce(support::FailingFiles::Step::Open);
-    fake.dialogs.expectWarning("Could not open \"" + config.native() + "\": injected failure.");
+    fake.files.failOnce(support::FailingFiles::Step::Look);
+    fake.dialogs.expectWarning(
+        "Could not look \"" + config.native() + "\": injected failure.\nThe config file, " + config.native() +
+        ", was not changed.");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
 }

@@ -120,9 +120,9 @@ TEST_F(SaveMessages, StaysOpenAfterACancelledSaveDialog) {
 
 TEST_F(SaveMessages, StaysOpenAfterAFailure) {
     click("chkMess_1");
-    fake.files.failOnce(support::FailingFiles::Step::Open);
+    fake.files.failOnce(support::FailingFiles::Step::Create);
     expectSave(path);
-    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": injected failure.");
+    fake.dialogs.expectWarning("Could not create \"" + path.native() + "\": injected failure.");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(std::nullopt, form->savedPath());

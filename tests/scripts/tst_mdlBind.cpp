@@ -274,7 +274,7 @@ TEST_F(Binding, OfABoundKeyChangesNotAByteOnNo) {
     fake.dialogs.expectYesNo(ReplaceQuestion, ui::Answer::No);
     EXPECT_FALSE(bind().written);
     EXPECT_EQ(bytes, content());
-    EXPECT_EQ(0, fake.files.count(Step::Open));
+    EXPECT_EQ(0, fake.files.count(Step::Create));
 }
 
 TEST_F(Binding, TakesThePlaceOfAnEarlierLineThatQuotesTheKey) {
@@ -308,14 +308,16 @@ TEST_F(Binding, ThatCannotBeAddedSaysWhichFileAndWhy) {
     fake.files.failOnce(Step::Write);
     fake.dialogs.expectWarning(
         "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
-        ", may end with a part of the new line now.");
+        ", was not changed.");
     EXPECT_FALSE(bind().written);
     EXPECT_EQ("x\n", content());
 }
 
 TEST_F(Binding, ThatCannotBeReplacedSaysWhereTheWholeCopyIs) {
     put("bind \"q\" \"x y\"\n");
-    fake.files.failOnce(Step::Flush, 2);
+    // With a second name it is written over.
+    std::filesystem::create_hard_link(path, game / "other.cfg");
+    fake.files.failFrom(Step::Flush, 2);
     fake.dialogs.expectYesNo(ReplaceQuestion, ui::Answer::Yes);
     fake.dialogs.expectWarning(
         "Could not flush \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +

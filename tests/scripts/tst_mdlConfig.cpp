@@ -304,32 +304,34 @@ TEST_F(Config, ThatCannotBeReadIsNotWrittenEither) {
     fake.dialogs.expectWarning("Could not read \"" + path.native() + "\": injected failure.");
     EXPECT_FALSE(save().written);
     EXPECT_EQ("name \"x\"\r\n", content());
-    EXPECT_EQ(0, fake.files.count(Step::Open));
+    EXPECT_EQ(0, fake.files.count(Step::Create));
 }
 
 TEST_F(Config, ThatCannotGainANameSaysWhichFileAndWhy) {
     put("x\r\n");
     const std::pair<Step, const char*> steps[] = {
-        {Step::Open, "open"}, {Step::Write, "write"}, {Step::Flush, "flush"}, {Step::Close, "close"}};
+        {Step::Look, "look"},
+        {Step::Write, "write"},
+        {Step::Flush, "flush"},
+        {Step::Close, "close"},
+        {Step::Lock, "lock"}};
     for (const auto& [step, word] : steps) {
         fake.files.failOnce(step);
         fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
-        const std::string cause =
-            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.";
+        const ui::Path named = step == Step::Lock ? fake.directory.folder() : path;
         fake.dialogs.expectWarning(
-            step == Step::Open ? cause
-                               : cause + "\nThe config file, " + path.native() +
-                                     ", may end with a part of the new line now.");
+            std::string("Could not ") + word + " \"" + named.native() +
+            "\": injected failure.\nThe config file, " + path.native() + ", was not changed.");
         EXPECT_FALSE(save().written);
-        EXPECT_EQ("x\r\n", content().substr(0, 3));
-        put("x\r\n");
+        EXPECT_EQ("x\r\n", content());
     }
 }
 
 TEST_F(Config, ThatCannotBeRewrittenSaysWhereTheWholeCopyIs) {
     put("name \"x\"\r\n");
-    // The second write is the one into the file itself.
-    fake.files.failOnce(Step::Write, 2);
+    // With a second name it is written over; the second write is the one into the file itself.
+    std::filesystem::create_hard_link(path, game / "other.cfg");
+    fake.files.failFrom(Step::Write, 2);
     fake.dialogs.expectWarning(
         "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
         ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +

@@ -228,15 +228,20 @@ TEST_F(MessageScript, AsksBeforeItReplacesAFileOfAnotherKind) {
 TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
     const ui::Path path = fake.directory.files / "a.vtm";
     for (const auto& [step, word] :
-         {std::pair(Step::Open, "open"), {Step::Write, "write"}, {Step::Close, "close"}}) {
+         {std::pair(Step::Look, "look"),
+          {Step::Create, "create"},
+          {Step::Write, "write"},
+          {Step::Flush, "flush"},
+          {Step::Read, "read"},
+          {Step::Close, "close"},
+          {Step::Rename, "rename"}}) {
         fake.files.failOnce(step);
         expectSaveDialog(path);
         fake.dialogs.expectWarning(
             std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
         EXPECT_EQ(SaveOutcome::Kind::Failed, save({{true, false, false}, SayCommand::Say}).kind);
         fake.dialogs.expectAllAsked();
-        fake.files.failNothing();
-        (void)fake.disk.remove(path);
+        EXPECT_FALSE(fake.disk.exists(path));
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "scripts/Names.h"
 #include "support/FakePlatform.h"
+#include "ui/FileWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -233,7 +234,7 @@ TEST_F(NameScript, EndsSilentlyWhenTheSaveDialogIsCancelled) {
     const SaveOutcome outcome = save();
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, outcome.kind);
     EXPECT_TRUE(scripts::OffersBinding(outcome)) << "the binding prompt follows a cancelled dialog too";
-    EXPECT_EQ(0, fake.files.count(support::FailingFiles::Step::Open));
+    EXPECT_EQ(0, fake.files.count(support::FailingFiles::Step::Create));
 }
 
 TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
@@ -277,7 +278,13 @@ TEST_F(NameScript, ThatCannotBeWrittenSaysWhichFileAndWhy) {
 TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
     const ui::Path path = file("a.vtn");
     for (const auto& [step, word] :
-         {std::pair(Step::Open, "open"), {Step::Write, "write"}, {Step::Close, "close"}}) {
+         {std::pair(Step::Look, "look"),
+          {Step::Create, "create"},
+          {Step::Write, "write"},
+          {Step::Flush, "flush"},
+          {Step::Read, "read"},
+          {Step::Close, "close"},
+          {Step::Rename, "rename"}}) {
         fake.files.failOnce(step);
         expectSaveDialog(path);
         fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
@@ -285,9 +292,20 @@ TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
             std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
         EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
         fake.dialogs.expectAllAsked();
-        fake.files.failNothing();
-        (void)fake.disk.remove(path);
+        EXPECT_FALSE(fake.disk.exists(path));
     }
+}
+
+TEST_F(NameScript, ThatCannotReplaceAnotherLeavesThatOneWhole) {
+    const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nname \"old\"\r\n");
+    std::filesystem::create_hard_link(path, file("b.vtn"));
+    fake.files.failOnce(Step::Write, 2);
+    expectSaveDialog(path);
+    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectWarning(
+        "Could not write \"" + path.native() + "\": injected failure.\nThe file was put back as it was.");
+    EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
+    EXPECT_EQ("// Name File Created by Vortigo\r\nname \"old\"\r\n", get(path));
 }
 
 TEST_F(NameScript, IsChosenInTheDefaultFolder) {

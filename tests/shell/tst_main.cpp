@@ -37,8 +37,11 @@ protected:
 
     [[nodiscard]] static QString text(const ui::Path& path) { return QFile::decodeName(path.c_str()); }
 
-    void start(const QStringList& arguments) {
-        process.start(QStringLiteral(VTM_PROGRAM_DIR "/VTM"), arguments);
+    void start(const QStringList& arguments) { startWith(QStringLiteral(VTM_PROGRAM_DIR "/VTM"), arguments); }
+
+    /// Starts the program by a command.
+    void startWith(const QString& command, const QStringList& arguments) {
+        process.start(command, arguments);
         ASSERT_TRUE(process.waitForStarted());
         // Told to end before it listens, it would just be killed.
         ASSERT_TRUE(QTest::qWaitFor([this] { return catchesTermination(); }, 20000));
@@ -78,6 +81,14 @@ TEST_F(Program, EndsWhenItIsToldToThoughItCannotSaveItsSettings) {
     home.put("config/VTM", "a file where the folder should be");
     start({});
     EXPECT_TRUE(ends());
+}
+
+TEST_F(Program, EndsWhenItIsToldToThoughNoFileMayGrow) {
+    startWith(
+        QStringLiteral("/bin/sh"),
+        {QStringLiteral("-c"), QStringLiteral("ulimit -f 0; exec " VTM_PROGRAM_DIR "/VTM")});
+    EXPECT_TRUE(ends());
+    EXPECT_FALSE(home.has("config/VTM/VTM.ini"));
 }
 
 TEST_F(Program, EndsWhenItIsToldToWhileAMessageOfTheStartIsShown) {

@@ -43,6 +43,16 @@ TEST_F(Launch, AnEarlierScratchFileIsOverwritten) {
     EXPECT_TRUE(fake.launcher.finish(42));
 }
 
+TEST_F(Launch, ALinkInThePlaceOfTheScratchFileIsNotFollowed) {
+    fake.directory.files.put("precious", "mine");
+    std::filesystem::create_symlink("precious", scratch());
+    shell::OpenUrl(fake.platform, "https://example.org/");
+    expectLaunched("https://example.org/");
+    EXPECT_FALSE(std::filesystem::is_symlink(scratch()));
+    EXPECT_EQ(fake.directory.files.content("precious"), "mine");
+    fake.launcher.finish(33);
+}
+
 TEST_F(Launch, TheWebSiteAndTheMailHaveTheirFixedAddresses) {
     shell::OpenWebSite(fake.platform);
     expectLaunched(shell::WebSiteAddress);
@@ -89,7 +99,7 @@ TEST_F(Launch, AResultOf33OrMoreShowsNothing) {
 }
 
 TEST_F(Launch, AScratchFileThatCannotBeWrittenEndsInTheLaunchersError) {
-    fake.files.failFrom(support::FailingFiles::Step::Open);
+    fake.files.failFrom(support::FailingFiles::Step::Create);
     fake.dialogs.expectInform("File not found");
     shell::OpenUrl(fake.platform, "https://example.org/");
     EXPECT_TRUE(fake.launcher.launches.empty());

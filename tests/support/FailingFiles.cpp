@@ -3,6 +3,7 @@
 #include "support/FailingFiles.h"
 
 #include <algorithm>
+#include <unistd.h>
 #include <utility>
 
 namespace support {
@@ -11,10 +12,18 @@ namespace {
 
 const char* StepText(FailingFiles::Step step) {
     switch (step) {
+    case FailingFiles::Step::Look:
+        return "look";
     case FailingFiles::Step::Read:
         return "read";
     case FailingFiles::Step::Open:
         return "open";
+    case FailingFiles::Step::Create:
+        return "create";
+    case FailingFiles::Step::Resize:
+        return "resize";
+    case FailingFiles::Step::Folder:
+        return "folder";
     case FailingFiles::Step::Write:
         return "write";
     case FailingFiles::Step::Flush:
@@ -46,6 +55,9 @@ public:
         , m_file(std::move(file)) {}
 
     ui::Status write(std::string_view bytes) override {
+        if (m_files.m_lifetime == 1) {
+            (void)m_file->write(bytes.substr(0, bytes.size() / 2));
+        }
         if (auto failure = m_files.take(Step::Write, m_path)) {
             return *failure;
         }
@@ -60,6 +72,23 @@ public:
             return InjectedFailure(Step::Write, m_path);
         }
         return {};
+    }
+
+    ui::Status seek(std::uintmax_t position) override { return m_file->seek(position); }
+
+    ui::Status reserve(std::uintmax_t size) override {
+        const auto failure = m_files.take(Step::Resize, m_path);
+        return failure ? ui::Status(*failure) : m_file->reserve(size);
+    }
+
+    ui::Status resize(std::uintmax_t size) override {
+        const auto failure = m_files.take(Step::Resize, m_path);
+        return failure ? ui::Status(*failure) : m_file->resize(size);
+    }
+
+    ui::Status check(std::string_view bytes) override {
+        const auto failure = m_files.take(Step::Read, m_path);
+        return failure ? ui::Status(*failure) : m_file->check(bytes);
     }
 
     ui::Status flush() override {
@@ -100,7 +129,12 @@ void FailingFiles::failWritesAfter(std::size_t bytes) {
     m_room = bytes;
 }
 
+void FailingFiles::dieAt(int number) {
+    m_lifetime = number;
+}
+
 void FailingFiles::failNothing() {
+    m_lifetime = 0;
     for (Counter& counter : m_counters) {
         counter.failFirst = 0;
         counter.failLast = 0;
@@ -114,11 +148,16 @@ int FailingFiles::count(Step step) const {
 
 std::optional<ui::Failure>
 FailingFiles::take(Step step, const ui::Path& path, const std::string& more) const {
-    m_steps.push_back(std::string(StepText(step)) + " " + path.filename().native() + more);
+    if (m_lifetime > 0 && --m_lifetime == 0) {
+        ::_exit(Death);
+    }
+    const auto known = m_temporaries.find(path);
+    const ui::Path& shown = known == m_temporaries.end() ? path : known->second;
+    m_steps.push_back(std::string(StepText(step)) + " " + shown.filename().native() + more);
     Counter& counter = this->counter(step);
     ++counter.count;
     if (counter.failFirst > 0 && counter.count >= counter.failFirst && counter.count <= counter.failLast) {
-        return InjectedFailure(step, path);
+        return InjectedFailure(step, shown);
     }
     return {};
 }
@@ -152,11 +191,53 @@ ui::Status FailingFiles::remove(const ui::Path& path) {
     return m_files.remove(path);
 }
 
+ui::Result<ui::FileFacts> FailingFiles::inspect(const ui::Path& path, ui::Links links) const {
+    if (auto failure = take(Step::Look, path)) {
+        return *failure;
+    }
+    return m_files.inspect(path, links);
+}
+
+ui::Result<ui::TemporaryFile> FailingFiles::createBeside(const ui::Path& target) {
+    if (auto failure = take(Step::Create, target)) {
+        return *failure;
+    }
+    auto made = m_files.createBeside(target);
+    if (!made) {
+        return made.failure();
+    }
+    ui::TemporaryFile temporary = std::move(made).value();
+    m_temporaries[temporary.path] = target;
+    temporary.file = std::make_unique<File>(*this, target, std::move(temporary.file));
+    return temporary;
+}
+
 ui::Status FailingFiles::rename(const ui::Path& from, const ui::Path& to) {
     if (auto failure = take(Step::Rename, from, " " + to.filename().native())) {
         return *failure;
     }
     return m_files.rename(from, to);
+}
+
+ui::Status FailingFiles::renameNew(const ui::Path& from, const ui::Path& to) {
+    if (auto failure = take(Step::Rename, from, " " + to.filename().native())) {
+        return *failure;
+    }
+    return m_files.renameNew(from, to);
+}
+
+ui::Status FailingFiles::flushFolder(const ui::Path& folder) {
+    if (auto failure = take(Step::Folder, folder)) {
+        return *failure;
+    }
+    return m_files.flushFolder(folder);
+}
+
+ui::Status FailingFiles::makeFolder(const ui::Path& folder) {
+    if (auto failure = take(Step::Folder, folder)) {
+        return *failure;
+    }
+    return m_files.makeFolder(folder);
 }
 
 bool FailingFiles::sameFile(const ui::Path& first, const ui::Path& second) const {
@@ -168,6 +249,13 @@ ui::Result<std::unique_ptr<ui::FileLock>> FailingFiles::lockFolder(const ui::Pat
         return *failure;
     }
     return m_files.lockFolder(folder);
+}
+
+ui::Result<std::unique_ptr<ui::FileLock>> FailingFiles::lockFile(const ui::Path& path) {
+    if (auto failure = take(Step::Lock, path)) {
+        return *failure;
+    }
+    return m_files.lockFile(path);
 }
 
 } // namespace support

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <limits>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,7 +17,10 @@ namespace support {
 /// Files that count every step, remember them in order, and fail where they are told to.
 class FailingFiles final : public ui::Files {
 public:
-    enum class Step { Read, Open, Write, Flush, Close, Remove, Rename, Lock };
+    enum class Step { Look, Read, Open, Create, Write, Resize, Flush, Close, Remove, Rename, Folder, Lock };
+
+    /// The exit status of a process that ends by dieAt().
+    static constexpr int Death = 42;
 
     /// Passes every step on to `files`, which outlives this object.
     explicit FailingFiles(ui::Files& files)
@@ -31,23 +35,36 @@ public:
     /// As if the disk had room for so many bytes from now on: they are written, those after them are not.
     void failWritesAfter(std::size_t bytes);
 
+    /// The process ends without any warning at the `number`-th step of all from now on; a write gets half of
+    /// its bytes out first.
+    void dieAt(int number);
+
     /// Nothing fails any more.
     void failNothing();
 
     /// How many steps of a kind were asked for, the failed ones included.
     [[nodiscard]] int count(Step step) const;
 
-    /// Every step in order: its kind and the file's name, as in "open a.cfg" or "rename a.new b.cfg".
+    /// Every step in order: its kind and the file's name, as in "open a.cfg" or "rename a.cfg b.cfg". A file
+    /// that is made beside another is called by the name of that one.
     [[nodiscard]] const std::vector<std::string>& steps() const { return m_steps; }
 
     [[nodiscard]] bool exists(const ui::Path& path) const override;
     [[nodiscard]] ui::Result<ui::Bytes> read(const ui::Path& path) const override;
+    [[nodiscard]] ui::Result<ui::FileFacts> inspect(const ui::Path& path, ui::Links links) const override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::OutputFile>>
     open(const ui::Path& path, OpenMode mode) override;
+    [[nodiscard]] ui::Result<ui::TemporaryFile> createBeside(const ui::Path& target) override;
     ui::Status remove(const ui::Path& path) override;
     ui::Status rename(const ui::Path& from, const ui::Path& to) override;
+    ui::Status renameNew(const ui::Path& from, const ui::Path& to) override;
+    ui::Status flushFolder(const ui::Path& folder) override;
+    ui::Status makeFolder(const ui::Path& folder) override;
     [[nodiscard]] bool sameFile(const ui::Path& first, const ui::Path& second) const override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFolder(const ui::Path& folder) override;
+    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFile(const ui::Path& path) override;
+
+    [[nodiscard]] ui::Path spareFolder() const override { return m_files.spareFolder(); }
 
 private:
     class File;
@@ -64,8 +81,10 @@ private:
     Counter& counter(Step step) const { return m_counters[static_cast<std::size_t>(step)]; }
 
     ui::Files& m_files;
-    mutable std::array<Counter, 8> m_counters{};
+    mutable std::array<Counter, 12> m_counters{};
     mutable std::vector<std::string> m_steps;
+    std::map<ui::Path, ui::Path> m_temporaries; ///< what the files made beside others are made for
+    mutable int m_lifetime = 0;                 ///< steps until the process ends; 0: it does not
     std::size_t m_room = std::numeric_limits<std::size_t>::max();
 };
 

@@ -12,10 +12,11 @@
 
 namespace support {
 
-ToolRun RunProgram(const ui::Path& program, const std::vector<std::string>& arguments) {
+ToolRun
+RunProgram(const ui::Path& program, const std::vector<std::string>& arguments, const std::string& before) {
     const TempFolder folder;
     const ui::Path errors = folder / "errors";
-    std::string command = "'" + program.native() + "'";
+    std::string command = before + "'" + program.native() + "'";
     for (const std::string& argument : arguments) {
         command += " '" + argument + "'";
     }

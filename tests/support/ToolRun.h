@@ -15,8 +15,10 @@ struct ToolRun {
     std::string errors; ///< what it wrote to the standard error output
 };
 
-/// Runs a program with arguments that hold no single quotes.
-[[nodiscard]] ToolRun RunProgram(const ui::Path& program, const std::vector<std::string>& arguments);
+/// Runs a program with arguments that hold no single quotes. `before`: commands of the shell that it is
+/// started from, each ended by a semicolon.
+[[nodiscard]] ToolRun RunProgram(
+    const ui::Path& program, const std::vector<std::string>& arguments, const std::string& before = {});
 
 /// The whole content of a file; fails the test when there is none.
 [[nodiscard]] std::string FileContent(const ui::Path& path);

@@ -255,8 +255,7 @@ TEST_F(CharSetCommand, ExportWritesNothingButPngFiles) {
     const std::string store = (directory.files / "vtmgrid.dat").native();
     expectRefusal({"export", "2", store}, "\"" + store + "\" was not written: its name must end in .png.");
     const std::string nowhere = (folder / "no" / "out.png").native();
-    expectRefusal(
-        {"export", "2", nowhere}, "Could not open \"" + nowhere + ".new\": No such file or directory.");
+    expectRefusal({"export", "2", nowhere}, "Could not open \"" + nowhere + "\": No such file or directory.");
 }
 
 TEST_F(CharSetCommand, PreviewDrawsInTheTerminal) {
@@ -272,11 +271,9 @@ TEST_F(CharSetCommand, PreviewDrawsInTheTerminal) {
 TEST_F(CharSetCommand, AFileThatCannotBeWrittenChangesNothing) {
     const std::string file = picture();
     const CharSetFiles before = now();
+    using Step = support::FailingFiles::Step;
     for (const auto step :
-         {support::FailingFiles::Step::Lock, support::FailingFiles::Step::Open,
-          support::FailingFiles::Step::Write, support::FailingFiles::Step::Flush,
-          support::FailingFiles::Step::Close, support::FailingFiles::Step::Rename,
-          support::FailingFiles::Step::Read}) {
+         {Step::Lock, Step::Look, Step::Read, Step::Write, Step::Flush, Step::Close, Step::Folder}) {
         files.failOnce(step);
         EXPECT_EQ(run({"add", "New", file}), 1);
         EXPECT_NE(errors.str().find("injected failure"), std::string::npos) << errors.str();
@@ -357,6 +354,28 @@ TEST(CharSetProgram, ExitsWithTheCodeOfTheCommand) {
         refused.errors,
         "vtm-charset: \"A\" was not removed: it is the only one, and the program needs one.\n");
     EXPECT_EQ(support::RunProgram(VTM_CHARSET, {directory, "export"}).exitCode, 2);
+}
+
+TEST(CharSetProgram, SaysThatAFileMayNotBecomeSoLarge) {
+    const support::TempFolder folder;
+    const std::string file = folder.put("out.png", "old").native();
+    const support::ToolRun run = support::RunProgram(VTM_CHARSET, {"export", "1", file}, "ulimit -f 1; ");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "vtm-charset: Could not write \"" + file + "\": File too large.\n");
+    EXPECT_EQ(folder.content("out.png"), "old");
+}
+
+TEST_F(CharSetCommand, ExportsToTheNameThatWasGivenAndToNoOther) {
+    const support::TempFolder place;
+    const std::string file = (place / "y.png").native();
+    place.put("y.png.new", "mine");
+    place.put("precious", "mine too");
+    std::filesystem::create_symlink("precious", place / "y.png");
+    EXPECT_EQ(run({"export", "1", file}), 0);
+    EXPECT_EQ(place.content("y.png.new"), "mine");
+    EXPECT_EQ(place.content("precious"), "mine too");
+    EXPECT_TRUE(place.content("y.png").starts_with("\x89PNG"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(place.path()), {}), 3);
 }
 
 TEST(CharSetProgram, FindsTheSetsThatLieBesideIt) {

@@ -196,10 +196,14 @@ public:
         directory.isWritable = !change.isInStandIn;
     }
 
-    [[nodiscard]] bool hasLeftover() const {
-        for (const char* name : {"vtmtc.dat.new", "vtmgrid.dat.new"}) {
-            if (directory.files.has(name) || directory.standIn.has(name)) {
-                return true;
+    /// Whether anything else lies there than the files themselves, and those that begin with `known`.
+    [[nodiscard]] bool hasLeftover(const std::string& known = "vtmtc.dat") const {
+        for (const auto* folder : {&directory.files, &directory.standIn}) {
+            for (const auto& entry : std::filesystem::directory_iterator(folder->path())) {
+                const std::string name = entry.path().filename().native();
+                if (name != "vtmtc.dat" && name != "vtmgrid.dat" && !name.starts_with(known)) {
+                    return true;
+                }
             }
         }
         return false;
@@ -219,10 +223,11 @@ std::vector<FailingFiles::Step> StepsOf(const Change& change) {
     Folders folders(change);
     EXPECT_TRUE(Make(change, folders));
     const std::map<std::string, FailingFiles::Step> kinds{
-        {"read", FailingFiles::Step::Read},     {"open", FailingFiles::Step::Open},
-        {"write", FailingFiles::Step::Write},   {"flush", FailingFiles::Step::Flush},
-        {"close", FailingFiles::Step::Close},   {"remove", FailingFiles::Step::Remove},
-        {"rename", FailingFiles::Step::Rename}, {"lock", FailingFiles::Step::Lock}};
+        {"look", FailingFiles::Step::Look},     {"read", FailingFiles::Step::Read},
+        {"create", FailingFiles::Step::Create}, {"write", FailingFiles::Step::Write},
+        {"flush", FailingFiles::Step::Flush},   {"close", FailingFiles::Step::Close},
+        {"remove", FailingFiles::Step::Remove}, {"rename", FailingFiles::Step::Rename},
+        {"folder", FailingFiles::Step::Folder}, {"lock", FailingFiles::Step::Lock}};
     std::vector<FailingFiles::Step> steps;
     for (const std::string& step : folders.files.steps()) {
         steps.push_back(kinds.at(step.substr(0, step.find(' '))));
@@ -278,20 +283,26 @@ TEST_P(CharSetChange, IsMade) {
 TEST_P(CharSetChange, LeavesEveryByteAsItWasWhenAnyOneStepFails) {
     const Change& change = GetParam();
     const auto steps = StepsOf(change);
+    const auto firstWrite = std::ranges::find(steps, FailingFiles::Step::Look) - steps.begin();
     for (std::size_t step = 0; step < steps.size(); ++step) {
         SCOPED_TRACE(step);
         Folders folders(change);
         folders.files.failOnce(steps[step], PlaceAmongItsKind(steps, step, steps[step]));
         const ui::Status status = Make(change, folders);
-        if (steps[step] == FailingFiles::Step::Read) {
+        if (steps[step] == FailingFiles::Step::Read && static_cast<std::ptrdiff_t>(step) < firstWrite) {
             // What the program's own folder holds is of no account then.
             EXPECT_TRUE(status);
             EXPECT_EQ(Seen(folders.directory), change.after);
             continue;
         }
+        EXPECT_FALSE(folders.hasLeftover());
+        if (steps[step] == FailingFiles::Step::Create || steps[step] == FailingFiles::Step::Rename) {
+            // A file that is there can still be written over.
+            EXPECT_EQ(Seen(folders.directory), status ? change.after : change.before);
+            continue;
+        }
         EXPECT_FALSE(status);
         EXPECT_EQ(Seen(folders.directory), change.before);
-        EXPECT_FALSE(folders.hasLeftover());
         if (!change.standIn) {
             EXPECT_FALSE(folders.directory.standIn.has("vtmtc.dat"));
             EXPECT_FALSE(folders.directory.standIn.has("vtmgrid.dat"));
@@ -308,9 +319,10 @@ TEST_P(CharSetChange, LeavesUsableSetsWhenItIsCutShortAnywhereAndCanBeMadeThen) 
         SCOPED_TRACE(step);
         Folders folders(change);
         for (const auto kind :
-             {FailingFiles::Step::Read, FailingFiles::Step::Open, FailingFiles::Step::Write,
+             {FailingFiles::Step::Look, FailingFiles::Step::Read, FailingFiles::Step::Open,
+              FailingFiles::Step::Create, FailingFiles::Step::Write, FailingFiles::Step::Resize,
               FailingFiles::Step::Flush, FailingFiles::Step::Close, FailingFiles::Step::Remove,
-              FailingFiles::Step::Rename, FailingFiles::Step::Lock}) {
+              FailingFiles::Step::Rename, FailingFiles::Step::Folder, FailingFiles::Step::Lock}) {
             folders.files.failFrom(kind, PlaceAmongItsKind(steps, step, kind));
         }
         EXPECT_FALSE(Make(change, folders));
@@ -322,7 +334,7 @@ TEST_P(CharSetChange, LeavesUsableSetsWhenItIsCutShortAnywhereAndCanBeMadeThen) 
         ASSERT_TRUE(now) << now.failure().message;
         ASSERT_TRUE(charset::WriteCharSetFiles(folders.files, folders.directory, now.value(), change.after));
         EXPECT_EQ(Seen(folders.directory), change.after);
-        EXPECT_FALSE(folders.hasLeftover());
+        EXPECT_FALSE(folders.hasLeftover(".vtm-")) << "only what never took its place";
     }
 }
 
@@ -343,12 +355,14 @@ TEST(CharSetFiles, TheStoreGrowsBeforeTheListNamesTheSlot) {
     const Change change{"", false, two, {}, two, Added(two, "New", 7)};
     Folders folders(change);
     ASSERT_TRUE(Make(change, folders));
+    const std::string folder = "folder " + folders.directory.folder().filename().native();
     EXPECT_EQ(
         folders.files.steps(),
         (std::vector<std::string>{
-            "open vtmgrid.dat.new", "write vtmgrid.dat.new", "open vtmtc.dat.new", "write vtmtc.dat.new",
-            "flush vtmgrid.dat.new", "close vtmgrid.dat.new", "rename vtmgrid.dat.new vtmgrid.dat",
-            "flush vtmtc.dat.new", "close vtmtc.dat.new", "rename vtmtc.dat.new vtmtc.dat"}));
+            "look vtmgrid.dat", "create vtmgrid.dat", "write vtmgrid.dat", "flush vtmgrid.dat",
+            "read vtmgrid.dat", "close vtmgrid.dat", "look vtmtc.dat", "create vtmtc.dat", "write vtmtc.dat",
+            "flush vtmtc.dat", "read vtmtc.dat", "close vtmtc.dat", "rename vtmgrid.dat vtmgrid.dat", folder,
+            "rename vtmtc.dat vtmtc.dat", folder}));
 }
 
 TEST(CharSetFiles, TheListForgetsASetBeforeItsSlotIsCutOff) {
@@ -356,19 +370,20 @@ TEST(CharSetFiles, TheListForgetsASetBeforeItsSlotIsCutOff) {
     const Change change{"", false, three, {}, three, MakeSets(2)};
     Folders folders(change);
     ASSERT_TRUE(Make(change, folders));
-    EXPECT_EQ(folders.files.steps().at(6), "rename vtmtc.dat.new vtmtc.dat");
-    EXPECT_EQ(folders.files.steps().at(9), "rename vtmgrid.dat.new vtmgrid.dat");
+    EXPECT_EQ(folders.files.steps().at(12), "rename vtmtc.dat vtmtc.dat");
+    EXPECT_EQ(folders.files.steps().at(14), "rename vtmgrid.dat vtmgrid.dat");
 }
 
-TEST(CharSetFiles, WhatACrashLeftBehindIsNotInTheWay) {
+TEST(CharSetFiles, FilesOfTheUserWithSuchNamesAreLeftAlone) {
     const CharSetFiles two = MakeSets(2);
     const Change change{"", false, two, {}, two, Added(two, "New", 7)};
     Folders folders(change);
-    (void)folders.directory.files.put("vtmgrid.dat.new", "half a store");
-    (void)folders.directory.files.put("vtmtc.dat.new", "half a list");
+    (void)folders.directory.files.put("vtmgrid.dat.new", "somebody's store");
+    (void)folders.directory.files.put("vtmtc.dat.new", "somebody's list");
     ASSERT_TRUE(Make(change, folders));
     EXPECT_EQ(Seen(folders.directory), change.after);
-    EXPECT_FALSE(folders.hasLeftover());
+    EXPECT_EQ(folders.directory.files.content("vtmgrid.dat.new"), "somebody's store");
+    EXPECT_EQ(folders.directory.files.content("vtmtc.dat.new"), "somebody's list");
 }
 
 TEST(CharSetFiles, AUserWhoHasNoSetsOfTheirOwnSeesThoseOfTheProgramAgain) {

@@ -150,6 +150,22 @@ TEST_F(ThumbnailCommand, AnOutputThatCannotBeWrittenIsNamed) {
     expectRefusal({script, at("out.png")}, "Could not write \"" + at("out.png") + "\": injected failure.");
 }
 
+TEST_F(ThumbnailCommand, AnOutputThatMayNotBecomeSoLargeIsNamed) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    const support::ToolRun run =
+        support::RunProgram(VTM_THUMBNAIL, {"--size", "1024", script, at("out.png")}, "ulimit -f 1; ");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "vtm-thumbnail: Could not write \"" + at("out.png") + "\": File too large.\n");
+    EXPECT_FALSE(folder.has("out.png"));
+}
+
+TEST_F(ThumbnailCommand, WritesThroughAFileThatWasMadeForIt) {
+    const std::string script = folder.put("a.vtn", NameScript).native();
+    std::filesystem::create_hard_link(folder.put("out.png", ""), folder / "second.png");
+    EXPECT_EQ(run({script, at("out.png")}), 0);
+    EXPECT_TRUE(folder.content("second.png").starts_with("\x89PNG"));
+}
+
 TEST_F(ThumbnailCommand, WhatIsNotUnderstoodIsWrongUsage) {
     const std::string script = folder.put("a.vtn", NameScript).native();
     const std::vector<std::vector<std::string>> wrong{

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopHome.h"
 #include "Environment.h"
+#include "ui/FileWriter.h"
 #include "ui/qt/FreedesktopFileTypes.h"
 
 #include <QStandardPaths>

@@ -3,11 +3,11 @@
 #include "charset/CharSetFiles.h"
 
 #include "charset/LittleEndian.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <cassert>
 #include <limits>
-#include <memory>
 #include <utility>
 
 namespace charset {
@@ -67,96 +67,46 @@ struct Target {
     [[nodiscard]] bool changes() const { return !wasThere || before != after; }
 };
 
-/// A file that is written beside another and then takes its place, whole. What is not finished is removed.
-class Replacement {
-public:
-    Replacement(ui::Files& files, ui::Path path)
-        : m_files(files)
-        , m_path(std::move(path))
-        , m_temporary(m_path) {
-        m_temporary += ".new";
-    }
-
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
-    Replacement(Replacement&&) = delete;
-    Replacement& operator=(Replacement&&) = delete;
-
-    ~Replacement() {
-        if (m_isMade) {
-            m_file.reset();
-            (void)m_files.remove(m_temporary);
-        }
-    }
-
-    ui::Status write(std::string_view bytes) {
-        // Left behind by a crash: a new file is wanted, for the sake of what flushing it does.
-        if (m_files.exists(m_temporary)) {
-            if (auto removed = m_files.remove(m_temporary); !removed) {
-                return removed;
-            }
-        }
-        auto file = m_files.open(m_temporary, ui::Files::OpenMode::CreateNew);
-        if (!file) {
-            return file.failure();
-        }
-        m_file = std::move(file).value();
-        m_isMade = true;
-        return m_file->write(bytes);
-    }
-
-    /// Takes the place of the file. As flushing a new file brings its folder to the disk too, whatever was
-    /// renamed before this is on the disk before this is.
-    ui::Status finish() {
-        ui::Status done = m_file->flush();
-        if (done) {
-            done = m_file->close();
-        }
-        if (done) {
-            done = m_files.rename(m_temporary, m_path);
-        }
-        m_isMade = !done;
-        return done;
-    }
-
-private:
-    ui::Files& m_files;
-    ui::Path m_path;
-    ui::Path m_temporary;
-    std::unique_ptr<ui::OutputFile> m_file;
-    bool m_isMade = false;
-};
-
-ui::Status ReplaceFile(ui::Files& files, const ui::Path& path, std::string_view bytes) {
-    Replacement replacement(files, path);
-    ui::Status done = replacement.write(bytes);
-    return done ? replacement.finish() : done;
-}
-
 /// Undoes a replacement as far as that is possible: what is left behind otherwise can be used as well.
 void PutBack(ui::Files& files, const Target& target) {
     if (!target.wasThere) {
         (void)files.remove(target.path);
     } else {
-        (void)ReplaceFile(files, target.path, target.before);
+        (void)ui::WriteFile(files, target.path, target.before);
     }
 }
 
-/// Replaces two files in this order, or neither.
+/// Makes a change that is ready, or none.
+ui::Status Commit(ui::Files& files, ui::FileChange& change, const Target& target) {
+    const ui::FileWritten written = change.commit();
+    if (!written.status && written.holds == ui::FileWritten::Holds::After) {
+        PutBack(files, target);
+        return written.status;
+    }
+    return written.status ? ui::Status() : written.told();
+}
+
+ui::Status ReplaceOne(ui::Files& files, const Target& target) {
+    auto change = ui::FileChange::Prepare(files, target.path, target.after);
+    return change ? Commit(files, *change.value(), target) : change.failure();
+}
+
+/// Replaces two files in this order, or neither. What was changed first is on the disk before the second one
+/// is.
 ui::Status ReplaceBoth(ui::Files& files, const Target& first, const Target& second) {
-    Replacement firstFile(files, first.path);
-    Replacement secondFile(files, second.path);
     // Both are written before either takes its place: a full disk changes nothing.
-    if (auto done = firstFile.write(first.after); !done) {
+    auto firstChange = ui::FileChange::Prepare(files, first.path, first.after);
+    if (!firstChange) {
+        return firstChange.failure();
+    }
+    auto secondChange = ui::FileChange::Prepare(files, second.path, second.after);
+    if (!secondChange) {
+        return secondChange.failure();
+    }
+    if (auto done = Commit(files, *firstChange.value(), first); !done) {
         return done;
     }
-    if (auto done = secondFile.write(second.after); !done) {
-        return done;
-    }
-    if (auto done = firstFile.finish(); !done) {
-        return done;
-    }
-    auto done = secondFile.finish();
+    auto done = Commit(files, *secondChange.value(), second);
     if (!done) {
         PutBack(files, first);
     }
@@ -279,7 +229,7 @@ ui::Status WriteCharSetFiles(
         }
         auto removed = RemoveIfThere(files, storePath);
         if (!removed && wasThere) {
-            (void)ReplaceFile(files, listPath, before.list);
+            (void)ui::WriteFile(files, listPath, before.list);
         }
         return removed;
     }
@@ -290,10 +240,10 @@ ui::Status WriteCharSetFiles(
     const Target& first = grows ? store : list;
     const Target& second = grows ? list : store;
     if (!first.changes()) {
-        return second.changes() ? ReplaceFile(files, second.path, second.after) : ui::Status();
+        return second.changes() ? ReplaceOne(files, second) : ui::Status();
     }
     if (!second.changes()) {
-        return ReplaceFile(files, first.path, first.after);
+        return ReplaceOne(files, first);
     }
     return ReplaceBoth(files, first, second);
 }

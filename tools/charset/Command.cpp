@@ -10,6 +10,7 @@
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -309,7 +310,7 @@ Outcome Run::exportPicture(const std::string& number, const ui::Path& file) {
     if (!png) {
         return ui::Failure{"\"" + ui::PathText(file) + "\" was not written: " + png.failure().message + "."};
     }
-    return ui::WriteFileAtomically(m_files, file, png.value());
+    return ui::WriteFile(m_files, file, png.value(), ui::Links::Replace);
 }
 
 Outcome Run::preview(const std::string& number) {

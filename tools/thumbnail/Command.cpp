@@ -8,6 +8,7 @@
 #include "glyphs/mdlData.h"
 #include "thumbnail/Drawing.h"
 #include "thumbnail/Script.h"
+#include "ui/FileWriter.h"
 
 #include <array>
 #include <limits>
@@ -105,7 +106,6 @@ WriteOutput(ui::Files& files, const Task& task, const ui::Path& output, const ui
     if (files.sameFile(task.input, output)) {
         return ui::Failure{"\"" + ui::PathText(output) + "\" was not written: it is the script itself."};
     }
-    // In place: who asks for a thumbnail may have made the file, in a folder where no other can be made.
     return ui::WriteFile(files, output, bytes.value());
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 int main(int argc, char** argv) {
+    ui::SurviveFileSizeLimit();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ui::DiskFiles files;
     const ui::DesktopProgramDirectory directory;

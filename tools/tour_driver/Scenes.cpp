@@ -3,6 +3,7 @@
 #include "tour_driver/Scenes.h"
 
 #include "glyphs/FieldReader.h"
+#include "ui/FileWriter.h"
 
 #include <X11/keysym.h>
 

@@ -3,6 +3,7 @@
 #include "ui/qt/FreedesktopFileTypes.h"
 
 #include "ui/DesktopProgramDirectory.h"
+#include "ui/FileWriter.h"
 #include "ui/qt/DesktopEntry.h"
 
 #include <QFile>
@@ -34,7 +35,7 @@ void RunInBackground(const char* program, const Path& argument) {
 }
 
 /// Makes `link` lead to `target`; whether it does. What is there and no link is left alone.
-bool PutLink(const Path& link, const Path& target) {
+bool PutLink(DiskFiles& files, const Path& link, const Path& target) {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::file_status there = fs::symlink_status(link, error);
@@ -45,15 +46,7 @@ bool PutLink(const Path& link, const Path& target) {
     } else if (there.type() != fs::file_type::not_found) {
         return false;
     }
-    fs::create_directories(link.parent_path(), error);
-    Path temporary = link;
-    temporary += ".new";
-    fs::remove(temporary, error);
-    fs::create_symlink(target, temporary, error);
-    if (!error) {
-        fs::rename(temporary, link, error);
-    }
-    return !error;
+    return files.makeFolder(link.parent_path()) && files.putLink(link, target);
 }
 
 void RemoveLink(const Path& link) {
@@ -105,12 +98,12 @@ Path FreedesktopFileTypes::link() const {
 
 /// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
 /// program is named by a link to it, unless the user's own folders are called no better.
-Path FreedesktopFileTypes::startable(const Path& program) const {
+Path FreedesktopFileTypes::startable(const Path& program) {
     // Between two doubtful paths the better one is that which stands in an entry as it is.
     const auto badness = [](const Path& path) {
         return std::pair(ExecPathOf(path), ExecArgument(path.native()) != path.native());
     };
-    return badness(link()) < badness(program) && PutLink(link(), program) ? link() : program;
+    return badness(link()) < badness(program) && PutLink(m_files, link(), program) ? link() : program;
 }
 
 /// Replaces a file if it holds anything else; whether it did.
@@ -118,9 +111,7 @@ bool FreedesktopFileTypes::put(const Path& file, std::string_view content) {
     if (const auto old = m_files.read(file); old && old.value() == content) {
         return false;
     }
-    std::error_code ignored;
-    std::filesystem::create_directories(file.parent_path(), ignored);
-    return WriteFileAtomically(m_files, file, content).ok();
+    return m_files.makeFolder(file.parent_path()) && WriteFile(m_files, file, content, Links::Replace).ok();
 }
 
 } // namespace ui::qt

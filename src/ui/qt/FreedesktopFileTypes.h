@@ -24,7 +24,7 @@ public:
 
 private:
     [[nodiscard]] Path link() const;
-    [[nodiscard]] Path startable(const Path& program) const;
+    [[nodiscard]] Path startable(const Path& program);
     bool put(const Path& file, std::string_view content);
 
     DiskFiles m_files;
