@@ -116,11 +116,9 @@ glyphs::Progress frmVTM::progress() {
 }
 
 void frmVTM::showStatus(const std::string& text) {
-    if (m_isStartingUp && text.empty()) {
-        // What an intro file went wrong with is still to be read after the next one was loaded.
-        return;
+    if (!text.empty()) {
+        statusBar()->showMessage(QString::fromStdString(text));
     }
-    statusBar()->showMessage(QString::fromStdString(text));
 }
 
 void frmVTM::Refresh() {

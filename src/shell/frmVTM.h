@@ -87,6 +87,7 @@ private:
     // Building the window
     void buildMenus();
     void buildToolbar();
+    /// The menu of that name, or nullptr.
     [[nodiscard]] QMenu* menu(const char* name) const;
     void buildCentre();
     QWidget* buildGlyphColumn();
@@ -101,6 +102,7 @@ private:
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
     [[nodiscard]] editing::EditContext context();
     [[nodiscard]] glyphs::Progress progress();
+    /// Tells a text in the status line; an empty one leaves what stands there.
     void showStatus(const std::string& text);
     void updateCursorLabel();
 

@@ -27,8 +27,6 @@ ui::Path frmVTM::dialogFolder() const {
 }
 
 void frmVTM::repaintPage(Page page) {
-    // What the last command told of the page before need not hold for this one.
-    showStatus({});
     glyphs::Progress shown = progress();
     switch (page) {
     case Page::Name:

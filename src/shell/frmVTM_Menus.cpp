@@ -8,6 +8,7 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
@@ -32,8 +33,7 @@ struct frmVTM::MenuCommand {
 struct frmVTM::ToolCommand {
     const char* key;
     const char* tooltip;
-    const char* menu; ///< objectName of the submenu that the button pops up, or nullptr
-    void (*run)(frmVTM&);
+    const char* entry; ///< objectName of the submenu that it pops up or of the menu entry that it chooses
 };
 
 const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
@@ -256,107 +256,53 @@ const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
 }};
 
 // The page buttons are buttons 5 to 7, so a separator stands before them. The tooltips of the two colour
-// buttons name the opposite of what they run: they always have, and people know the buttons by their
-// pictures.
+// buttons name the opposite of what they do, which their pictures show.
 const std::array<frmVTM::ToolCommand, 31> frmVTM::ToolCommands{{
-    {"fnew", "File New", "mnuFileNew", nullptr},
-    {"fopen", "File Open", "mnuLoad", nullptr},
-    {"fsave", "File Save", "mnuSave", nullptr},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"sname", "Switch To Name", nullptr,
-     [](frmVTM& w) {
-         w.mnuView_Click(0);
-     }},
-    {"sani", "Switch To Animate", nullptr,
-     [](frmVTM& w) {
-         w.mnuView_Click(1);
-     }},
-    {"smess", "Switch To Messages", nullptr,
-     [](frmVTM& w) {
-         w.mnuView_Click(2);
-     }},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"cut", "Cut", nullptr,
-     [](frmVTM& w) {
-         w.mnuEditCut_Click();
-     }},
-    {"copy", "Copy", nullptr,
-     [](frmVTM& w) {
-         w.mnuEditCopy_Click();
-     }},
-    {"paste", "Paste", nullptr,
-     [](frmVTM& w) {
-         w.mnuEditPaste_Click();
-     }},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"aleft", "Align Left", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatAlignLeft_Click();
-     }},
-    {"acenter", "Align Center", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatAlignCenter_Click();
-     }},
-    {"aright", "Align Right", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatAlignRight_Click();
-     }},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"lcase", "Upper To Lower Case", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatUpperToLowerCase_Click();
-     }},
-    {"ucase", "Lower To Upper Case", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatLowerToUpperCase_Click();
-     }},
-    {"scase", "Switch Case", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatSwitchCase_Click();
-     }},
-    {"color1", "Color2 To Color1", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatColor1ToColor2_Click();
-     }},
-    {"color2", "Color1 To Color2", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatColor2ToColor1_Click();
-     }},
-    {"scolor", "Switch Color", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatSwitchColor_Click();
-     }},
-    {"revorder", "Reverse Name Order", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatReverseNameOrder_Click();
-     }},
-    {"revchar", "Reverse Character Order", nullptr,
-     [](frmVTM& w) {
-         w.mnuFormatReverseCharacters_Click();
-     }},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"wiz", "Animation Wizard", nullptr,
-     [](frmVTM& w) {
-         w.mnuToolsAnimationWizard_Click();
-     }},
-    {"view", "Full Screen Preview", nullptr,
-     [](frmVTM& w) {
-         w.mnuToolsAnimationViewer_Click();
-     }},
-    {nullptr, nullptr, nullptr, nullptr},
-    {"config", "Configure", nullptr,
-     [](frmVTM& w) {
-         w.mnuToolsSettings_Click();
-     }},
-    {"about", "About VTM", nullptr,
-     [](frmVTM& w) {
-         w.mnuAboutVTM_Click();
-     }},
-    {"help", "VTM Help", nullptr,
-     [](frmVTM& w) {
-         w.mnuHelp_Click();
-     }},
+    {"fnew", "File New", "mnuFileNew"},
+    {"fopen", "File Open", "mnuLoad"},
+    {"fsave", "File Save", "mnuSave"},
+    {nullptr, nullptr, nullptr},
+    {"sname", "Switch To Name", "mnuView_0"},
+    {"sani", "Switch To Animate", "mnuView_1"},
+    {"smess", "Switch To Messages", "mnuView_2"},
+    {nullptr, nullptr, nullptr},
+    {"cut", "Cut", "mnuEditCut"},
+    {"copy", "Copy", "mnuEditCopy"},
+    {"paste", "Paste", "mnuEditPaste"},
+    {nullptr, nullptr, nullptr},
+    {"aleft", "Align Left", "mnuFormatAlignLeft"},
+    {"acenter", "Align Center", "mnuFormatAlignCenter"},
+    {"aright", "Align Right", "mnuFormatAlignRight"},
+    {nullptr, nullptr, nullptr},
+    {"lcase", "Upper To Lower Case", "mnuFormatUpperToLowerCase"},
+    {"ucase", "Lower To Upper Case", "mnuFormatLowerToUpperCase"},
+    {"scase", "Switch Case", "mnuFormatSwitchCase"},
+    {"color1", "Color2 To Color1", "mnuFormatColor1ToColor2"},
+    {"color2", "Color1 To Color2", "mnuFormatColor2ToColor1"},
+    {"scolor", "Switch Color", "mnuFormatSwitchColor"},
+    {"revorder", "Reverse Name Order", "mnuFormatReverseNameOrder"},
+    {"revchar", "Reverse Character Order", "mnuFormatReverseCharacters"},
+    {nullptr, nullptr, nullptr},
+    {"wiz", "Animation Wizard", "mnuToolsAnimationWizard"},
+    {"view", "Full Screen Preview", "mnuToolsAnimationViewer"},
+    {nullptr, nullptr, nullptr},
+    {"config", "Configure", "mnuToolsSettings"},
+    {"about", "About VTM", "mnuAboutVTM"},
+    {"help", "VTM Help", "mnuHelp"},
 }};
+
+namespace {
+
+/// Whether a menu's commands let the status line forget what an earlier one told.
+bool IsForgetful(const QMenu& menu) {
+    const auto* const parent = qobject_cast<const QMenu*>(menu.parentWidget());
+    return parent != nullptr ? IsForgetful(*parent)
+                             : menu.objectName() == QLatin1String("mnuFile") ||
+                                   menu.objectName() == QLatin1String("mnuFormat") ||
+                                   menu.objectName() == QLatin1String("mnuTools");
+}
+
+} // namespace
 
 void frmVTM::buildMenus() {
     for (const MenuCommand& entry : MenuCommands) {
@@ -369,8 +315,13 @@ void frmVTM::buildMenus() {
             submenu->setObjectName(QLatin1String(entry.name));
             m_menus.push_back(submenu);
         } else {
-            QAction* action =
-                parent->addAction(tr(entry.caption), this, [this, run = entry.run] { run(*this); });
+            QAction* action = parent->addAction(
+                tr(entry.caption), this, [this, run = entry.run, forgets = IsForgetful(*parent)] {
+                    if (forgets) {
+                        statusBar()->clearMessage();
+                    }
+                    run(*this);
+                });
             action->setObjectName(QLatin1String(entry.name));
         }
     }
@@ -380,8 +331,7 @@ QMenu* frmVTM::menu(const char* name) const {
     const auto found = std::find_if(m_menus.begin(), m_menus.end(), [name](const QMenu* m) {
         return m->objectName() == QLatin1String(name);
     });
-    Q_ASSERT(found != m_menus.end());
-    return *found;
+    return found == m_menus.end() ? nullptr : *found;
 }
 
 void frmVTM::buildToolbar() {
@@ -420,11 +370,11 @@ void frmVTM::Toolbar1_ButtonClick(const QString& key) {
             return c.key != nullptr && key == QLatin1String(c.key);
         });
     if (command != ToolCommands.end()) {
-        if (command->menu != nullptr) {
+        if (QMenu* const popped = menu(command->entry); popped != nullptr) {
             const auto* button = Toolbar1->findChild<QToolButton*>(key);
-            menu(command->menu)->exec(button->mapToGlobal(QPoint(0, button->height())));
+            popped->exec(button->mapToGlobal(QPoint(0, button->height())));
         } else {
-            command->run(*this);
+            findChild<QAction*>(QLatin1String(command->entry))->trigger();
         }
     }
     Refresh();

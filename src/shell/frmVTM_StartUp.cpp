@@ -79,9 +79,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     restoreWindow();
     show();
     m_isStartingUp = false;
-    if (!m_unreadableSettings.empty()) {
-        showStatus(m_unreadableSettings);
-    }
+    showStatus(m_unreadableSettings);
 
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
     QTimer::singleShot(FileTypesTime, this, [this] {
