@@ -12,7 +12,7 @@
 
 namespace {
 
-using Step = support::FailingFiles::Step;
+using DialogStep = support::FailingFiles::Step;
 
 /// The main window and what the options dialog does to it.
 class WindowOptions : public MainWindow {
@@ -52,11 +52,11 @@ TEST_F(WindowOptions, ANewBackgroundNeedsNoFile) {
     chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
         std::filesystem::remove(fake.directory.files / "vtmgrid.dat");
         std::filesystem::remove(fake.directory.files / "vtmtc.dat");
-        read = fake.files.count(Step::Read);
+        read = fake.files.count(DialogStep::Read);
         chooseBackground(options);
         press(options, "cmdOK");
     });
-    EXPECT_EQ(fake.files.count(Step::Read), read);
+    EXPECT_EQ(fake.files.count(DialogStep::Read), read);
     EXPECT_EQ(workspace().atlas.cells, expected.cells);
     EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), expected.cells);
     EXPECT_EQ(workspace().pictures.name.pixels().pixel(0, 0), NewBackground) << "the pages are painted anew";
