@@ -188,6 +188,19 @@ void ReplaceBinding(benchmark::State& state) {
     }
 }
 
+/// One line of 15 MB that is all quotes, as the binding wizard reads it.
+void ReadOneLongLine(benchmark::State& state) {
+    ui::Bytes config = "bind ";
+    while (config.size() < 15U * 1024U * 1024U) {
+        config += "\"a";
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(scripts::GetBoundKeys(config));
+    }
+}
+
+BENCHMARK(ReadOneLongLine)->Name("BoundKeysOfOneLineOf15MB");
+
 // The second of each pair waits until the disk has everything, as the program does.
 BENCHMARK(SaveName<UnflushedFiles>)->Name("SaveNameIntoLongestConfig");
 BENCHMARK(SaveName<ui::DiskFiles>)->Name("SaveNameIntoLongestConfigOnDisk");

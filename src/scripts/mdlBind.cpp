@@ -25,22 +25,51 @@ bool IsSameName(std::string_view text, std::string_view name) {
     });
 }
 
+/// The keys by the first byte of their names, letters made small: the last one of the table, and for every
+/// key the one before it with the same first byte. -1: none.
+struct KeysByFirstByte {
+    std::array<int, 256> last{};
+    std::array<int, KeyCount> before{};
+};
+
+constexpr std::size_t FirstByte(std::string_view name) {
+    return static_cast<unsigned char>(FoldCase(name.front()));
+}
+
+constexpr KeysByFirstByte SortKeys() {
+    KeysByFirstByte keys;
+    keys.last.fill(-1);
+    for (std::size_t key = 0; key < KeyCount; ++key) {
+        int& last = keys.last[FirstByte(KeyNames[key])];
+        keys.before[key] = last;
+        last = static_cast<int>(key);
+    }
+    return keys;
+}
+
+/// The key of that name, in any case; -1: none.
+int KeyOf(std::string_view name) {
+    static constexpr KeysByFirstByte Keys = SortKeys();
+    int key = name.empty() ? -1 : Keys.last[FirstByte(name)];
+    while (key >= 0 && !IsSameName(name, NameOf(key))) {
+        key = Keys.before[static_cast<std::size_t>(key)];
+    }
+    return key;
+}
+
 /// The last key of the table whose quoted name is in the line. A quote may end one word and begin the next.
 int LastQuotedKey(std::string_view line) {
     int last = -1;
-    std::size_t quote = line.find('"');
-    while (quote != std::string_view::npos) {
-        const std::size_t end = line.find('"', quote + 1);
-        if (end == std::string_view::npos) {
-            break;
+    const char* quote = nullptr;
+    // A plain loop: find() calls a function for every word.
+    for (const char& byte : line) {
+        if (byte != '"') {
+            continue;
         }
-        const std::string_view word = line.substr(quote + 1, end - quote - 1);
-        for (int key = static_cast<int>(KeyCount) - 1; key > last; --key) {
-            if (IsSameName(word, NameOf(key))) {
-                last = key;
-            }
+        if (quote != nullptr) {
+            last = std::max(last, KeyOf({quote + 1, &byte}));
         }
-        quote = end;
+        quote = &byte;
     }
     return last < 0 ? NoKeyFound : last;
 }

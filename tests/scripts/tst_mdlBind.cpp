@@ -6,6 +6,7 @@
 #include "support/FakePlatform.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <set>
@@ -138,6 +139,25 @@ TEST(GetBoundKeys, LooksAtAllLinesAndAtCommentsToo) {
                    "\"\\\" \"x y\""));
     EXPECT_EQ(Names(), BoundNames(""));
     EXPECT_EQ(Names({"TAB", "q", "F2", "F3"}), BoundNames(Fixture("game.cfg")));
+}
+
+/// The least time of several runs that the keys of a configuration of one line take.
+std::chrono::nanoseconds TimeOfOneLine(std::string_view words) {
+    std::string config = "bind ";
+    while (config.size() < 1024U * 1024U) {
+        config += words;
+    }
+    auto least = std::chrono::nanoseconds::max();
+    for (int round = 0; round < 5; ++round) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(config.find('"') == std::string::npos, BoundNames(config).empty());
+        least = std::min<std::chrono::nanoseconds>(least, std::chrono::steady_clock::now() - start);
+    }
+    return least;
+}
+
+TEST(GetBoundKeys, DoesNotLookAtEveryKeyForEveryWordOfALongLine) {
+    EXPECT_LT(TimeOfOneLine("\"a"), 100 * TimeOfOneLine("xa"));
 }
 
 TEST(BindLine, RunsTheScriptByItsFileName) {
