@@ -62,13 +62,25 @@ std::string WebAddressText(const CharSetRecord& record) {
     return text;
 }
 
+ui::Path CharSetListPath(const ui::Files& files, const ui::ProgramDirectory& directory) {
+    const std::string name(CharSetListName);
+    ui::Path list = directory.toRead(name);
+    ui::Path own = directory.folder() / name;
+    if (list == own) {
+        return own;
+    }
+    const auto bytes = files.read(list);
+    return bytes && bytes.value().empty() ? own : list;
+}
+
 std::vector<std::string> LoadCharSetNames(ui::Files& files, const ui::ProgramDirectory& directory) {
-    const std::string listName(CharSetListName);
-    const ui::Path list = directory.toRead(listName);
+    const ui::Path list = CharSetListPath(files, directory);
     std::vector<std::string> names;
     if (!files.exists(list)) {
-        // Opening the list for record access makes it; where that fails the list is just as empty.
-        (void)ui::WriteFile(files, directory.toWrite(listName), {});
+        if (directory.writable()) {
+            // Opening the list for record access makes it; where that fails the list is just as empty.
+            (void)ui::WriteFile(files, list, {});
+        }
         return names;
     }
     const auto bytes = files.read(list);
@@ -84,7 +96,7 @@ std::vector<std::string> LoadCharSetNames(ui::Files& files, const ui::ProgramDir
 
 ui::Result<CharSetRecord>
 ReadCharSetRecord(const ui::Files& files, const ui::ProgramDirectory& directory, int recordNumber) {
-    const ui::Path list = directory.toRead(std::string(CharSetListName));
+    const ui::Path list = CharSetListPath(files, directory);
     const auto bytes = files.read(list);
     if (!bytes) {
         return bytes.failure();

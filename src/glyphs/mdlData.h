@@ -46,8 +46,11 @@ struct CharSetRecord {
 /// The web address without its trailing blanks.
 [[nodiscard]] std::string WebAddressText(const CharSetRecord& record);
 
+/// Where the list is read from. An empty one in the stand-in folder stands in for nothing.
+[[nodiscard]] ui::Path CharSetListPath(const ui::Files& files, const ui::ProgramDirectory& directory);
+
 /// The display names of all whole records of the list, in file order, 50 bytes each. A missing list is made
-/// empty.
+/// empty, but not in the stand-in folder: there it would hide the list that the program comes with.
 [[nodiscard]] std::vector<std::string>
 LoadCharSetNames(ui::Files& files, const ui::ProgramDirectory& directory);
 

@@ -127,6 +127,28 @@ TEST_F(CharSetFiles, ListNothingWhenTheListIsEmptyOrMissing) {
     EXPECT_EQ(fake.directory.files.content("vtmtc.dat"), "");
 }
 
+TEST_F(CharSetFiles, MakeNoEmptyListInTheStandInFolder) {
+    fake.directory.isWritable = false;
+    EXPECT_TRUE(names().empty());
+    EXPECT_FALSE(fake.directory.standIn.has("vtmtc.dat"));
+    EXPECT_FALSE(fake.directory.files.has("vtmtc.dat"));
+    putList(EncodeCharSetRecord(First));
+    EXPECT_EQ(names().size(), 1U);
+}
+
+TEST_F(CharSetFiles, TakeTheProgramsListWhereTheStandInListIsEmpty) {
+    fake.directory.isWritable = false;
+    putList(EncodeCharSetRecord(First) + EncodeCharSetRecord(Second));
+    fake.directory.standIn.put("vtmtc.dat", "");
+    EXPECT_EQ(names().size(), 2U);
+    EXPECT_EQ(record(2).value(), Second);
+    EXPECT_EQ(CharSetListPath(fake.files, fake.directory), fake.directory.files / "vtmtc.dat");
+    fake.directory.standIn.put("vtmtc.dat", EncodeCharSetRecord(Second));
+    EXPECT_EQ(names(), std::vector<std::string>{Wide("Steel", 50)});
+    EXPECT_EQ(record(1).value(), Second);
+    EXPECT_EQ(CharSetListPath(fake.files, fake.directory), fake.directory.standIn / "vtmtc.dat");
+}
+
 TEST_F(CharSetFiles, ListNothingWhenTheListCannotBeReadOrMade) {
     fake.files.failFrom(support::FailingFiles::Step::Create);
     EXPECT_TRUE(names().empty());

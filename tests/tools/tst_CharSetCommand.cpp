@@ -296,6 +296,16 @@ TEST_F(CharSetCommand, WithoutRightsTheStandInFolderIsWritten) {
     EXPECT_FALSE(directory.standIn.has("vtmgrid.dat"));
 }
 
+TEST_F(CharSetCommand, AnEmptyListInTheStandInFolderIsNone) {
+    directory.isWritable = false;
+    (void)directory.standIn.put("vtmtc.dat", "");
+    ASSERT_EQ(run({"add", "Mine", picture()}), 0) << errors.str();
+    EXPECT_EQ(ShownSets(directory).size(), 4U);
+    (void)directory.standIn.put("vtmtc.dat", "");
+    ASSERT_EQ(run({"list"}), 0) << errors.str();
+    EXPECT_NE(output.str().find("\n    3 "), std::string::npos) << output.str();
+}
+
 TEST_F(CharSetCommand, AnotherDirectoryCanBeNamed) {
     const support::TempFolder other;
     (void)other.put("vtmtc.dat", MakeSets(1).list);

@@ -193,7 +193,7 @@ CharSetFiles WithSetRemoved(const CharSetFiles& files, std::size_t index) {
 }
 
 ui::Result<CharSetFiles> ReadCharSetFiles(const ui::Files& files, const ui::ProgramDirectory& directory) {
-    const ui::Path listPath = directory.toRead(std::string(glyphs::CharSetListName));
+    const ui::Path listPath = glyphs::CharSetListPath(files, directory);
     auto list = files.read(listPath);
     if (!list) {
         return list.failure();

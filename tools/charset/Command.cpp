@@ -70,9 +70,7 @@ public:
     Outcome preview(const std::string& number);
 
 private:
-    [[nodiscard]] ui::Path listPath() const {
-        return m_directory.toRead(std::string(glyphs::CharSetListName));
-    }
+    [[nodiscard]] ui::Path listPath() const { return glyphs::CharSetListPath(m_files, m_directory); }
 
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lock() {
         return m_files.lockFolder(m_directory.toWrite(std::string(glyphs::CharSetListName)).parent_path());
