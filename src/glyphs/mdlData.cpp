@@ -35,6 +35,15 @@ constexpr std::size_t NameOffset = 2;
 constexpr std::size_t WebAddressOffset = 52;
 constexpr std::size_t SlotOffset = 152;
 
+/// What lies in a slot of the artwork store; nothing when it has no such slot.
+std::optional<std::string_view> SlotImage(std::string_view store, int slot) {
+    const std::size_t offset = static_cast<std::size_t>(slot) * ArtworkSlotSize;
+    if (slot < 0 || offset >= store.size()) {
+        return std::nullopt;
+    }
+    return store.substr(offset, ArtworkSlotSize);
+}
+
 } // namespace
 
 ui::Bytes EncodeCharSetRecord(const CharSetRecord& record) {
@@ -60,6 +69,22 @@ std::string WebAddressText(const CharSetRecord& record) {
     std::string text = record.webAddress;
     text.resize(text.find_last_not_of(' ') + 1);
     return text;
+}
+
+std::string ShownText(std::string_view field) {
+    std::string shown;
+    for (const char character : field.substr(0, field.find_last_not_of(' ') + 1)) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 32 || (byte >= 127 && byte < 160)) {
+            shown.push_back('?');
+        } else if (byte < 128) {
+            shown.push_back(character);
+        } else {
+            shown.push_back(static_cast<char>(0xC0U | (byte >> 6U)));
+            shown.push_back(static_cast<char>(0x80U | (byte & 0x3FU)));
+        }
+    }
+    return shown;
 }
 
 ui::Path CharSetListPath(const ui::Files& files, const ui::ProgramDirectory& directory) {
@@ -122,13 +147,12 @@ ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory
     if (!bytes) {
         return bytes.failure();
     }
-    const std::string_view slots = bytes.value();
-    const std::size_t offset = static_cast<std::size_t>(slot) * ArtworkSlotSize;
-    if (slot < 0 || offset >= slots.size()) {
+    const auto image = SlotImage(bytes.value(), slot);
+    if (!image) {
         return ui::Failure{
             "The artwork store \"" + ui::PathText(store) + "\" has no slot " + std::to_string(slot) + "."};
     }
-    auto picture = DecodeGif(slots.substr(offset, ArtworkSlotSize));
+    auto picture = DecodeGif(*image);
     if (!picture) {
         return ui::Failure{
             "Slot " + std::to_string(slot) + " of the artwork store \"" + ui::PathText(store) + "\" is " +
@@ -153,6 +177,23 @@ ui::Result<CharSet> LoadCharSet(ui::Files& files, const ui::ProgramDirectory& di
         return artwork.failure();
     }
     return CharSet{std::move(record).value(), std::move(artwork).value()};
+}
+
+std::optional<int> FirstReadableCharSet(const ui::Files& files, const ui::ProgramDirectory& directory) {
+    const auto list = files.read(CharSetListPath(files, directory));
+    const auto store = files.read(directory.toRead(std::string(ArtworkStoreName)));
+    if (!list || !store) {
+        return std::nullopt;
+    }
+    std::string_view rest = list.value();
+    for (int place = 0; rest.size() >= CharSetRecordSize; ++place, rest.remove_prefix(CharSetRecordSize)) {
+        const auto record = DecodeCharSetRecord(rest.substr(0, CharSetRecordSize));
+        const auto image = SlotImage(store.value(), record.artworkSlot);
+        if (image && DecodeGif(*image)) {
+            return place;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace glyphs

@@ -8,6 +8,7 @@
 #include "ui/Platform.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,10 @@ struct CharSetRecord {
 /// The web address without its trailing blanks.
 [[nodiscard]] std::string WebAddressText(const CharSetRecord& record);
 
+/// A text of a record as people read it: in UTF-8, without the blanks at its right end, control characters
+/// replaced.
+[[nodiscard]] std::string ShownText(std::string_view field);
+
 /// Where the list is read from. An empty one in the stand-in folder stands in for nothing.
 [[nodiscard]] ui::Path CharSetListPath(const ui::Files& files, const ui::ProgramDirectory& directory);
 
@@ -72,5 +77,10 @@ struct CharSet {
 /// The character set of a record, as ReadCharSetRecord() and LoadArtwork() read it.
 [[nodiscard]] ui::Result<CharSet>
 LoadCharSet(ui::Files& files, const ui::ProgramDirectory& directory, int recordNumber);
+
+/// The place (0-based) in the list of the first character set whose picture can be read; nothing when there
+/// is none.
+[[nodiscard]] std::optional<int>
+FirstReadableCharSet(const ui::Files& files, const ui::ProgramDirectory& directory);
 
 } // namespace glyphs

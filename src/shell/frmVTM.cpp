@@ -167,13 +167,17 @@ void frmVTM::mnuView_Click(int index) {
 }
 
 ui::Status frmVTM::SelectCharSet(int recordNumber) {
-    auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
+    const auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
     if (!set) {
         return set.failure();
     }
-    m_workspace.charSet = set.value().record;
-    buildAtlas(set.value().artwork);
+    useCharSet(set.value());
     return {};
+}
+
+void frmVTM::useCharSet(const glyphs::CharSet& set) {
+    m_workspace.charSet = set.record;
+    buildAtlas(set.artwork);
 }
 
 void frmVTM::buildAtlas(const ui::Picture& artwork) {

@@ -124,6 +124,7 @@ private:
     // Settings that show
     ui::Status SelectCharSet(int recordNumber);
     void RefreshCharSet();
+    void useCharSet(const glyphs::CharSet& set);
     void buildAtlas(const ui::Picture& artwork);
     void applyOptions(const OptionsModel& model);
     void applyColours();
@@ -193,7 +194,7 @@ private:
     ui::qt::KeyReader m_keys;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
-    std::string m_unreadableSettings;    ///< for the status line, once the start's own messages are through
+    std::string m_startNotice;           ///< for the status line, once the start's own messages are through
     glyphs::GlyphCode m_markedGlyph = 0; ///< on the grid; 0: none is
 
     std::vector<QMenu*> m_menus;

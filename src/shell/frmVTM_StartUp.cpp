@@ -3,6 +3,7 @@
 #include "animation/mdlAniScript.h"
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
+#include "shell/StartCharSet.h"
 #include "shell/frmVTM.h"
 #include "shell/mdlLaunch.h"
 #include "shell/mdlRegistry.h"
@@ -79,7 +80,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     restoreWindow();
     show();
     m_isStartingUp = false;
-    showStatus(m_unreadableSettings);
+    showStatus(m_startNotice);
 
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
     QTimer::singleShot(FileTypesTime, this, [this] {
@@ -95,19 +96,26 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
 ui::Status frmVTM::loadSettings() {
     Settings& settings = m_workspace.settings;
     const ui::Path folder = m_platform.directory.folder();
-    int recordNumber = 1;
     if (LoadsAtStartup(m_platform.settings)) {
         LoadedSettings loaded = Load(m_platform.settings, folder);
         settings = loaded.settings;
-        recordNumber = settings.grid + 1;
-        m_unreadableSettings = UnreadableSettingsText(loaded.unreadable);
+        m_startNotice = UnreadableSettingsText(loaded.unreadable);
     } else {
         Defaults(settings, folder);
     }
     applyColours();
     applyCursors();
     applyModes();
-    return SelectCharSet(recordNumber);
+    auto start = LoadStartCharSet(m_platform.files, m_platform.directory, m_platform.settings, settings.grid);
+    if (!start) {
+        return start.failure();
+    }
+    settings.grid = static_cast<std::int16_t>(start.value().place);
+    if (!start.value().notice.empty()) {
+        m_startNotice += (m_startNotice.empty() ? "" : " ") + start.value().notice;
+    }
+    useCharSet(start.value().set);
+    return {};
 }
 
 void frmVTM::restoreWindow() {

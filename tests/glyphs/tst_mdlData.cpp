@@ -84,6 +84,12 @@ TEST(WebAddressText, HasNoBlanksAtItsEnd) {
     EXPECT_EQ(WebAddressText(CharSetRecord()), "");
 }
 
+TEST(ShownText, IsReadableAndHasNoBlanksAtItsEnd) {
+    EXPECT_EQ(ShownText("  Stone \xE4\xFF  "), "  Stone \xC3\xA4\xC3\xBF");
+    EXPECT_EQ(ShownText("a\x1b[1m\r\n\x7f\x9b"), "a?[1m????");
+    EXPECT_EQ(ShownText("   "), "");
+}
+
 class CharSetFiles : public testing::Test {
 protected:
     void putList(const ui::Bytes& bytes) const { fake.directory.files.put("vtmtc.dat", bytes); }

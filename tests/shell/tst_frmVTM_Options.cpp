@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QListWidget>
+#include <QStatusBar>
 #include <QTabWidget>
 
 #include <filesystem>
@@ -91,4 +92,27 @@ TEST_F(WindowOptions, AChosenSetIsInUseAfterOk) {
     EXPECT_EQ(workspace().charSet.listIndex, 1);
     EXPECT_EQ(workspace().settings.grid, 1);
     EXPECT_EQ(workspace().atlas.cells, expected.cells);
+}
+
+TEST_F(WindowOptions, ASetThatStandsInIsTheOneInUse) {
+    fake.settings.write("options", "grid", "1");
+    std::string store = fake.directory.files.content("vtmgrid.dat");
+    store.replace(glyphs::ArtworkSlotSize, 6, "damage");
+    fake.directory.files.put("vtmgrid.dat", store);
+    {
+        shell::frmVTM ended(fake.platform);
+        const ui::Status loaded = ended.Form_Load({});
+        ASSERT_FALSE(loaded);
+        EXPECT_NE(loaded.failure().message.find("\"Quake2 Steel\""), std::string::npos)
+            << loaded.failure().message;
+    }
+    start();
+    EXPECT_EQ(
+        find<QStatusBar>("statusbar")->currentMessage().toStdString(),
+        "The character set \"Quake2 Steel\" cannot be read; \"Classic Stone\" is shown instead.");
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [](const shell::frmOptions& options) {
+        EXPECT_EQ(options.findChild<QListWidget*>(QStringLiteral("GridList"))->currentRow(), 0);
+    });
+    window->Form_Unload();
+    EXPECT_EQ(fake.settings.sections["options"]["grid"], "0") << "what was in use at the end is stored";
 }

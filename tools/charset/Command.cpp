@@ -21,6 +21,7 @@
 namespace charset {
 
 using glyphs::CharSetRecord;
+using glyphs::ShownText;
 
 namespace {
 

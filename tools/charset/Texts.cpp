@@ -45,22 +45,6 @@ ui::Result<std::string> FieldText(const std::string& what, std::string_view text
     return field;
 }
 
-std::string ShownText(std::string_view field) {
-    std::string shown;
-    for (const char character : WithoutTrailingBlanks(field)) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (IsControl(byte)) {
-            shown.push_back('?');
-        } else if (byte < 128) {
-            shown.push_back(character);
-        } else {
-            shown.push_back(static_cast<char>(0xC0U | (byte >> 6U)));
-            shown.push_back(static_cast<char>(0x80U | (byte & 0x3FU)));
-        }
-    }
-    return shown;
-}
-
 bool SameSetName(std::string_view first, std::string_view second) {
     return std::ranges::equal(
         WithoutTrailingBlanks(first), WithoutTrailingBlanks(second), {}, FoldCase, FoldCase);

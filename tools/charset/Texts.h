@@ -19,10 +19,6 @@ namespace charset {
 [[nodiscard]] ui::Result<std::string>
 FieldText(const std::string& what, std::string_view text, std::size_t width);
 
-/// A record's field for a terminal: without the blanks at its right end, in UTF-8, control characters
-/// replaced.
-[[nodiscard]] std::string ShownText(std::string_view field);
-
 /// Whether two names of sets differ in nothing but the case of ASCII letters and blanks at the right end.
 [[nodiscard]] bool SameSetName(std::string_view first, std::string_view second);
 

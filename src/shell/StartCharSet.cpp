@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/StartCharSet.h"
+
+#include <utility>
+
+namespace shell {
+
+namespace {
+
+/// Which set could not be read when it was last told; apart from the options, of which every key has a
+/// meaning of its own.
+const std::string ToldSection = "characterset";
+const std::string ToldKey = "unreadable";
+
+ui::Status Remember(ui::SettingsStore& store, const std::string& told) {
+    store.write(ToldSection, ToldKey, told);
+    return store.save();
+}
+
+std::string Quoted(const glyphs::CharSetRecord& record) {
+    return '"' + glyphs::ShownText(record.name) + '"';
+}
+
+} // namespace
+
+ui::Result<StartCharSet> LoadStartCharSet(
+    ui::Files& files, const ui::ProgramDirectory& directory, ui::SettingsStore& store, int place) {
+    const auto record = glyphs::ReadCharSetRecord(files, directory, place + 1);
+    if (!record) {
+        return record.failure();
+    }
+    const std::string asked = std::to_string(place);
+    const bool wasTold = store.read(ToldSection, ToldKey) == asked;
+    auto set = glyphs::LoadCharSet(files, directory, place + 1);
+    if (set) {
+        if (wasTold) {
+            (void)Remember(store, "");
+        }
+        return StartCharSet{place, std::move(set).value(), {}};
+    }
+    const auto readable = glyphs::FirstReadableCharSet(files, directory);
+    if (!readable) {
+        return set.failure();
+    }
+    auto other = glyphs::LoadCharSet(files, directory, *readable + 1);
+    if (!other) {
+        return set.failure();
+    }
+    const std::string unreadable = "The character set " + Quoted(record.value()) + " cannot be read";
+    const std::string standIn = Quoted(other.value().record);
+    if (wasTold) {
+        return StartCharSet{
+            *readable, std::move(other).value(), unreadable + "; " + standIn + " is shown instead."};
+    }
+    if (!Remember(store, asked)) {
+        return set.failure();
+    }
+    return ui::Failure{
+        unreadable + ", so the program ends.\nThe next start takes the first one that can be read, " +
+        standIn + ".\n\n" + set.failure().message};
+}
+
+} // namespace shell
