@@ -202,11 +202,19 @@ std::vector<KeyEcho> Watcher::pressKeys(const std::string& program, int count) {
         // Glyphs that are no neighbours on the grid, so that its marker leaves one area and enters another.
         const KeyCode keys[] = {
             XKeysymToKeycode(connection.display, XK_a), XKeysymToKeycode(connection.display, XK_m)};
-        for (int press = 0; press < RowLength + count; ++press) {
-            const KeyCode key = keys[press % 2];
-            const auto pressed = Clock::now();
-            XTestFakeKeyEvent(connection.display, key, True, CurrentTime);
+        const auto press = [&connection](KeyCode key, bool isDown) {
+            XTestFakeKeyEvent(connection.display, key, isDown ? True : False, CurrentTime);
             XFlush(connection.display);
+        };
+        for (int filled = 0; filled < RowLength; ++filled) {
+            press(keys[filled % 2], true);
+            press(keys[filled % 2], false);
+        }
+        connection.settle();
+        for (int index = RowLength; index < RowLength + count; ++index) {
+            const KeyCode key = keys[index % 2];
+            const auto pressed = Clock::now();
+            press(key, true);
             auto area = connection.nextDamage(pressed + KeyPatience);
             KeyEcho echo{toMilliseconds(Clock::now() - pressed)};
             while (area) {
@@ -214,10 +222,9 @@ std::vector<KeyEcho> Watcher::pressKeys(const std::string& program, int count) {
                 echo.largest = std::max(echo.largest, *area);
                 area = connection.nextDamage(Clock::now() + milliseconds(20));
             }
-            XTestFakeKeyEvent(connection.display, key, False, CurrentTime);
-            XFlush(connection.display);
+            press(key, false);
             connection.settle();
-            if (press >= RowLength && echo.areas > 0) {
+            if (echo.areas > 0) {
                 echoes.push_back(echo);
             }
         }

@@ -35,8 +35,8 @@ public:
     /// Starts a program, waits for its first paint and ends it. Nothing if it paints nothing for ten seconds.
     std::optional<Start> start(const std::string& program);
 
-    /// Starts a program, presses `count` keys into its window one by one and ends it. The presses of the
-    /// first fifteen, which fill a row, are not among the results.
+    /// Starts a program, fills a row with the first fifteen keys, presses `count` more one by one and ends
+    /// it. Returns what those did that changed the screen.
     std::vector<KeyEcho> pressKeys(const std::string& program, int count);
 
 private:
