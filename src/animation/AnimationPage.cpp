@@ -91,6 +91,7 @@ AnimationPage::AnimationPage(
     layOut();
     connectControls();
     VScroll1_Change(VScroll1->value());
+    fitPicture();
     showCursor();
 }
 
@@ -141,7 +142,6 @@ void AnimationPage::layOut() {
     frame->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     AniPicBox = new QWidget(frame);
     AniPicBox->setObjectName(QStringLiteral("AniPicBox"));
-    AniPicBox->setFixedSize(NameLength * glyphs::CellSide, VisibleNames * glyphs::CellSide);
     AniPicBox->installEventFilter(this);
     pictureWidget()->setParent(AniPicBox);
     pictureWidget()->installEventFilter(this);
@@ -248,6 +248,10 @@ void AnimationPage::moveView(QAbstractSlider::SliderAction action) {
     VScroll1->triggerAction(action);
 }
 
+void AnimationPage::fitPicture() {
+    AniPicBox->setFixedSize(pictureWidget()->viewSize());
+}
+
 editing::GlyphRows AnimationPage::rows() const {
     return m_document.rows();
 }
@@ -324,7 +328,7 @@ void AnimationPage::AniNameScroll_Change(int value) {
 }
 
 void AnimationPage::VScroll1_Change(int value) {
-    pictureWidget()->move(0, -(value - 1) * glyphs::CellSide);
+    pictureWidget()->setView((value - 1) * glyphs::CellSide, VisibleNames * glyphs::CellSide);
     lblNum[0]->setText(QString::number(value));
     lblNum[1]->setText(QString::number(value + VisibleNames - 1));
 }

@@ -37,6 +37,7 @@ protected:
     [[nodiscard]] editing::GlyphRows rows() const override;
     [[nodiscard]] int rowsInUse() const override;
     [[nodiscard]] QString rowName(int row) const override;
+    void fitPicture() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:

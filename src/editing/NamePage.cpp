@@ -18,7 +18,6 @@ NamePage::NamePage(NameDocument& document, glyphs::PagePicture& picture, QWidget
     setObjectName(QStringLiteral("pgeName"));
     setAccessibleName(tr("Name page"));
     pictureWidget()->setAccessibleName(tr("Player name"));
-    NameScroll->setFixedWidth(picture.pixels().width());
 
     auto* layout = new QVBoxLayout(this);
     layout->addStretch(2);
@@ -27,6 +26,7 @@ NamePage::NamePage(NameDocument& document, glyphs::PagePicture& picture, QWidget
     layout->addWidget(NameScroll, 0, Qt::AlignHCenter);
     layout->addStretch(3);
     connectControls();
+    fitPicture();
 }
 
 void NamePage::connectControls() {
@@ -35,6 +35,10 @@ void NamePage::connectControls() {
 
 void NamePage::syncScrollBars() {
     NameScroll->setValue(m_document.cursorPos);
+}
+
+void NamePage::fitPicture() {
+    NameScroll->setFixedWidth(pictureWidget()->width());
 }
 
 GlyphRows NamePage::rows() const {

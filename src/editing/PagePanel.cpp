@@ -47,6 +47,7 @@ PagePanel::PagePanel(
     , m_widget(new ui::qt::PictureWidget(this))
     , m_marker(new ui::qt::MarkerShape(m_widget)) {
     m_widget->setObjectName(pictureName);
+    m_widget->setBlock(glyphs::CellBlock);
     m_widget->setPicture(&picture.pixels());
     m_marker->show();
     m_marker->setObjectName(markerName);
@@ -55,6 +56,7 @@ PagePanel::PagePanel(
     connect(m_widget, &ui::qt::PictureWidget::pressed, this, [this](QPoint pixel, Qt::MouseButton button) {
         Q_EMIT picturePressed(pixel.x(), pixel.y(), button);
     });
+    connect(m_widget, &ui::qt::PictureWidget::fitted, this, &PagePanel::fitPicture);
 }
 
 void PagePanel::describeCells() {

@@ -76,6 +76,9 @@ protected:
         Qt::Orientation orientation, const QString& name, const QString& accessibleName, int minimum,
         int maximum);
 
+    /// Gives what stands beside the picture the picture's size, at first and whenever that changes.
+    virtual void fitPicture() = 0;
+
     /// A sunken frame around the picture.
     QWidget* makeFrame();
 

@@ -44,9 +44,11 @@ frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel marke
     , m_chosen(start)
     , m_glyph(start) {
     m_ui->setupUi(this);
+    m_ui->ImgGrid->setBlock(glyphs::CellBlock);
     m_ui->ImgGrid->setPicture(&m_grid);
     m_ui->ImgGrid->setCells(GlyphGridCells(true));
     m_ui->ImgGrid->setFocusPolicy(Qt::StrongFocus);
+    m_ui->picChosen->setBlock(PreviewSide / glyphs::ArtworkCell);
     m_ui->picChosen->setPicture(&m_preview);
 
     ui::qt::NameOkAndCancel(*m_ui->buttons);

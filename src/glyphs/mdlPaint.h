@@ -3,6 +3,7 @@
 #pragma once
 
 #include "glyphs/GlyphCode.h"
+#include "glyphs/mdlData.h"
 #include "ui/Picture.h"
 #include "ui/Platform.h"
 
@@ -14,6 +15,8 @@ namespace glyphs {
 
 /// Side of a glyph cell in every picture that is shown, in pixels.
 constexpr int CellSide = 16;
+/// Side of a pixel of the artwork in those pictures.
+constexpr int CellBlock = CellSide / ArtworkCell;
 constexpr int TwipsPerPixel = 15;
 constexpr int TwipsPerCell = TwipsPerPixel * CellSide;
 

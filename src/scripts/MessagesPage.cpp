@@ -25,8 +25,6 @@ MessagesPage::MessagesPage(editing::MessageDocument& document, glyphs::PagePictu
     setObjectName(QStringLiteral("pgeMessages"));
     setAccessibleName(tr("Messages page"));
     pictureWidget()->setAccessibleName(tr("Chat messages"));
-    MacNameScroll->setFixedWidth(picture.pixels().width());
-    MacScroll->setFixedHeight(picture.pixels().height());
 
     auto* layout = new QGridLayout(this);
     layout->setHorizontalSpacing(4);
@@ -39,6 +37,7 @@ MessagesPage::MessagesPage(editing::MessageDocument& document, glyphs::PagePictu
     layout->addWidget(MacNameScroll, 3, 1, Qt::AlignHCenter);
     layout->setRowStretch(4, 3);
     connectControls();
+    fitPicture();
 }
 
 void MessagesPage::connectControls() {
@@ -52,6 +51,11 @@ void MessagesPage::syncScrollBars() {
     const int message = m_document.currentMessage;
     MacNameScroll->setValue(column);
     MacScroll->setValue(message);
+}
+
+void MessagesPage::fitPicture() {
+    MacNameScroll->setFixedWidth(pictureWidget()->width());
+    MacScroll->setFixedHeight(pictureWidget()->height());
 }
 
 editing::GlyphRows MessagesPage::rows() const {

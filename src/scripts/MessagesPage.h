@@ -20,6 +20,7 @@ protected:
     [[nodiscard]] editing::GlyphRows rows() const override;
     [[nodiscard]] int rowsInUse() const override;
     [[nodiscard]] QString rowName(int row) const override;
+    void fitPicture() override;
 
 private:
     void connectControls();

@@ -14,8 +14,8 @@ using glyphs::GlyphCode;
 
 constexpr int Width = 320;
 constexpr int BannerHeight = 96;
-constexpr int NameScale = 4;
-constexpr int LineScale = 2;
+constexpr int NameScale = 2 * BannerBlock;
+constexpr int LineScale = BannerBlock;
 constexpr int LineMargin = 8;
 
 constexpr GlyphCode LineLeft = 29;

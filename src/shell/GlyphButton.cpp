@@ -3,9 +3,10 @@
 #include "shell/GlyphButton.h"
 
 #include "glyphs/GlyphWords.h"
+#include "ui/qt/WholePixels.h"
 
-#include <QImage>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <utility>
@@ -46,10 +47,13 @@ void GlyphButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButtonBevel, option);
     // The style may leave the painter smoothing, which blurs the glyph on scaled screens.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    const QImage image(
-        reinterpret_cast<const uchar*>(m_picture.row(0)), m_picture.width(), m_picture.height(),
-        m_picture.width() * static_cast<qsizetype>(sizeof(ui::Pixel)), QImage::Format_RGB32);
-    painter.drawImage((width() - m_picture.width()) / 2, (height() - m_picture.height()) / 2, image);
+    const qreal scale = ui::qt::DeviceScale(painter);
+    const qreal unit = static_cast<qreal>(ui::qt::BlockPixels(glyphs::CellBlock, scale, screen()->size())) /
+                       glyphs::CellBlock;
+    const QSizeF room = QSizeF(size()) * scale - QSizeF(m_picture.width(), m_picture.height()) * unit;
+    const QPointF corner = ui::qt::DeviceCorner(painter) + QPointF(room.width() / 2, room.height() / 2);
+    ui::qt::PaintFrom(painter, ui::qt::WholePixels(corner), unit);
+    painter.drawImage(QPoint(0, 0), ui::qt::ImageOver(m_picture));
 }
 
 void GlyphButton::mousePressEvent(QMouseEvent* event) {

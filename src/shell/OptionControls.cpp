@@ -78,7 +78,7 @@ KeyStrip::KeyStrip(QWidget* parent)
 
 QSize KeyStrip::sizeHint() const {
     constexpr int side = GlyphSide + 2 * (FocusGap + FrameWidth);
-    return {side, side};
+    return QAbstractButton::sizeHint().expandedTo({side, side});
 }
 
 void KeyStrip::paintEvent(QPaintEvent* /*event*/) {

@@ -28,6 +28,7 @@ frmAbout::frmAbout(const ui::Platform& platform, const glyphs::GlyphAtlas& atlas
     , m_banner(AboutBanner(atlas))
     , m_form(std::make_unique<Ui::frmAbout>()) {
     m_form->setupUi(this);
+    m_form->picBanner->setBlock(BannerBlock);
     m_form->picBanner->setPicture(&m_banner);
     QPalette bannerPalette = m_form->fraBanner->palette();
     bannerPalette.setColor(QPalette::Window, QColor::fromRgb(m_banner.pixel(0, 0)));

@@ -76,6 +76,7 @@ frmOptions::frmOptions(
     m_form->cmdDefaultSS->setFont(underlined);
     m_form->cmdDefaultSS->setCursor(Qt::PointingHandCursor);
 
+    m_form->ImgGrid->setBlock(glyphs::CellBlock);
     m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();
     listCharacterSets();
@@ -85,8 +86,7 @@ frmOptions::frmOptions(
     // Completion would put text into the box that the user has not chosen.
     m_form->KeyListBox->setCompleter(nullptr);
     for (auto* const picture : m_keyPictures) {
-        const QMargins margins = picture->parentWidget()->contentsMargins();
-        picture->move(margins.left(), margins.top());
+        picture->setBlock(KeyStrip::GlyphSide / glyphs::ArtworkCell);
     }
     showKey();
     connectControls();

@@ -153,7 +153,8 @@ void frmVTM::moveGridMarker(GlyphCode code) {
     m_markedGlyph = marker.visible ? code : GlyphCode{0};
     GridPosShape->setVisible(marker.visible);
     if (marker.visible) {
-        GridPosShape->move(marker.left / glyphs::TwipsPerPixel, marker.top / glyphs::TwipsPerPixel);
+        GridPosShape->moveToCell(
+            marker.left / glyphs::TwipsPerCell + 1, marker.top / glyphs::TwipsPerCell + 1);
     }
     editing::SetCurrentGlyph(*ImgGrid, m_markedGlyph);
 }

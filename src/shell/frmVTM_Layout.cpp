@@ -70,7 +70,7 @@ QWidget* frmVTM::buildGlyphColumn() {
     ImgGrid = new ui::qt::PictureWidget(frame);
     ImgGrid->setObjectName(QStringLiteral("ImgGrid"));
     ImgGrid->setAccessibleName(tr("Glyph grid"));
-    ImgGrid->setFixedSize(glyphs::AtlasSide, glyphs::AtlasSide);
+    ImgGrid->setBlock(glyphs::CellBlock);
     ImgGrid->setHoverTracking(true);
     ImgGrid->setCells(editing::GlyphGridCells(true));
     GridPosShape = new ui::qt::MarkerShape(ImgGrid);

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/MarkerShape.h"
 
+#include "ui/qt/PictureWidget.h"
+#include "ui/qt/WholePixels.h"
+
 #include <QPainter>
-#include <QtMath>
 #include <algorithm>
 
 namespace ui::qt {
@@ -32,14 +34,15 @@ bool IsDrawn(MarkerShape::Style style, int step) {
     return true;
 }
 
-/// The rectangle of device pixels at a step of the way around: clockwise from the left upper corner. The
-/// outline is equally thick on all sides at every scale of the screen.
-QRect OutlinePiece(int step, qreal scale) {
+/// A step of the way around a cell, clockwise from its left upper corner, in pixels of the screen from that.
+/// The outline is equally thick on all sides, whatever the side of the cell there.
+QRect OutlinePiece(int step, int side) {
     constexpr int Last = MarkerShape::Side - 1;
-    const int thickness = std::max(1, qFloor(scale + 0.5));
-    const int edge = qFloor(MarkerShape::Side * scale + 0.5) - thickness;
+    const qreal scale = static_cast<qreal>(side) / MarkerShape::Side;
+    const int thickness = std::max(1, WholePixel(scale));
+    const int edge = side - thickness;
     const auto start = [scale](int place) {
-        return qFloor(place * scale + 0.5);
+        return WholePixel(place * scale);
     };
     const int along = step % Last;
     const int ahead = start(along);
@@ -60,13 +63,15 @@ QRect OutlinePiece(int step, qreal scale) {
 
 } // namespace
 
-MarkerShape::MarkerShape(QWidget* picture, Style resting)
+MarkerShape::MarkerShape(PictureWidget* picture, Style resting)
     : QWidget(picture)
+    , m_picture(picture)
     , m_resting(resting)
     , m_style(resting) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    setFixedSize(Side, Side);
+    connect(picture, &PictureWidget::fitted, this, &MarkerShape::place);
+    place();
     hide();
 }
 
@@ -89,17 +94,27 @@ void MarkerShape::setColour(const QColor& colour) {
 }
 
 void MarkerShape::moveToCell(int column, int row) {
-    move((column - 1) * Side, (row - 1) * Side);
+    m_cell.x = (column - 1) * Side;
+    m_cell.y = (row - 1) * Side;
+    place();
+}
+
+void MarkerShape::place() {
+    setGeometry(m_picture->areaOf(m_cell));
 }
 
 void MarkerShape::paintEvent(QPaintEvent* /*event*/) {
+    if (!m_picture->isInView(m_cell)) {
+        return;
+    }
     QPainter painter(this);
     const QColor gap = qGray(m_colour.rgb()) < DarkBelow ? QColor(Qt::white) : QColor(Qt::black);
+    const qreal scale = DeviceScale(painter);
+    const QRect cell = m_picture->pixelsOf(m_cell, DeviceCorner(painter) - QPointF(pos()) * scale, scale);
     // Filled pixels of the screen instead of a pen: they stay sharp at every scale.
-    const qreal scale = painter.deviceTransform().m11();
-    painter.scale(1 / scale, 1 / scale);
+    PaintFrom(painter, cell.topLeft(), 1);
     for (int step = 0; step < OutlineLength; ++step) {
-        painter.fillRect(OutlinePiece(step, scale), IsDrawn(m_style, step) ? m_colour : gap);
+        painter.fillRect(OutlinePiece(step, cell.width()), IsDrawn(m_style, step) ? m_colour : gap);
     }
 }
 

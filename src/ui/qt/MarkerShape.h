@@ -2,14 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/Picture.h"
+
 #include <QColor>
 #include <QWidget>
 
 namespace ui::qt {
 
+class PictureWidget;
+
 /// The rectangle that marks one glyph cell of the picture that it lies on: a broken outline of 16 x 16
-/// pixels, through which the mouse passes. Whatever lies beneath it, it is seen: the gaps of the outline are
-/// drawn in the opposite brightness.
+/// pixels of the picture, through which the mouse passes. Whatever lies beneath it, it is seen: the gaps of
+/// the outline are drawn in the opposite brightness.
 class MarkerShape final : public QWidget {
     Q_OBJECT
     Q_PROPERTY(Style style READ style WRITE setStyle)
@@ -19,11 +23,11 @@ public:
     enum class Style { Dashed, Dotted, Solid };
     Q_ENUM(Style)
 
-    /// Side of the marked cell in logical pixels.
+    /// Side of the marked cell in pixels of the picture.
     static constexpr int Side = 16;
 
     /// A marker over `picture`, hidden as yet, that blinks between dotted and `resting`.
-    explicit MarkerShape(QWidget* picture, Style resting = Style::Dashed);
+    explicit MarkerShape(PictureWidget* picture, Style resting = Style::Dashed);
 
     [[nodiscard]] Style style() const { return m_style; }
 
@@ -43,6 +47,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void place();
+
+    PictureWidget* m_picture;
+    Rect m_cell{0, 0, Side, Side};
     Style m_resting;
     Style m_style;
     QColor m_colour = Qt::green;

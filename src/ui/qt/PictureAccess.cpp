@@ -122,7 +122,7 @@ bool PictureAccess::canPressParts() const {
 }
 
 void PictureAccess::pressPart(int index) const {
-    Q_EMIT picture().pressed(partRect(index).center(), Qt::LeftButton);
+    picture().pressCell(index / columnCount() + 1, index % columnCount() + 1);
 }
 
 AccessiblePart* PictureAccess::makePart(int index) const {

@@ -3,12 +3,13 @@
 #include "ui/qt/PictureWidget.h"
 
 #include "ui/qt/PictureAccess.h"
+#include "ui/qt/WholePixels.h"
 
 #include <QHelpEvent>
-#include <QImage>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 #include <cmath>
 
@@ -16,17 +17,18 @@ namespace ui::qt {
 
 namespace {
 
-/// The pixel under a position. Rounding it would put the far half of a cell's last pixel into the next cell.
-QPoint PixelAt(const QPointF& position) {
-    return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
+bool IsWhole(qreal scale) {
+    return scale == std::floor(scale);
 }
 
-/// The picture's memory as an image; nothing is copied.
-QImage ImageOver(const Picture& picture) {
-    return {
-        reinterpret_cast<const uchar*>(picture.row(0)), picture.width(), picture.height(),
-        static_cast<qsizetype>(picture.width()) * static_cast<qsizetype>(sizeof(Pixel)),
-        QImage::Format_RGB32};
+QRect RectOf(const Rect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+/// The rectangle between two places, each of them moved to a whole one.
+QRect WholeRect(const QRectF& rect) {
+    const QPoint end = WholePixels(rect.bottomRight());
+    return {WholePixels(rect.topLeft()), end - QPoint(1, 1)};
 }
 
 } // namespace
@@ -34,7 +36,7 @@ QImage ImageOver(const Picture& picture) {
 PictureWidget::PictureWidget(QWidget* parent)
     : QWidget(parent) {
     InstallAccess<PictureWidget, PictureAccess>();
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAutoFillBackground(true);
     setFocusPolicy(Qt::NoFocus);
     setContextMenuPolicy(Qt::PreventContextMenu);
     fitPicture();
@@ -44,6 +46,34 @@ void PictureWidget::setPicture(const Picture* picture) {
     m_picture = picture;
     fitPicture();
     update();
+}
+
+void PictureWidget::setBlock(int side, std::optional<int> pixels) {
+    m_block = side;
+    m_fixedBlockPixels = pixels;
+    fitPicture();
+}
+
+void PictureWidget::setView(int top, int height, QPoint shift) {
+    if (top == m_viewTop && height == m_viewHeight && shift == m_viewShift) {
+        return;
+    }
+    m_viewTop = top;
+    m_viewHeight = height;
+    m_viewShift = shift;
+    fitPicture();
+    placeView();
+}
+
+QSize PictureWidget::viewSize() const {
+    return sizeOf(viewPart().width, viewPart().height);
+}
+
+Rect PictureWidget::viewPart() const {
+    if (m_picture == nullptr) {
+        return {};
+    }
+    return m_viewHeight == 0 ? m_picture->bounds() : Rect{0, m_viewTop, m_picture->width(), m_viewHeight};
 }
 
 void PictureWidget::setPointer(int style) {
@@ -60,12 +90,15 @@ void PictureWidget::setPointer(int style) {
 }
 
 void PictureWidget::showDamage(const Rect& damage) {
-    fitPicture();
-    if (!damage.empty()) {
-        update(damage.x, damage.y, damage.width, damage.height);
-        if (QAccessible::isActive()) {
-            announceCells(damage);
-        }
+    if (damage.empty() || m_picture == nullptr) {
+        return;
+    }
+    if (minimumSize() != sizeOf(m_picture->width(), m_picture->height())) {
+        fitPicture();
+    }
+    update(areaOf(damage));
+    if (QAccessible::isActive()) {
+        announceCells(damage);
     }
 }
 
@@ -76,7 +109,71 @@ int PictureWidget::cellIndex(int row, int column) const {
 }
 
 QRect PictureWidget::cellRect(int row, int column) const {
+    return WholeRect(placeOf(cellPart(row, column)));
+}
+
+Rect PictureWidget::cellPart(int row, int column) const {
     return {(column - 1) * m_cells.side, (row - 1) * m_cells.side, m_cells.side, m_cells.side};
+}
+
+void PictureWidget::pressCell(int row, int column) {
+    const QPoint middle = RectOf(cellPart(row, column)).center();
+    Q_EMIT pressed(middle, Qt::LeftButton);
+}
+
+bool PictureWidget::isInView(const Rect& part) const {
+    return RectOf(viewPart()).contains(RectOf(part));
+}
+
+qreal PictureWidget::pixelSide() const {
+    return m_blockPixels / (m_block * m_scale);
+}
+
+QSize PictureWidget::sizeOf(int width, int height) const {
+    // A little less, so that what is whole but for the error of the division is not taken for more.
+    const auto extent = [this](int pixels, int shift) {
+        return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - 1e-6));
+    };
+    return {extent(width, m_viewShift.x()), extent(height, m_viewShift.y())};
+}
+
+QRectF PictureWidget::placeOf(const Rect& part) const {
+    const qreal side = pixelSide();
+    // The view begins at the upper edge of the parent, the widget at a whole logical pixel next to that.
+    const qreal top = m_viewHeight == 0 ? 0 : -m_viewTop * side - y();
+    return QRectF(part.x * side, top + part.y * side, part.width * side, part.height * side)
+        .translated(QPointF(m_viewShift) / m_scale);
+}
+
+QRect PictureWidget::areaOf(const Rect& part) const {
+    const QRectF place = placeOf(part);
+    // Where logical pixels end within pixels of the screen, whatever shows an area may take or leave them.
+    const qreal margin = IsWhole(m_scale) ? 0 : 1 / m_scale;
+    return place.adjusted(-margin, -margin, margin, margin).toAlignedRect();
+}
+
+QPoint PictureWidget::originAt(const QPointF& corner, qreal scale) const {
+    if (m_viewHeight == 0) {
+        return WholePixels(corner);
+    }
+    return WholePixels(corner - QPointF(0, y() * scale)) + m_viewShift -
+           QPoint(0, WholePixel(m_viewTop * pixelSide() * scale));
+}
+
+QRect PictureWidget::pixelsOf(const Rect& part, const QPointF& corner, qreal scale) const {
+    const qreal side = pixelSide() * scale;
+    return WholeRect({part.x * side, part.y * side, part.width * side, part.height * side})
+        .translated(originAt(corner, scale));
+}
+
+QPoint PictureWidget::pixelAt(const QPointF& position) const {
+    const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * m_scale;
+    const QPointF fromOrigin =
+        (corner + position * m_scale - originAt(corner, m_scale)) / (pixelSide() * m_scale);
+    // Rounding it would put the far half of a cell's last pixel into the next cell.
+    return {
+        static_cast<int>(std::floor(fromOrigin.x() + 1e-6)),
+        static_cast<int>(std::floor(fromOrigin.y() + 1e-6))};
 }
 
 void PictureWidget::setCurrentCell(int row, int column) {
@@ -129,9 +226,32 @@ void PictureWidget::announceRows() {
 }
 
 void PictureWidget::fitPicture() {
-    const QSize wanted = m_picture == nullptr ? QSize(0, 0) : QSize(m_picture->width(), m_picture->height());
-    if (minimumSize() != wanted || maximumSize() != wanted) {
+    const qreal scale = devicePixelRatioF();
+    const int blockPixels =
+        m_fixedBlockPixels ? *m_fixedBlockPixels : BlockPixels(m_block, scale, screen()->size());
+    const bool isScaled = scale != m_scale || blockPixels != m_blockPixels;
+    m_scale = scale;
+    m_blockPixels = blockPixels;
+    // The background shows in the pixels of the screen that the widget has in part or too many.
+    setAttribute(Qt::WA_OpaquePaintEvent, IsWhole(scale));
+    const QSize wanted = m_picture == nullptr ? QSize(0, 0) : sizeOf(m_picture->width(), m_picture->height());
+    if (isScaled || minimumSize() != wanted || maximumSize() != wanted) {
         setFixedSize(wanted);
+        placeView();
+        update();
+        Q_EMIT fitted();
+    }
+}
+
+void PictureWidget::placeView() {
+    if (m_viewHeight == 0) {
+        return;
+    }
+    move(0, -static_cast<int>(std::floor(m_viewTop * pixelSide() + 1e-6)));
+    if (!IsWhole(m_scale)) {
+        // Moved by other than whole pixels of the screen, nothing of what it shows can stay.
+        update();
+        Q_EMIT fitted();
     }
 }
 
@@ -140,10 +260,14 @@ bool PictureWidget::event(QEvent* event) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         return showToolTip(help->pos(), help->globalPos());
     }
+    if (m_picture != nullptr && (event->type() == QEvent::Show || TellsOfAnotherScale(*event))) {
+        fitPicture();
+    }
     return QWidget::event(event);
 }
 
-bool PictureWidget::showToolTip(const QPoint& pixel, const QPoint& global) {
+bool PictureWidget::showToolTip(const QPoint& position, const QPoint& global) {
+    const QPoint pixel = pixelAt(position);
     const int row = pixel.y() / m_cells.side + 1;
     const int column = pixel.x() / m_cells.side + 1;
     // It goes as soon as the pointer leaves the cell that it is about.
@@ -168,28 +292,29 @@ void PictureWidget::focusInEvent(QFocusEvent* /*event*/) {
     }
 }
 
-void PictureWidget::paintEvent(QPaintEvent* event) {
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
     if (m_picture == nullptr || m_picture->empty()) {
         return;
     }
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    // Drawn whole under the clip of the event: where the screen's scale is not a whole number, a part drawn
-    // by itself would be rounded to other pixels than the same part of the whole.
-    painter.setClipRegion(event->region());
-    painter.drawImage(QPoint(0, 0), ImageOver(*m_picture));
+    const qreal scale = DeviceScale(painter);
+    PaintFrom(painter, originAt(DeviceCorner(painter), scale), pixelSide() * scale);
+    // All that is in view, under the clip of the event: a part by itself would be rounded to other pixels.
+    const QRect shown = RectOf(viewPart());
+    painter.drawImage(shown, ImageOver(*m_picture), shown);
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
-    Q_EMIT pressed(PixelAt(event->position()), event->button());
+    Q_EMIT pressed(pixelAt(event->position()), event->button());
 }
 
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    Q_EMIT pressed(PixelAt(event->position()), event->button());
+    Q_EMIT pressed(pixelAt(event->position()), event->button());
 }
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
-    Q_EMIT pointerMoved(PixelAt(event->position()), event->buttons());
+    Q_EMIT pointerMoved(pixelAt(event->position()), event->buttons());
 }
 
 void PictureWidget::leaveEvent(QEvent* /*event*/) {

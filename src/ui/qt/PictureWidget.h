@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 namespace ui::qt {
 
@@ -24,11 +25,12 @@ struct PictureCells {
     bool canBePressed = true;                             ///< whether a press on a cell does something
 };
 
-/// Shows a picture, one picture pixel a logical pixel, straight from the picture's memory. On a screen that
-/// is scaled every picture pixel stays one block. As large as its picture.
+/// Shows a picture, one picture pixel a logical pixel, straight from the picture's memory. As large as its
+/// picture. On a screen that is scaled, every block of the picture (see setBlock) is drawn with the same
+/// whole number of the screen's pixels, see BlockPixels; where that is not the scale itself, the widget is
+/// larger or smaller than its picture has pixels, and its last pixel may be background in part.
 ///
-/// Inside a smaller parent the parent shows the part of it that its position brings into view; moving it
-/// repaints only what comes into view.
+/// Rectangles and positions of the picture are in its own pixels, whatever the scale.
 class PictureWidget final : public QWidget {
     Q_OBJECT
 
@@ -39,6 +41,19 @@ public:
     void setPicture(const Picture* picture);
 
     [[nodiscard]] const Picture* picture() const { return m_picture; }
+
+    /// Tells the side of the squares that the picture is made of, in its pixels: an artwork that was enlarged
+    /// has one for each of its own pixels. 1 at first. They are drawn with `pixels` pixels of the screen, or
+    /// with as many as BlockPixels says.
+    void setBlock(int side, std::optional<int> pixels = std::nullopt);
+
+    /// Shows only a part of the picture, `height` pixels from `top` on, which begins at the left upper corner
+    /// of its parent, or `shift` pixels of the screen away from it. Another `top` repaints only what comes
+    /// into view.
+    void setView(int top, int height, QPoint shift = {});
+
+    /// What the part in view takes of its parent, in logical pixels.
+    [[nodiscard]] QSize viewSize() const;
 
     /// Shows a part of the picture again after it was painted into.
     void showDamage(const Rect& damage);
@@ -56,7 +71,23 @@ public:
     /// The index of a cell counted row by row from 0; -1 for a cell that is not in use.
     [[nodiscard]] int cellIndex(int row, int column) const;
 
+    /// Where a cell is, in logical pixels.
     [[nodiscard]] QRect cellRect(int row, int column) const;
+
+    /// The part of the picture that is a cell.
+    [[nodiscard]] Rect cellPart(int row, int column) const;
+
+    /// Acts as if the cell were pressed.
+    void pressCell(int row, int column);
+
+    [[nodiscard]] bool isInView(const Rect& part) const;
+
+    /// The least area in logical pixels that shows a part of the picture.
+    [[nodiscard]] QRect areaOf(const Rect& part) const;
+
+    /// The pixels of a screen that show a part of the picture. The widget begins at `corner` of that screen,
+    /// one logical pixel is `scale` of its pixels.
+    [[nodiscard]] QRect pixelsOf(const Rect& part, const QPointF& corner, qreal scale) const;
 
     /// Says which cell the cursor is in; 0, 0 for none. Moves no marker.
     void setCurrentCell(int row, int column);
@@ -72,6 +103,9 @@ public:
     void setHoverTracking(bool on) { setMouseTracking(on); }
 
 Q_SIGNALS:
+    /// Its size or the place of its cells has changed: the picture is another, or the screen.
+    void fitted();
+
     /// A mouse button went down on a pixel of the picture. The second press of a double click is one too.
     void pressed(QPoint pixel, Qt::MouseButton button);
 
@@ -91,11 +125,25 @@ protected:
 
 private:
     void fitPicture();
+    void placeView();
+    [[nodiscard]] Rect viewPart() const;
+    [[nodiscard]] qreal pixelSide() const; ///< of a pixel of the picture, in logical pixels
+    [[nodiscard]] QSize sizeOf(int width, int height) const;
+    [[nodiscard]] QRectF placeOf(const Rect& part) const;
+    [[nodiscard]] QPoint originAt(const QPointF& corner, qreal scale) const;
+    [[nodiscard]] QPoint pixelAt(const QPointF& position) const;
     void announceCurrentCell();
     void announceCells(const Rect& damage);
-    bool showToolTip(const QPoint& pixel, const QPoint& global);
+    bool showToolTip(const QPoint& position, const QPoint& global);
 
     const Picture* m_picture = nullptr;
+    int m_block = 1;
+    qreal m_scale = 1;     ///< of the screen
+    int m_blockPixels = 1; ///< of the screen, for a side of a block
+    std::optional<int> m_fixedBlockPixels;
+    int m_viewTop = 0;
+    int m_viewHeight = 0; ///< 0: the whole picture is in view
+    QPoint m_viewShift;   ///< in pixels of the screen
     PictureCells m_cells;
     int m_currentRow = 0;
     int m_currentColumn = 0;

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/WholePixels.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QtMath>
+#include <algorithm>
+
+namespace ui::qt {
+
+namespace {
+
+constexpr QSize PlannedScreen(800, 600);
+
+/// Scales such as 1.1 are not exact. Much smaller than what is seen, much larger than their error.
+constexpr qreal Tolerance = 1.0 / 4096;
+
+} // namespace
+
+int BlockPixels(int block, qreal scale, const QSize& screen) {
+    const qreal wanted = block * scale;
+    const int nearest = WholePixel(wanted);
+    const bool hasRoom = screen.width() * wanted >= PlannedScreen.width() * nearest &&
+                         screen.height() * wanted >= PlannedScreen.height() * nearest;
+    return std::max(nearest <= wanted + Tolerance || hasRoom ? nearest : nearest - 1, 1);
+}
+
+int WholePixel(qreal place) {
+    return qFloor(place + 0.5 + Tolerance);
+}
+
+QPoint WholePixels(const QPointF& place) {
+    return {WholePixel(place.x()), WholePixel(place.y())};
+}
+
+bool TellsOfAnotherScale(const QEvent& event) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    if (event.type() == QEvent::DevicePixelRatioChange) {
+        return true;
+    }
+#endif
+    return event.type() == QEvent::ScreenChangeInternal;
+}
+
+QImage ImageOver(const Picture& picture) {
+    return {
+        reinterpret_cast<const uchar*>(picture.row(0)), picture.width(), picture.height(),
+        static_cast<qsizetype>(picture.width()) * static_cast<qsizetype>(sizeof(Pixel)),
+        QImage::Format_RGB32};
+}
+
+QPointF DeviceCorner(const QPainter& painter) {
+    const QTransform& transform = painter.deviceTransform();
+    return {transform.dx(), transform.dy()};
+}
+
+qreal DeviceScale(const QPainter& painter) {
+    return painter.deviceTransform().m11();
+}
+
+void PaintFrom(QPainter& painter, const QPointF& corner, qreal unit) {
+    const qreal scale = DeviceScale(painter);
+    painter.translate((corner - DeviceCorner(painter)) / scale);
+    painter.scale(unit / scale, unit / scale);
+}
+
+} // namespace ui::qt
