@@ -3,6 +3,8 @@
 #include "animation/frmRankings.h"
 
 #include "glyphs/GlyphWords.h"
+#include "ui/qt/PictureWidget.h"
+#include "ui/qt/WholePixels.h"
 #include "ui_frmRankings.h"
 
 #include <QAccessible>
@@ -23,12 +25,16 @@ namespace {
 
 /// The painted rows of the names in use, copied.
 QImage RowsInUse(const ui::Picture& painted, int names) {
-    const int rows = std::min(names * glyphs::CellSide, painted.height());
-    QImage image(painted.width(), rows, QImage::Format_RGB32);
-    for (int y = 0; y < rows; ++y) {
-        std::copy_n(painted.row(y), painted.width(), reinterpret_cast<QRgb*>(image.scanLine(y)));
+    return ui::qt::ImageOver(painted).copy(0, 0, painted.width(), names * glyphs::CellSide);
+}
+
+ui::Picture PictureOf(const QImage& image) {
+    const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
+    ui::Picture picture(opaque.width(), opaque.height());
+    for (int y = 0; y < opaque.height(); ++y) {
+        std::copy_n(reinterpret_cast<const QRgb*>(opaque.constScanLine(y)), opaque.width(), picture.row(y));
     }
-    return image;
+    return picture;
 }
 
 QRect RectOf(const ui::Rect& rect) {
@@ -58,6 +64,9 @@ frmRankings::frmRankings(
     QPalette black = palette();
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
+
+    // The screenshot shows in the pixels of the screen that the frame has in part.
+    m_form->AniPic->setAutoFillBackground(false);
 
     loadScreenShot(screenShot);
     connectControls();
@@ -105,6 +114,14 @@ void frmRankings::showEvent(QShowEvent* event) {
     }
 }
 
+bool frmRankings::event(QEvent* event) {
+    const bool isDone = QDialog::event(event);
+    if (ui::qt::TellsOfAnotherScale(*event)) {
+        Form_Resize();
+    }
+    return isDone;
+}
+
 void frmRankings::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     Form_Resize();
@@ -121,31 +138,42 @@ void frmRankings::Form_Resize() {
                        .playerWidth = player.width(),
                        .playerHeight = player.height(),
                        .devicePixelRatio = devicePixelRatioF()}));
-    const QPixmap screenShot = m_form->picScreenShot->pixmap();
-    if (!m_screenShot.isNull() &&
-        (screenShot.isNull() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce ||
-         screenShot.devicePixelRatio() != devicePixelRatioF())) {
-        m_form->picScreenShot->setPixmap(scaled(m_screenShot));
+    if (m_shownNames.empty() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce) {
+        scalePictures();
     }
-    m_form->picScreenShot->setGeometry(RectOf(m_layout.screenShot));
+    m_form->picScreenShot->move(m_layout.screenShot.x, m_layout.screenShot.y);
     m_form->AniPicBox->setGeometry(RectOf(m_layout.strip));
     m_form->picPlayer->setGeometry(RectOf(m_layout.player));
     m_form->cmdQuit->setGeometry(RectOf(m_layout.quit));
     showName();
 }
 
-QPixmap frmRankings::scaled(const QImage& image) const {
-    // A screen whose scale is not a whole number would smooth a picture that has other pixels than its own.
-    const qreal screenScale = devicePixelRatioF();
-    const QSize size =
-        (QSizeF(image.size()) * screenScale * m_layout.enlarge / (m_layout.reduce * m_layout.pixelRatio))
-            .toSize();
+void frmRankings::scalePictures() {
+    const int enlarge = m_layout.enlarge;
+    const int reduce = m_layout.reduce;
     // Enlarged pixels stay blocks; where several become one they are blended.
-    QPixmap pixmap = QPixmap::fromImage(image.scaled(
-        size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
-        m_layout.reduce > 1 ? Qt::SmoothTransformation : Qt::FastTransformation));
-    pixmap.setDevicePixelRatio(screenScale);
-    return pixmap;
+    const bool areBlended = reduce > enlarge;
+    const auto scaled = [=](const QImage& image) {
+        return areBlended ? image.scaled(
+                                (QSizeF(image.size()) / reduce).toSize().expandedTo({1, 1}),
+                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                          : image;
+    };
+    m_shownScreenShot = m_screenShot.isNull() ? ui::Picture() : PictureOf(scaled(m_screenShot));
+    const int names = m_names.height() / glyphs::CellSide;
+    const QSize one = scaled(strip(1)).size();
+    QImage all(one.width(), names * one.height(), QImage::Format_RGB32);
+    QPainter painter(&all);
+    for (int name = 1; name <= names; ++name) {
+        painter.drawImage(0, (name - 1) * one.height(), scaled(strip(name)));
+    }
+    painter.end();
+    m_shownNames = PictureOf(all);
+    for (ui::qt::PictureWidget* const shown : {m_form->picScreenShot, m_form->AniPic}) {
+        shown->setBlock(areBlended ? 1 : reduce, areBlended ? 1 : enlarge);
+    }
+    m_form->picScreenShot->setPicture(&m_shownScreenShot);
+    m_form->AniPic->setPicture(&m_shownNames);
 }
 
 /// A name over the part of the screenshot that the strip covers.
@@ -161,14 +189,8 @@ QImage frmRankings::strip(int name) const {
 
 void frmRankings::showName() {
     const int name = m_preview.shownName();
-    const int height = m_layout.strip.height;
-    // As tall as all names, but with pixels for the one in view only: so many may be more than the memory
-    // holds.
-    QLabel& picture = *m_form->AniPic;
-    picture.setContentsMargins(0, (name - 1) * height, 0, 0);
-    picture.setPixmap(m_layout.strip.empty() ? QPixmap() : scaled(strip(name)));
-    picture.setGeometry(
-        0, -(name - 1) * height, m_layout.strip.width, m_names.height() / glyphs::CellSide * height);
+    const int height = m_shownNames.height() * glyphs::CellSide / m_names.height();
+    m_form->AniPic->setView((name - 1) * height, height, {m_layout.insetX, m_layout.insetY});
     // While it plays no voice could keep up.
     if (QAccessible::isActive() && !m_preview.playing()) {
         m_form->AniPic->setAccessibleDescription(

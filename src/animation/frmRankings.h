@@ -38,13 +38,14 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void loadScreenShot(const std::string& setting);
     void connectControls();
     void Form_Resize();
-    [[nodiscard]] QPixmap scaled(const QImage& image) const;
+    void scalePictures();
     [[nodiscard]] QImage strip(int name) const;
     void showName();
     void followPlaying();
@@ -65,6 +66,8 @@ private:
     AniPreview m_preview;
     QImage m_names;      ///< the rows in use as they were painted
     QImage m_screenShot; ///< null: there is none
+    ui::Picture m_shownNames;
+    ui::Picture m_shownScreenShot;
     RankingsLayout m_layout;
     QTimer* AniTimer;
     QElapsedTimer m_clock;    ///< runs from the beginning of the playing

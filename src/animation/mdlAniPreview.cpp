@@ -4,8 +4,10 @@
 
 #include "animation/Texts.h"
 #include "glyphs/mdlPaint.h"
+#include "ui/WholePixel.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -30,21 +32,29 @@ constexpr int BoardLineY = 176;
 constexpr int QuitDistance = 40;
 constexpr int QuitSide = 34;
 
-/// The pixels of the screen that can be counted in: a row of the strip is a whole number of the window's
-/// pixels high, whatever the factor.
-int WholePixelRatio(double devicePixelRatio) {
-    for (const int ratio : {2, 4}) {
-        if (devicePixelRatio == ratio) {
-            return ratio;
-        }
-    }
-    return 1;
-}
-
 /// The greatest multiple of `step` that is not above `value`, which may be negative.
 std::int64_t RoundedDown(std::int64_t value, std::int64_t step) {
     const std::int64_t rest = value % step;
     return value - (rest < 0 ? rest + step : rest);
+}
+
+/// The window's pixels that hold some of the screen's.
+struct Frame {
+    int begin = 0;
+    int length = 0;
+    int inset = 0; ///< of the screen's pixels, before the first that is held
+};
+
+/// The frame of `length` pixels of the screen that begin `offset` pixels after a pixel of the window.
+Frame FrameOf(int pixel, int offset, int length, double ratio) {
+    const int first = ui::WholePixel(pixel * ratio) + offset;
+    Frame frame;
+    frame.begin = static_cast<int>(std::floor(first / ratio + ui::PixelTolerance));
+    frame.inset = first - ui::WholePixel(frame.begin * ratio);
+    if (length > 0) {
+        frame.length = static_cast<int>(std::ceil((frame.inset + length) / ratio - ui::PixelTolerance));
+    }
+    return frame;
 }
 
 } // namespace
@@ -120,19 +130,23 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     const int playerTop = sizes.windowHeight * 9 / 10;
 
     RankingsLayout layout;
-    layout.pixelRatio = WholePixelRatio(sizes.devicePixelRatio);
-    const std::int64_t across = std::max(sizes.windowWidth, 1) * layout.pixelRatio;
-    const std::int64_t room = std::max(playerTop - top, 1) * layout.pixelRatio;
+    const double ratio = sizes.devicePixelRatio;
+    const auto across = static_cast<std::int64_t>(std::max(sizes.windowWidth, 1) * ratio);
+    const auto room = static_cast<std::int64_t>(std::max(playerTop - top, 1) * ratio);
     // The name is to be seen whole too, and may be larger than the screenshot.
     const std::int64_t wanted = std::max(width, width - 2 * lineX);
     const std::int64_t wantedRoom = std::max(height, lineY + StripHeight);
-    layout.enlarge =
-        static_cast<int>(std::max<std::int64_t>(std::min(across / wanted, room / wantedRoom), 1));
-    layout.reduce =
-        static_cast<int>(std::max((wanted + across - 1) / across, (wantedRoom + room - 1) / room));
-    const int divisor = layout.reduce * layout.pixelRatio;
-    const auto scaled = [&layout, divisor](std::int64_t pixels) {
-        return static_cast<int>((pixels * layout.enlarge + divisor / 2) / divisor);
+    const std::int64_t parts = ratio == std::floor(ratio) ? 1 : 2;
+    const std::int64_t enlarged = std::min(across * parts / wanted, room * parts / wantedRoom);
+    if (enlarged >= parts) {
+        layout.enlarge = static_cast<int>(enlarged / std::gcd(enlarged, parts));
+        layout.reduce = static_cast<int>(parts / std::gcd(enlarged, parts));
+    } else {
+        layout.reduce =
+            static_cast<int>(std::max((wanted + across - 1) / across, (wantedRoom + room - 1) / room));
+    }
+    const auto scaled = [&layout, ratio](std::int64_t pixels) {
+        return ui::WholePixel(static_cast<double>(pixels * layout.enlarge) / (layout.reduce * ratio));
     };
     const auto centred = [&sizes](int pixels) {
         return (sizes.windowWidth - pixels) / 2;
@@ -142,17 +156,21 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     if (hasScreenShot) {
         layout.screenShot = {left, top, scaled(width), scaled(height)};
     }
-    // From one whole pixel of the window to another: there the screenshot's pixels begin and end as well.
+    // From one whole pixel of the screen to another: there the screenshot's pixels begin and end as well.
     // A name that is smaller than a pixel is not shown.
-    const std::int64_t step = layout.reduce > StripHeight ? 1 : divisor / std::gcd(layout.enlarge, divisor);
+    const std::int64_t step = layout.reduce > StripHeight ? 1 : layout.reduce;
     const std::int64_t x = RoundedDown(lineX, step);
     const std::int64_t y = RoundedDown(lineY, step);
     const std::int64_t right = RoundedDown(lineX + StripWidth + step - 1, step);
     const std::int64_t bottom = RoundedDown(lineY + StripHeight + step - 1, step);
-    const auto exactly = [&layout, divisor](std::int64_t pixels) {
-        return static_cast<int>(pixels * layout.enlarge / divisor);
+    const auto exactly = [&layout](std::int64_t pixels) {
+        return static_cast<int>(pixels * layout.enlarge / layout.reduce);
     };
-    layout.strip = {left + exactly(x), top + exactly(y), exactly(right - x), exactly(bottom - y)};
+    const Frame columns = FrameOf(left, exactly(x), exactly(right - x), ratio);
+    const Frame rows = FrameOf(top, exactly(y), exactly(bottom - y), ratio);
+    layout.strip = {columns.begin, rows.begin, columns.length, rows.length};
+    layout.insetX = columns.inset;
+    layout.insetY = rows.inset;
     layout.underStrip = {
         static_cast<int>(x), static_cast<int>(y), static_cast<int>(right - x), static_cast<int>(bottom - y)};
     layout.nameX = static_cast<int>(lineX - x);

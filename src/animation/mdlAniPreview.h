@@ -88,11 +88,12 @@ struct RankingsSizes {
 
 /// Where everything stands in the preview's window.
 struct RankingsLayout {
-    int enlarge = 1;    ///< screenshot and strip have so many pixels of the screen for one of their pictures,
-    int reduce = 1;     ///< or one for so many; one of both is 1
-    int pixelRatio = 1; ///< how many pixels of the screen they have for one of the window
+    int enlarge = 1;     ///< screenshot and strip have so many pixels of the screen
+    int reduce = 1;      ///< for so many of their pictures
     ui::Rect screenShot; ///< empty: there is none
     ui::Rect strip;      ///< the one-name frame over the line of the board where the player's name stands
+    int insetX = 0; ///< where in the frame the strip begins, in pixels of the screen: less than a pixel of
+    int insetY = 0; ///< the window
     ui::Rect
         underStrip; ///< what it covers of the screenshot, in the screenshot's pixels, also beyond its edge
     int nameX = 0;  ///< where in that part the name stands, in the same pixels
@@ -102,8 +103,10 @@ struct RankingsLayout {
 };
 
 /// Nothing in it is larger than the window, however small or large the screenshot is, unless the player
-/// buttons are. Where a name's edges would fall between two pixels of the window the strip reaches to the
-/// next whole ones.
+/// buttons are. Pictures are enlarged and reduced by whole numbers, so that their pixels are alike on the
+/// screen; where the scale of the screen is none, by one and a half and so on too: the program's own pictures
+/// are made of pairs of pixels. Where a name's edges would fall between two pixels of the screen the strip
+/// reaches to the next whole ones.
 [[nodiscard]] RankingsLayout LayOutRankings(const RankingsSizes& sizes);
 
 /// How many ticks are due `milliseconds` after playing began, when `passed` have been stepped. A clock that

@@ -4,10 +4,10 @@
 
 #include "animation/AnimationDesk.h"
 #include "animation/FormTest.h"
+#include "ui/qt/PictureWidget.h"
 
 #include <QElapsedTimer>
 #include <QImage>
-#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
@@ -55,7 +55,7 @@ struct Rankings : testing::Test {
 
     /// The name in the strip, told from where the copied picture stands.
     [[nodiscard]] int shownName() const {
-        const auto& picture = hand().find<QLabel>("AniPic");
+        const auto& picture = hand().find<ui::qt::PictureWidget>("AniPic");
         const int row = hand().find<QWidget>("AniPicBox").height();
         EXPECT_EQ(picture.x(), 0);
         EXPECT_EQ(picture.y() % row, 0);
@@ -129,8 +129,8 @@ TEST_F(Rankings, EnlargeScreenshotAndStripTogether) {
     EXPECT_EQ(geometry("picScreenShot"), QRect(60, 130, 1280, 960));
     EXPECT_EQ(geometry("AniPicBox"), QRect(60 + 480, 130 + 352, 480, 32));
     hand().click("cmdToEnd");
-    EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -14 * 32);
-    EXPECT_EQ(hand().find<QLabel>("AniPic").size(), QSize(480, 15 * 32));
+    EXPECT_EQ(hand().find<ui::qt::PictureWidget>("AniPic").y(), -14 * 32);
+    EXPECT_EQ(hand().find<ui::qt::PictureWidget>("AniPic").size(), QSize(480, 15 * 32));
 }
 
 TEST_F(Rankings, ReduceAScreenshotThatIsLargerThanTheWindow) {
@@ -139,7 +139,7 @@ TEST_F(Rankings, ReduceAScreenshotThatIsLargerThanTheWindow) {
     EXPECT_EQ(geometry("picScreenShot"), QRect(32, 76, 960, 540));
     EXPECT_EQ(geometry("AniPicBox"), QRect(32 + 420, 76 + 198, 120, 8));
     hand().click("cmdToEnd");
-    EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -14 * 8);
+    EXPECT_EQ(hand().find<ui::qt::PictureWidget>("AniPic").y(), -14 * 8);
 }
 
 TEST_F(Rankings, ShowEachNameAloneOverAScreenshotThatIsReducedByThree) {
@@ -154,7 +154,7 @@ TEST_F(Rankings, ShowEachNameAloneOverAScreenshotThatIsReducedByThree) {
     EXPECT_EQ(strip, QRect(320 + 600, 108 + 264, 80, 6));
     for (int name = 1; name <= 90; ++name) {
         hand().click("cmdForward");
-        EXPECT_EQ(hand().find<QLabel>("AniPic").y(), -(name - 1) * strip.height());
+        EXPECT_EQ(hand().find<ui::qt::PictureWidget>("AniPic").y(), -(name - 1) * strip.height());
         const QImage shown = hand().find<QWidget>("AniPicBox").grab().toImage();
         const int code = 33 + 2 * name;
         for (const int y : {1, 4}) {
@@ -169,18 +169,19 @@ TEST_F(Rankings, ShowEachNameAloneOverAScreenshotThatIsReducedByThree) {
     }
 }
 
-TEST_F(Rankings, HoldOneNameOnlyInThePixelsOfTheScreen) {
+TEST_F(Rankings, HoldTheNamesInTheirOwnPixels) {
     desk.animation().nameCount = 90;
     desk.fillNames(90);
     for (const int side : {1, 16, 64}) {
         putScreenShot("tiny.bmp", side, side);
         open("tiny.bmp", {1920, 1080});
         hand().click("cmdToEnd");
-        const auto& picture = hand().find<QLabel>("AniPic");
+        const auto& picture = hand().find<ui::qt::PictureWidget>("AniPic");
         const QRect strip = geometry("AniPicBox");
         EXPECT_TRUE(form->rect().contains(strip)) << side;
         EXPECT_EQ(picture.y(), -89 * strip.height());
-        EXPECT_EQ(picture.pixmap().deviceIndependentSize().toSize(), strip.size());
+        EXPECT_EQ(picture.picture()->width(), 240) << "they are not enlarged there";
+        EXPECT_EQ(picture.picture()->height(), 90 * 16);
         const QImage shown =
             hand().find<QWidget>("AniPicBox").grab().toImage().convertToFormat(QImage::Format_RGB32);
         EXPECT_EQ(shown.scaled(240, 16), paintedName(90)) << side;

@@ -4,6 +4,7 @@
 
 #include "animation/mdlAniName.h"
 #include "support/FakePlatform.h"
+#include "ui/WholePixel.h"
 
 #include <gtest/gtest.h>
 
@@ -332,17 +333,47 @@ TEST(LayOutRankings, CountsInThePixelsOfAScreenOfHighResolution) {
     RankingsLayout layout = layoutOf(640, 512, 2);
     EXPECT_EQ(layout.enlarge, 1);
     EXPECT_EQ(layout.reduce, 1);
-    EXPECT_EQ(layout.pixelRatio, 2);
     EXPECT_EQ(layout.screenShot, (ui::Rect{160, 51, 320, 240}));
     EXPECT_EQ(layout.strip, (ui::Rect{160 + 120, 51 + 88, 120, 8}));
     layout = layoutOf(1280, 1024, 2);
     EXPECT_EQ(layout.enlarge, 3);
     EXPECT_EQ(layout.screenShot, (ui::Rect{160, 102, 960, 720}));
     EXPECT_EQ(layout.strip, (ui::Rect{160 + 360, 102 + 264, 360, 24}));
-    for (const double ratio : {1.0, 1.25, 1.5, 3.0}) {
-        layout = layoutOf(1280, 1024, ratio);
-        EXPECT_EQ(layout.pixelRatio, 1) << ratio;
-        EXPECT_EQ(layout.screenShot, (ui::Rect{320, 102, 640, 480})) << ratio;
+    layout = layoutOf(1280, 1024, 3);
+    EXPECT_EQ(layout.enlarge, 5);
+    EXPECT_EQ(layout.reduce, 1);
+    EXPECT_EQ(layout.screenShot, (ui::Rect{106, 102, 1067, 800}));
+}
+
+TEST(LayOutRankings, MakesPairsOfPixelsWholeWhereTheScaleIsNot) {
+    struct Case {
+        double ratio;
+        int width;
+        int height;
+        int enlarge;
+        int reduce;
+        ui::Rect screenShot;
+    };
+
+    for (const Case& expected : {
+             Case{1.25, 1024, 768, 3, 2, {128, 76, 768, 576}},
+             Case{1.5, 1024, 768, 3, 2, {192, 76, 640, 480}},
+             Case{1.75, 1024, 768, 2, 1, {146, 76, 731, 549}},
+             Case{1.25, 1280, 1024, 2, 1, {128, 102, 1024, 768}},
+             Case{1.25, 600, 800, 1, 1, {44, 80, 512, 384}},
+             Case{1.25, 500, 800, 1, 2, {122, 80, 256, 192}},
+         }) {
+        const RankingsLayout layout = LayOutRankings(
+            {.windowWidth = expected.width,
+             .windowHeight = expected.height,
+             .screenShotWidth = 640,
+             .screenShotHeight = 480,
+             .playerWidth = 500,
+             .playerHeight = 30,
+             .devicePixelRatio = expected.ratio});
+        EXPECT_EQ(layout.enlarge, expected.enlarge) << expected.ratio;
+        EXPECT_EQ(layout.reduce, expected.reduce) << expected.ratio;
+        EXPECT_EQ(layout.screenShot, expected.screenShot) << expected.ratio;
     }
 }
 
@@ -427,17 +458,30 @@ TEST(LayOutRankings, CoversTheExactPlaceOfTheNameWhateverTheScreenshotIsReducedB
     EXPECT_EQ(layout.underStrip, (ui::Rect{1803, 795, 240, 18}));
     EXPECT_EQ(layout.nameX, 0);
     EXPECT_EQ(layout.nameY, 1);
-    for (const double ratio : {1.0, 1.25, 1.5, 2.0, 4.0}) {
+    for (const double ratio : {1.0, 1.1, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0, 4.0}) {
         for (const auto& [width, height] :
              {std::pair(1, 1), std::pair(16, 16), std::pair(640, 480), std::pair(801, 603),
               std::pair(1921, 1081), std::pair(3840, 2160), std::pair(5001, 7003), std::pair(17, 8000)}) {
             layout = OnFullHd(width, height, ratio);
             const ui::Rect& part = layout.underStrip;
-            const int divisor = layout.reduce * layout.pixelRatio;
-            EXPECT_EQ(part.width * layout.enlarge, layout.strip.width * divisor) << width;
-            EXPECT_EQ(part.height * layout.enlarge, layout.strip.height * divisor) << height;
-            EXPECT_EQ(part.x * layout.enlarge, (layout.strip.x - layout.screenShot.x) * divisor) << width;
-            EXPECT_EQ(part.y * layout.enlarge, (layout.strip.y - layout.screenShot.y) * divisor) << height;
+            const auto expectExact =
+                [&layout, ratio](int begin, int length, int shot, int frame, int frameLength, int inset) {
+                    EXPECT_EQ(begin * layout.enlarge % layout.reduce, 0);
+                    EXPECT_EQ(length * layout.enlarge % layout.reduce, 0);
+                    EXPECT_EQ(
+                        ui::WholePixel(shot * ratio) + begin * layout.enlarge / layout.reduce,
+                        ui::WholePixel(frame * ratio) + inset);
+                    EXPECT_GE(inset, 0);
+                    EXPECT_LE(inset, ratio);
+                    const int end = inset + length * layout.enlarge / layout.reduce;
+                    EXPECT_LE(end, frameLength * ratio);
+                    EXPECT_GT(end, (frameLength - 1) * ratio);
+                };
+            SCOPED_TRACE(testing::Message() << ratio << ' ' << width << ' ' << height);
+            expectExact(
+                part.x, part.width, layout.screenShot.x, layout.strip.x, layout.strip.width, layout.insetX);
+            expectExact(
+                part.y, part.height, layout.screenShot.y, layout.strip.y, layout.strip.height, layout.insetY);
             EXPECT_GE(layout.nameX, 0);
             EXPECT_LE(layout.nameX + 240, part.width);
             EXPECT_GE(layout.nameY, 0);

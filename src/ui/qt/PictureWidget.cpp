@@ -132,7 +132,7 @@ qreal PictureWidget::pixelSide() const {
 QSize PictureWidget::sizeOf(int width, int height) const {
     // A little less, so that what is whole but for the error of the division is not taken for more.
     const auto extent = [this](int pixels, int shift) {
-        return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - 1e-6));
+        return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - PixelTolerance));
     };
     return {extent(width, m_viewShift.x()), extent(height, m_viewShift.y())};
 }
@@ -172,8 +172,8 @@ QPoint PictureWidget::pixelAt(const QPointF& position) const {
         (corner + position * m_scale - originAt(corner, m_scale)) / (pixelSide() * m_scale);
     // Rounding it would put the far half of a cell's last pixel into the next cell.
     return {
-        static_cast<int>(std::floor(fromOrigin.x() + 1e-6)),
-        static_cast<int>(std::floor(fromOrigin.y() + 1e-6))};
+        static_cast<int>(std::floor(fromOrigin.x() + PixelTolerance)),
+        static_cast<int>(std::floor(fromOrigin.y() + PixelTolerance))};
 }
 
 void PictureWidget::setCurrentCell(int row, int column) {
@@ -247,7 +247,7 @@ void PictureWidget::placeView() {
     if (m_viewHeight == 0) {
         return;
     }
-    move(0, -static_cast<int>(std::floor(m_viewTop * pixelSide() + 1e-6)));
+    move(0, -static_cast<int>(std::floor(m_viewTop * pixelSide() + PixelTolerance)));
     if (!IsWhole(m_scale)) {
         // Moved by other than whole pixels of the screen, nothing of what it shows can stay.
         update();

@@ -4,7 +4,6 @@
 
 #include <QEvent>
 #include <QPainter>
-#include <QtMath>
 #include <algorithm>
 
 namespace ui::qt {
@@ -13,9 +12,6 @@ namespace {
 
 constexpr QSize PlannedScreen(800, 600);
 
-/// Scales such as 1.1 are not exact. Much smaller than what is seen, much larger than their error.
-constexpr qreal Tolerance = 1.0 / 4096;
-
 } // namespace
 
 int BlockPixels(int block, qreal scale, const QSize& screen) {
@@ -23,11 +19,7 @@ int BlockPixels(int block, qreal scale, const QSize& screen) {
     const int nearest = WholePixel(wanted);
     const bool hasRoom = screen.width() * wanted >= PlannedScreen.width() * nearest &&
                          screen.height() * wanted >= PlannedScreen.height() * nearest;
-    return std::max(nearest <= wanted + Tolerance || hasRoom ? nearest : nearest - 1, 1);
-}
-
-int WholePixel(qreal place) {
-    return qFloor(place + 0.5 + Tolerance);
+    return std::max(nearest <= wanted + PixelTolerance || hasRoom ? nearest : nearest - 1, 1);
 }
 
 QPoint WholePixels(const QPointF& place) {

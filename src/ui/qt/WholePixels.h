@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/Picture.h"
+#include "ui/WholePixel.h"
 
 #include <QImage>
 #include <QPoint>
@@ -19,10 +20,7 @@ namespace ui::qt {
 /// screen of 800 x 600.
 [[nodiscard]] int BlockPixels(int block, qreal scale, const QSize& screen);
 
-/// The pixel at which something begins that would begin between two of them.
-[[nodiscard]] int WholePixel(qreal place);
-
-/// The same of a place.
+/// WholePixel of both coordinates.
 [[nodiscard]] QPoint WholePixels(const QPointF& place);
 
 /// Whether a widget is told by `event` that it may be on a screen of another scale.
