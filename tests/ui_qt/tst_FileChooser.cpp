@@ -249,10 +249,8 @@ TEST(FileDialog, ReturnsTheNameThatIsTypedWithDoubleQuotesInIt) {
 TEST(FileDialog, AsksBeforeAFileWithDoubleQuotesInItsNameIsReplaced) {
     const TempFolder folder;
     const ui::Path old = folder.put("x\"y.vtn", "old");
-    for (const auto& [answer, chosen] :
-         {std::pair{QMessageBox::Yes, std::optional(old)},
-          std::pair{QMessageBox::No, std::optional<ui::Path>()}}) {
-        WhenShown<QFileDialog> shown([answer = answer](QFileDialog& dialog) {
+    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
+        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
             AnswerBoxOver(dialog, answer);
             TypeName(dialog, QStringLiteral("x\"y.vtn"));
             EXPECT_EQ(dialog.isVisible(), answer == QMessageBox::No);
@@ -260,7 +258,8 @@ TEST(FileDialog, AsksBeforeAFileWithDoubleQuotesInItsNameIsReplaced) {
                 dialog.reject();
             }
         });
-        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), chosen);
+        const auto chosen = QtDialogs().chooseFileToSave(NameRequest(folder));
+        EXPECT_EQ(chosen, answer == QMessageBox::Yes ? std::optional(old) : std::nullopt);
     }
 }
 

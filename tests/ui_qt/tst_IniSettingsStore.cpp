@@ -133,7 +133,7 @@ TEST(IniSettingsStore, KeepsTheOldFileWhenTheProgramDiesWhileItWrites) {
     const std::string old = "[options]\ncolor1=1\n";
     folder.put("VTM.ini", old);
     // The system ends a program that writes past this size: nothing in it can tidy up any more.
-    for (const rlim_t size : {300, 20000, 49999}) {
+    for (const rlim_t size : {300U, 20000U, 49999U}) {
         const int end = support::InChild([&] {
             IniSettingsStore store(folder / "VTM.ini");
             store.write("options", "color2", std::string(50000, 'x'));

@@ -147,12 +147,12 @@ TEST(MessageBox, TakesEscapeForNoOrCancel) {
 }
 
 TEST(MessageBox, AnswersWithTheButtonThatIsPressed) {
-    for (const auto& [button, answer] :
+    for (const auto& choice :
          {std::pair{QMessageBox::Yes, Answer::Yes}, std::pair{QMessageBox::No, Answer::No},
           std::pair{QMessageBox::Cancel, Answer::Cancel}}) {
         WhenShown<QMessageBox> shown(
-            [button = button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), answer);
+            [&](QMessageBox& box) { QTest::mouseClick(box.button(choice.first), Qt::LeftButton); });
+        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), choice.second);
     }
 }
 
