@@ -24,8 +24,9 @@ struct Editor {
         ui::Picture artwork(128, 128);
         for (int y = 0; y < artwork.height(); ++y) {
             for (int x = 0; x < artwork.width(); ++x) {
-                artwork.setPixel(
-                    x, y, ui::OpaqueBlack | static_cast<ui::Pixel>(x * 2654435761U + y * 40503U));
+                const auto noise =
+                    static_cast<ui::Pixel>(x) * 2654435761U + static_cast<ui::Pixel>(y) * 40503U;
+                artwork.setPixel(x, y, ui::OpaqueBlack | noise);
             }
         }
         atlas = glyphs::BuildAtlas(artwork, ui::OpaqueBlack);
