@@ -49,7 +49,9 @@ frmVTM::frmVTM(ui::Platform& platform)
     qApp->installEventFilter(this);
 }
 
-frmVTM::~frmVTM() = default;
+frmVTM::~frmVTM() {
+    m_platform.lockKeys.onTurned({});
+}
 
 void frmVTM::connectControls() {
     for (int i = 0; i < static_cast<int>(AllPages.size()); ++i) {
@@ -66,6 +68,7 @@ void frmVTM::connectControls() {
             }
         });
     }
+    m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
     connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
     connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
         animation::PaintNamesFrom(context(), firstName);

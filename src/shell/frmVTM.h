@@ -137,6 +137,7 @@ private:
     void ImgGrid_MouseMove(QPoint pixel);
     void PagePic_MouseDown(editing::Page page, int x, int y, Qt::MouseButton button);
     void cmdKey_Click(int index);
+    void lockKey_Turned(ui::LockKey key, bool isOn);
     void cmdFavorite_MouseDown(int index, Qt::MouseButton button);
     void cmdFrequent_MouseDown(int index);
     void cmdCalcFrequent_Click();

@@ -245,6 +245,15 @@ void frmVTM::cmdKey_Click(int index) {
     Refresh();
 }
 
+void frmVTM::lockKey_Turned(ui::LockKey key, bool isOn) {
+    for (std::size_t i = 0; i < editing::ModeKeys.size(); ++i) {
+        if (editing::ModeKeys[i].lock == key) {
+            m_workspace.settings.modes.*editing::ModeKeys[i].flag = isOn;
+            cmdKey[i]->setChecked(isOn);
+        }
+    }
+}
+
 GlyphCode frmVTM::pickGlyph(GlyphCode start) {
     return editing::PickGlyph(
         start, m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour],

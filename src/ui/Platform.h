@@ -51,6 +51,10 @@ public:
 
     /// Whether setting this key reaches the keyboard here.
     [[nodiscard]] virtual bool canLock(LockKey key) const = 0;
+
+    /// Sets what is called when another program has turned a lock while this one has the focus: from then on
+    /// the lock is wanted as it is. An empty function ends it.
+    virtual void onTurned(std::function<void(LockKey key, bool locked)> turned) = 0;
 };
 
 /// Per-user settings: text values by section and key. Read and written whole sections at a time or key by

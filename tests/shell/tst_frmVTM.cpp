@@ -468,33 +468,6 @@ TEST_F(Typing, CtrlWithInsertOnTheNamePageShowsTheAnimationAndInsertsAName) {
     EXPECT_FALSE(workspace().settings.modes.insert) << "the mode is toggled by the key without Ctrl";
 }
 
-TEST_F(Typing, LockKeysToggleModeAndButtonAndKeepTheKeyboardInStep) {
-    startOn(Page::Name);
-    fake.lockKeys.changes.clear();
-    press(Qt::Key_NumLock);
-    EXPECT_FALSE(workspace().settings.modes.numberPad);
-    EXPECT_FALSE(find<QToolButton>("cmdKey_3")->isChecked());
-    press(Qt::Key_CapsLock);
-    EXPECT_TRUE(workspace().settings.modes.upperCase);
-    EXPECT_TRUE(find<QToolButton>("cmdKey_2")->isChecked());
-    const std::vector<std::pair<ui::LockKey, bool>> expected{
-        {ui::LockKey::Num, false}, {ui::LockKey::Caps, true}};
-    EXPECT_EQ(fake.lockKeys.changes, expected);
-    press(Qt::Key_1);
-    EXPECT_EQ(row(), "!" + std::string(14, ' ')) << "case mode shifts every key";
-}
-
-TEST_F(Typing, ModeButtonsSetTheModeAndTheLockKey) {
-    startOn(Page::Name);
-    fake.lockKeys.changes.clear();
-    QTest::mouseClick(find("cmdKey_0"), Qt::LeftButton);
-    EXPECT_TRUE(workspace().settings.modes.typingColour);
-    const std::vector<std::pair<ui::LockKey, bool>> expected{{ui::LockKey::Scroll, true}};
-    EXPECT_EQ(fake.lockKeys.changes, expected);
-    type("a");
-    EXPECT_EQ(workspace().documents.name.cells[0], 225);
-}
-
 TEST_F(Typing, KeysHeldWithAltTypeNothing) {
     startOn(Page::Name);
     press(Qt::Key_Z, Qt::AltModifier);

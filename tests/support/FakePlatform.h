@@ -46,7 +46,12 @@ public:
         return found == locks.end() || found->second;
     }
 
+    void onTurned(std::function<void(ui::LockKey key, bool locked)> function) override {
+        turned = std::move(function);
+    }
+
     std::vector<std::pair<ui::LockKey, bool>> changes; ///< every call in order
+    std::function<void(ui::LockKey, bool)> turned;     ///< to be called as another program that turns a lock
     std::map<ui::LockKey, bool> locks;                 ///< what canLock() says; absent: true
 };
 

@@ -91,6 +91,13 @@ void X11Input::setSymbol(unsigned scanCode, unsigned symbol) {
     Flush();
 }
 
+void X11Input::lockAsAnotherProgram(unsigned modifiers, bool on) {
+    Display* display = FindX11<decltype(&XOpenDisplay)>("XOpenDisplay")(nullptr);
+    FindX11<decltype(&XkbLockModifiers)>("XkbLockModifiers")(
+        display, XkbUseCoreKbd, modifiers, on ? modifiers : 0);
+    FindX11<decltype(&XCloseDisplay)>("XCloseDisplay")(display);
+}
+
 void X11Input::dropFocus() {
     SetFocus(None);
 }

@@ -31,6 +31,9 @@ public:
     /// Gives a key one symbol, as virtual keyboards do to type what the layout has not.
     static void setSymbol(unsigned scanCode, unsigned symbol);
 
+    /// Turns locks as another program would that has no key pressed.
+    static void lockAsAnotherProgram(unsigned modifiers, bool on);
+
     /// Takes the focus from every window.
     static void dropFocus();
 

@@ -11,6 +11,7 @@
 
 // After the toolkit's headers, which use some of the names that these define away.
 #include <X11/XKBlib.h>
+#include <X11/extensions/XKBproto.h>
 #include <X11/keysym.h>
 
 namespace ui::qt {
@@ -27,6 +28,8 @@ struct X11Keyboard::Library {
     decltype(&XQueryExtension) queryExtension = nullptr;
     decltype(&XInternAtom) internAtom = nullptr;
     decltype(&XFlush) flush = nullptr;
+    decltype(&XGetInputFocus) getInputFocus = nullptr;
+    decltype(&XkbQueryExtension) queryKeyboard = nullptr;
     decltype(&XkbLockModifiers) lockModifiers = nullptr;
     decltype(&XkbKeysymToModifiers) keysymToModifiers = nullptr;
     decltype(&XkbGetState) getState = nullptr;
@@ -47,6 +50,8 @@ struct X11Keyboard::Library {
     bool findIn(void* library) {
         return FindSymbol(library, "XQueryExtension", queryExtension) &&
                FindSymbol(library, "XInternAtom", internAtom) && FindSymbol(library, "XFlush", flush) &&
+               FindSymbol(library, "XGetInputFocus", getInputFocus) &&
+               FindSymbol(library, "XkbQueryExtension", queryKeyboard) &&
                FindSymbol(library, "XkbLockModifiers", lockModifiers) &&
                FindSymbol(library, "XkbKeysymToModifiers", keysymToModifiers) &&
                FindSymbol(library, "XkbGetState", getState) &&
@@ -76,6 +81,15 @@ std::unique_ptr<X11Keyboard> X11Keyboard::Connect() {
     return std::unique_ptr<X11Keyboard>(new X11Keyboard(native->display(), library));
 }
 
+X11Keyboard::X11Keyboard(_XDisplay* display, const Library* library)
+    : m_display(display)
+    , m_library(library) {
+    int code = 0;
+    int major = XkbMajorVersion;
+    int minor = XkbMinorVersion;
+    m_library->queryKeyboard(m_display, &code, &m_firstEvent, &code, &major, &minor);
+}
+
 unsigned X11Keyboard::mask(Lock lock) const {
     return lock == Lock::Caps ? unsigned{LockMask} : m_library->keysymToModifiers(m_display, XK_Num_Lock);
 }
@@ -90,6 +104,24 @@ void X11Keyboard::setLocked(Lock lock, bool locked) {
     const unsigned modifier = mask(lock);
     m_library->lockModifiers(m_display, XkbUseCoreKbd, modifier, locked ? modifier : 0);
     m_library->flush(m_display);
+}
+
+std::optional<bool> X11Keyboard::lockSetByProgram(const void* event, Lock lock) const {
+    const auto& state = *static_cast<const xkbStateNotify*>(event);
+    constexpr int SentByProgram = 0x80;
+    if (m_firstEvent == 0 || (state.type & ~SentByProgram) != m_firstEvent ||
+        state.xkbType != XkbStateNotify || (state.changed & XkbModifierLockMask) == 0 || state.keycode != 0) {
+        return {};
+    }
+    const unsigned modifier = mask(lock);
+    return modifier == 0 ? std::nullopt : std::optional((state.lockedMods & modifier) != 0);
+}
+
+bool X11Keyboard::hasFocus(unsigned long window) const {
+    Window focused = None;
+    int revert = 0;
+    m_library->getInputFocus(m_display, &focused, &revert);
+    return focused == window;
 }
 
 bool X11Keyboard::scrollLight() const {

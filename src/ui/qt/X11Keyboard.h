@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier): the window system's own name
 
@@ -20,6 +21,13 @@ public:
     [[nodiscard]] bool isLocked(Lock lock) const;
     void setLocked(Lock lock, bool locked);
 
+    /// What an event of the window system says of a lock that a program has set, this one or another; nothing
+    /// when it tells of something else, a lock that a key has turned for instance.
+    [[nodiscard]] std::optional<bool> lockSetByProgram(const void* event, Lock lock) const;
+
+    /// Whether the keys go to this window.
+    [[nodiscard]] bool hasFocus(unsigned long window) const;
+
     [[nodiscard]] bool scrollLight() const;
     void setScrollLight(bool on);
 
@@ -29,14 +37,13 @@ public:
 private:
     struct Library;
 
-    X11Keyboard(_XDisplay* display, const Library* library)
-        : m_display(display)
-        , m_library(library) {}
+    X11Keyboard(_XDisplay* display, const Library* library);
 
     [[nodiscard]] unsigned mask(Lock lock) const;
 
     _XDisplay* m_display;
     const Library* m_library;
+    int m_firstEvent = 0; ///< the number that the keyboard's own events have
 };
 
 } // namespace ui::qt

@@ -14,8 +14,9 @@ namespace ui::qt {
 namespace {
 
 /// Milliseconds. The program that the focus comes from may be this one, started twice: first it puts back
-/// the locks that are the user's.
-constexpr int EnteringTime = 100;
+/// the locks that are the user's, which it does when the toolkit tells it, 100 ms late, that the focus is
+/// gone.
+constexpr int EnteringTime = 250;
 
 bool IsLockKey(int key) {
     return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
@@ -65,13 +66,18 @@ void XkbLockKeys::setLocked(LockKey key, bool locked) {
 void XkbLockKeys::focusMoved(const QWindow* window) {
     // A dialog has text to be typed into, with the locks that the user is used to.
     const bool isInside = window != nullptr && window->modality() == Qt::NonModal;
+    const bool hadFocus = std::exchange(m_hasFocus, window != nullptr);
     if (isInside) {
         if (!m_isInside && !m_entering.isActive()) {
             m_original = current();
             m_turned = {};
             // Installed anew, so that it comes before the filters of windows that were made in the meantime.
             qGuiApp->installEventFilter(this);
-            m_entering.start(EnteringTime);
+            if (hadFocus) {
+                enter();
+            } else {
+                m_entering.start(EnteringTime);
+            }
         }
     } else {
         leave();
@@ -80,6 +86,7 @@ void XkbLockKeys::focusMoved(const QWindow* window) {
 
 void XkbLockKeys::enter() {
     m_isInside = true;
+    qGuiApp->installNativeEventFilter(this);
     const Locks now = current();
     m_original.caps = m_turned.caps ? m_turned.caps : now.caps;
     m_original.num = m_turned.num ? m_turned.num : now.num;
@@ -93,6 +100,7 @@ void XkbLockKeys::leave() {
     }
     m_entering.stop();
     qGuiApp->removeEventFilter(this);
+    qGuiApp->removeNativeEventFilter(this);
     apply(std::exchange(m_isInside, false) ? m_original : m_turned);
 }
 
@@ -112,6 +120,35 @@ bool XkbLockKeys::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+bool XkbLockKeys::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
+    follow(message, LockKey::Caps);
+    follow(message, LockKey::Num);
+    return false;
+}
+
+void XkbLockKeys::follow(const void* event, LockKey key) {
+    const auto lock = key == LockKey::Caps ? X11Keyboard::Lock::Caps : X11Keyboard::Lock::Num;
+    const auto told = m_keyboard->lockSetByProgram(event, lock);
+    if (!told) {
+        return;
+    }
+    auto& wanted = key == LockKey::Caps ? m_wanted.caps : m_wanted.num;
+    auto& original = key == LockKey::Caps ? m_original.caps : m_original.num;
+    // What this program has set since, or what one does that the focus has moved to, is none of another's.
+    const QWindow* const window = QGuiApplication::focusWindow();
+    if (told == (wanted ? wanted : original) || m_keyboard->isLocked(lock) != *told || window == nullptr ||
+        !m_keyboard->hasFocus(window->winId())) {
+        return;
+    }
+    original = told;
+    if (wanted) {
+        wanted = told;
+        if (m_onTurned) {
+            m_onTurned(key, *told);
+        }
+    }
 }
 
 void XkbLockKeys::noteTurned(int key) {
