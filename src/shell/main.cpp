@@ -3,6 +3,7 @@
 #include "shell/Icons.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/QtPlatform.h"
+#include "ui/qt/SpareFont.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
@@ -59,6 +60,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(shell::ProgramIcon());
     ui::qt::QtPlatform qtPlatform;
     ui::Platform& platform = qtPlatform.platform();
+    ui::qt::UseSpareFont(platform.directory.folder() / "vtmfont.ttf");
 
     // What the toolkit has not taken for itself, as the bytes that it came as: paths need not be valid text.
     const std::vector<std::string> arguments(argv + 1, argv + argc);
