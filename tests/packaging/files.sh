@@ -8,7 +8,7 @@ out=$1 kind=$2 sources=$3
 folder=$out/$kind
 [[ $kind != deb ]] || folder=$out/deb/usr
 if [[ ! -d $folder ]]; then
-    echo "Skipped: there is no Debian package."
+    echo "Skipped: there is no package."
     exit 77
 fi
 cd "$folder" || exit 1
@@ -41,7 +41,12 @@ if [[ $kind == deb ]]; then
 else
     expected+=(share/doc/vtm/LICENSE)
 fi
-for program in bin/*; do
+if [[ $kind == archive ]]; then
+    # carried.sh looks through the libraries and their licences.
+    expected+=(bin/qt.conf share/vtm/vtmfont.ttf)
+fi
+programs=(bin/vtm*)
+for program in "${programs[@]}"; do
     # shellcheck disable=SC2059
     expected+=("$(printf "$pages" "${program#bin/}")")
 done
@@ -51,11 +56,11 @@ done < <(grep -o 'vtmhelp/[a-z0-9-]*\.png' share/vtm/vtmhelp.htm | sort -u)
 
 while read -r line; do
     complain "unexpected or missing: $line"
-done < <(diff <(printf '%s\n' "${expected[@]}" | sort) <(find . -type f,l -printf '%P\n' | sort) | grep '^[<>]')
+done < <(diff <(printf '%s\n' "${expected[@]}" | sort) <(find . \( -path ./lib -o -name LICENSES \) -prune -o -type f,l -printf '%P\n' | sort) | grep '^[<>]')
 
 while read -r mode path; do
     case $path in
-    bin/*) [[ $mode == 755 ]] ;;
+    bin/vtm*) [[ $mode == 755 ]] ;;
     *) [[ $mode == 644 ]] ;;
     esac || complain "$path has mode $mode"
 done < <(find . -type f -printf '%m %P\n')
@@ -63,7 +68,7 @@ while read -r mode path; do
     [[ $mode == 755 ]] || complain "$path/ has mode $mode"
 done < <(find . -mindepth 1 -type d -printf '%m %P\n')
 
-for program in bin/*; do
+for program in "${programs[@]}"; do
     grep -q BIND_NOW <(readelf -d "$program") || complain "$program is not hardened"
     if grep -qF "$sources" "$program"; then
         complain "$program knows where it was built"
@@ -75,6 +80,9 @@ done
 
 if [[ $kind == deb ]]; then
     grep -q '^vtm (.*) unstable' <(gzip -dc share/doc/vtm/changelog.gz) || complain "the changelog is not one"
+    # Such a name changes with each version of Qt, and with it the systems that can install the package.
+    depends=$(dpkg-deb --field "$out"/cpack/*.deb Depends)
+    [[ $depends != *private* ]] || complain "it depends on what Qt keeps to itself: $depends"
 fi
 
 ((failures == 0))

@@ -11,27 +11,28 @@ if [[ -d $out ]]; then
     chmod -R u+w "$out"
 fi
 rm -rf "$out"
-mkdir -p "$out"/{deb,archive}
+mkdir -p "$out"
 
 umask 022
 "$cmake" --install "$build" --prefix "$out/installed" --strip >"$out/install.log"
 
 # Whoever makes packages may keep their own files to themselves: the packages must not.
 umask 077
-generators="TGZ;DEB"
-for tool in dpkg-deb dpkg-shlibdeps file; do
+if ! command -v dpkg >/dev/null; then
+    echo "No packages: this is no Debian."
+    exit 0
+fi
+for tool in dpkg-shlibdeps file objdump patchelf; do
     command -v "$tool" >/dev/null || {
-        echo "No Debian package: $tool is not installed."
-        generators=TGZ
+        echo "$tool is not installed: try tools/setup.sh package"
+        exit 1
     }
 done
-(cd "$build" && "$cpack" --config CPackConfig.cmake -G "$generators" -B "$out/cpack") >"$out/cpack.log" 2>&1 || {
+(cd "$build" && "$cpack" --config CPackConfig.cmake -B "$out/cpack") >"$out/cpack.log" 2>&1 || {
     cat "$out/cpack.log"
     exit 1
 }
 umask 022
+mkdir "$out"/{deb,archive}
 tar -xzf "$out"/cpack/*.tar.gz -C "$out/archive" --strip-components=1
-for package in "$out"/cpack/*.deb; do
-    [[ -f $package ]] || continue
-    dpkg-deb -x "$package" "$out/deb"
-done
+dpkg-deb -x "$out"/cpack/*.deb "$out/deb"

@@ -4,10 +4,15 @@
 #
 # tour.sh OUT KIND TOUR DRIVER: plays the tour with what make.sh has put into OUT/KIND, as a user without rights.
 # KIND installed: the program lies where this user may not write. KIND archive: it lies in a folder of the user.
+# KIND system: it is the one that Debian's tools have installed here, and nothing of OUT is used.
 set -euo pipefail
 
 if [[ $1 != --play ]]; then
     out=$1 kind=$2 tour=$3 driver=$4
+    if [[ $kind != system && ! -d $out/$kind ]]; then
+        echo "Skipped: there is no package."
+        exit 77
+    fi
     for tool in Xvfb openbox; do
         command -v "$tool" >/dev/null || {
             echo "Skipped: $tool is not installed."
@@ -27,7 +32,7 @@ if [[ $1 != --play ]]; then
     trap 'chmod -R u+w "$scratch" && rm -rf "$scratch"' EXIT
     # Copies: that user need not be able to look into the folder of the build.
     mkdir "$scratch/user"
-    cp -r "$out/$kind" "$scratch/user/vtm"
+    [[ $kind == system ]] || cp -r "$out/$kind" "$scratch/user/vtm"
     cp "$tour" "$scratch/tour"
     cp "$driver" "$scratch/driver"
     cp "$0" "$scratch/play"
@@ -46,8 +51,11 @@ fi
 scratch=$2 kind=$3
 user=$scratch/user
 home=$user/home
-prefix=$user/vtm
-[[ $kind != installed ]] || prefix=$scratch/vtm
+case $kind in
+installed) prefix=$scratch/vtm ;;
+archive) prefix=$user/vtm ;;
+system) prefix=/usr ;;
+esac
 cd "$user"
 export TMPDIR=$user/tmp
 mkdir "$TMPDIR"
@@ -66,14 +74,30 @@ expectFiles() {
 }
 
 mapfile -t dataFiles < <(cd "$prefix/share/vtm" && find . -type f -printf '%P\n')
-state() { find "$prefix" -printf '%P %y %s %m %T@\n' | sort; }
+state() { find "$prefix"/{bin,share/vtm} -printf '%P %y %s %m %T@\n' | sort; }
 before=$(state)
 
-bash "$scratch/tour" --in-place --program "$prefix/bin/vtm" --driver "$scratch/driver" --home "$home" \
-    --out "$user/tour"
+surroundings=()
+if [[ -d $prefix/lib/vtm ]]; then
+    # Every program notes what it loads, and is shown the system's libraries first.
+    systemLibraries=$(dirname "$(ldconfig -p | sed -n '/libc\.so\.6/s/.* //p' | head -n 1)")
+    surroundings=(LD_DEBUG=files LD_DEBUG_OUTPUT="$user/loaded" LD_LIBRARY_PATH="$systemLibraries")
+fi
+env "${surroundings[@]}" bash "$scratch/tour" --in-place --program "$prefix/bin/vtm" --driver "$scratch/driver" \
+    --home "$home" --out "$user/tour"
 grep -qx "file://$prefix/share/vtm/vtmhelp.htm" "$user/tour/opened.url" || fail "another help page was opened"
 grep -qF "Exec=$prefix/bin/vtm " "$home/data/applications/vtm-name.desktop" || fail "the type names another program"
 [[ -s $home/config/VTM/VTM.ini ]] || fail "there are no settings"
+if [[ -d $prefix/lib/vtm ]]; then
+    mapfile -t notes < <(grep -lF "transferring control: $prefix/bin/vtm" "$user"/loaded.*)
+    loaded=$(sed -n 's,/bin/\.\./,/,; s/.*calling init: //p' "${notes[@]}" | grep -i '/lib[^/]*qt6\|/plugins/\|/qt6/' | sort -u)
+    # Windows were shown by its own toolkit, and by no other.
+    grep -qx "$prefix/lib/vtm/plugins/platforms/libqxcb.so" <<<"$loaded" || fail "its toolkit was not loaded"
+    if grep -v "^$prefix/lib/vtm/" <<<"$loaded"; then
+        fail "these were loaded besides"
+    fi
+    grep -q 'calling init: .*/libSDL2-2\.0\.so\.0$' "${notes[@]}" || fail "no sound was played"
+fi
 
 # The commands find what the program has found.
 export HOME=$home XDG_DATA_HOME=$home/data LC_ALL=C.UTF-8
@@ -85,7 +109,7 @@ grep -qF "A set of my own" <("$prefix/bin/vtm-charset" list) || fail "the set wa
 
 written=(temphtm.url)
 sets=(vtmtc.dat vtmgrid.dat)
-if [[ $kind == installed ]]; then
+if [[ $kind != archive ]]; then
     [[ $(state) == "$before" ]] || fail "files of the program were changed: $(diff <(echo "$before") <(state))"
     expectFiles "$home/data/vtm" "${written[@]}" "${sets[@]}"
 else
