@@ -3,7 +3,9 @@
 #include "ui/qt/QtPlatform.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QGuiApplication>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,6 +21,18 @@ TEST(QtPlatform, HandsOutTheWholeDesktop) {
     platform.settings.write("options", "color1", "1");
     EXPECT_EQ(platform.settings.read("options", "color1"), "1");
     platform.sounds.play("no wave");
+}
+
+TEST(QtPlatform, KeepsAWindowUsableThatHearsOnlyAfterItHasClosedThatItHasTheKeyboard) {
+    const ui::qt::QtPlatform desktop;
+    QDialog dialog;
+    dialog.show();
+    dialog.reject();
+    QCoreApplication::processEvents();
+    ASSERT_NE(QGuiApplication::focusWindow(), nullptr);
+    EXPECT_EQ(QGuiApplication::focusWindow(), dialog.windowHandle());
+    EXPECT_NE(QGuiApplication::focusWindow()->handle(), nullptr);
+    EXPECT_FALSE(QGuiApplication::focusWindow()->isVisible());
 }
 
 } // namespace

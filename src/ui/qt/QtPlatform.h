@@ -7,6 +7,7 @@
 #include "ui/qt/DesktopLauncher.h"
 #include "ui/qt/FreedesktopFileTypes.h"
 #include "ui/qt/IniSettingsStore.h"
+#include "ui/qt/LateFocus.h"
 #include "ui/qt/QtClipboard.h"
 #include "ui/qt/QtDialogs.h"
 #include "ui/qt/SdlSoundPlayer.h"
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] Platform& platform() { return m_platform; }
 
 private:
+    LateFocus m_lateFocus;
     QtDialogs m_dialogs;
     DiskFiles m_files;
     QtClipboard m_clipboard;
