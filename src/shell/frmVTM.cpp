@@ -228,7 +228,9 @@ void frmVTM::tmrCursor_Timer() {
 }
 
 void frmVTM::closeEvent(QCloseEvent* event) {
-    Form_Unload();
+    if (const ui::Status saved = Form_Unload(); !saved) {
+        m_platform.dialogs.warn(saved.failure().message);
+    }
     event->accept();
 }
 

@@ -64,8 +64,9 @@ public:
     /// The failure says why the program cannot run.
     ui::Status Form_Load(std::span<const std::string> arguments);
 
-    /// The shut-down: saves the settings if "saveatexit" says so. The second call does nothing.
-    void Form_Unload();
+    /// The shut-down: saves the settings if "saveatexit" says so. The second call does nothing. The failure
+    /// says what could not be saved.
+    ui::Status Form_Unload();
 
     [[nodiscard]] bool isUnloaded() const { return m_isUnloaded; }
 

@@ -125,22 +125,18 @@ void frmVTM::restoreWindow() {
     }
 }
 
-void frmVTM::Form_Unload() {
-    if (m_isUnloaded) {
-        return;
+ui::Status frmVTM::Form_Unload() {
+    if (m_isUnloaded || !m_workspace.settings.saveAtExit) {
+        m_isUnloaded = true;
+        return {};
     }
     m_isUnloaded = true;
-    if (m_workspace.settings.saveAtExit) {
-        // A window that the start has not shown yet has no place to remember.
-        if (isVisible()) {
-            m_platform.settings.write(
-                std::string(WindowSection), std::string(GeometryKey),
-                saveGeometry().toBase64().toStdString());
-        }
-        if (const ui::Status saved = Save(m_platform.settings, m_workspace.settings); !saved) {
-            m_platform.dialogs.warn(saved.failure().message);
-        }
+    // A window that the start has not shown yet has no place to remember.
+    if (isVisible()) {
+        m_platform.settings.write(
+            std::string(WindowSection), std::string(GeometryKey), saveGeometry().toBase64().toStdString());
     }
+    return Save(m_platform.settings, m_workspace.settings);
 }
 
 } // namespace shell

@@ -9,6 +9,7 @@
 #include <QSocketNotifier>
 #include <array>
 #include <csignal>
+#include <iostream>
 #include <string>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -25,6 +26,13 @@ extern "C" void OnTerminate(int /*signalNumber*/) {
     (void)!::write(terminationPipe[0], &note, 1);
 }
 
+/// Saves the settings where nobody can be asked: a question must not hold up a session that ends.
+void Unload(shell::frmVTM& window) {
+    if (const ui::Status saved = window.Form_Unload(); !saved) {
+        std::cerr << saved.failure().message << '\n';
+    }
+}
+
 /// Makes SIGTERM, SIGINT and SIGHUP close the window as its close button does.
 void CloseOnTermination(shell::frmVTM& window) {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, terminationPipe.data()) != 0) {
@@ -33,10 +41,9 @@ void CloseOnTermination(shell::frmVTM& window) {
     auto* notifier = new QSocketNotifier(terminationPipe[1], QSocketNotifier::Read, &window);
     QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window, notifier] {
         notifier->setEnabled(false);
-        // Not quit(): that does nothing while a message of the start is all that runs. It comes first: a
-        // message that the settings cannot be saved must not hold up a session that ends.
+        // Not quit(): that does nothing while a message of the start is all that runs.
         QCoreApplication::exit();
-        window.Form_Unload();
+        Unload(window);
     });
 
     struct sigaction action {};
@@ -68,7 +75,7 @@ int main(int argc, char* argv[]) {
     shell::frmVTM window(platform);
     CloseOnTermination(window);
     // A desktop session that ends asks the application to quit without closing its windows.
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, &shell::frmVTM::Form_Unload);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, [&window] { Unload(window); });
     if (const ui::Status loaded = window.Form_Load(arguments); !loaded) {
         platform.dialogs.warn(loaded.failure().message);
         return 1;

@@ -113,6 +113,6 @@ TEST_F(WindowOptions, ASetThatStandsInIsTheOneInUse) {
     chooseAndUse<shell::frmOptions>("mnuToolsSettings", [](const shell::frmOptions& options) {
         EXPECT_EQ(options.findChild<QListWidget*>(QStringLiteral("GridList"))->currentRow(), 0);
     });
-    window->Form_Unload();
+    EXPECT_TRUE(window->Form_Unload());
     EXPECT_EQ(fake.settings.sections["options"]["grid"], "0") << "what was in use at the end is stored";
 }
