@@ -651,7 +651,8 @@ TEST_F(Exit, TheWindowComesBackWithItsSize) {
 TEST_F(Exit, DuringTheStartKeepsThePlaceOfTheWindow) {
     fake.settings.write("window", "geometry", "kept");
     const ui::Path before = std::filesystem::current_path();
-    fake.dialogs.expectInform("Error reading name from x.vtn.", [this] { EXPECT_TRUE(window->Form_Unload()); });
+    fake.dialogs.expectInform(
+        "Error reading name from x.vtn.", [this] { EXPECT_TRUE(window->Form_Unload()); });
     start({" /name " + (fake.directory.files / "x.vtn").native()});
     EXPECT_EQ(fake.settings.read("window", "geometry"), "kept");
     EXPECT_EQ(fake.settings.list("options").size(), 34U);
