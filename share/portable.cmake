@@ -12,12 +12,14 @@
 # The order of search is written into the programs as an RPATH: that goes before LD_LIBRARY_PATH, and holds for every
 # library that is loaded, whoever asks for it.
 
-# Windows on X11 and Wayland, their frame where a Wayland desktop draws none, input methods.
+# Windows on X11 and Wayland, their frame where a Wayland desktop draws none, input methods. No window draws by OpenGL, but
+# without it Qt draws no frame.
 set(carry_plugins
     platforms/libqxcb.so
     platforms/libqwayland-generic.so
     wayland-shell-integration/libxdg-shell.so
     wayland-decoration-client/libbradient.so
+    wayland-graphics-integration-client/libqt-plugin-wayland-egl.so
     platforminputcontexts/libcomposeplatforminputcontextplugin.so
     platforminputcontexts/libibusplatforminputcontextplugin.so
 )
