@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+class QImage;
+
 namespace tour {
 
 /// A window as the window manager knows it.
@@ -20,50 +22,66 @@ struct WindowFacts {
     ui::Rect frame;        ///< on the screen
 };
 
-/// The display that DISPLAY names: what is on it, and the keyboard and mouse before it.
+/// What is on a display, and the keyboard and mouse before it. Places are pixels of the screen.
 class Desktop {
 public:
-    Desktop();
+    /// The display that DISPLAY names; null if there is none that lets itself be driven.
+    [[nodiscard]] static std::unique_ptr<Desktop> open();
+
+    Desktop() = default;
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
-    ~Desktop();
+    virtual ~Desktop() = default;
 
-    /// Whether there is such a display and it lets itself be driven.
-    [[nodiscard]] bool connected() const;
-
-    /// Whether a window manager has taken charge: without one no window gets the keyboard.
-    [[nodiscard]] bool isManaged() const;
+    /// What the windows of the program have as their class name.
+    [[nodiscard]] virtual std::string classOfProgram() const = 0;
 
     /// Presses and releases a key while others are held down. Keys are key symbols.
-    void press(unsigned long key, std::initializer_list<unsigned long> held = {});
+    void press(unsigned long symbol, std::initializer_list<unsigned long> held = {});
 
-    /// Types ASCII text.
+    /// Types ASCII text on the keyboard.
     void type(std::string_view text);
 
-    void moveTo(int x, int y);
+    virtual void moveTo(int x, int y) = 0;
+    /// `button`: 1 the left one, 2 the middle one, 3 the right one.
     void click(int x, int y, unsigned button = 1);
 
     /// The window that has the keyboard.
-    [[nodiscard]] std::optional<WindowFacts> activeWindow() const;
+    [[nodiscard]] virtual std::optional<WindowFacts> activeWindow() const = 0;
 
     /// Asks the window manager to give a window the keyboard.
-    void activate(unsigned long window);
+    virtual void activate(unsigned long window) = 0;
 
     /// Asks the window manager to move a window near the screen's top left corner, its frame in view.
-    void moveToCorner(unsigned long window);
+    virtual void moveToCorner(unsigned long window) = 0;
 
     /// What is on the screen now.
-    [[nodiscard]] ui::Picture grab() const;
+    [[nodiscard]] virtual ui::Picture grab() const = 0;
 
-    /// The smallest part of the screen that holds all windows with their frames.
-    [[nodiscard]] ui::Rect windowsArea() const;
+    /// A part of the screen that holds all windows with their frames.
+    [[nodiscard]] virtual ui::Rect windowsArea() const = 0;
 
     /// The text on the clipboard as Latin-1 bytes; nothing if there is none.
-    [[nodiscard]] std::optional<std::string> clipboardText();
+    [[nodiscard]] virtual std::optional<std::string> clipboardText() = 0;
 
-private:
-    struct Connection;
-    std::unique_ptr<Connection> m_connection;
+    /// The picture on the clipboard; empty if there is none.
+    [[nodiscard]] ui::Picture clipboardPicture();
+
+protected:
+    /// A key of the keyboard, and whether a symbol stands above another on it.
+    struct Key {
+        unsigned code = 0;
+        bool isShifted = false;
+    };
+
+    [[nodiscard]] virtual Key keyOf(unsigned long symbol) const = 0;
+    virtual void sendKey(unsigned code, bool isDown) = 0;
+    virtual void sendButton(unsigned button, bool isDown) = 0;
+
+    /// What the clipboard holds as PNG file; nothing if it has no picture.
+    [[nodiscard]] virtual std::optional<std::string> clipboardPng() = 0;
+
+    [[nodiscard]] static ui::Picture pictureOf(const QImage& image);
 };
 
 } // namespace tour

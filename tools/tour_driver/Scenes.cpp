@@ -85,7 +85,9 @@ ui::Path settingsFile() {
 void PlayFirstStart(Tour& tour) {
     tour.start(AnimationTitle);
     const auto window = tour.desktop().activeWindow();
-    tour.expect(window && window->className == "VTM", "the window does not say whose it is");
+    tour.expect(
+        window && window->className == tour.desktop().classOfProgram(),
+        "the window does not say whose it is");
     tour.stop("first-start");
 }
 
@@ -277,16 +279,18 @@ void PlayMessages(Tour& tour) {
 }
 
 void PlayPicker(Tour& tour) {
+    constexpr char Steps = 5;
     Desktop& desktop = tour.desktop();
-    // The first favourite becomes another glyph.
+    // The first favourite becomes another glyph, which is copied.
     tour.clickButton(OpeningBracket, 3);
     tour.expectWindow("Pick a Glyph");
-    for (int step = 0; step < 5; ++step) {
+    for (int step = 0; step < Steps; ++step) {
         desktop.press(XK_Right);
     }
     tour.portrait("picker");
     desktop.press(XK_Return);
     tour.expectMain(MessagesTitle);
+    tour.expectCopied(OpeningBracket + Steps);
     tour.stop("favourite-changed");
 }
 

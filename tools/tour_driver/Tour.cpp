@@ -49,9 +49,10 @@ std::string shown(std::string_view codes) {
 
 } // namespace
 
-Tour::Tour(TourOptions options)
+Tour::Tour(TourOptions options, Desktop& desktop)
     : m_options(std::move(options))
-    , m_directory(m_options.program) {
+    , m_directory(m_options.program)
+    , m_desktop(desktop) {
     useCharSet(0);
 }
 
@@ -77,7 +78,6 @@ void Tour::useCharSet(int number) {
 }
 
 void Tour::start(const std::string& title) {
-    until([&] { return m_desktop.isManaged(); }, "the window manager");
     std::string program = m_options.program.string();
     char* const arguments[] = {program.data(), nullptr};
     if (posix_spawn(&m_process, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
@@ -182,6 +182,8 @@ void Tour::expectWindow(const std::string& title) {
             return true;
         },
         "the window \"" + title + "\"");
+    // It has the keyboard before the program knows.
+    settle();
 }
 
 void Tour::expectMain(const std::string& title) {
@@ -319,6 +321,13 @@ void Tour::clickButton(char code, unsigned button) {
         },
         "a glyph button");
     m_desktop.click(position.x + side / 2, position.y + side / 2, button);
+}
+
+void Tour::expectCopied(char code) {
+    const GlyphReader reader(m_cells, 1);
+    until(
+        [&] { return reader.matches(m_desktop.clipboardPicture(), {}, std::string_view(&code, 1)); },
+        "the picture of the glyph on the clipboard");
 }
 
 void Tour::expectFile(const std::string& name, std::string_view bytes) {

@@ -33,12 +33,10 @@ struct TourOptions {
 /// does not come throws Surprise.
 class Tour {
 public:
-    explicit Tour(TourOptions options);
+    Tour(TourOptions options, Desktop& desktop);
     ~Tour();
     Tour(const Tour&) = delete;
     Tour& operator=(const Tour&) = delete;
-
-    [[nodiscard]] bool connected() const { return m_desktop.connected(); }
 
     /// Starts the program, waits for its window and puts it into the corner.
     void start(const std::string& title);
@@ -89,6 +87,9 @@ public:
     /// Waits until a file in the tour's folder holds these bytes.
     void expectFile(const std::string& name, std::string_view bytes);
 
+    /// Waits until the clipboard holds the picture of a glyph.
+    void expectCopied(char code);
+
     void expect(bool condition, const std::string& what);
     void until(const std::function<bool()>& condition, const std::string& what);
 
@@ -116,7 +117,7 @@ private:
 
     TourOptions m_options;
     ui::DesktopProgramDirectory m_directory; ///< of the program that is played
-    Desktop m_desktop;
+    Desktop& m_desktop;
     ui::Picture m_cells; ///< the atlas of the character set in use
     std::optional<GlyphReader> m_reader;
     std::optional<Position> m_grid;

@@ -3,13 +3,15 @@
 //
 // tour_driver PROGRAM FOLDER [SCALE]
 //
-// Plays the tour on the display that DISPLAY names: drives the program with keys and mouse, takes pictures,
-// and compares what it writes with what was typed. The exit status is 1 if anything is not as it should be.
+// Plays the tour on the display that DISPLAY names: drives the program with keys and
+// mouse, takes pictures, and compares what it writes with what was typed. The exit status is 1 if anything is
+// not as it should be.
 #include "tour_driver/Scenes.h"
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <utility>
 
 int main(int argc, char** argv) {
@@ -30,13 +32,14 @@ int main(int argc, char** argv) {
         {"exit", tour::PlayExit},
         {"second start", tour::PlaySecondStart},
     }};
+    const std::unique_ptr<tour::Desktop> desktop = tour::Desktop::open();
+    if (!desktop) {
+        std::fprintf(stderr, "tour_driver: no display that can be driven\n");
+        return 2;
+    }
     const char* playing = "";
     try {
-        tour::Tour tour({argv[1], argv[2], argc == 4 ? std::atoi(argv[3]) : 1});
-        if (!tour.connected()) {
-            std::fprintf(stderr, "tour_driver: no display that can be driven\n");
-            return 2;
-        }
+        tour::Tour tour({argv[1], argv[2], argc == 4 ? std::atoi(argv[3]) : 1}, *desktop);
         try {
             for (const auto& [name, play] : Scenes) {
                 playing = name;
