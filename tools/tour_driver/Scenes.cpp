@@ -232,10 +232,10 @@ void PlayPreview(Tour& tour) {
     tour.menu("tf");
     tour.expectWindow("Full Screen Preview");
     desktop.press(XK_space);
-    const auto [reader, strip] = tour.expectEnlargedRow(finishedName());
+    const auto seen = tour.expectEnlargedRow(finishedName());
     // It begins anew, where other names stand than the one it ends with.
     const auto showsLast = [&] {
-        return reader.matches(desktop.grab(), strip, finishedName());
+        return seen.first.matches(desktop.grab(), seen.second, finishedName());
     };
     desktop.press(XK_space);
     tour.until([&] { return !showsLast(); }, "the preview to play");

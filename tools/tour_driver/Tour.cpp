@@ -216,7 +216,7 @@ void Tour::menu(std::string_view letters) {
 }
 
 ui::Path Tour::chooseFile(const std::string& name) {
-    const ui::Path path = m_options.folder / name;
+    ui::Path path = m_options.folder / name;
     m_desktop.press(XK_a, {XK_Control_L});
     m_desktop.type(path.string());
     m_desktop.press(XK_Return);
