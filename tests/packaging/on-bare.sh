@@ -52,7 +52,7 @@ mount --make-rslave "$bare/dev"
 cp -a "$scratch/installed" "$bare/opt/vtm"
 
 apt-get update -q >"$scratch/update.log" 2>&1 || cat "$scratch/update.log"
-install xvfb openbox libxtst6
+install xvfb openbox libxtst6 libxkbcommon0 libwayland-client0
 
 # startAlone: starts the archive's program as nobody in the system where nothing was installed, until it has painted
 # its window and registered its file types, and ends it as a session does.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tour_driver/Desktop.h"
 
+#include "tour_driver/WaylandDesktop.h"
 #include "tour_driver/X11Desktop.h"
 
 #include <QImage>
@@ -9,10 +10,15 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tour {
 
 std::unique_ptr<Desktop> Desktop::open() {
+    if (std::getenv("WAYLAND_DISPLAY") != nullptr) {
+        auto desktop = std::make_unique<WaylandDesktop>();
+        return desktop->connected() ? std::move(desktop) : nullptr;
+    }
     auto desktop = std::make_unique<X11Desktop>();
     return desktop->connected() ? std::move(desktop) : nullptr;
 }

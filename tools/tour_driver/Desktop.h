@@ -25,7 +25,8 @@ struct WindowFacts {
 /// What is on a display, and the keyboard and mouse before it. Places are pixels of the screen.
 class Desktop {
 public:
-    /// The display that DISPLAY names; null if there is none that lets itself be driven.
+    /// The display that WAYLAND_DISPLAY names or, without that, DISPLAY; null if there is none that lets
+    /// itself be driven.
     [[nodiscard]] static std::unique_ptr<Desktop> open();
 
     Desktop() = default;
@@ -41,6 +42,10 @@ public:
 
     /// Types ASCII text on the keyboard.
     void type(std::string_view text);
+
+    /// Types ASCII text without quotes on a keyboard whose keys bear the characters by themselves, as
+    /// on-screen keyboards do, if the display lets one in.
+    virtual void typeAsShown(std::string_view text) { type(text); }
 
     virtual void moveTo(int x, int y) = 0;
     /// `button`: 1 the left one, 2 the middle one, 3 the right one.

@@ -278,6 +278,14 @@ void PlayMessages(Tour& tour) {
     tour.expectMain(MessagesTitle);
 }
 
+void PlayOnScreenKeyboard(Tour& tour) {
+    Desktop& desktop = tour.desktop();
+    desktop.press(XK_Down);
+    desktop.press(XK_Home);
+    desktop.typeAsShown("GG @all {1:0}");
+    tour.expectRow(inColour2("GG @all {1:0}"));
+}
+
 void PlayPicker(Tour& tour) {
     constexpr char Steps = 5;
     Desktop& desktop = tour.desktop();

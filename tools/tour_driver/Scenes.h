@@ -13,6 +13,7 @@ void PlayConfigurationFile(Tour& tour);
 void PlayAnimation(Tour& tour);
 void PlayPreview(Tour& tour);
 void PlayMessages(Tour& tour);
+void PlayOnScreenKeyboard(Tour& tour);
 void PlayPicker(Tour& tour);
 void PlayOptions(Tour& tour);
 void PlayHelp(Tour& tour);

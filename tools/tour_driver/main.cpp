@@ -3,7 +3,7 @@
 //
 // tour_driver PROGRAM FOLDER [SCALE]
 //
-// Plays the tour on the display that DISPLAY names: drives the program with keys and
+// Plays the tour on the display that WAYLAND_DISPLAY or DISPLAY names: drives the program with keys and
 // mouse, takes pictures, and compares what it writes with what was typed. The exit status is 1 if anything is
 // not as it should be.
 #include "tour_driver/Scenes.h"
@@ -19,13 +19,14 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: tour_driver PROGRAM FOLDER [SCALE]\n");
         return 2;
     }
-    constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 11> Scenes{{
+    constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 12> Scenes{{
         {"first start", tour::PlayFirstStart},
         {"name", tour::PlayName},
         {"configuration file", tour::PlayConfigurationFile},
         {"animation", tour::PlayAnimation},
         {"preview", tour::PlayPreview},
         {"messages", tour::PlayMessages},
+        {"on-screen keyboard", tour::PlayOnScreenKeyboard},
         {"picker", tour::PlayPicker},
         {"options", tour::PlayOptions},
         {"help", tour::PlayHelp},
