@@ -71,8 +71,8 @@ frmRankings::frmRankings(
     loadScreenShot(screenShot);
     connectControls();
     setWindowState(windowState() | Qt::WindowFullScreen);
-    // Where no window manager makes it so.
-    setGeometry(screen()->geometry());
+    // On the screen of the window that it is opened from, also where no window manager makes it so.
+    setGeometry((parent == nullptr ? this : parent)->screen()->geometry());
 }
 
 frmRankings::~frmRankings() = default;

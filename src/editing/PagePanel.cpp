@@ -56,7 +56,24 @@ PagePanel::PagePanel(
     connect(m_widget, &ui::qt::PictureWidget::pressed, this, [this](QPoint pixel, Qt::MouseButton button) {
         Q_EMIT picturePressed(pixel.x(), pixel.y(), button);
     });
-    connect(m_widget, &ui::qt::PictureWidget::fitted, this, &PagePanel::fitPicture);
+    connect(m_widget, &ui::qt::PictureWidget::fitted, this, [this] {
+        fitPicture();
+        tellSize();
+    });
+}
+
+void PagePanel::tellSize() {
+    // The window is as large as its largest page, which need not be in view: layouts out of view wait for
+    // that.
+    QWidget* around = m_widget->parentWidget();
+    for (; around != parentWidget(); around = around->parentWidget()) {
+        if (around->layout() != nullptr) {
+            around->layout()->activate();
+        }
+    }
+    if (around != nullptr) {
+        around->updateGeometry();
+    }
 }
 
 void PagePanel::describeCells() {
@@ -90,6 +107,10 @@ void PagePanel::showDamage() {
 
 void PagePanel::takeFocus() {
     m_widget->setFocus();
+}
+
+const QWidget& PagePanel::marker() const {
+    return *m_marker;
 }
 
 void PagePanel::blink() {

@@ -35,6 +35,9 @@ public:
     /// Gives the picture the keyboard's focus: assistive tools follow it to the cursor's cell.
     void takeFocus();
 
+    /// The marker over the cursor's cell.
+    [[nodiscard]] const QWidget& marker() const;
+
     /// Flips the marker's outline between dashed and dotted.
     void blink();
 
@@ -84,6 +87,7 @@ protected:
 
 private:
     void describeCells();
+    void tellSize();
 
     [[nodiscard]] GlyphCode glyphAt(int row, int column) const { return rows().cell(row, column); }
 

@@ -27,6 +27,8 @@ MessagesPage::MessagesPage(editing::MessageDocument& document, glyphs::PagePictu
     pictureWidget()->setAccessibleName(tr("Chat messages"));
 
     auto* layout = new QGridLayout(this);
+    // The longest rows there are leave little beside them in a small window.
+    layout->setContentsMargins(2, layout->contentsMargins().top(), 2, layout->contentsMargins().bottom());
     layout->setHorizontalSpacing(4);
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(3, 1);

@@ -10,6 +10,7 @@
 #include "scripts/MessagesPage.h"
 #include "shell/GlyphButton.h"
 #include "shell/ProgressIndicator.h"
+#include "shell/ScrollingCentre.h"
 #include "shell/TabPicture.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
@@ -130,6 +131,7 @@ void frmVTM::Refresh() {
     shown.refresh();
     showDamage();
     updateCursorLabel();
+    m_centre->follow(shown.marker());
     shown.takeFocus();
 }
 

@@ -48,6 +48,7 @@ struct AltKey;
 class GlyphButton;
 class OptionsModel;
 class ProgressIndicator;
+class ScrollingCentre;
 class TabPicture;
 
 /// The main window: menus, toolbar, the three pages, the glyph grid with its buttons. Its load is the
@@ -100,6 +101,7 @@ private:
     void showDamage();
     void switchPageFor(editing::Page page);
     void describeKeys();
+    [[nodiscard]] QSize firstSize() const;
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
     [[nodiscard]] editing::EditContext context();
     [[nodiscard]] glyphs::Progress progress();
@@ -202,6 +204,7 @@ private:
     std::vector<QMenu*> m_menus;
     QList<QAction*> m_pageActions;
     QToolBar* Toolbar1 = nullptr;
+    ScrollingCentre* m_centre = nullptr;
     ui::qt::PictureWidget* ImgGrid = nullptr;
     ui::qt::MarkerShape* GridPosShape = nullptr;
     std::array<GlyphButton*, 5> cmdFavorite{};

@@ -9,6 +9,7 @@
 #include "shell/GlyphButton.h"
 #include "shell/ModeButton.h"
 #include "shell/ProgressIndicator.h"
+#include "shell/ScrollingCentre.h"
 #include "shell/TabPicture.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/MarkerShape.h"
@@ -17,6 +18,8 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -29,8 +32,10 @@ namespace shell {
 namespace {
 
 constexpr int Margin = 12;
+constexpr int LeastGap = 2; // of it, beside a column
 constexpr int Spacing = 8;
 constexpr int RoundingRoom = 2;
+constexpr QSize FrameRoom(10, 40); // for what the desktop puts around the window
 
 struct ModeText {
     const char* caption;
@@ -182,13 +187,25 @@ QWidget* frmVTM::buildPageColumn() {
 }
 
 void frmVTM::buildCentre() {
-    auto* centre = new QWidget(this);
-    auto* layout = new QHBoxLayout(centre);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->setSpacing(Margin);
+    auto* content = new QWidget(this);
+    auto* layout = new QHBoxLayout(content);
+    layout->setContentsMargins(0, Margin, 0, Margin);
+    layout->setSpacing(0);
+    // A small window takes the room between the columns before it is scrolled.
+    const auto addGap = [layout] {
+        layout->addSpacing(LeastGap);
+        layout->addItem(new QSpacerItem(Margin - LeastGap, 0, QSizePolicy::Maximum));
+    };
+    addGap();
     layout->addWidget(buildGlyphColumn(), 0, Qt::AlignTop);
+    addGap();
     layout->addWidget(buildPageColumn(), 1);
-    setCentralWidget(centre);
+    addGap();
+    m_centre = new ScrollingCentre(this);
+    m_centre->setObjectName(QStringLiteral("centre"));
+    m_centre->setAccessibleName(tr("Glyphs and pages"));
+    m_centre->setWidget(content);
+    setCentralWidget(m_centre);
 
     picProgress = new ProgressIndicator(this);
     statusBar()->setObjectName(QStringLiteral("statusbar"));
@@ -203,8 +220,16 @@ void frmVTM::buildCentre() {
             text.isEmpty() ? QString()
                            : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
     });
+}
+
+QSize frmVTM::firstSize() const {
     // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
-    setMinimumWidth(Toolbar1->sizeHint().width() + RoundingRoom);
+    QSize wanted = sizeHint().expandedTo({Toolbar1->sizeHint().width() + RoundingRoom, 0});
+    const QSize room = screen()->availableSize() - FrameRoom;
+    if (m_centre->widget()->minimumSizeHint().width() > room.width()) {
+        wanted.rheight() += m_centre->horizontalScrollBar()->sizeHint().height();
+    }
+    return wanted.boundedTo(room);
 }
 
 void frmVTM::describeKeys() {

@@ -355,6 +355,10 @@ void frmVTM::buildToolbar() {
         button->setAccessibleName(tr(command.tooltip));
         button->setFocusPolicy(Qt::NoFocus);
     }
+    auto* rest = Toolbar1->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    rest->setAccessibleName(tr("The other buttons"));
+    rest->setToolTip(rest->accessibleName());
+    rest->setFocusPolicy(Qt::NoFocus);
     auto* pages = new QActionGroup(this);
     for (const char* key : {"sname", "sani", "smess"}) {
         auto* action = Toolbar1->findChild<QAction*>(QLatin1String(key));

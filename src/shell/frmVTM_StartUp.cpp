@@ -119,6 +119,7 @@ ui::Status frmVTM::loadSettings() {
 }
 
 void frmVTM::restoreWindow() {
+    resize(firstSize());
     if (const auto geometry =
             m_platform.settings.read(std::string(WindowSection), std::string(GeometryKey))) {
         restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*geometry)));

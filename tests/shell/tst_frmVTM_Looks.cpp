@@ -7,7 +7,6 @@
 
 #include <QImage>
 #include <QLabel>
-#include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
@@ -72,17 +71,6 @@ TEST_F(Looks, TheGlyphButtonsShowWholePixelsOnScaledScreens) {
             }
         }
     }
-}
-
-TEST_F(Looks, NoToolbarButtonHidesWhereTheScreensScaleTakesAPixelOfTheWindow) {
-    startOn(Page::Name);
-    auto* toolbar = find<QToolBar>("Toolbar1");
-    const int least = window->minimumWidth();
-    window->setMinimumWidth(0);
-    window->resize(least - 1, window->height());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return toolbar->width() <= least - 1; }));
-    EXPECT_TRUE(find("help")->isVisible());
-    EXPECT_TRUE(toolbar->rect().contains(find("help")->geometry()));
 }
 
 TEST_F(Looks, AModeThatIsOnIsLitInDarkThemesToo) {

@@ -194,6 +194,7 @@ TEST_F(Shortcuts, EveryControlOfTheWindowHasItsKey) {
                                qobject_cast<const QAbstractButton*>(widget) != nullptr;
         const bool isOfToolkit = qobject_cast<const QToolBar*>(widget->parentWidget()) != nullptr ||
                                  widget->objectName().startsWith(QLatin1String("qt_")) ||
+                                 widget->parentWidget()->objectName().startsWith(QLatin1String("qt_")) ||
                                  widget->inherits("QComboBoxPrivateContainer") ||
                                  widget->window() != window.get();
         if (isControl && !isOfToolkit) {

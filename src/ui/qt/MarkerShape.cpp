@@ -70,7 +70,7 @@ MarkerShape::MarkerShape(PictureWidget* picture, Style resting)
     , m_style(resting) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    connect(picture, &PictureWidget::fitted, this, &MarkerShape::place);
+    connect(picture, &PictureWidget::cellsMoved, this, &MarkerShape::place);
     place();
     hide();
 }

@@ -239,6 +239,7 @@ void PictureWidget::fitPicture() {
         setFixedSize(wanted);
         placeView();
         update();
+        Q_EMIT cellsMoved();
         Q_EMIT fitted();
     }
 }
@@ -251,7 +252,7 @@ void PictureWidget::placeView() {
     if (!IsWhole(m_scale)) {
         // Moved by other than whole pixels of the screen, nothing of what it shows can stay.
         update();
-        Q_EMIT fitted();
+        Q_EMIT cellsMoved();
     }
 }
 

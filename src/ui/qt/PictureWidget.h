@@ -103,8 +103,11 @@ public:
     void setHoverTracking(bool on) { setMouseTracking(on); }
 
 Q_SIGNALS:
-    /// Its size or the place of its cells has changed: the picture is another, or the screen.
+    /// Its size has changed: the picture is another, or the screen.
     void fitted();
+
+    /// The place of its cells in the widget has changed.
+    void cellsMoved();
 
     /// A mouse button went down on a pixel of the picture. The second press of a double click is one too.
     void pressed(QPoint pixel, Qt::MouseButton button);
