@@ -81,6 +81,8 @@ startAlone() {
     kill "$server"
     wait "$server" || true
     server=
+    chroot --userspec=65534:65534 "$bare" /opt/vtm/bin/vtm-charset list >/dev/null || fail "vtm-charset"
+    chroot --userspec=65534:65534 "$bare" /opt/vtm/bin/vtm-thumbnail --help >/dev/null || fail "vtm-thumbnail"
 }
 echo "on-bare: the archive alone"
 startAlone
@@ -124,4 +126,4 @@ apt-get purge -y -q vtm >"$scratch/purge.log" 2>&1 || cat "$scratch/purge.log"
 for file in "${files[@]}"; do
     [[ ! -e $file ]] || fail "purging left $file"
 done
-echo "on-bare: everything was as it should be on $(. /etc/os-release && echo "$PRETTY_NAME")"
+echo "on-bare: everything was as it should be on Debian $(cat /etc/debian_version)"

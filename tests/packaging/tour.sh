@@ -29,7 +29,16 @@ if [[ $1 != --play ]]; then
         }
     fi
     scratch=$(mktemp -d)
-    trap 'chmod -R u+w "$scratch" && rm -rf "$scratch"' EXIT
+    finish() {
+        local status=$? kept=$out/tour-$kind
+        rm -rf "$kept"
+        if ((status != 0)) && cp -r "$scratch/user/tour" "$kept" 2>/dev/null; then
+            echo "The pictures are in $kept"
+        fi
+        chmod -R u+w "$scratch"
+        rm -rf "$scratch"
+    }
+    trap finish EXIT
     # Copies: that user need not be able to look into the folder of the build.
     mkdir "$scratch/user"
     [[ $kind == system ]] || cp -r "$out/$kind" "$scratch/user/vtm"
