@@ -13,9 +13,11 @@ namespace {
 /// The file that tells where the data lie: without it the program does not start.
 constexpr auto MarkFile = "vtmtc.dat";
 
+/// Whether a file is there, or may be: a file that cannot be looked at must not be taken for another one.
 bool IsFile(const Path& path) {
     std::error_code error;
-    return std::filesystem::is_regular_file(path, error);
+    const auto type = std::filesystem::status(path, error).type();
+    return type == std::filesystem::file_type::regular || type == std::filesystem::file_type::none;
 }
 
 Path FindFolder(const Path& executable) {
@@ -56,6 +58,10 @@ DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable, const P
 Path DesktopProgramDirectory::Executable() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+Path DesktopProgramDirectory::spareFolder() const {
+    return m_writable ? m_folder : m_standIn;
 }
 
 Path DesktopProgramDirectory::toRead(const std::string& name) const {

@@ -27,6 +27,9 @@ public:
     [[nodiscard]] Path toRead(const std::string& name) const override;
     [[nodiscard]] Path toWrite(const std::string& name) const override;
 
+    /// Where toWrite() puts files, whether the folder is there yet or not; empty: nowhere.
+    [[nodiscard]] Path spareFolder() const;
+
     /// The running program's own file.
     [[nodiscard]] static Path Executable();
 

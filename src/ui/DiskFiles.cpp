@@ -50,7 +50,8 @@ bool HasAttributes(const Path& path) {
     std::array<char, 4096> names{};
     const ssize_t size = ::listxattr(path.c_str(), names.data(), names.size());
     if (size < 0) {
-        return errno == ERANGE;
+        // Where it cannot be told, there may be some.
+        return errno != ENOTSUP;
     }
     for (std::string_view rest(names.data(), static_cast<std::size_t>(size)); !rest.empty();) {
         const std::string_view name = rest.substr(0, rest.find('\0'));

@@ -24,11 +24,11 @@ private:
     Descriptor m_descriptor;
 };
 
-/// Locks what is open, waiting for others a second at most.
+/// Locks what is open, waiting for others two seconds at most.
 Status WaitForLock(int number, const Path& path, const char* busy) {
     // What holds such a lock is done in moments: rather than wait for ever for one that hangs, give up.
-    constexpr int Attempts = 50;
-    constexpr std::chrono::milliseconds Pause(20);
+    constexpr int Attempts = 400;
+    constexpr std::chrono::milliseconds Pause(5);
     for (int attempt = 1; ::flock(number, LOCK_EX | LOCK_NB) != 0; ++attempt) {
         const bool hasLocks =
             errno != ENOLCK && errno != ENOTSUP && errno != ENOSYS && errno != EINVAL && errno != EBADF;

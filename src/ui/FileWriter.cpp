@@ -121,24 +121,28 @@ Status FileChange::prepareInPlace() {
     return m_before.empty() || !m_copy.empty() ? Status() : keepCopy();
 }
 
+Status FileChange::keepCopyIn(const Path& folder) {
+    const Path copy = folder / NameOfCopy(m_facts.target);
+    Status kept = WritePrivateCopy(m_files, copy, m_before);
+    if (kept) {
+        m_copy = copy;
+        m_ownsCopy = true;
+    }
+    return kept;
+}
+
 Status FileChange::keepCopy() {
-    const std::string name = NameOfCopy(m_facts.target);
-    Status kept;
-    for (const Path& folder : {FolderOf(m_facts.target), m_files.spareFolder()}) {
-        if (folder.empty()) {
-            continue;
-        }
-        const Path copy = folder / name;
-        kept = WritePrivateCopy(m_files, copy, m_before);
+    Status kept = keepCopyIn(FolderOf(m_facts.target));
+    if (const Path spare = m_files.spareFolder(); !kept && !spare.empty()) {
+        kept = m_files.makeFolder(spare);
         if (kept) {
-            m_copy = copy;
-            m_ownsCopy = true;
-            return kept;
+            kept = keepCopyIn(spare);
         }
     }
-    return Failure{
-        kept.failure().message + "\n\"" + PathText(m_facts.target) +
-        "\" was not changed, as no copy of it could be made first."};
+    return kept ? kept
+                : Failure{
+                      kept.failure().message + "\n\"" + PathText(m_facts.target) +
+                      "\" was not changed, as no copy of it could be made first."};
 }
 
 void FileChange::removeOwnCopy() {

@@ -53,6 +53,7 @@ private:
 
     Status fillBeside();
     Status prepareInPlace();
+    Status keepCopyIn(const Path& folder);
     Status keepCopy();
     Status overwrite(std::string_view bytes, std::size_t position);
     FileWritten commitInPlace();

@@ -133,8 +133,8 @@ public:
     /// so: what cannot be looked at counts as the same.
     [[nodiscard]] virtual bool sameFile(const Path& first, const Path& second) const = 0;
 
-    /// Keeps out every other lock of the same folder, of this process and of others. Waits up to a second for
-    /// one that is held. On a file system without locks it keeps out nobody.
+    /// Keeps out every other lock of the same folder, of this process and of others. Waits up to two seconds
+    /// for one that is held. On a file system without locks it keeps out nobody.
     [[nodiscard]] virtual Result<std::unique_ptr<FileLock>> lockFolder(const Path& folder) = 0;
 
     /// The same for an existing file, by whatever name.

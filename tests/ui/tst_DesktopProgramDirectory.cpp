@@ -74,6 +74,7 @@ TEST_F(UnwritableDirectory, IsStoodInForByTheUsersFolder) {
     const DesktopProgramDirectory directory(program, folder / "home/data");
     EXPECT_FALSE(directory.writable());
     EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
+    EXPECT_EQ(directory.spareFolder(), folder / "home/data/vtm");
     EXPECT_FALSE(folder.has("home"));
     EXPECT_EQ(directory.toWrite(known), folder / "home/data/vtm" / known);
     EXPECT_TRUE(folder.has("home/data/vtm"));
@@ -84,6 +85,7 @@ TEST_F(UnwritableDirectory, IsStoodInForByTheUsersFolder) {
 
 TEST_F(UnwritableDirectory, IsAllThereIsForAUserWithoutADataHome) {
     const DesktopProgramDirectory directory(program, ui::Path());
+    EXPECT_EQ(directory.spareFolder(), ui::Path());
     EXPECT_EQ(directory.toRead(known), program.parent_path() / known);
     EXPECT_EQ(directory.toWrite(known), program.parent_path() / known);
 }
@@ -113,6 +115,15 @@ TEST(DesktopProgramDirectory, ForgetsTheUsersFolderWhereItCanWrite) {
     folder.put("home/vtm/vtmkeys.ini", "of another installation");
     const DesktopProgramDirectory directory(folder / "bin/VTM", folder / "home");
     EXPECT_EQ(directory.toRead("vtmkeys.ini"), folder / "bin/vtmkeys.ini");
+    EXPECT_EQ(directory.spareFolder(), folder / "bin");
+}
+
+TEST_F(UnwritableDirectory, TakesAFileOfTheUserThatCannotBeLookedAtForNoOther) {
+    std::filesystem::create_directories(folder / "home/data/vtm");
+    // Following it fails, and not because nothing is there.
+    std::filesystem::create_symlink("status", folder / "home/data/vtm/status");
+    const DesktopProgramDirectory directory(program, folder / "home/data");
+    EXPECT_EQ(directory.toRead(known), folder / "home/data/vtm" / known);
 }
 
 } // namespace

@@ -14,6 +14,7 @@ TEST(QtPlatform, HandsOutTheWholeDesktop) {
     ui::qt::QtPlatform desktop;
     const ui::Platform& platform = desktop.platform();
     EXPECT_EQ(platform.directory.folder(), ui::DesktopProgramDirectory::Executable().parent_path());
+    EXPECT_EQ(platform.files.spareFolder(), platform.directory.toWrite("x").parent_path());
     EXPECT_TRUE(platform.files.exists(ui::DesktopProgramDirectory::Executable()));
     EXPECT_FALSE(platform.lockKeys.canLock(ui::LockKey::Num)) << "this platform has no keyboard";
     platform.clipboard.setText("name");

@@ -25,6 +25,6 @@ int main(int argc, char** argv) {
     ui::SurviveFileSizeLimit();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     const ui::DesktopProgramDirectory directory;
-    ui::DiskFiles files;
+    ui::DiskFiles files(directory.spareFolder());
     return charset::RunCommand(arguments, {files, directory, std::cout, std::cerr, TerminalColumns()});
 }

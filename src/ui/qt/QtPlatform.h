@@ -30,14 +30,14 @@ public:
 private:
     LateFocus m_lateFocus;
     QtDialogs m_dialogs;
-    DiskFiles m_files;
+    DesktopProgramDirectory m_directory;
+    DiskFiles m_files{m_directory.spareFolder()};
     QtClipboard m_clipboard;
     SdlSoundPlayer m_sounds;
     XkbLockKeys m_lockKeys;
     IniSettingsStore m_settings;
     FreedesktopFileTypes m_fileTypes;
     DesktopLauncher m_launcher;
-    DesktopProgramDirectory m_directory;
     Platform m_platform{m_dialogs,  m_files,     m_clipboard, m_sounds,   m_lockKeys,
                         m_settings, m_fileTypes, m_launcher,  m_directory};
 };
