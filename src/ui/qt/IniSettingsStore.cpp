@@ -2,82 +2,45 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/IniSettingsStore.h"
 
+#include "ui/FileWriter.h"
+
 #include <QFile>
-#include <QSettings>
 #include <QStandardPaths>
-#include <system_error>
+#include <utility>
 
 namespace ui::qt {
 
 namespace {
 
-Path DefaultFile() {
+/// Keeps a copy of a file that cannot be understood under a name that is free.
+Status KeepDamagedFile(Files& files, const Path& file, std::string_view bytes) {
+    constexpr int MaxDamagedFiles = 99;
+    Status kept;
+    for (int number = 1; number <= MaxDamagedFiles; ++number) {
+        Path copy = file;
+        copy += ".damaged-" + std::to_string(number);
+        kept = WritePrivateCopy(files, copy, bytes);
+        if (kept || !files.exists(copy)) {
+            break;
+        }
+    }
+    return kept;
+}
+
+} // namespace
+
+IniSettingsStore::IniSettingsStore(Files& files, Path file)
+    : m_files(files)
+    , m_file(std::move(file)) {
+    refresh();
+}
+
+Path IniSettingsStore::UsersFile() {
     const Path home =
         QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
             .toStdString();
     return home / "VTM" / "VTM.ini";
 }
-
-std::unique_ptr<QSettings> OpenSettings(const Path& file) {
-    return std::make_unique<QSettings>(
-        QFile::decodeName(QByteArray::fromStdString(file.native())), QSettings::IniFormat);
-}
-
-QString FullKey(const std::string& section, const std::string& key) {
-    return QString::fromStdString(section) + QLatin1Char('/') + QString::fromStdString(key);
-}
-
-/// Text as it is stored: readable where it is UTF-8, otherwise its bytes.
-QVariant ToVariant(const std::string& value) {
-    const QByteArray bytes = QByteArray::fromStdString(value);
-    const QString text = QString::fromUtf8(bytes);
-    if (text.toUtf8() != bytes) {
-        return bytes;
-    }
-    return text;
-}
-
-std::optional<std::string> FromVariant(const QVariant& value) {
-    switch (value.typeId()) {
-    case QMetaType::QString:
-        return value.toString().toStdString();
-    case QMetaType::QByteArray:
-        return value.toByteArray().toStdString();
-    case QMetaType::QStringList:
-        // The file holds a comma without quotes, which only people write.
-        return value.toStringList().join(QLatin1Char(',')).toStdString();
-    default:
-        return {};
-    }
-}
-
-/// Keeps a copy of a file that cannot be understood under a name that is free.
-Status KeepDamagedFile(const Path& file) {
-    std::error_code error;
-    for (int number = 1;; ++number) {
-        Path copy = file;
-        copy += ".damaged-" + std::to_string(number);
-        if (std::filesystem::copy_file(file, copy, error)) {
-            return {};
-        }
-        if (error != std::errc::file_exists) {
-            return Failure{
-                "Could not keep a copy of the damaged file \"" + PathText(file) + "\": " + error.message() +
-                "."};
-        }
-    }
-}
-
-} // namespace
-
-IniSettingsStore::IniSettingsStore()
-    : IniSettingsStore(DefaultFile()) {}
-
-IniSettingsStore::IniSettingsStore(const Path& file)
-    : m_file(file)
-    , m_settings(OpenSettings(file)) {}
-
-IniSettingsStore::~IniSettingsStore() = default;
 
 std::optional<std::string> IniSettingsStore::read(const std::string& section, const std::string& key) const {
     if (const auto keys = m_written.find(section); keys != m_written.end()) {
@@ -85,7 +48,12 @@ std::optional<std::string> IniSettingsStore::read(const std::string& section, co
             return value->second;
         }
     }
-    return FromVariant(m_settings->value(FullKey(section, key)));
+    if (const auto keys = m_saved.find(section); keys != m_saved.end()) {
+        if (const auto value = keys->second.find(key); value != keys->second.end()) {
+            return value->second;
+        }
+    }
+    return {};
 }
 
 void IniSettingsStore::write(const std::string& section, const std::string& key, const std::string& value) {
@@ -93,17 +61,14 @@ void IniSettingsStore::write(const std::string& section, const std::string& key,
 }
 
 std::vector<std::pair<std::string, std::string>> IniSettingsStore::list(const std::string& section) const {
-    Section values;
-    m_settings->beginGroup(QString::fromStdString(section));
-    for (const QString& key : m_settings->childKeys()) {
-        if (key.isEmpty()) {
-            continue;
-        }
-        if (auto value = FromVariant(m_settings->value(key))) {
-            values[key.toStdString()] = std::move(*value);
+    IniSection values;
+    if (const auto keys = m_saved.find(section); keys != m_saved.end()) {
+        for (const auto& [key, value] : keys->second) {
+            if (value) {
+                values[key] = *value;
+            }
         }
     }
-    m_settings->endGroup();
     if (const auto keys = m_written.find(section); keys != m_written.end()) {
         for (const auto& [key, value] : keys->second) {
             values[key] = value;
@@ -113,29 +78,61 @@ std::vector<std::pair<std::string, std::string>> IniSettingsStore::list(const st
 }
 
 void IniSettingsStore::refresh() {
-    // There is nothing to write in it: that stays in m_written until it is saved.
-    m_settings->sync();
+    // What cannot be read now keeps the values that it had.
+    if (auto values = ReadIniFile(m_file)) {
+        m_saved = std::move(*values);
+    }
 }
 
 Status IniSettingsStore::save() {
-    if (m_settings->status() == QSettings::FormatError) {
-        if (auto kept = KeepDamagedFile(m_file); !kept) {
+    if (m_written.empty()) {
+        return {};
+    }
+    Status done = m_files.makeFolder(FolderOf(m_file));
+    if (done) {
+        done = saveLocked();
+    }
+    return done
+               ? Status()
+               : Failure{
+                     "Could not write the settings \"" + PathText(m_file) + "\".\n" + done.failure().message};
+}
+
+Status IniSettingsStore::saveLocked() {
+    const auto folderLock = m_files.lockFolder(FolderOf(m_file));
+    if (!folderLock) {
+        return folderLock.failure();
+    }
+    Bytes before;
+    std::unique_ptr<FileLock> fileLock;
+    if (m_files.exists(m_file)) {
+        // Another host may share the file, but not the lock of its folder.
+        auto locked = m_files.lockFile(m_file);
+        if (!locked) {
+            return locked.failure();
+        }
+        fileLock = std::move(locked).value();
+        auto bytes = m_files.read(m_file);
+        if (!bytes) {
+            return bytes.failure();
+        }
+        before = std::move(bytes).value();
+    }
+    auto after = WithIniValues(before, m_written);
+    if (!after) {
+        return after.failure();
+    }
+    if (after.value().wasDamaged) {
+        if (auto kept = KeepDamagedFile(m_files, m_file, before); !kept) {
             return kept;
         }
     }
-    if (m_settings->status() != QSettings::NoError) {
-        // The status does not go away by itself.
-        m_settings = OpenSettings(m_file);
-    }
-    for (const auto& [section, keys] : m_written) {
-        for (const auto& [key, value] : keys) {
-            m_settings->setValue(FullKey(section, key), ToVariant(value));
+    if (after.value().bytes != before) {
+        if (auto written = WriteFile(m_files, m_file, after.value().bytes); !written) {
+            return written;
         }
     }
-    m_settings->sync();
-    if (m_settings->status() == QSettings::AccessError) {
-        return Failure{"Could not write the settings \"" + PathText(m_file) + "\"."};
-    }
+    m_saved = std::move(after).value().values;
     m_written.clear();
     return {};
 }

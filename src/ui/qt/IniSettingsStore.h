@@ -3,12 +3,9 @@
 #pragma once
 
 #include "ui/Platform.h"
+#include "ui/qt/IniText.h"
 
-#include <map>
-#include <memory>
 #include <string>
-
-class QSettings;
 
 namespace ui::qt {
 
@@ -16,15 +13,11 @@ namespace ui::qt {
 /// changes only the keys that it has written. A value that cannot be read counts as absent.
 class IniSettingsStore final : public SettingsStore {
 public:
-    /// The user's settings file.
-    IniSettingsStore();
+    /// `files` outlives the store.
+    IniSettingsStore(Files& files, Path file);
 
-    explicit IniSettingsStore(const Path& file);
-    IniSettingsStore(const IniSettingsStore&) = delete;
-    IniSettingsStore& operator=(const IniSettingsStore&) = delete;
-    IniSettingsStore(IniSettingsStore&&) = delete;
-    IniSettingsStore& operator=(IniSettingsStore&&) = delete;
-    ~IniSettingsStore() override;
+    /// The file of the user who runs this program.
+    [[nodiscard]] static Path UsersFile();
 
     [[nodiscard]] std::optional<std::string>
     read(const std::string& section, const std::string& key) const override;
@@ -34,15 +27,17 @@ public:
 
     void refresh() override;
 
-    /// Puts the written values into the file. A file that is damaged is first kept as a copy beside it.
+    /// Puts the written values into the file, as a whole or not at all. A file that is damaged is first kept
+    /// as a copy beside it; one that cannot be read is left alone.
     Status save() override;
 
 private:
-    using Section = std::map<std::string, std::string>;
+    [[nodiscard]] Status saveLocked();
 
+    Files& m_files;
     Path m_file;
-    std::unique_ptr<QSettings> m_settings;
-    std::map<std::string, Section> m_written; ///< not yet in the file
+    IniValues m_saved;     ///< as the file was when it was last read
+    IniSections m_written; ///< not yet in the file
 };
 
 } // namespace ui::qt

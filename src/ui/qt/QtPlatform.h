@@ -35,7 +35,7 @@ private:
     QtClipboard m_clipboard;
     SdlSoundPlayer m_sounds;
     XkbLockKeys m_lockKeys;
-    IniSettingsStore m_settings;
+    IniSettingsStore m_settings{m_files, IniSettingsStore::UsersFile()};
     FreedesktopFileTypes m_fileTypes;
     DesktopLauncher m_launcher;
     Platform m_platform{m_dialogs,  m_files,     m_clipboard, m_sounds,   m_lockKeys,

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/IniText.h"
+
+#include "ui/FileWriter.h"
+
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <utility>
+
+namespace ui::qt {
+
+namespace {
+
+QString FileName(const Path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.native()));
+}
+
+/// Text as it is stored: readable where it is UTF-8, otherwise its bytes.
+QVariant ToVariant(const std::string& value) {
+    const QByteArray bytes = QByteArray::fromStdString(value);
+    const QString text = QString::fromUtf8(bytes);
+    if (text.toUtf8() != bytes) {
+        return bytes;
+    }
+    return text;
+}
+
+std::optional<std::string> FromVariant(const QVariant& value) {
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        return value.toString().toStdString();
+    case QMetaType::QByteArray:
+        return value.toByteArray().toStdString();
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList:
+        // The file holds a comma without quotes, which only people write.
+        return value.toStringList().join(QLatin1Char(',')).toStdString();
+    default:
+        return {};
+    }
+}
+
+IniValues ValuesOf(QSettings& settings) {
+    IniValues values;
+    for (const QString& fullKey : settings.allKeys()) {
+        const auto slash = fullKey.lastIndexOf(QLatin1Char('/'));
+        const std::string section = fullKey.left(std::max<decltype(slash)>(slash, 0)).toStdString();
+        // The toolkit reads a key without a name, but does not write it.
+        if (const std::string key = fullKey.mid(slash + 1).toStdString(); !key.empty()) {
+            values[section][key] = FromVariant(settings.value(fullKey));
+        }
+    }
+    return values;
+}
+
+/// Lets the toolkit put the values into a file that nobody else knows of.
+Result<IniText> SetValues(const Path& file, const IniSections& values) {
+    QSettings settings(FileName(file), QSettings::IniFormat);
+    IniText text{.bytes = {}, .values = ValuesOf(settings), .wasDamaged = false};
+    text.wasDamaged = settings.status() == QSettings::FormatError;
+    for (const auto& [section, keys] : values) {
+        for (const auto& [key, value] : keys) {
+            settings.setValue(QString::fromStdString(section + '/' + key), ToVariant(value));
+            text.values[section][key] = value;
+        }
+    }
+    settings.sync();
+    if (settings.status() == QSettings::AccessError) {
+        return Failure{"Could not write \"" + PathText(file) + "\"."};
+    }
+    return text;
+}
+
+} // namespace
+
+std::optional<IniValues> ReadIniFile(const Path& file) {
+    QSettings settings(FileName(file), QSettings::IniFormat);
+    // Another one that was open before may have been left behind by the file.
+    settings.sync();
+    if (settings.status() == QSettings::AccessError) {
+        return {};
+    }
+    return ValuesOf(settings);
+}
+
+Result<IniText> WithIniValues(std::string_view before, const IniSections& values) {
+    const QTemporaryDir folder;
+    if (!folder.isValid()) {
+        return Failure{"Could not make a temporary folder: " + folder.errorString().toStdString() + "."};
+    }
+    const Path path = QFile::encodeName(folder.path()).toStdString();
+    DiskFiles files;
+    const Path written = path / "settings.ini";
+    if (auto made = WritePrivateCopy(files, written, before); !made) {
+        return made.failure();
+    }
+    const auto set = SetValues(written, values);
+    if (!set) {
+        return set;
+    }
+    // Under a name that the toolkit remembers nothing of.
+    const Path checked = path / "check.ini";
+    if (auto renamed = files.rename(written, checked); !renamed) {
+        return renamed.failure();
+    }
+    if (ReadIniFile(checked) != set.value().values) {
+        return Failure{"What was written to \"" + PathText(written) + "\" could not be read again."};
+    }
+    auto bytes = files.read(checked);
+    if (!bytes) {
+        return bytes.failure();
+    }
+    IniText text = set.value();
+    text.bytes = std::move(bytes).value();
+    return text;
+}
+
+} // namespace ui::qt
