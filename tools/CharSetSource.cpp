@@ -134,8 +134,8 @@ CharSetDrawing Source::draw() {
     while (const SourceLine* line = nextLine()) {
         readStatement(line->text);
     }
-    if (m_name.empty() || m_webAddress.empty()) {
-        refuse(m_name.empty() ? "the set has no name" : "the set has no address");
+    if (m_name.empty()) {
+        refuse("the set has no name");
     }
     CharSetDrawing drawing{m_name, m_webAddress, ui::Picture(glyphs::ArtworkSide, glyphs::ArtworkSide, 0)};
     for (int code = 0; code < GlyphCount; ++code) {

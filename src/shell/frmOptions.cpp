@@ -196,10 +196,11 @@ void frmOptions::showConversion(int row, glyphs::CharSet conversion) {
     m_shownConversion = row;
     m_conversionArtwork = std::move(conversion.artwork);
     paintConversion();
-    const QString address = Latin1(glyphs::WebAddressText(conversion.record));
-    m_form->lblWebAddress->setText(address);
-    m_form->lblWebAddress->setToolTip(address);
-    m_form->cmdGotoTc->setEnabled(!address.isEmpty());
+    const std::string address = glyphs::WebAddressText(conversion.record);
+    m_form->lblWebAddress->setText(Latin1(address));
+    m_form->lblWebAddress->setToolTip(Latin1(address));
+    m_form->lblWebAddress->setAccessibleName(address.empty() ? tr("No web address") : QString());
+    m_form->cmdGotoTc->setEnabled(IsWebAddress(address));
 }
 
 void frmOptions::paintConversion() {

@@ -85,6 +85,23 @@ std::string FileAddress(const ui::Path& path) {
     return address;
 }
 
+bool IsWebAddress(std::string_view address) {
+    constexpr std::array<std::string_view, 3> schemes{"http://", "https://", "mailto:"};
+    const auto startsWith = [address](std::string_view scheme) {
+        return address.size() > scheme.size() && address[scheme.size()] != '/' &&
+               std::equal(scheme.begin(), scheme.end(), address.begin(), [](char wanted, char given) {
+                   return (given >= 'A' && given <= 'Z' ? static_cast<char>(given - 'A' + 'a') : given) ==
+                          wanted;
+               });
+    };
+    const auto isUnfit = [](char character) {
+        const auto byte = static_cast<unsigned char>(character);
+        return byte <= ' ' || byte == 0x7F;
+    };
+    return std::any_of(schemes.begin(), schemes.end(), startsWith) &&
+           std::none_of(address.begin(), address.end(), isUnfit);
+}
+
 std::string SupportMailUrl() {
     return std::string("mailto:") + SupportMailAddress + "?subject=VTM Help";
 }

@@ -24,6 +24,10 @@ constexpr int FirstLaunchSuccess = 33;
 /// The address of a local file: "file://" and the absolute path, percent-encoded.
 [[nodiscard]] std::string FileAddress(const ui::Path& path);
 
+/// Whether an address from a file may be handed to the desktop, which opens files and runs programs too: one
+/// of http, https or mailto, without blanks and control characters.
+[[nodiscard]] bool IsWebAddress(std::string_view address);
+
 /// "mailto:", the support address and the subject.
 [[nodiscard]] std::string SupportMailUrl();
 

@@ -171,7 +171,7 @@ TEST_F(MkCharSets, RefusesAFolderThatIsNotThere) {
 TEST_F(MkCharSets, RefusesAMissingGlyph) {
     expectRefusal(Head + restFrom(1), ":15: glyph 0 is missing");
     expectRefusal("", ":1: the set has no name");
-    expectRefusal("name Test\n", ":1: the set has no address");
+    expectRefusal("name Test\n", ":1: glyph 0 is missing");
 }
 
 TEST_F(MkCharSets, RefusesAGlyphThatIsDrawnTwice) {
@@ -198,6 +198,13 @@ TEST_F(MkCharSets, RefusesWrongCodes) {
             ":7: \"" + code + "\" is not a glyph code from 0 to 255 or a range of them");
     }
     expectRefusal(Head + "glyphs\n", ":7: \"glyphs\" takes the codes of the cells below it");
+}
+
+TEST_F(MkCharSets, TakesASetWithoutAnAddress) {
+    std::string rest = Head;
+    rest.erase(rest.find("address"), rest.find('\n', rest.find("address")) + 1 - rest.find("address"));
+    EXPECT_EQ(compile(rest + restFrom(0)).exitCode, 0);
+    EXPECT_EQ(folder.content("vtmtc.dat").substr(52, 100), std::string(100, ' '));
 }
 
 TEST_F(MkCharSets, TakesANameOfFiftyCharacters) {

@@ -47,6 +47,15 @@ protected:
         atlas = glyphs::BuildAtlas(set.artwork, settings.colours[0]);
     }
 
+    /// Gives the set at a place (0-based) of the list another web address.
+    void putAddress(std::size_t place, std::string_view address) const {
+        std::string list = fake.directory.files.content("vtmtc.dat");
+        std::string field(address);
+        field.resize(glyphs::WebAddressWidth, ' ');
+        list.replace(place * glyphs::CharSetRecordSize + 52, field.size(), field);
+        fake.directory.files.put("vtmtc.dat", list);
+    }
+
     /// The glyphs of the character set at a place (0-based) of the list over a background colour.
     ui::Picture gridOf(int place, ui::Pixel background) {
         return glyphs::BuildAtlas(

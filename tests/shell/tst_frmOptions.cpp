@@ -552,6 +552,8 @@ TEST_F(OptionsDialog, ADamagedKeyMapIsReportedAndTheDefaultsUsed) {
 }
 
 TEST_F(OptionsDialog, TabReachesEveryControlOfAPage) {
+    putAddress(0, "https://example.org/");
+    useCharSet(0);
     open();
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));

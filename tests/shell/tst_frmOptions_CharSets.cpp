@@ -50,6 +50,7 @@ protected:
 
 TEST_F(OptionsCharSets, TheConversionListShowsAllSetsAndTheOneInUse) {
     const auto names = glyphs::LoadCharSetNames(fake.files, fake.directory);
+    putAddress(1, "mailto:steel@example.org");
     useCharSet(1);
     auto* const list = &openList();
     ASSERT_EQ(list->count(), static_cast<int>(names.size()));
@@ -61,9 +62,10 @@ TEST_F(OptionsCharSets, TheConversionListShowsAllSetsAndTheOneInUse) {
     EXPECT_EQ(highlighted(*list), std::vector<int>{1});
     EXPECT_EQ(shownGrid(), gridOf(1, settings.colours[0]));
     EXPECT_EQ(find<QWidget>("ImgGrid")->size(), QSize(256, 256));
-    const QString address = QString::fromStdString(glyphs::WebAddressText(characterSet));
+    const QString address = QStringLiteral("mailto:steel@example.org");
     EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), address);
     EXPECT_EQ(find<QLabel>("lblWebAddress")->toolTip(), address);
+    EXPECT_TRUE(find<QPushButton>("cmdGotoTc")->isEnabled());
     EXPECT_EQ(changedPages(), "");
 }
 
@@ -195,12 +197,26 @@ TEST_F(OptionsCharSets, WithoutAListTheAddressKeepsItsOwnTooltip) {
 }
 
 TEST_F(OptionsCharSets, TheWebsiteOfTheShownSetIsOpened) {
-    open();
-    showPage(3);
-    QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
+    putAddress(1, "https://example.org/sets?game=1");
+    QListWidget& list = openList();
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), "https://example.org/sets?game=1");
     press("cmdGotoTc");
     ASSERT_EQ(fake.launcher.launches.size(), 1U);
-    EXPECT_EQ(fake.launcher.launches[0].address, find<QLabel>("lblWebAddress")->text().toStdString());
+    EXPECT_EQ(fake.launcher.launches[0].address, "https://example.org/sets?game=1");
     EXPECT_TRUE(dialog->isVisible());
     fake.launcher.finish(33);
+}
+
+TEST_F(OptionsCharSets, AnAddressThatIsNoneOfTheWebIsShownAndNotOpened) {
+    for (const char* const address :
+         {"-version", "/bin/sh", "file:///etc/passwd", "javascript:alert(1)", "www.example.org", ""}) {
+        putAddress(1, address);
+        QListWidget& list = openList();
+        click(list, 1);
+        EXPECT_EQ(find<QLabel>("lblWebAddress")->text(), QLatin1String(address));
+        EXPECT_FALSE(find<QPushButton>("cmdGotoTc")->isEnabled()) << address;
+        press("cmdGotoTc");
+        EXPECT_TRUE(fake.launcher.launches.empty()) << address;
+    }
 }

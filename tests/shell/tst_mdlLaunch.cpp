@@ -36,6 +36,41 @@ TEST_F(Launch, AnAddressGoesIntoTheScratchFileAndThenToTheDesktop) {
     EXPECT_TRUE(fake.dialogs.calls().empty());
 }
 
+TEST(WebAddress, IsOneOfTheWebOrOfMail) {
+    for (const char* const address :
+         {"http://example.org", "https://example.org/sets?game=1#top", "HTTPS://EXAMPLE.ORG",
+          "http://h\xE4user.example/", "mailto:steel@example.org?subject=sets"}) {
+        EXPECT_TRUE(shell::IsWebAddress(address)) << address;
+    }
+    for (const char* const address :
+         {"",
+          " ",
+          "-version",
+          "--help",
+          "/bin/sh",
+          "bin",
+          "file:///etc/passwd",
+          "FILE:/etc/passwd",
+          "javascript:1",
+          "www.example.org",
+          "http:",
+          "http:/",
+          "http://",
+          "https:///",
+          "httpss://a",
+          "mailto:",
+          " http://a",
+          "http://a b",
+          "http://a\n[InternetShortcut]",
+          "http://a\r",
+          "http://a\x1b",
+          "http://a\x7f",
+          "ftp://example.org"}) {
+        EXPECT_FALSE(shell::IsWebAddress(address)) << address;
+    }
+    EXPECT_FALSE(shell::IsWebAddress(std::string_view("http://a\0b", 10)));
+}
+
 TEST_F(Launch, AnEarlierScratchFileIsOverwritten) {
     fake.directory.files.put("temphtm.url", std::string(1000, 'x'));
     shell::OpenUrl(fake.platform, "https://example.org/");
