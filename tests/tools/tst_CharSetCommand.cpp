@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 namespace {
@@ -175,6 +177,29 @@ TEST_F(CharSetCommand, AddRefusesAddressesThatABrowserMayNotBeGiven) {
     expectRefusal(
         {"add", "New", picture(), "--web", "https://" + std::string(93, 'x')},
         "Nothing was added: the web address has 101 characters, more than 100.");
+}
+
+TEST_F(CharSetCommand, MessagesHoldNothingThatATerminalActsOn) {
+    const std::string name = "a\x1b]0;title\a\nvtm-charset: done";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--directory", (folder / name).native(), "list"},
+          {"add", "New", (folder / name).native()},
+          {"add", "New", folder.put(name + ".png", "none").native()},
+          {"add", name, picture()},
+          {"remove", name},
+          {"preview", name},
+          {"export", "1", (folder / name).native()},
+          {"--" + name}}) {
+        EXPECT_NE(run(arguments), 0);
+        const std::string message = errors.str();
+        EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
+        EXPECT_EQ(message.find_first_of("\x1b\a\r"), std::string::npos) << message;
+    }
+    std::filesystem::create_directory(folder / name);
+    (void)folder.put(name + "/vtmtc.dat", MakeSets(1).list);
+    EXPECT_EQ(run({"--directory", (folder / name).native(), "list"}), 0);
+    EXPECT_EQ(output.str().find_first_of("\x1b\a\r"), std::string::npos) << output.str();
+    EXPECT_EQ(std::ranges::count(output.str(), '\n'), 3) << output.str();
 }
 
 TEST_F(CharSetCommand, AddNamesTheFileThatCannotBeUsed) {

@@ -210,3 +210,16 @@ TEST_F(ThumbnailCommand, FileManagersCallItForTheThreeKindsOfScripts) {
     EXPECT_EQ(support::RunProgram(VTM_THUMBNAIL, {"--size", "256", script, out}).exitCode, 0);
     EXPECT_EQ(png("thumbnail-XYZ").width(), 256);
 }
+
+TEST_F(ThumbnailCommand, MessagesHoldNothingThatATerminalActsOn) {
+    const std::string name = "a\x1b]0;title\a\nvtm-thumbnail: done";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{at(name), at("out.png")},
+          {folder.put(name + ".vtn", "none").native(), at("out.png")},
+          {"--" + name}}) {
+        EXPECT_NE(run(arguments), 0);
+        const std::string message = errors.str();
+        EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
+        EXPECT_EQ(message.find_first_of("\x1b\a\r"), std::string::npos) << message;
+    }
+}

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
+#include "cli/TerminalText.h"
 #include "support/TempProgramDirectory.h"
 
 #include <gtest/gtest.h>
@@ -71,4 +72,39 @@ TEST(NamedDirectory, HoldsEverything) {
     EXPECT_EQ(directory.toWrite("vtmtc.dat"), folder / "vtmtc.dat");
     EXPECT_FALSE(cli::NamedDirectory("/nonexistent").writable());
     EXPECT_EQ(cli::NamedDirectory("/nonexistent").toWrite("vtmtc.dat"), "/nonexistent/vtmtc.dat");
+}
+
+TEST(TerminalText, LeavesWhatIsOnlyShown) {
+    const std::string words = "A \"name\", 100 % \xC3\xA4\xE2\x82\xAC\xF0\x9F\x8E\xAE ~";
+    EXPECT_EQ(cli::TerminalText(words), words);
+    EXPECT_EQ(cli::TerminalText(""), "");
+}
+
+TEST(TerminalText, NeutralisesWhatATerminalActsOn) {
+    EXPECT_EQ(cli::TerminalText("a\x1b[31mred\x1b[0m"), "a?[31mred?[0m");
+    EXPECT_EQ(cli::TerminalText("one\ntwo\r\n\tthree"), "one?two???three");
+    EXPECT_EQ(cli::TerminalText("\x1b]0;title\a\b\x7f"), "?]0;title???");
+    EXPECT_EQ(
+        cli::TerminalText("\xC2\x9B"
+                          "31m \xC2\x85"),
+        "?31m ?")
+        << "the controls behind those of ASCII";
+    EXPECT_EQ(
+        cli::TerminalText("\xE2\x80\xA8 \xE2\x80\xAE"
+                          "cod.exe \xE2\x81\xA6"),
+        "? ?cod.exe ?");
+    EXPECT_EQ(cli::TerminalText(std::string_view("a\0b", 3)), "a?b");
+}
+
+TEST(TerminalText, NeutralisesBytesThatAreNotUtf8) {
+    EXPECT_EQ(
+        cli::TerminalText("\x9B"
+                          "31m"),
+        "?31m");
+    EXPECT_EQ(cli::TerminalText("h\xE4user"), "h?user");
+    EXPECT_EQ(cli::TerminalText("\xC3"), "?");
+    EXPECT_EQ(cli::TerminalText("\xE2\x82"), "??");
+    EXPECT_EQ(
+        cli::TerminalText("\xC0\x9B \xE0\x82\x9B \xED\xA0\x80 \xF5\x80\x80\x80 \xF4\x90\x80\x80"),
+        "?? ??? ??? ???? ????");
 }

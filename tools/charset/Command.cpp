@@ -10,6 +10,7 @@
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
+#include "cli/TerminalText.h"
 #include "ui/FileWriter.h"
 
 #include <algorithm>
@@ -127,7 +128,7 @@ Outcome Run::list() {
     for (const CharSetRecord& record : records) {
         nameWidth = std::max(nameWidth, WidthOf(ShownText(record.name)));
     }
-    m_output << ui::PathText(path) << ":\n"
+    m_output << cli::TerminalText(path.native()) << ":\n"
              << "  No.   Slot  " << Filled("Name", nameWidth) << "  Address\n";
     for (std::size_t index = 0; index < records.size(); ++index) {
         const CharSetRecord& record = records[index];
@@ -354,7 +355,7 @@ std::optional<Outcome> Dispatch(Run& run, const cli::Arguments& arguments) {
 int RunCommand(std::span<const std::string> arguments, const Surroundings& surroundings) {
     const auto parsed = cli::ParseArguments(arguments, Options);
     if (!parsed) {
-        surroundings.errors << "vtm-charset: " << parsed.failure().message
+        surroundings.errors << "vtm-charset: " << cli::TerminalText(parsed.failure().message)
                             << "; \"vtm-charset --help\" explains.\n";
         return cli::WrongUsage;
     }
@@ -373,7 +374,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
         return cli::WrongUsage;
     }
     if (!outcome->ok()) {
-        surroundings.errors << "vtm-charset: " << outcome->failure().message << '\n';
+        surroundings.errors << "vtm-charset: " << cli::TerminalText(outcome->failure().message) << '\n';
         return cli::Failed;
     }
     surroundings.output.flush();

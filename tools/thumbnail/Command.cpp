@@ -5,6 +5,7 @@
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
+#include "cli/TerminalText.h"
 #include "glyphs/mdlData.h"
 #include "thumbnail/Drawing.h"
 #include "thumbnail/Script.h"
@@ -145,7 +146,7 @@ ui::Status Perform(const Task& task, ui::Files& files, const ui::ProgramDirector
 int RunCommand(std::span<const std::string> arguments, const Surroundings& surroundings) {
     const auto parsed = cli::ParseArguments(arguments, Options);
     if (!parsed) {
-        surroundings.errors << "vtm-thumbnail: " << parsed.failure().message
+        surroundings.errors << "vtm-thumbnail: " << cli::TerminalText(parsed.failure().message)
                             << "; \"vtm-thumbnail --help\" explains.\n";
         return cli::WrongUsage;
     }
@@ -164,7 +165,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
     }
     const auto done = Perform(*task, surroundings.files, named ? *named : surroundings.directory);
     if (!done) {
-        surroundings.errors << "vtm-thumbnail: " << done.failure().message << '\n';
+        surroundings.errors << "vtm-thumbnail: " << cli::TerminalText(done.failure().message) << '\n';
         return cli::Failed;
     }
     return cli::Succeeded;
