@@ -156,11 +156,21 @@ std::string ReadableLine(std::string_view line) {
 ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line) {
     ui::Bytes result;
     result.reserve(config.size() + config.size() / 16 + line.size() + LineEnd.size());
+    // Where line feeds end the lines, a carriage return alone is a glyph, which hides what stands before it.
+    const bool hasLineFeeds = config.find('\n') != std::string_view::npos;
     glyphs::ByteLines lines(config);
     for (int current = 1; !lines.atEnd(); ++current) {
         const std::string_view old = lines.next();
-        result += current == number ? line : old;
-        result += LineEnd;
+        if (current == number) {
+            result += line;
+            result += LineEnd;
+            continue;
+        }
+        result += old;
+        const auto end = static_cast<std::size_t>(old.data() - config.data()) + old.size();
+        const bool isGlyph = hasLineFeeds && !lines.atEnd() && current + 1 != number &&
+                             config.substr(end, LineEnd.size()) != LineEnd && config[end] == '\r';
+        result += isGlyph ? LineEnd.substr(0, 1) : LineEnd;
     }
     return result;
 }

@@ -14,8 +14,9 @@ namespace scripts {
 constexpr std::string_view ConfigCopyName = "tempfile.cfg";
 
 /// A configuration file with line `number` (1-based) replaced by `line` (without its end). Every other line
-/// keeps its bytes; every line ends with CR LF, the last one too. A number past the last line replaces
-/// nothing.
+/// keeps its bytes; every line ends with CR LF, the last one too. Only a line that ends with CR alone in a
+/// file with line feeds keeps that end, which is a glyph to the game, unless the new line follows. A number
+/// past the last line replaces nothing.
 [[nodiscard]] ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line);
 
 /// What a rewrite left to tell.

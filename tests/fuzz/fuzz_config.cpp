@@ -32,10 +32,26 @@ std::vector<std::string> LinesOf(std::string_view config) {
     return lines;
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
+/// Whether each line ends at a CR that is none for the game, since line feeds end the lines of the file: all
+/// but the last byte of a file may be one.
+std::vector<bool> InnerEndsOf(std::string_view config, std::size_t lines) {
+    std::vector<bool> inner;
+    const bool hasFeeds = config.find('\n') != std::string_view::npos;
+    for (std::size_t i = 0; i < config.size(); ++i) {
+        if (config[i] == '\r' && config.substr(i, 2) != "\r\n") {
+            inner.push_back(hasFeeds && i + 1 < config.size());
+        } else if (config[i] == '\n') {
+            inner.push_back(false);
+        }
+    }
+    inner.resize(lines, false);
+    return inner;
+}
+
+std::string Joined(const std::vector<std::string>& lines, const std::vector<bool>& inner) {
     std::string config;
-    for (const std::string& line : lines) {
-        config += line + "\r\n";
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        config += lines[i] + (inner[i] ? "\r" : "\r\n");
     }
     return config;
 }
@@ -85,14 +101,20 @@ int KeyOf(const std::string& line) {
     return scripts::NoKeyFound;
 }
 
-/// Replacing a line changes that line, the ends of the others to CR LF, and nothing else.
+/// Replacing a line changes that line, the ends of the others that are lines for the game to CR LF, and
+/// nothing else. The new line is one for the game as well.
 void RequireReplaced(
     std::string_view config, std::vector<std::string> lines, int number, const std::string& line) {
     const std::string replaced = scripts::ReplaceLine(config, number, line);
+    std::vector<bool> inner = InnerEndsOf(config, lines.size());
     if (number > 0) {
         lines.at(static_cast<std::size_t>(number - 1)) = line;
+        inner.at(static_cast<std::size_t>(number - 1)) = false;
+        if (number > 1) {
+            inner.at(static_cast<std::size_t>(number - 2)) = false;
+        }
     }
-    fuzz::Require(replaced == Joined(lines), "all bytes but those of the line and of line ends stay");
+    fuzz::Require(replaced == Joined(lines, inner), "all bytes but those of the line and of line ends stay");
     fuzz::Require(
         scripts::ReplaceLine(replaced, number, line) == replaced, "replacing a line again changes nothing");
 }

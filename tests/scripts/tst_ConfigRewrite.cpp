@@ -76,6 +76,20 @@ TEST(ReplaceLine, PutsTheLineInAndEndsAllLinesWithCrLf) {
     EXPECT_EQ("\r\n", ReplaceLine("old\r\n", 1, ""));
 }
 
+TEST(ReplaceLine, KeepsACarriageReturnInsideALine) {
+    // What hides the name in chat: the game ends its lines at the line feed.
+    const std::string bind = "bind x \"say \rhello\"";
+    EXPECT_EQ("X\r\n" + bind + "\r\nlast\r\n", ReplaceLine("name \"a\"\n" + bind + "\nlast", 1, "X"));
+    EXPECT_EQ("X\r\n" + bind + "\r\n", ReplaceLine("name \"a\"\r\n" + bind + "\r\n", 1, "X"));
+    EXPECT_EQ("X\r\n\r\r\r\na\r\rb\r\n", ReplaceLine("n\n\r\r\r\na\r\rb\n", 1, "X"));
+    EXPECT_EQ("a\r\nX\r\nc\rd\r\n", ReplaceLine("a\rb\rc\rd\n", 2, "X")) << "the new line is one of its own";
+    EXPECT_EQ("X\r\nb\r\n", ReplaceLine("a\nb\r", 1, "X")) << "and a line feed ends the last one";
+}
+
+TEST(ReplaceLine, EndsTheLinesOfAFileWithCarriageReturnsAloneWithCrLf) {
+    EXPECT_EQ("a\r\nX\r\nc\r\n\r\nd\r\n", ReplaceLine("a\rb\rc\r\rd", 2, "X"));
+}
+
 TEST(ReplacedLineText, ShowsGlyphsAsFarAsTheyCanBeRead) {
     EXPECT_EQ(
         "Line 3 was replaced: name \"ab\"", scripts::ReplacedLineText(

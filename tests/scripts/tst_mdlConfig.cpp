@@ -244,7 +244,7 @@ TEST_F(Config, KeepsEveryOtherByteAndEndsEveryLineWithCrLf) {
     put(all + "\n \r\r\n\nname \"x\"\n// " + all + "\r\n\t");
     expectUpdated();
     save();
-    EXPECT_EQ(all + "\r\n \r\n\r\n\r\nname \"Player\"\r\n// " + all + "\r\n\t\r\n", content());
+    EXPECT_EQ(all + "\r\n \r\r\n\r\nname \"Player\"\r\n// " + all + "\r\n\t\r\n", content());
 }
 
 TEST_F(Config, IsCutToSizeWhenTheNewLineIsShorter) {
