@@ -111,6 +111,7 @@ private:
 
     // Start-up and files
     ui::Status loadSettings();
+    void registerFileTypes();
     void restoreWindow();
     void loadScript(
         editing::Page kind, const ui::Path& path,
@@ -198,6 +199,7 @@ private:
     ui::qt::KeyReader m_keys;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
+    bool m_hasRegistered = false; ///< the file types, in this run
     std::string m_startNotice;           ///< for the status line, once the start's own messages are through
     glyphs::GlyphCode m_markedGlyph = 0; ///< on the grid; 0: none is
 

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <chrono>
 #include <filesystem>
+#include <utility>
 
 namespace shell {
 
@@ -83,9 +84,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     showStatus(m_startNotice);
 
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
-    QTimer::singleShot(FileTypesTime, this, [this] {
-        WriteFileAssociations(m_platform.fileTypes, m_platform.directory.folder());
-    });
+    QTimer::singleShot(FileTypesTime, this, &frmVTM::registerFileTypes);
     for (const std::string& notice : notices) {
         m_platform.dialogs.warn(notice);
     }
@@ -118,6 +117,12 @@ ui::Status frmVTM::loadSettings() {
     return {};
 }
 
+void frmVTM::registerFileTypes() {
+    if (!std::exchange(m_hasRegistered, true)) {
+        WriteFileAssociations(m_platform.fileTypes, m_platform.directory.folder());
+    }
+}
+
 void frmVTM::restoreWindow() {
     resize(firstSize());
     if (const auto geometry =
@@ -127,17 +132,22 @@ void frmVTM::restoreWindow() {
 }
 
 ui::Status frmVTM::Form_Unload() {
-    if (m_isUnloaded || !m_workspace.settings.saveAtExit) {
-        m_isUnloaded = true;
+    if (std::exchange(m_isUnloaded, true)) {
         return {};
     }
-    m_isUnloaded = true;
-    // A window that the start has not shown yet has no place to remember.
-    if (isVisible()) {
-        m_platform.settings.write(
-            std::string(WindowSection), std::string(GeometryKey), saveGeometry().toBase64().toStdString());
+    ui::Status saved;
+    if (m_workspace.settings.saveAtExit) {
+        // A window that the start has not shown yet has no place to remember.
+        if (isVisible()) {
+            m_platform.settings.write(
+                std::string(WindowSection), std::string(GeometryKey),
+                saveGeometry().toBase64().toStdString());
+        }
+        saved = Save(m_platform.settings, m_workspace.settings);
     }
-    return Save(m_platform.settings, m_workspace.settings);
+    // Should the program end before it came to that.
+    registerFileTypes();
+    return saved;
 }
 
 } // namespace shell

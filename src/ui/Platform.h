@@ -98,7 +98,8 @@ class FileTypes {
 public:
     virtual ~FileTypes() = default;
 
-    /// Registers all the types. What already holds the same is not rewritten.
+    /// Registers all the types, and the program itself where the desktop does not know it. What already holds
+    /// the same is not rewritten.
     virtual void registerTypes(const std::vector<FileType>& types, const Path& program) = 0;
 };
 

@@ -260,6 +260,20 @@ TEST_F(Start, RegistersTheFileTypesOnceTheWindowIsPainted) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !fake.fileTypes.registrations.empty(); }));
     ASSERT_EQ(fake.fileTypes.registrations.front().types.size(), 3U);
     EXPECT_EQ(fake.fileTypes.registrations.front().types[0].extension, ".vtn");
+    window->close();
+    EXPECT_EQ(fake.fileTypes.registrations.size(), 1U) << "once is enough";
+}
+
+TEST_F(Start, RegistersTheFileTypesOfAProgramThatEndsAtOnceToo) {
+    start();
+    window->close();
+    EXPECT_EQ(fake.fileTypes.registrations.size(), 1U);
+    fake.settings.write("options", "saveatexit", "False");
+    start();
+    EXPECT_TRUE(window->Form_Unload());
+    EXPECT_EQ(fake.fileTypes.registrations.size(), 2U);
+    window->close();
+    EXPECT_EQ(fake.fileTypes.registrations.size(), 2U);
 }
 
 TEST_F(Pages, SwitchingPlaysTheSoundAndShowsTitleTabAndButton) {

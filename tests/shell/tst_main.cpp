@@ -17,6 +17,8 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), text(home / "config"));
         environment.insert(QStringLiteral("XDG_DATA_HOME"), text(home / "data"));
+        // As if the program was installed nowhere.
+        environment.insert(QStringLiteral("XDG_DATA_DIRS"), text(home / "system"));
         environment.insert(QStringLiteral("SDL_AUDIODRIVER"), QStringLiteral("dummy"));
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(text(home.path()));
@@ -74,6 +76,17 @@ TEST_F(Program, EndsWhenItIsToldToAndSavesItsSettings) {
     start({});
     EXPECT_TRUE(ends());
     EXPECT_NE(home.content("config/VTM/VTM.ini").find("maketype="), std::string::npos);
+}
+
+TEST_F(Program, RegistersItsFileTypesHoweverSoonItEnds) {
+    start({});
+    EXPECT_TRUE(ends());
+    for (const char* const file :
+         {"data/applications/vtm.desktop", "data/applications/vtm-name.desktop", "data/mime/packages/vtm.xml",
+          "data/icons/hicolor/48x48/apps/vtm.png",
+          "data/icons/hicolor/scalable/mimetypes/application-x-vtm-name.svg"}) {
+        EXPECT_TRUE(home.has(file)) << file;
+    }
 }
 
 TEST_F(Program, EndsWhenItIsToldToThoughItCannotSaveItsSettings) {

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "support/ToolRun.h"
 #include "ui/qt/DesktopEntry.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,20 @@ TEST(DesktopEntry, IsWrittenInFull) {
                                                                 "MimeType=application/x-vtm-name;\n"
                                                                 "NoDisplay=true\n"
                                                                 "Terminal=false\n");
+}
+
+TEST(DesktopEntry, OfTheProgramSaysWhatThePackagesSays) {
+    std::string installed = support::FileContent(SHARE_DIR "/applications/vtm.desktop");
+    const std::string exec = "\nExec=vtm\n";
+    ASSERT_NE(installed.find(exec), std::string::npos);
+    installed.replace(installed.find(exec), exec.size(), "\nExec=\"/my games/VTM\"\nTryExec=/my games/VTM\n");
+    const std::string text = ui::qt::ProgramEntryText("/my games/VTM");
+    const std::size_t start = text.find('\n') + 1;
+    EXPECT_EQ(text.substr(start), installed);
+    EXPECT_TRUE(text.starts_with("# "));
+    EXPECT_TRUE(ui::qt::IsOwnProgramEntry(text));
+    EXPECT_FALSE(ui::qt::IsOwnProgramEntry(text.substr(start))) << "the line was deleted";
+    EXPECT_FALSE(ui::qt::IsOwnProgramEntry(""));
 }
 
 TEST(DesktopEntry, AProgramWithBlanksIsQuotedWhereQuotesAreKnown) {

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopHome.h"
 #include "Environment.h"
+#include "support/ToolRun.h"
 #include "ui/FileWriter.h"
+#include "ui/qt/DesktopEntry.h"
 #include "ui/qt/FreedesktopFileTypes.h"
 
 #include <QStandardPaths>
@@ -188,13 +190,75 @@ TEST(FreedesktopFileTypes, WriteAnEntryForEachTypeAndOneDescriptionOfAll) {
     }
     std::vector<std::string> names;
     for (const Written& file : filesIn(home.path())) {
-        names.push_back(file.name);
+        if (!file.name.starts_with("data/icons")) {
+            names.push_back(file.name);
+        }
     }
     EXPECT_EQ(
         names, (std::vector<std::string>{
                    "bin", "bin/VTM", "data", "data/applications", "data/applications/vtm-animation.desktop",
-                   "data/applications/vtm-message.desktop", "data/applications/vtm-name.desktop", "data/mime",
-                   "data/mime/packages", "data/mime/packages/vtm.xml"}));
+                   "data/applications/vtm-message.desktop", "data/applications/vtm-name.desktop",
+                   "data/applications/vtm.desktop", "data/mime", "data/mime/packages",
+                   "data/mime/packages/vtm.xml"}));
+}
+
+TEST(FreedesktopFileTypes, BringTheIconsThatTheSystemDoesNotHave) {
+    const Environment noTools("PATH", "/nowhere");
+    const support::TempFolder system;
+    const Environment data("XDG_DATA_DIRS", bytes(system.path()));
+    const DesktopHome home;
+    registerTypes(home, home.makeProgram("bin"));
+    std::size_t icons = 0;
+    for (const auto& file : fs::recursive_directory_iterator(ICON_THEME)) {
+        if (file.is_regular_file()) {
+            const fs::path name = "icons/hicolor" / fs::relative(file.path(), ICON_THEME);
+            EXPECT_EQ(home.content(name), support::FileContent(file.path())) << name;
+            ++icons;
+        }
+    }
+    EXPECT_EQ(icons, 36U) << "of the program and three types, in eight sizes and as a drawing";
+
+    const DesktopHome other;
+    (void)system.put("icons/hicolor/48x48/apps/vtm.png", "the system's");
+    registerTypes(other, other.makeProgram("bin"));
+    EXPECT_FALSE(fs::exists(other.dataHome() / "icons/hicolor/48x48/apps/vtm.png"));
+    EXPECT_TRUE(fs::exists(other.dataHome() / "icons/hicolor/32x32/apps/vtm.png"));
+}
+
+TEST(FreedesktopFileTypes, ShowAProgramInMenusThatIsOnlyUnpacked) {
+    const Environment noTools("PATH", "/nowhere");
+    const support::TempFolder system;
+    const Environment data("XDG_DATA_DIRS", bytes(system.path()));
+    const DesktopHome home;
+    const fs::path entry = home.dataHome() / "applications/vtm.desktop";
+    const ui::Path program = home.makeProgram("bin");
+    registerTypes(home, program);
+    EXPECT_EQ(home.content("applications/vtm.desktop"), ui::qt::ProgramEntryText(program));
+    const ui::Path moved = home.makeProgram("moved");
+    registerTypes(home, moved);
+    EXPECT_EQ(home.content("applications/vtm.desktop"), ui::qt::ProgramEntryText(moved));
+
+    (void)system.put("applications/vtm.desktop", "[Desktop Entry]\n");
+    registerTypes(home, moved);
+    EXPECT_FALSE(fs::exists(entry)) << "it would hide the system's";
+    registerTypes(home, moved);
+    EXPECT_FALSE(fs::exists(entry));
+}
+
+TEST(FreedesktopFileTypes, LeaveTheUsersOwnEntryOfTheProgramAlone) {
+    const Environment noTools("PATH", "/nowhere");
+    const support::TempFolder system;
+    const Environment data("XDG_DATA_DIRS", bytes(system.path()));
+    const DesktopHome home;
+    const std::string own = "[Desktop Entry]\nName=My own\n";
+    fs::create_directories(home.dataHome() / "applications");
+    ui::DiskFiles files;
+    ASSERT_TRUE(ui::WriteFile(files, home.dataHome() / "applications/vtm.desktop", own));
+    registerTypes(home, home.makeProgram("bin"));
+    EXPECT_EQ(home.content("applications/vtm.desktop"), own);
+    (void)system.put("applications/vtm.desktop", "[Desktop Entry]\n");
+    registerTypes(home, home.makeProgram("bin"));
+    EXPECT_EQ(home.content("applications/vtm.desktop"), own);
 }
 
 TEST(FreedesktopFileTypes, AreNotRewrittenWhenNothingChanged) {
@@ -389,6 +453,10 @@ TEST_F(FileTypesCaches, AreMadeWhereAnEarlierStartCouldNot) {
 
 TEST_F(FileTypesChecked, TheFilesAreValid) {
     const auto check = [](const DesktopHome& someone) {
+        const auto program = someone.run(
+            "desktop-file-validate", {(someone.dataHome() / "applications/vtm.desktop").native()});
+        EXPECT_EQ(program.exitCode, 0);
+        EXPECT_EQ(program.output, "");
         for (const ScriptType& type : Types) {
             const auto entry = someone.run(
                 "desktop-file-validate", {(someone.dataHome() / "applications" / type.entry).native()});

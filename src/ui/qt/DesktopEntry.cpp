@@ -11,6 +11,10 @@ namespace {
 /// What people know the program by.
 constexpr auto ProgramTitle = "Vortigo";
 
+/// The first line of the program's entry.
+constexpr std::string_view OwnEntryMark =
+    "# Written by VTM at its start. Delete this line to keep your changes.\n";
+
 bool IsLetterOrDigit(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
            (character >= '0' && character <= '9');
@@ -133,6 +137,29 @@ std::string DesktopEntryText(const FileType& type, const Path& program) {
            ";\n"
            "NoDisplay=true\n"
            "Terminal=false\n";
+}
+
+std::string ProgramEntryText(const Path& program) {
+    const std::string exec = ExecArgument(program.native());
+    return std::string(OwnEntryMark) +
+           "[Desktop Entry]\n"
+           "Type=Application\n"
+           "Version=1.4\n"
+           "Name=" +
+           EntryValue(ProgramTitle) +
+           "\nGenericName=Player Name Editor\n"
+           "Comment=Edit Quake and Quake2 player names, name animations and chat messages\n"
+           "Exec=" +
+           EntryValue(exec) + "\nTryExec=" + EntryValue(program.native()) +
+           "\nIcon=vtm\n"
+           "Terminal=false\n"
+           "Categories=Game;\n"
+           "Keywords=Quake;Quake2;name;player;animation;message;bind;script;\n"
+           "StartupWMClass=VTM\n";
+}
+
+bool IsOwnProgramEntry(std::string_view entry) {
+    return entry.starts_with(OwnEntryMark);
 }
 
 std::string DesktopEntryName(const FileType& type) {

@@ -30,7 +30,15 @@ enum class ExecPath {
 /// blank before it and is followed by the file as an argument of its own.
 [[nodiscard]] std::string DesktopEntryText(const FileType& type, const Path& program);
 
-/// The file name of that entry: of "application/x-vtm-name" it is "vtm-name.desktop".
+/// The desktop entry that shows the program in menus, and what it is called. It starts with a line by which
+/// the program knows its own again: who deletes that line keeps the entry as it is.
+[[nodiscard]] std::string ProgramEntryText(const Path& program);
+constexpr std::string_view ProgramEntryName = "vtm.desktop";
+
+/// Whether an entry was written by the program and may be written anew.
+[[nodiscard]] bool IsOwnProgramEntry(std::string_view entry);
+
+/// The file name of a type's entry: of "application/x-vtm-name" it is "vtm-name.desktop".
 [[nodiscard]] std::string DesktopEntryName(const FileType& type);
 
 /// The description of the types for the shared MIME database: told by the ends of their names and, where the

@@ -6,10 +6,12 @@
 #include "ui/FileWriter.h"
 #include "ui/qt/DesktopEntry.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QString>
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +20,9 @@ namespace ui::qt {
 namespace {
 
 constexpr auto MimePackageName = "vtm.xml";
+
+/// Where the executable holds the icons, laid out as in an icon theme.
+constexpr auto IconResources = ":/hicolor";
 
 /// Runs a program that nobody waits for, if it is there.
 void RunInBackground(const char* program, const Path& argument) {
@@ -78,6 +83,8 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
     for (const FileType& type : types) {
         areEntriesNew |= put(entries / DesktopEntryName(type), DesktopEntryText(type, started));
     }
+    areEntriesNew |= putProgramEntry(entries / ProgramEntryName, started);
+    putIcons();
     const Path mime = m_dataHome / "mime";
     const bool isPackageNew = put(mime / "packages" / MimePackageName, MimePackageText(types));
     if (areEntriesNew && started != link()) {
@@ -89,6 +96,48 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
     }
     if (areEntriesNew || !m_files.exists(entries / "mimeinfo.cache")) {
         RunInBackground("update-desktop-database", entries);
+    }
+}
+
+/// Whether the program was installed for all users, with such a file in the system's data.
+bool FreedesktopFileTypes::isInSystem(const Path& name) const {
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    return std::any_of(folders.begin(), folders.end(), [this, &name](const QString& folder) {
+        const Path path = QFile::encodeName(folder).toStdString();
+        return path != m_dataHome && m_files.exists(path / name);
+    });
+}
+
+/// Shows the program in menus, unless the system or the user already does; whether anything changed.
+bool FreedesktopFileTypes::putProgramEntry(const Path& entry, const Path& program) {
+    const auto old = m_files.read(entry);
+    const bool isOwn = old && IsOwnProgramEntry(old.value());
+    if (isInSystem(Path("applications") / ProgramEntryName)) {
+        // It would stand before the system's.
+        return isOwn && m_files.remove(entry);
+    }
+    return (isOwn || !m_files.exists(entry)) && put(entry, ProgramEntryText(program));
+}
+
+/// Puts the icons of the program and of its types into the user's icon theme.
+void FreedesktopFileTypes::putIcons() {
+    bool isNew = false;
+    const Path theme = Path("icons") / "hicolor";
+    QDirIterator icons(QLatin1String(IconResources), QDir::Files, QDirIterator::Subdirectories);
+    while (icons.hasNext()) {
+        QFile icon(icons.next());
+        const Path name =
+            theme /
+            QFile::encodeName(icon.fileName().mid(QLatin1String(IconResources).size() + 1)).toStdString();
+        if (!isInSystem(name) && icon.open(QFile::ReadOnly)) {
+            isNew |= put(m_dataHome / name, icon.readAll().toStdString());
+        }
+    }
+    if (isNew) {
+        // By this the desktops notice what a cache of the theme does not know.
+        std::error_code ignored;
+        std::filesystem::last_write_time(
+            m_dataHome / theme, std::filesystem::file_time_type::clock::now(), ignored);
     }
 }
 

@@ -7,8 +7,10 @@
 namespace ui::qt {
 
 /// Registers file types as free desktops know them: a desktop entry for each type and one description of all
-/// of them for the shared MIME database, both in the user's data home and nowhere else. Which program the
-/// user prefers for a type is not touched.
+/// of them for the shared MIME database, both in the user's data home and nowhere else. What the system's own
+/// data do not hold comes there too: the icons that the executable carries, and an entry that shows the
+/// program in menus, unless somebody else's is there. Which program the user prefers for a type is not
+/// touched.
 class FreedesktopFileTypes final : public FileTypes {
 public:
     /// For the user and the executable that the program runs as.
@@ -25,6 +27,9 @@ public:
 private:
     [[nodiscard]] Path link() const;
     [[nodiscard]] Path startable(const Path& program);
+    [[nodiscard]] bool isInSystem(const Path& name) const;
+    bool putProgramEntry(const Path& entry, const Path& program);
+    void putIcons();
     bool put(const Path& file, std::string_view content);
 
     DiskFiles m_files;
