@@ -130,11 +130,51 @@ std::string KeptText(const DecodedScript& script, const AnimationDocument& anima
     return text;
 }
 
-std::string AbandonedText(const DecodedScript& script, const ui::Path& path) {
+/// The names in use that hold other glyphs than before, in order.
+std::vector<int> ChangedNames(const AnimationDocument& animation, const AnimationDocument& before) {
+    std::vector<int> names;
+    for (int name = 1; name <= animation.nameCount; ++name) {
+        if (!std::ranges::equal(animation.name(name), before.name(name))) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+/// Numbers in ascending order as people list them: "1 to 4, 7 and 9".
+std::string NumbersText(const std::vector<int>& numbers) {
+    std::vector<std::string> parts;
+    for (std::size_t first = 0; first < numbers.size();) {
+        std::size_t last = first;
+        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) {
+            ++last;
+        }
+        if (last < first + 2) {
+            last = first;
+        }
+        parts.push_back(
+            std::to_string(numbers[first]) + (last == first ? "" : " to " + std::to_string(numbers[last])));
+        first = last + 1;
+    }
+    std::string text;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const bool isLast = i + 1 == parts.size();
+        text += (i == 0 ? "" : isLast ? " and " : ", ") + parts[i];
+    }
+    return text;
+}
+
+/// The status text of a script whose reading was abandoned. `unshown`: the names that were read all the same,
+/// and which the page does not show.
+std::string
+AbandonedText(const DecodedScript& script, const ui::Path& path, const std::vector<int>& unshown) {
     std::string text = "Reading \"" + ui::PathText(path) + "\" stopped at line " +
                        std::to_string(script.line) + ": " + script.cause + ".";
-    if (script.namesRead > 0) {
-        AddSentence(text, "The names read before it are not shown yet.");
+    if (!unshown.empty()) {
+        AddSentence(
+            text, (unshown.size() == 1 ? "Name " : "Names ") + NumbersText(unshown) +
+                      (unshown.size() == 1 ? " stands" : " stand") +
+                      " in the animation and not on the screen.");
     }
     return text;
 }
@@ -272,15 +312,19 @@ AnimationRead ReadAnimationScript(
         }
         return {.end = ScriptEnd::NotRecognised, .statusText = bytes.failure().message};
     }
+    const AnimationDocument before = animation;
     const DecodedScript script = DecodeAnimationScript(bytes.value(), animation);
     AnimationRead read{.end = script.end, .statusText = {}};
     switch (script.end) {
     case ScriptEnd::NotRecognised:
         reportError();
         break;
-    case ScriptEnd::Abandoned:
-        read.statusText = AbandonedText(script, path);
+    case ScriptEnd::Abandoned: {
+        const std::vector<int> unshown = ChangedNames(animation, before);
+        read.hasUnshownNames = !unshown.empty();
+        read.statusText = AbandonedText(script, path, unshown);
         break;
+    }
     case ScriptEnd::Read:
         read.statusText = KeptText(script, animation);
         repaintPage();

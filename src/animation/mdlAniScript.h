@@ -79,6 +79,7 @@ enum class OpenFailure {
 struct AnimationRead {
     ScriptEnd end = ScriptEnd::NotRecognised; ///< also when the script cannot be opened
     std::string statusText;                   ///< for the status line; may be empty
+    bool hasUnshownNames = false; ///< names in use were read and are not painted: the status text says which
 };
 
 /// Reads a script into the document. One that was read to its end is shown by calling `repaintPage` and, but

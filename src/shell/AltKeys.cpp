@@ -14,7 +14,7 @@ using enum ui::VirtualKey;
 using Shift = AltKey::Shift;
 
 // Plus and minus need Shift on some keyboards, so they do not ask for it.
-constexpr std::array<AltKey, 27> Keys{{
+constexpr std::array<AltKey, 28> Keys{{
     {KeyDigit0 + 1, Shift::Up, PlaceFavourite, 0, "Alt+1", "cmdFavorite_0"},
     {KeyDigit0 + 2, Shift::Up, PlaceFavourite, 1, "Alt+2", "cmdFavorite_1"},
     {KeyDigit0 + 3, Shift::Up, PlaceFavourite, 2, "Alt+3", "cmdFavorite_2"},
@@ -38,6 +38,7 @@ constexpr std::array<AltKey, 27> Keys{{
     {KeyPadAdd, Shift::Either, MoreNames, 0, "", "AniTotalScroll"},
     {KeyMinus, Shift::Either, FewerNames, 0, "Alt+Minus", "AniTotalScroll"},
     {KeyPadSubtract, Shift::Either, FewerNames, 0, "", "AniTotalScroll"},
+    {'S', Shift::Up, ShowReadNames, 0, "Alt+S", "lblShow"},
     {KeyUp, Shift::Either, ViewLineUp, 0, "Alt+Up", "VScroll1"},
     {KeyDown, Shift::Either, ViewLineDown, 0, "Alt+Down", "VScroll1"},
     {KeyPageUp, Shift::Either, ViewPageUp, 0, "Alt+Page Up", "VScroll1"},

@@ -24,6 +24,7 @@ enum class AltCommand {
     OpenAllTicks,
     MoreNames,
     FewerNames,
+    ShowReadNames,
     ViewLineUp,
     ViewLineDown,
     ViewPageUp,

@@ -11,6 +11,7 @@
 #include "shell/GlyphButton.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/ScrollingCentre.h"
+#include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
@@ -93,6 +94,7 @@ void frmVTM::connectControls() {
             cmdKey[static_cast<std::size_t>(i)], &QToolButton::clicked, this, [this, i] { cmdKey_Click(i); });
     }
     connect(imgDir, &editing::DirectionPad::arrow, this, &frmVTM::imgDir_Arrow);
+    connect(m_statusLine, &StatusLine::showPressed, this, &frmVTM::showReadNames);
     connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
 }
 

@@ -49,6 +49,7 @@ class GlyphButton;
 class OptionsModel;
 class ProgressIndicator;
 class ScrollingCentre;
+class StatusLine;
 class TabPicture;
 
 /// The main window: menus, toolbar, the three pages, the glyph grid with its buttons. Its load is the
@@ -122,6 +123,7 @@ private:
     void offerBinding();
     void saveNameToConfigFile();
     void repaintPage(editing::Page page);
+    void showReadNames();
     void format(editing::FormatOperation operation);
     [[nodiscard]] ui::Path dialogFolder() const;
 
@@ -199,7 +201,7 @@ private:
     ui::qt::KeyReader m_keys;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
-    bool m_hasRegistered = false; ///< the file types, in this run
+    bool m_hasRegistered = false;        ///< the file types, in this run
     std::string m_startNotice;           ///< for the status line, once the start's own messages are through
     glyphs::GlyphCode m_markedGlyph = 0; ///< on the grid; 0: none is
 
@@ -220,6 +222,7 @@ private:
     editing::NamePage* m_namePage = nullptr;
     animation::AnimationPage* m_animationPage = nullptr;
     scripts::MessagesPage* m_messagesPage = nullptr;
+    StatusLine* m_statusLine = nullptr;
     ProgressIndicator* picProgress = nullptr;
     QTimer tmrCursor;
 };

@@ -5,12 +5,14 @@
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlMacro.h"
 #include "scripts/mdlName.h"
+#include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <utility>
 
 namespace shell {
 
@@ -77,12 +79,21 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         break;
     }
     case Page::Animation: {
+        editing::AnimationDocument& animation = m_workspace.documents.animation;
+        auto before = animation.nameGlyphs;
         const auto outcome = animation::ReadAnimationScript(
-            m_workspace.documents.animation, path, m_isStartingUp, openFailure, repaint, m_platform.dialogs,
-            m_platform.files);
-        // A reading that was abandoned may have changed the number of names all the same.
-        panel(kind).syncScrollBars();
+            animation, path, m_isStartingUp, openFailure, repaint, m_platform.dialogs, m_platform.files);
+        if (outcome.end == animation::ScriptEnd::Abandoned) {
+            // The number of names may have changed all the same. The names that come into use by it are
+            // painted as they were, since the page does not show what was read.
+            std::swap(animation.nameGlyphs, before);
+            panel(kind).syncScrollBars();
+            std::swap(animation.nameGlyphs, before);
+        }
         showStatus(outcome.statusText);
+        if (outcome.hasUnshownNames) {
+            m_statusLine->offerShow();
+        }
         break;
     }
     case Page::Messages: {
@@ -93,6 +104,14 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         break;
     }
     }
+}
+
+/// Paints the animation after a reading that was abandoned.
+void frmVTM::showReadNames() {
+    switchPageFor(Page::Animation);
+    repaintPage(Page::Animation);
+    m_statusLine->clearMessage();
+    Refresh();
 }
 
 void frmVTM::mnuFileLoadNameFromScriptFile_Click() {

@@ -9,6 +9,7 @@
 #include "glyphs/mdlSwitches.h"
 #include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
+#include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/InnermostMenu.h"
 #include "ui/qt/KeyTranslation.h"
@@ -195,6 +196,11 @@ void frmVTM::runAltKey(const AltKey& key) {
         return m_animationPage->moveTotal(QAbstractSlider::SliderSingleStepAdd);
     case AltCommand::FewerNames:
         return m_animationPage->moveTotal(QAbstractSlider::SliderSingleStepSub);
+    case AltCommand::ShowReadNames:
+        if (m_statusLine->offersShow()) {
+            showReadNames();
+        }
+        return;
     case AltCommand::ViewLineUp:
         return m_animationPage->moveView(QAbstractSlider::SliderSingleStepSub);
     case AltCommand::ViewLineDown:

@@ -10,6 +10,7 @@
 #include "shell/ModeButton.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/ScrollingCentre.h"
+#include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/MarkerShape.h"
@@ -21,7 +22,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QStackedWidget>
-#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -208,18 +208,12 @@ void frmVTM::buildCentre() {
     setCentralWidget(m_centre);
 
     picProgress = new ProgressIndicator(this);
-    statusBar()->setObjectName(QStringLiteral("statusbar"));
-    statusBar()->addPermanentWidget(picProgress);
-    statusBar()->setContentsMargins(Margin / 2, 0, Margin, 0);
-    statusBar()->setSizeGripEnabled(false);
+    m_statusLine = new StatusLine(this);
+    m_statusLine->addPermanentWidget(picProgress);
+    // The toolkit adds two pixels of its own.
+    m_statusLine->setContentsMargins(Margin - 2, 0, Margin - 2, 0);
+    setStatusBar(m_statusLine);
     describeKeys();
-    // A text that names a file may be longer than the line.
-    connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
-        // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
-        statusBar()->setToolTip(
-            text.isEmpty() ? QString()
-                           : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
-    });
 }
 
 QSize frmVTM::firstSize() const {
@@ -235,6 +229,7 @@ QSize frmVTM::firstSize() const {
 void frmVTM::describeKeys() {
     DescribeKeys(ImgGrid);
     DescribeKeys(cmdCalcFrequent);
+    DescribeKeys(m_statusLine->findChild<QWidget*>(QStringLiteral("lblShow")));
     std::ranges::for_each(cmdFavorite, DescribeKeys);
     std::ranges::for_each(cmdFrequent, DescribeKeys);
     for (const char* name : {"AniTotalScroll", "ThisTickList", "TickList", "VScroll1"}) {

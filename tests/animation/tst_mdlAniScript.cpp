@@ -577,15 +577,46 @@ TEST_F(ScriptFiles, ThatAreAbandonedShowNothingButTheStatusLine) {
     EXPECT_EQ(
         outcome.statusText, "Reading \"" + path().string() +
                                 "\" stopped at line 4: its name has more than 15 glyphs. "
-                                "The names read before it are not shown yet.");
+                                "Names 1 and 2 stand in the animation and not on the screen.");
+    EXPECT_TRUE(outcome.hasUnshownNames);
     platform.directory.files.put("a.vta", Header + countLine(9));
     outcome = read();
     EXPECT_EQ(outcome.end, ScriptEnd::Abandoned);
     EXPECT_EQ(
         outcome.statusText,
         "Reading \"" + path().string() + "\" stopped at line 2: it does not declare 15 to 90 names.");
+    EXPECT_FALSE(outcome.hasUnshownNames);
     EXPECT_EQ(repaints, 0);
     EXPECT_TRUE(platform.dialogs.calls().empty());
+}
+
+TEST_F(ScriptFiles, ThatAreAbandonedTellExactlyWhichNamesAreNotShown) {
+    const auto told = [this](const std::string& lines) {
+        platform.directory.files.put("a.vta", script(lines + "name \"much too long for a name\"\r\n"));
+        const AnimationRead outcome = read();
+        const std::size_t start = outcome.statusText.find("glyphs.");
+        EXPECT_EQ(outcome.hasUnshownNames, start + 7 < outcome.statusText.size());
+        return outcome.statusText.substr(std::min(start + 8, outcome.statusText.size()));
+    };
+    const std::string same = "name \"\"\r\n";
+    const auto renew = [this] {
+        desk.animation() = AnimationDocument();
+    };
+    renew();
+    EXPECT_EQ(told(""), "Name 1 stands in the animation and not on the screen.");
+    EXPECT_EQ(told(""), "") << "it held the same before";
+    renew();
+    EXPECT_EQ(
+        told(repeated("name \"A\"\r\n", 4) + same + same),
+        "Names 1 to 4 and 7 stand in the animation and not on the screen.");
+    renew();
+    EXPECT_EQ(
+        told("name \"A\"\r\n" + same + "name \"A\"\r\n" + "name \"A\"\r\n" + same),
+        "Names 1, 3, 4 and 6 stand in the animation and not on the screen.");
+    renew();
+    EXPECT_EQ(
+        told(repeated("name \"A\"\r\n", 20)), "Names 1 to 15 stand in the animation and not on the screen.")
+        << "those behind the last one are not to be shown";
 }
 
 TEST_F(ScriptFiles, ThatCannotBeOpenedAreNamedInTheStatusLine) {

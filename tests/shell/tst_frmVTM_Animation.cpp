@@ -161,9 +161,45 @@ TEST_F(Animation, AScriptThatIsAbandonedLeavesAWordInTheStatusLine) {
     EXPECT_EQ(
         status(), "Reading \"" + path.string() +
                       "\" stopped at line 4: its name has more than 15 glyphs. "
-                      "The names read before it are not shown yet.");
+                      "Names 1 and 2 stand in the animation and not on the screen.");
     choose("mnuNewAni");
     EXPECT_EQ(status(), "") << "all names are shown now";
+}
+
+TEST_F(Animation, NamesThatComeIntoUseByAnAbandonedScriptAreShownAsTheyWere) {
+    startOn(Page::Animation);
+    animation().nameGlyphs[static_cast<std::size_t>(17 * editing::NameLength)] = 'B';
+    std::string lines;
+    for (int line = 1; line <= 20; ++line) {
+        lines += "name \"A\"\r\n";
+    }
+    const ui::Path path = fake.directory.files.put(
+        "long.vta", "// Animation File Created by Vortigo\r\n// 25 Names In The Animation Sequence\r\n" +
+                        lines + "name \"much longer than a name\"\r\n");
+    const auto cell = [this](int row) {
+        const ui::Picture& page = workspace().pictures.animation.pixels();
+        ui::Picture glyph(glyphs::CellSide, glyphs::CellSide);
+        glyphs::BlitCells(
+            glyph, 0, 0, glyphs::CellSide, glyphs::CellSide, page, 0, (row - 1) * glyphs::CellSide);
+        return glyph;
+    };
+    const auto glyphOf = [this](glyphs::GlyphCode code) {
+        ui::Picture glyph(glyphs::CellSide, glyphs::CellSide);
+        glyphs::PaintGlyph(glyph, workspace().atlas, code, 1, 1);
+        return glyph;
+    };
+    fake.dialogs.expectOpen(
+        {.title = "Select the Script file",
+         .initialName = "*.vta",
+         .filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}}},
+        path);
+    choose("mnuFileLoadAniFromScriptFile");
+    EXPECT_EQ(animation().nameCount, 25);
+    EXPECT_EQ(name(18), "A") << "what was read";
+    EXPECT_EQ(cell(15), glyphOf(' '));
+    EXPECT_EQ(cell(16), glyphOf(' '));
+    EXPECT_EQ(cell(18), glyphOf('B')) << "what is shown";
+    EXPECT_EQ(cell(25), glyphOf(' '));
 }
 
 TEST_F(Animation, TheToolTipOfTheStatusLineHoldsWhatTheLineIsTooShortFor) {

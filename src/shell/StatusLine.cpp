@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/StatusLine.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QStyleOption>
+#include <QStylePainter>
+
+namespace shell {
+
+StatusLine::StatusLine(QWidget* parent)
+    : QStatusBar(parent)
+    , lblStatus(new QLabel(this))
+    , lblShow(new QLabel(this)) {
+    setObjectName(QStringLiteral("statusbar"));
+    setSizeGripEnabled(false);
+    lblStatus->setObjectName(QStringLiteral("lblStatus"));
+    lblStatus->setTextFormat(Qt::PlainText);
+    lblStatus->setWordWrap(true);
+    // As narrow as the window may be: it wraps.
+    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    keepRoom();
+    addPermanentWidget(lblStatus, 1);
+    lblShow->setObjectName(QStringLiteral("lblShow"));
+    lblShow->setText(QStringLiteral("<a href=\"#\">%1</a>").arg(tr("Show")));
+    lblShow->setToolTip(tr("Show the names that were read"));
+    lblShow->setAccessibleName(tr("Show"));
+    addPermanentWidget(lblShow);
+    lblShow->hide();
+    connect(this, &QStatusBar::messageChanged, this, &StatusLine::tell);
+    connect(lblShow, &QLabel::linkActivated, this, &StatusLine::showPressed);
+}
+
+void StatusLine::tell(const QString& text) {
+    lblShow->hide();
+    // A path may be wrapped behind each of its folders.
+    QString shown = text;
+    lblStatus->setText(shown.replace(QLatin1Char('/'), QStringLiteral("/\u200B")));
+    // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
+    setToolTip(
+        text.isEmpty() ? QString() : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
+}
+
+void StatusLine::offerShow() {
+    lblShow->show();
+}
+
+bool StatusLine::offersShow() const {
+    return !lblShow->isHidden();
+}
+
+void StatusLine::changeEvent(QEvent* event) {
+    QStatusBar::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        keepRoom();
+    }
+}
+
+void StatusLine::keepRoom() {
+    // The window above stays as it is when a text takes a second line.
+    lblStatus->ensurePolished();
+    lblStatus->setMinimumHeight(2 * lblStatus->fontMetrics().lineSpacing());
+}
+
+void StatusLine::paintEvent(QPaintEvent* /*event*/) {
+    // Only the line: the toolkit would draw the text once more, cut off at its end.
+    QStylePainter painter(this);
+    QStyleOption option;
+    option.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_PanelStatusBar, option);
+}
+
+} // namespace shell

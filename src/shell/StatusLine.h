@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+
+namespace shell {
+
+/// The line at the foot of the main window. A text that is longer than the line is wrapped, and may come with
+/// something to do about what it says.
+class StatusLine final : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget* parent = nullptr);
+
+    /// Shows a link behind the text, as long as that text is shown.
+    void offerShow();
+
+    [[nodiscard]] bool offersShow() const;
+
+Q_SIGNALS:
+    /// The link was pressed.
+    void showPressed();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void tell(const QString& text);
+    void keepRoom();
+
+    QLabel* lblStatus;
+    QLabel* lblShow;
+};
+
+} // namespace shell

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/MainWindow.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+
+namespace {
+
+using editing::Page;
+
+/// An animation script that cannot be read to its end.
+class Abandoned : public MainWindow {
+protected:
+    /// Loads a script of 20 names of which the third is too long.
+    void load() {
+        const ui::Path path = fake.directory.files.put(
+            "long.vta", "// Animation File Created by Vortigo\r\n// 20 Names In The Animation Sequence\r\n"
+                        "name \"first\"\r\nname \"second\"\r\nname \"much longer than a name\"\r\n");
+        fake.settings.write("AnimFiles", "RecentFile1", path.native());
+        startOn(Page::Animation);
+        choose("mnuRecentAniFiles_0");
+        fake.sounds.waves.clear();
+    }
+
+    [[nodiscard]] QLabel& link() const { return *find<QLabel>("lblShow"); }
+
+    [[nodiscard]] std::string status() const { return window->statusBar()->currentMessage().toStdString(); }
+
+    /// Whether the painted names are those of the animation.
+    [[nodiscard]] bool isShown() const {
+        const editing::AnimationDocument& animation = workspace().documents.animation;
+        const ui::Picture& shown = workspace().pictures.animation.pixels();
+        ui::Picture expected(shown.width(), shown.height());
+        for (int row = 1; row <= animation.nameCount; ++row) {
+            for (int column = 1; column <= editing::NameLength; ++column) {
+                glyphs::PaintGlyph(
+                    expected, workspace().atlas, animation.name(row)[static_cast<std::size_t>(column - 1)],
+                    column, row);
+            }
+        }
+        const int height = animation.nameCount * glyphs::CellSide;
+        ui::Picture part(shown.width(), height);
+        ui::Picture expectedPart(shown.width(), height);
+        glyphs::BlitCells(part, 0, 0, part.width(), height, shown, 0, 0);
+        glyphs::BlitCells(expectedPart, 0, 0, part.width(), height, expected, 0, 0);
+        return part == expectedPart;
+    }
+};
+
+} // namespace
+
+TEST_F(Abandoned, TheStatusLineOffersToShowWhatWasRead) {
+    load();
+    EXPECT_FALSE(isShown());
+    EXPECT_NE(status().find("Names 1 to 3 stand in the animation and not on the screen."), std::string::npos)
+        << status();
+    ASSERT_TRUE(link().isVisible());
+    EXPECT_EQ(link().focusPolicy(), Qt::NoFocus) << "the keyboard stays with the names";
+    QTest::mouseClick(&link(), Qt::LeftButton, {}, link().rect().center());
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(played(104), 1);
+    EXPECT_EQ(status(), "");
+    EXPECT_FALSE(link().isVisible());
+    EXPECT_TRUE(find("AniPic")->hasFocus());
+}
+
+TEST_F(Abandoned, AltSShowsWhatWasReadFromEveryPage) {
+    load();
+    choose("mnuView_0");
+    press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(workspace().page(), Page::Animation);
+    choose("mnuView_0");
+    fake.sounds.waves.clear();
+    press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(workspace().page(), Page::Name) << "nothing is offered any more";
+    EXPECT_TRUE(fake.sounds.waves.empty());
+}
+
+TEST_F(Abandoned, TheOfferGoesWithItsText) {
+    load();
+    window->statusBar()->showMessage(QStringLiteral("Another text"));
+    EXPECT_FALSE(link().isVisible());
+    press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_FALSE(isShown());
+}
+
+TEST_F(Abandoned, ATextThatIsTooLongIsWrapped) {
+    start();
+    const auto& label = *find<QLabel>("lblStatus");
+    const int two = 2 * label.fontMetrics().lineSpacing();
+    const auto textOf = [](std::size_t paths) {
+        std::string text = "Reading \"";
+        for (std::size_t i = 0; i < paths; ++i) {
+            text += "/" + std::string(40, 'a');
+        }
+        return text + "\" stopped at line 4, and so on until the line is full.";
+    };
+    const int height = window->statusBar()->height();
+    EXPECT_GE(height, two);
+    for (const std::size_t paths : {0U, 3U, 7U, 0U}) {
+        const std::string text = textOf(paths);
+        window->statusBar()->showMessage(QString::fromStdString(text));
+        const bool isLong = paths == 7;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return (label.height() > two) == isLong; })) << paths;
+        EXPECT_GE(label.height(), label.heightForWidth(label.width())) << "it is seen whole";
+        EXPECT_LE(label.geometry().right(), window->statusBar()->width());
+        EXPECT_GE(window->statusBar()->height(), label.height());
+        QString shown = label.text();
+        EXPECT_EQ(shown.remove(QChar(0x200B)).toStdString(), text);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return (window->statusBar()->height() > height) == isLong; }))
+            << "a second line moves nothing";
+    }
+}
