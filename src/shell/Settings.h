@@ -54,7 +54,8 @@ struct Settings {
     bool promptNames = true;    ///< ask before formatting all names
     bool promptMessages = true; ///< ask before formatting all messages
     std::int16_t grid = 0;      ///< 0-based place of the character set in its list; unchecked
-    std::array<std::int16_t, CursorCount> cursors{0, 2, 2, 2}; ///< 0 none, 1 arrow, 2 cross; unchecked
+    std::array<std::int16_t, CursorCount> cursors{
+        0, 2, 2, 2}; ///< 0 none, 1 arrow, 2 cross; any other is none
     std::array<glyphs::GlyphCode, 3> frequent{0, 0, 0};
     std::array<glyphs::GlyphCode, 5> favourites{16, 86, 84, 77, 17};
     editing::Modes modes;

@@ -167,7 +167,8 @@ void frmOptions::showSettings() {
     m_form->optFormatVal_1->setChecked(settings.promptMessages);
     m_form->optPromptBinding->setChecked(settings.bindPrompt);
     for (std::size_t i = 0; i < m_cursors.size(); ++i) {
-        m_cursors[i]->setCurrentIndex(settings.cursors[i]);
+        const int style = settings.cursors[i];
+        m_cursors[i]->setCurrentIndex(style >= 0 && style < m_cursors[i]->count() ? style : 0);
     }
 }
 

@@ -18,6 +18,13 @@ namespace shell {
 
 using editing::Page;
 
+namespace {
+
+/// How much of a path a menu shows, in average characters; the middle of a longer one is left out.
+constexpr int RecentPathLength = 70;
+
+} // namespace
+
 ui::Path frmVTM::dialogFolder() const {
     if (m_platform.directory.writable()) {
         return m_platform.directory.folder();
@@ -229,15 +236,20 @@ void frmVTM::rebuildRecentMenus() {
     for (const Group& group : Groups) {
         const std::vector<std::string>& paths = m_workspace.recent.of(group.kind);
         QMenu* heading = menu(group.heading);
+        heading->setToolTipsVisible(true);
         heading->menuAction()->setVisible(!paths.empty());
         const QList<QAction*> entries = heading->actions();
         for (int i = 0; i < entries.size(); ++i) {
             const bool isUsed = static_cast<std::size_t>(i) < paths.size();
             entries[i]->setVisible(isUsed);
             if (isUsed) {
-                // An ampersand in a path is no mnemonic.
-                entries[i]->setText(QString::fromStdString(paths[static_cast<std::size_t>(i)])
+                const QString path = QString::fromStdString(paths[static_cast<std::size_t>(i)]);
+                // An ampersand in a path is no mnemonic, nor are other characters in it markup.
+                const int room = heading->fontMetrics().averageCharWidth() * RecentPathLength;
+                entries[i]->setText(heading->fontMetrics()
+                                        .elidedText(path, Qt::ElideMiddle, room)
                                         .replace(QLatin1Char('&'), QLatin1String("&&")));
+                entries[i]->setToolTip(QStringLiteral("<p>") + path.toHtmlEscaped() + QStringLiteral("</p>"));
             }
         }
     }

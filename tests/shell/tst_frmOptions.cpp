@@ -381,6 +381,16 @@ TEST_F(OptionsDialog, ChangingOnlyACursorAppliesOnlyTheCursors) {
     EXPECT_EQ(stored(), expected);
 }
 
+TEST_F(OptionsDialog, ACursorThatDoesNotExistIsNone) {
+    settings.cursors = {3, -1, 32767, 2};
+    open();
+    for (const char* const name : {"cmbMouse_0", "cmbMouse_1", "cmbMouse_2"}) {
+        EXPECT_EQ(find<QComboBox>(name)->currentText(), "None") << name;
+    }
+    EXPECT_EQ(find<QComboBox>("cmbMouse_3")->currentText(), "Cross");
+    EXPECT_EQ(changedPages(), "");
+}
+
 TEST_F(OptionsDialog, ListsTheNamesOfAll83Keys) {
     open();
     const auto names = texts(*find<QComboBox>("KeyListBox"));

@@ -294,6 +294,22 @@ TEST_F(Recent, SavedFilesAreListedNewestFirstAndLoadedFromThere) {
     EXPECT_EQ(row(), "xx" + std::string(13, ' '));
 }
 
+TEST_F(Recent, ALongPathIsCutInItsMiddleAndWholeInTheTooltip) {
+    const std::string path = "/start/" + std::string(300, 'x') + "/<b>&end.vtn";
+    fake.settings.write("NameFiles", "RecentFile1", path);
+    startOn(Page::Name);
+    const auto* const entry = find<QAction>("mnuRecentNameFiles_0");
+    const auto* const menu = find<QMenu>("mnuFileRecentName");
+    EXPECT_LE(menu->sizeHint().width(), 800);
+    EXPECT_TRUE(entry->text().startsWith(QStringLiteral("/start/x"))) << entry->text().toStdString();
+    EXPECT_TRUE(entry->text().endsWith(QStringLiteral("x/<b>&&end.vtn"))) << entry->text().toStdString();
+    EXPECT_TRUE(menu->toolTipsVisible());
+    EXPECT_EQ(
+        entry->toolTip().toStdString(), "<p>/start/" + std::string(300, 'x') + "/&lt;b&gt;&amp;end.vtn</p>");
+    fake.dialogs.expectInform("Error reading name from " + path + ".");
+    choose("mnuRecentNameFiles_0");
+}
+
 TEST_F(Recent, AFileThatIsGoneIsReportedAndItsPageShown) {
     const std::string gone = (fake.directory.files / "gone.vta").native();
     fake.settings.write("AnimFiles", "RecentFile1", gone);
