@@ -90,12 +90,15 @@ TEST_F(Writer, HasTheNewFileOnTheDiskBeforeItTakesThePlaceOfTheOldOne) {
 
 TEST_F(Writer, KeepsPermissionsAndOwner) {
     put();
-    // Not the set-user-ID bit: the system takes it from a file that anybody but the superuser writes.
-    ASSERT_EQ(::chmod(path.c_str(), 01751), 0);
-    if (::geteuid() == 0) {
+    const bool isSuperuser = ::geteuid() == 0;
+    if (isSuperuser) {
         ASSERT_EQ(::chown(path.c_str(), 1234, 5678), 0);
     }
+    // The system takes the set-user-ID bit from a file that anybody but the superuser writes.
+    const ::mode_t mode = isSuperuser ? 04751 : 01751;
+    ASSERT_EQ(::chmod(path.c_str(), mode), 0);
     const struct stat before = FactsOf(path);
+    ASSERT_EQ(before.st_mode & 07777U, mode);
     EXPECT_TRUE(WriteFile(files, path, New));
     const struct stat after = FactsOf(path);
     EXPECT_EQ(after.st_mode, before.st_mode);
