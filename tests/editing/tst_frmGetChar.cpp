@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace editing {
 
@@ -235,6 +237,23 @@ TEST_F(GlyphPicker, SaysWhichGlyphIsChosen) {
     press('&' + 128);
     EXPECT_EQ(readout(), QStringLiteral("Glyph 166\n& in colour 2"));
     EXPECT_EQ(control<PictureWidget>("ImgGrid").accessibleDescription(), readout());
+}
+
+TEST_F(GlyphPicker, ReadsOutTheFirstAndTheLastCharacter) {
+    const std::vector<std::pair<int, const char*>> readouts{
+        {32, "Glyph 32"},
+        {33, "Glyph 33\n!"},
+        {126, "Glyph 126\n~"},
+        {127, "Glyph 127"},
+        {128, "Glyph 128"},
+        {160, "Glyph 160"},
+        {161, "Glyph 161\n! in colour 2"},
+        {254, "Glyph 254\n~ in colour 2"},
+        {255, "Glyph 255"}};
+    for (const auto& [code, expected] : readouts) {
+        open(static_cast<GlyphCode>(code));
+        EXPECT_EQ(readout().toStdString(), expected);
+    }
 }
 
 TEST_F(GlyphPicker, ShowsTheChosenGlyphEnlarged) {

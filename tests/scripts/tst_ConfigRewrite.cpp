@@ -420,6 +420,12 @@ TEST_F(Rewrite, RefusesAFileThatWouldBecomeTooLargeToReadAgain) {
     EXPECT_FALSE(directory.files.has("tempfile.cfg"));
 }
 
+TEST_F(Rewrite, MakesTheLargestFileThatCanBeReadAgain) {
+    const std::string after(ui::Files::MaxFileSize, 'x');
+    EXPECT_TRUE(scripts::RewriteConfig(files, directory, path, Before, after));
+    EXPECT_TRUE(disk.read(path).value() == after);
+}
+
 TEST_F(Rewrite, RefusesTheCopyByWhateverName) {
     path = directory.files.put("tempfile.cfg", Before);
     std::filesystem::create_symlink(copy, game / "soft.cfg");
@@ -614,6 +620,14 @@ TEST_F(Append, RefusesAFileThatCouldNotBeReadAgain) {
     ASSERT_FALSE(done);
     EXPECT_EQ(untouched("It would become too large."), done.failure().message);
     EXPECT_EQ(lines.size(), std::filesystem::file_size(path));
+}
+
+TEST_F(Append, FillsAFileToTheLastByteThatCanBeRead) {
+    const std::string lines(ui::Files::MaxFileSize - 1, '\n');
+    game.put("config.cfg", lines);
+    EXPECT_TRUE(append(lines, "x"));
+    EXPECT_TRUE(content() == lines + "x");
+    EXPECT_TRUE(disk.read(path));
 }
 
 TEST_F(Append, OfTwoInstallationsAtOnceLosesNoLine) {

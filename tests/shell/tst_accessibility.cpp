@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "AccessWindow.h"
 
+#include "shell/AltKeys.h"
+
 #include <QHelpEvent>
 #include <QToolTip>
 #include <set>
@@ -65,6 +67,18 @@ TEST_F(Access, PressingACellOfTheGridPlacesItsGlyph) {
     ASSERT_NE(cell("ImgGrid", 4, 1)->actionInterface(), nullptr);
     cell("ImgGrid", 4, 1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(QTest::qWaitFor([this] { return workspace().documents.name.cells[0] == 'A'; }));
+}
+
+TEST_F(Access, EveryControlWithAKeyOfItsOwnTellsIt) {
+    startOn(Page::Animation);
+    for (const shell::AltKey& key : shell::AltKeys()) {
+        if (!key.control.empty()) {
+            const std::string control(key.control);
+            const std::string description = find(control.c_str())->accessibleDescription().toStdString();
+            EXPECT_NE(description.find(shell::AltKeysOf(control)), std::string::npos)
+                << control << ": " << description;
+        }
+    }
 }
 
 TEST_F(Access, ThePagesNameTheirCells) {

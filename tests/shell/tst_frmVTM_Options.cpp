@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "editing/mdlKey.h"
 #include "shell/MainWindow.h"
 #include "shell/frmOptions.h"
 #include "ui/qt/PictureWidget.h"
@@ -115,4 +116,28 @@ TEST_F(WindowOptions, ASetThatStandsInIsTheOneInUse) {
     });
     EXPECT_TRUE(window->Form_Unload());
     EXPECT_EQ(fake.settings.sections["options"]["grid"], "0") << "what was in use at the end is stored";
+}
+
+TEST_F(WindowOptions, AKeyMapThatCannotBeWrittenIsReported) {
+    start();
+    editing::KeyMap expected = workspace().keyMap;
+    fake.files.failFrom(DialogStep::Create);
+    const auto failure = editing::WriteKeyMap(fake.files, fake.directory, expected).failure().message;
+    EXPECT_NE(failure.find("vtmkeys.ini"), std::string::npos) << failure;
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
+        options.findChild<QTabWidget*>()->setCurrentIndex(5);
+        QTimer::singleShot(0, &options, [] {
+            auto* const picker = QApplication::activeModalWidget();
+            ASSERT_EQ(picker->objectName(), "frmGetChar");
+            QTest::keyClick(picker, Qt::Key_Right);
+            QTest::keyClick(picker, Qt::Key_Return);
+        });
+        QTest::mouseClick(options.findChild<QWidget*>(QStringLiteral("picKey_0")), Qt::LeftButton);
+        fake.dialogs.expectWarning(failure);
+        press(options, "cmdOK");
+    });
+    EXPECT_EQ(fake.dialogs.left(), 0U);
+    ++expected[0][0];
+    EXPECT_EQ(workspace().keyMap, expected) << "it is in use all the same";
+    EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini"));
 }
