@@ -3,7 +3,6 @@
 #pragma once
 
 #include "editing/mdlCommon.h"
-#include "ui/Files.h"
 #include "ui/KeyStroke.h"
 #include "ui/Platform.h"
 
@@ -16,8 +15,6 @@
 namespace editing {
 
 using enum ui::VirtualKey;
-
-constexpr std::string_view KeyMapName = "vtmkeys.ini";
 
 constexpr std::size_t MappedKeys = 83;
 
@@ -38,27 +35,6 @@ using KeyMap = std::array<KeyGlyphs, MappedKeys>;
 
 /// The glyph that a key types; Shift goes before Ctrl.
 [[nodiscard]] GlyphCode KeyToGlyph(const KeyMap& map, int virtualKey, bool isShifted, bool isCtrl);
-
-/// The 83 lines of a key-map file, and back. Malformed lines are not guessed at: the failure says which line
-/// is wrong and why, without a file name.
-[[nodiscard]] ui::Bytes KeyMapText(const KeyMap& map);
-[[nodiscard]] ui::Result<KeyMap> ParseKeyMap(std::string_view bytes);
-
-[[nodiscard]] ui::Result<KeyMap> ReadKeyMap(const ui::Files& files, const ui::Path& path);
-
-/// A key map to work with, and why it is not the one in the file if it had to be given up.
-struct LoadedKeyMap {
-    KeyMap map;
-    ui::Status status;
-};
-
-/// The program's key map from its file; the defaults when there is none or when it cannot be used. Writes
-/// nothing.
-[[nodiscard]] LoadedKeyMap LoadKeyMap(const ui::Files& files, const ui::ProgramDirectory& directory);
-
-/// Replaces the program's key-map file as a whole.
-[[nodiscard]] ui::Status
-WriteKeyMap(ui::Files& files, const ui::ProgramDirectory& directory, const KeyMap& map);
 
 /// A mode, the lock key that toggles it and the lock that mirrors it, in the order of the buttons `cmdKey`.
 struct ModeKey {

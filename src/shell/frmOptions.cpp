@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 
 #include "editing/GlyphCells.h"
+#include "editing/KeyMapFile.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmAniWiz.h"
 #include "animation/frmRankings.h"
+#include "editing/KeyMapFile.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"

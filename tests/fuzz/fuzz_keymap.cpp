@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "editing/mdlKey.h"
+#include "editing/KeyMapFile.h"
 #include "fuzz/Fuzz.h"
 #include "glyphs/FieldReader.h"
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "editing/KeyMapFile.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/OptionControls.h"
 #include "shell/OptionsDialog.h"

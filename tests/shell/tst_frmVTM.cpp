@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "editing/KeyMapFile.h"
 #include "shell/GlyphButton.h"
 #include "shell/TabPicture.h"
 #include "ui/qt/MarkerShape.h"
