@@ -6,6 +6,7 @@
 #include "glyphs/RowText.h"
 #include "ui/FileWriter.h"
 
+#include <optional>
 #include <string>
 
 namespace editing {
@@ -39,6 +40,41 @@ ui::Result<KeyGlyphs> ParseKeyLine(std::string_view text, std::size_t line) {
     return row;
 }
 
+/// The free name that a file which cannot be used is kept under; nothing when there are too many of them.
+std::optional<ui::Path> NameToKeep(const ui::Files& files, const ui::Path& path) {
+    constexpr int MaxKept = 99;
+    for (int number = 1; number <= MaxKept; ++number) {
+        ui::Path kept = path;
+        kept += ".damaged-" + std::to_string(number);
+        if (!files.exists(kept)) {
+            return kept;
+        }
+    }
+    return {};
+}
+
+/// Keeps a copy of what cannot be used and is to be replaced.
+ui::Status KeepDamaged(ui::Files& files, const ui::Path& path, std::string_view bytes) {
+    const auto kept = NameToKeep(files, path);
+    if (!kept) {
+        return ui::Failure{
+            "The damaged key map \"" + ui::PathText(path) + "\" is not replaced: too many others are kept."};
+    }
+    return ui::WritePrivateCopy(files, *kept, bytes);
+}
+
+/// What is stored, with the glyphs that were changed here.
+KeyMap Merged(const KeyMaps& keys, KeyMap stored) {
+    for (std::size_t key = 0; key < stored.size(); ++key) {
+        for (std::size_t column = 0; column < stored[key].size(); ++column) {
+            if (keys.used[key][column] != keys.inFile[key][column]) {
+                stored[key][column] = keys.used[key][column];
+            }
+        }
+    }
+    return stored;
+}
+
 } // namespace
 
 ui::Bytes KeyMapText(const KeyMap& map) {
@@ -52,8 +88,7 @@ ui::Bytes KeyMapText(const KeyMap& map) {
 ui::Result<KeyMap> ParseKeyMap(std::string_view bytes) {
     glyphs::ByteLines lines(bytes);
     KeyMap map{};
-    std::size_t line = 1;
-    for (; line <= map.size(); ++line) {
+    for (std::size_t line = 1; line <= map.size(); ++line) {
         if (lines.atEnd()) {
             return ui::Failure{
                 "it ends after line " + std::to_string(line - 1) + " of " + std::to_string(map.size())};
@@ -64,24 +99,6 @@ ui::Result<KeyMap> ParseKeyMap(std::string_view bytes) {
         }
         map[line - 1] = row.value();
     }
-    for (; !lines.atEnd(); ++line) {
-        if (!glyphs::FieldReader(lines.next()).atEnd()) {
-            return LineFailure(line, "is one too many");
-        }
-    }
-    return map;
-}
-
-ui::Result<KeyMap> ReadKeyMap(const ui::Files& files, const ui::Path& path) {
-    const auto bytes = files.read(path);
-    if (!bytes) {
-        return bytes.failure();
-    }
-    auto map = ParseKeyMap(bytes.value());
-    if (!map) {
-        return ui::Failure{
-            "The key map \"" + ui::PathText(path) + "\" is damaged: " + map.failure().message + "."};
-    }
     return map;
 }
 
@@ -90,15 +107,46 @@ LoadedKeyMap LoadKeyMap(const ui::Files& files, const ui::ProgramDirectory& dire
     if (!files.exists(path)) {
         return {DefaultKeyMap(), {}};
     }
-    const auto map = ReadKeyMap(files, path);
-    if (!map) {
-        return {DefaultKeyMap(), map.failure()};
+    const auto bytes = files.read(path);
+    const auto map = bytes ? ParseKeyMap(bytes.value()) : bytes.failure();
+    if (map) {
+        return {map.value(), {}};
     }
-    return {map.value(), {}};
+    std::string told = "Every key types its default glyph, because the key map cannot be used.\n";
+    std::string cause = map.failure().message;
+    if (bytes) {
+        const bool isReplaced = path == directory.toWrite(std::string(KeyMapName));
+        if (const auto kept = NameToKeep(files, path); kept && isReplaced) {
+            told += "Before the options replace it, it is kept as \"" + ui::PathText(*kept) + "\".\n";
+        }
+        cause = "The key map \"" + ui::PathText(path) + "\" is damaged: " + cause + ".";
+    }
+    return {DefaultKeyMap(), ui::Failure{told + '\n' + cause}};
 }
 
-ui::Status WriteKeyMap(ui::Files& files, const ui::ProgramDirectory& directory, const KeyMap& map) {
-    return ui::WriteFile(files, directory.toWrite(std::string(KeyMapName)), KeyMapText(map));
+ui::Status WriteKeyMap(ui::Files& files, const ui::ProgramDirectory& directory, KeyMaps& keys) {
+    const ui::Path path = directory.toWrite(std::string(KeyMapName));
+    const auto lock = files.lockFolder(ui::FolderOf(path));
+    if (!lock) {
+        return lock.failure();
+    }
+    KeyMap written = keys.used;
+    if (files.exists(path)) {
+        const auto bytes = files.read(path);
+        if (!bytes) {
+            return bytes.failure();
+        }
+        if (const auto stored = ParseKeyMap(bytes.value())) {
+            written = Merged(keys, stored.value());
+        } else if (auto kept = KeepDamaged(files, path, bytes.value()); !kept) {
+            return kept;
+        }
+    }
+    if (auto done = ui::WriteFile(files, path, KeyMapText(written)); !done) {
+        return done;
+    }
+    keys = {written, written};
+    return {};
 }
 
 } // namespace editing

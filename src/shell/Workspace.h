@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/KeyMapFile.h"
 #include "editing/mdlArray.h"
 #include "editing/mdlCommon.h"
-#include "editing/mdlKey.h"
 #include "glyphs/mdlData.h"
 #include "shell/Settings.h"
 #include "shell/mdlFileMenu.h"
@@ -15,7 +15,7 @@ namespace shell {
 struct Workspace {
     editing::Documents documents;
     editing::PagePictures pictures;
-    editing::KeyMap keyMap = editing::DefaultKeyMap();
+    editing::KeyMaps keys;
     editing::EditClipboard editClipboard;
     Settings settings; ///< the page in view and the editing modes among them
     RecentMenus recent;

@@ -11,7 +11,6 @@
 #include <QSignalBlocker>
 
 #include "editing/GlyphCells.h"
-#include "editing/KeyMapFile.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
@@ -48,11 +47,11 @@ ui::Picture LargeGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) 
 
 frmOptions::frmOptions(
     const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
-    const glyphs::GlyphAtlas& atlas, editing::KeyMap& keyMap, GlyphPicker pickGlyph, QWidget* parent)
+    const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph, QWidget* parent)
     : QDialog(parent)
     , m_platform(platform)
     , m_atlas(atlas)
-    , m_keyMap(keyMap)
+    , m_keys(keys)
     , m_pickGlyph(std::move(pickGlyph))
     , m_model(settings, characterSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
@@ -232,7 +231,7 @@ void frmOptions::keepConversion(const std::string& reason) {
 }
 
 void frmOptions::showKey() {
-    const auto& key = m_keyMap.at(static_cast<std::size_t>(m_form->KeyListBox->currentIndex()));
+    const auto& key = m_keys.used.at(static_cast<std::size_t>(m_form->KeyListBox->currentIndex()));
     for (std::size_t i = 0; i < key.size(); ++i) {
         m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
         m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
@@ -332,7 +331,7 @@ void frmOptions::KeyListBox_KeyPress() {
 
 void frmOptions::picKeyStripCont_Click(std::size_t index) {
     const auto key = static_cast<std::size_t>(m_form->KeyListBox->currentIndex());
-    m_model.setKeyGlyph(m_keyMap, key, index, m_pickGlyph(m_keyMap.at(key).at(index)));
+    m_model.setKeyGlyph(m_keys.used, key, index, m_pickGlyph(m_keys.used.at(key).at(index)));
     showKey();
 }
 
@@ -341,7 +340,7 @@ void frmOptions::cmdResetKeysToDefault_Click() {
         return;
     }
     const auto loaded = editing::LoadKeyMap(m_platform.files, m_platform.directory);
-    m_keyMap = loaded.map;
+    m_keys = {loaded.map, loaded.map};
     // What was typed into the list has emptied its text.
     m_form->KeyListBox->setEditText(m_form->KeyListBox->itemText(m_form->KeyListBox->currentIndex()));
     showKey();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/KeyMapFile.h"
 #include "shell/OptionsModel.h"
 
 #include <QDialog>
@@ -35,10 +36,10 @@ public:
     /// Lets the user pick a glyph, starting at one; returns the start when that is cancelled.
     using GlyphPicker = std::function<glyphs::GlyphCode(glyphs::GlyphCode start)>;
 
-    /// `platform`, `atlas` (the glyphs as they are in use) and `keyMap` outlive the dialog.
+    /// `platform`, `atlas` (the glyphs as they are in use) and `keys` outlive the dialog.
     frmOptions(
         const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
-        const glyphs::GlyphAtlas& atlas, editing::KeyMap& keyMap, GlyphPicker pickGlyph,
+        const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph,
         QWidget* parent = nullptr);
     ~frmOptions() override;
 
@@ -77,7 +78,7 @@ private:
 
     const ui::Platform& m_platform;
     const glyphs::GlyphAtlas& m_atlas;
-    editing::KeyMap& m_keyMap;
+    editing::KeyMaps& m_keys;
     GlyphPicker m_pickGlyph;
     OptionsModel m_model;
 

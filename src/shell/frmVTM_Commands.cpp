@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmAniWiz.h"
 #include "animation/frmRankings.h"
-#include "editing/KeyMapFile.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
@@ -133,7 +132,7 @@ void frmVTM::mnuFileSaveMessage_Click() {
 
 void frmVTM::mnuToolsSettings_Click() {
     frmOptions options(
-        m_platform, m_workspace.settings, m_workspace.charSet, m_workspace.atlas, m_workspace.keyMap,
+        m_platform, m_workspace.settings, m_workspace.charSet, m_workspace.atlas, m_workspace.keys,
         [this](glyphs::GlyphCode start) { return pickGlyph(start); }, this);
     if (options.exec() == QDialog::Accepted) {
         applyOptions(options.model());
@@ -167,7 +166,7 @@ void frmVTM::applyOptions(const OptionsModel& model) {
     }
     if (applied.keyMap) {
         if (const ui::Status written =
-                editing::WriteKeyMap(m_platform.files, m_platform.directory, m_workspace.keyMap);
+                editing::WriteKeyMap(m_platform.files, m_platform.directory, m_workspace.keys);
             !written) {
             m_platform.dialogs.warn(written.failure().message);
         }

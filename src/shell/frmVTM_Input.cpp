@@ -98,7 +98,7 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
     using namespace editing;
     const NumberPadRule numberPad =
         m_platform.lockKeys.canLock(ui::LockKey::Num) ? NumberPadRule::Desktop : NumberPadRule::Mode;
-    const KeyAction action = RouteKey(stroke, m_workspace.settings.modes, m_workspace.keyMap, numberPad);
+    const KeyAction action = RouteKey(stroke, m_workspace.settings.modes, m_workspace.keys.used, numberPad);
     std::visit(
         Overloaded{
             [](std::monostate) {},

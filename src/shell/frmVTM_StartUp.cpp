@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "animation/mdlAniScript.h"
-#include "editing/KeyMapFile.h"
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
 #include "shell/StartCharSet.h"
@@ -34,7 +33,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     std::vector<std::string> notices;
 
     auto keys = editing::LoadKeyMap(m_platform.files, m_platform.directory);
-    m_workspace.keyMap = keys.map;
+    m_workspace.keys = {keys.map, keys.map};
     if (!keys.status) {
         notices.push_back(keys.status.failure().message);
     }

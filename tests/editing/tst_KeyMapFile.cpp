@@ -57,8 +57,12 @@ TEST(ParseKeyMap, AcceptsBlanksBareLineFeedsAndAMissingLastLineEnd) {
     EXPECT_EQ(map.value(), DefaultKeyMap());
 }
 
-TEST(ParseKeyMap, AcceptsEmptyLinesAfterTheLastKey) {
-    EXPECT_TRUE(ParseKeyMap(DefaultText() + "\r\n  \r\n\n"));
+TEST(ParseKeyMap, DoesNotLookBehindTheLastKey) {
+    for (const char* rest : {"\r\n  \r\n\n", "1,2,3\r\n", "; my own keys", "\xFF,"}) {
+        const auto map = ParseKeyMap(DefaultText() + rest);
+        ASSERT_TRUE(map) << map.failure().message;
+        EXPECT_EQ(map.value(), DefaultKeyMap());
+    }
 }
 
 TEST(ParseKeyMap, SaysWhichLineIsWrongAndWhy) {
@@ -93,13 +97,17 @@ TEST(ParseKeyMap, SaysWhichLineIsWrongAndWhy) {
     EXPECT_EQ(FailureOf(TextWithLine(12, "97,65,32,1")), "line 12 has more than three numbers");
     EXPECT_EQ(FailureOf(TextWithLine(12, "97,65,32,")), "line 12 has more than three numbers");
     EXPECT_EQ(FailureOf(TextWithLine(12, "")), "line 12 is empty");
-    EXPECT_EQ(FailureOf(DefaultText() + "1,2,3\r\n"), "line 84 is one too many");
-    EXPECT_EQ(FailureOf(DefaultText() + "\r\nx"), "line 85 is one too many");
 }
 
 class KeyMapFile : public testing::Test {
 protected:
     support::FakePlatform fake;
+
+    /// Writes a map that was changed from the defaults.
+    ui::Status write(const KeyMap& map) {
+        KeyMaps keys{map, DefaultKeyMap()};
+        return WriteKeyMap(fake.files, fake.directory, keys);
+    }
 };
 
 TEST_F(KeyMapFile, MissingLeavesTheDefaultsAndIsNotCreated) {
@@ -123,9 +131,12 @@ TEST_F(KeyMapFile, DamagedLeavesTheDefaultsAndItsContent) {
     fake.directory.files.put("vtmkeys.ini", damaged);
     const LoadedKeyMap loaded = LoadKeyMap(fake.files, fake.directory);
     ASSERT_FALSE(loaded.status);
+    const std::string path = (fake.directory.files / "vtmkeys.ini").string();
     EXPECT_EQ(
         loaded.status.failure().message,
-        "The key map \"" + (fake.directory.files / "vtmkeys.ini").string() +
+        "Every key types its default glyph, because the key map cannot be used.\n"
+        "Before the options replace it, it is kept as \"" +
+            path + ".damaged-1\".\n\nThe key map \"" + path +
             "\" is damaged: line 40 does not have a glyph number from 0 to 255 as number 1.");
     EXPECT_EQ(loaded.map, DefaultKeyMap());
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), damaged);
@@ -136,17 +147,92 @@ TEST_F(KeyMapFile, UnreadableLeavesTheDefaultsAndSaysWhy) {
     fake.files.failOnce(support::FailingFiles::Step::Read);
     const LoadedKeyMap loaded = LoadKeyMap(fake.files, fake.directory);
     ASSERT_FALSE(loaded.status);
-    EXPECT_NE(loaded.status.failure().message.find("vtmkeys.ini"), std::string::npos);
+    const std::string told = loaded.status.failure().message;
+    EXPECT_TRUE(
+        told.starts_with("Every key types its default glyph, because the key map cannot be used.\n\n"));
+    EXPECT_NE(told.find("vtmkeys.ini"), std::string::npos);
     EXPECT_EQ(loaded.map, DefaultKeyMap());
 }
 
 TEST_F(KeyMapFile, IsReplacedWhole) {
-    fake.directory.files.put("vtmkeys.ini", "rubbish that is longer than nothing");
+    fake.directory.files.put("vtmkeys.ini", DefaultText() + "more than 83 lines");
     KeyMap map = DefaultKeyMap();
     map[5] = {200, 201, 202};
-    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, map));
+    ASSERT_TRUE(write(map));
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), KeyMapText(map));
     EXPECT_EQ(LoadKeyMap(fake.files, fake.directory).map, map);
+    EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini.damaged-1"));
+}
+
+TEST_F(KeyMapFile, TakesOverWhatAnotherInstanceHasWritten) {
+    KeyMaps keys;
+    keys.used[5] = {200, 65, 32};
+    keys.used[6] = {98, 66, 1};
+    KeyMap others = DefaultKeyMap();
+    others[5] = {3, 4, 32};
+    others[7] = {7, 8, 9};
+    fake.directory.files.put("vtmkeys.ini", KeyMapText(others));
+    KeyMap merged = others;
+    merged[5] = {200, 4, 32};
+    merged[6] = {98, 66, 1};
+
+    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, keys));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), KeyMapText(merged));
+    EXPECT_EQ(keys.used, merged) << "the keys type what the file holds";
+
+    // What was written once is not written over what the other instance does then.
+    others = merged;
+    others[5] = {5, 5, 5};
+    fake.directory.files.put("vtmkeys.ini", KeyMapText(others));
+    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, keys));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), KeyMapText(others));
+}
+
+TEST_F(KeyMapFile, KeepsWhatIsToBeWrittenWhenThatFails) {
+    KeyMaps keys;
+    keys.used[5] = {200, 65, 32};
+    fake.files.failWritesAfter(10);
+    EXPECT_FALSE(WriteKeyMap(fake.files, fake.directory, keys));
+    fake.files.failNothing();
+    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, keys));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), KeyMapText(keys.used));
+    EXPECT_EQ(keys.used[5][0], 200);
+}
+
+TEST_F(KeyMapFile, IsKeptBeforeItIsReplacedWhenItCannotBeUsed) {
+    fake.directory.files.put("vtmkeys.ini.damaged-1", "of last year");
+    for (const char* damaged : {"rubbish", "1,2,3"}) {
+        fake.directory.files.put("vtmkeys.ini", damaged);
+        ASSERT_TRUE(write(DefaultKeyMap()));
+        EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), DefaultText());
+    }
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini.damaged-1"), "of last year");
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini.damaged-2"), "rubbish");
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini.damaged-3"), "1,2,3");
+}
+
+TEST_F(KeyMapFile, IsNotReplacedWhenItCannotBeKept) {
+    fake.directory.files.put("vtmkeys.ini", "rubbish");
+    fake.files.failWritesAfter(3);
+    EXPECT_FALSE(write(DefaultKeyMap()));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "rubbish");
+    EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini.damaged-1"));
+    fake.files.failNothing();
+    for (int number = 1; number <= 99; ++number) {
+        fake.directory.files.put("vtmkeys.ini.damaged-" + std::to_string(number), "");
+    }
+    EXPECT_FALSE(write(DefaultKeyMap()));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "rubbish");
+}
+
+TEST_F(KeyMapFile, NeedsNotBeKeptWhereAnotherOneIsWritten) {
+    fake.directory.files.put("vtmkeys.ini", "rubbish");
+    fake.directory.isWritable = false;
+    const std::string told = LoadKeyMap(fake.files, fake.directory).status.failure().message;
+    EXPECT_EQ(told.find("damaged-1"), std::string::npos);
+    ASSERT_TRUE(write(DefaultKeyMap()));
+    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "rubbish");
+    EXPECT_FALSE(fake.directory.standIn.has("vtmkeys.ini.damaged-1"));
 }
 
 TEST_F(KeyMapFile, KeepsItsPermissionsAndItsLink) {
@@ -158,7 +244,7 @@ TEST_F(KeyMapFile, KeepsItsPermissionsAndItsLink) {
     fake.directory.files.put("vtmkeys.ini.new", "mine");
     KeyMap map = DefaultKeyMap();
     map[5] = {200, 201, 202};
-    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, map));
+    ASSERT_TRUE(write(map));
     EXPECT_TRUE(fs::is_symlink(fake.directory.files / "vtmkeys.ini"));
     EXPECT_EQ(settings.content("keys"), KeyMapText(map));
     EXPECT_EQ(fs::status(settings / "keys").permissions(), fs::perms::owner_read | fs::perms::owner_write);
@@ -170,7 +256,7 @@ TEST_F(KeyMapFile, KeepsItsContentWhenTheDiskIsFull) {
     fake.files.failWritesAfter(100);
     KeyMap map = DefaultKeyMap();
     map[5] = {200, 201, 202};
-    const ui::Status written = WriteKeyMap(fake.files, fake.directory, map);
+    const ui::Status written = write(map);
     ASSERT_FALSE(written);
     EXPECT_NE(written.failure().message.find("vtmkeys.ini"), std::string::npos);
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), DefaultText());
@@ -181,7 +267,7 @@ TEST_F(KeyMapFile, GoesToTheStandInFolderWhenTheProgramsOwnIsReadOnly) {
     fake.directory.isWritable = false;
     KeyMap map = DefaultKeyMap();
     map[5] = {200, 201, 202};
-    ASSERT_TRUE(WriteKeyMap(fake.files, fake.directory, map));
+    ASSERT_TRUE(write(map));
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), DefaultText());
     EXPECT_EQ(LoadKeyMap(fake.files, fake.directory).map, map);
 }

@@ -26,7 +26,7 @@ protected:
     shell::Settings settings;
     glyphs::CharSetRecord characterSet;
     glyphs::GlyphAtlas atlas;
-    editing::KeyMap keyMap = editing::DefaultKeyMap();
+    editing::KeyMaps keys;
     std::vector<glyphs::GlyphCode> pickerStarts;
     glyphs::GlyphCode picked = 200;
     std::unique_ptr<shell::frmOptions> dialog;
@@ -65,7 +65,7 @@ protected:
 
     void open() {
         dialog = std::make_unique<shell::frmOptions>(
-            fake.platform, settings, characterSet, atlas, keyMap, [this](glyphs::GlyphCode start) {
+            fake.platform, settings, characterSet, atlas, keys, [this](glyphs::GlyphCode start) {
                 pickerStarts.push_back(start);
                 return picked;
             });

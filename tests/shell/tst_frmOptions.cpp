@@ -451,7 +451,7 @@ TEST_F(OptionsDialog, AClickOnAGlyphPicksAnotherForThatColumn) {
     find<QComboBox>("KeyListBox")->setCurrentIndex(5);
     QTest::mouseClick(find<QWidget>("picKey_1"), Qt::LeftButton);
     EXPECT_EQ(pickerStarts, std::vector<glyphs::GlyphCode>{65});
-    EXPECT_EQ(keyMap[5], (editing::KeyGlyphs{97, 200, 32}));
+    EXPECT_EQ(keys.used[5], (editing::KeyGlyphs{97, 200, 32}));
     EXPECT_EQ(changedPages(), "5");
     EXPECT_EQ(apply(), (AppliedOptions{false, false, false, true}));
 }
@@ -462,7 +462,7 @@ TEST_F(OptionsDialog, AStripIsUsedByTheKeyboardToo) {
     find<QComboBox>("KeyListBox")->setCurrentIndex(5);
     QTest::keyClick(find<QWidget>("picKeyStripCont_2"), Qt::Key_Space);
     EXPECT_EQ(pickerStarts, std::vector<glyphs::GlyphCode>{32});
-    EXPECT_EQ(keyMap[5], (editing::KeyGlyphs{97, 65, 200}));
+    EXPECT_EQ(keys.used[5], (editing::KeyGlyphs{97, 65, 200}));
 }
 
 TEST_F(OptionsDialog, ANewGlyphIsShownAtOnce) {
@@ -495,13 +495,13 @@ TEST_F(OptionsDialog, CancelKeepsTheKeysThatWereChanged) {
     open();
     QTest::mouseClick(find<QWidget>("picKey_0"), Qt::LeftButton);
     press("cmdCancel");
-    EXPECT_EQ(keyMap[0][0], 200);
+    EXPECT_EQ(keys.used[0][0], 200);
     EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini"));
 }
 
 TEST_F(OptionsDialog, ResetReadsTheKeyMapFromItsFileAgain) {
-    auto saved = editing::DefaultKeyMap();
-    saved[0] = {1, 2, 3};
+    editing::KeyMaps saved;
+    saved.used[0] = {1, 2, 3};
     ASSERT_TRUE(editing::WriteKeyMap(fake.files, fake.directory, saved));
     open();
     showPage(5);
@@ -509,7 +509,8 @@ TEST_F(OptionsDialog, ResetReadsTheKeyMapFromItsFileAgain) {
     const ui::Picture before = *picture->picture();
     fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
     press("cmdResetKeysToDefault");
-    EXPECT_EQ(keyMap, saved);
+    EXPECT_EQ(keys.used, saved.used);
+    EXPECT_EQ(keys.inFile, saved.used);
     EXPECT_NE(*picture->picture(), before);
     EXPECT_EQ(changedPages(), "");
 }
@@ -530,27 +531,27 @@ TEST_F(OptionsDialog, ResetShowsTheNameOfTheSelectedKeyAgain) {
 }
 
 TEST_F(OptionsDialog, ResetWithoutAFileGivesTheDefaults) {
-    keyMap[7] = {9, 9, 9};
+    keys.used[7] = {9, 9, 9};
     open();
     showPage(5);
     fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
     press("cmdResetKeysToDefault");
-    EXPECT_EQ(keyMap, editing::DefaultKeyMap());
+    EXPECT_EQ(keys.used, editing::DefaultKeyMap());
 }
 
 TEST_F(OptionsDialog, AnsweringNoResetsNothing) {
-    keyMap[7] = {9, 9, 9};
-    const auto before = keyMap;
+    keys.used[7] = {9, 9, 9};
+    const auto before = keys.used;
     open();
     showPage(5);
     fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::No);
     press("cmdResetKeysToDefault");
-    EXPECT_EQ(keyMap, before);
+    EXPECT_EQ(keys.used, before);
 }
 
 TEST_F(OptionsDialog, ADamagedKeyMapIsReportedAndTheDefaultsUsed) {
     fake.directory.files.put("vtmkeys.ini", "1,2\r\n");
-    keyMap[7] = {9, 9, 9};
+    keys.used[7] = {9, 9, 9};
     const auto failure = editing::LoadKeyMap(fake.files, fake.directory).status;
     ASSERT_FALSE(failure);
     open();
@@ -558,7 +559,7 @@ TEST_F(OptionsDialog, ADamagedKeyMapIsReportedAndTheDefaultsUsed) {
     fake.dialogs.expectYesNo("Are you sure you wish to reset the current configuration?", ui::Answer::Yes);
     fake.dialogs.expectWarning(failure.failure().message);
     press("cmdResetKeysToDefault");
-    EXPECT_EQ(keyMap, editing::DefaultKeyMap());
+    EXPECT_EQ(keys.used, editing::DefaultKeyMap());
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), "1,2\r\n");
 }
 

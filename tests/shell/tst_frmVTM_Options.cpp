@@ -120,7 +120,7 @@ TEST_F(WindowOptions, ASetThatStandsInIsTheOneInUse) {
 
 TEST_F(WindowOptions, AKeyMapThatCannotBeWrittenIsReported) {
     start();
-    editing::KeyMap expected = workspace().keyMap;
+    editing::KeyMaps expected = workspace().keys;
     fake.files.failFrom(DialogStep::Create);
     const auto failure = editing::WriteKeyMap(fake.files, fake.directory, expected).failure().message;
     EXPECT_NE(failure.find("vtmkeys.ini"), std::string::npos) << failure;
@@ -137,7 +137,7 @@ TEST_F(WindowOptions, AKeyMapThatCannotBeWrittenIsReported) {
         press(options, "cmdOK");
     });
     EXPECT_EQ(fake.dialogs.left(), 0U);
-    ++expected[0][0];
-    EXPECT_EQ(workspace().keyMap, expected) << "it is in use all the same";
+    ++expected.used[0][0];
+    EXPECT_EQ(workspace().keys.used, expected.used) << "it is in use all the same";
     EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini"));
 }
