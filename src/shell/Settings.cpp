@@ -4,7 +4,7 @@
 
 #include "shell/SettingText.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace shell {
@@ -100,24 +100,52 @@ private:
     std::vector<UnreadableSetting>& m_unreadable;
 };
 
+/// Every key with its value as it is stored.
+using SettingTexts = std::vector<std::pair<std::string, std::string>>;
+
+/// Takes down the settings that it is shown.
 class Writer {
 public:
-    explicit Writer(ui::SettingsStore& store)
-        : m_store(store) {}
+    explicit Writer(SettingTexts& texts)
+        : m_texts(texts) {}
 
     void truth(const std::string& key, bool value) { text(key, TextOf(value)); }
 
     void number(const std::string& key, std::int16_t value) { text(key, std::to_string(value)); }
 
-    void text(const std::string& key, const std::string& value) { m_store.write(Section, key, value); }
+    void text(const std::string& key, const std::string& value) { m_texts.emplace_back(key, value); }
 
     void colour(const std::string& key, ui::Pixel value) { text(key, std::to_string(PackedColour(value))); }
 
     void glyph(const std::string& key, glyphs::GlyphCode value) { number(key, value); }
 
 private:
-    ui::SettingsStore& m_store;
+    SettingTexts& m_texts;
 };
+
+SettingTexts TextsOf(const Settings& settings) {
+    SettingTexts texts;
+    Writer writer(texts);
+    VisitSettings(settings, writer);
+    return texts;
+}
+
+/// Takes over what the store holds by now of the settings that have not changed since they were loaded.
+void KeepUnchanged(SettingTexts& texts, const Settings& loaded, const ui::SettingsStore& store) {
+    const SettingTexts before = TextsOf(loaded);
+    const LoadedSettings now = Load(store, {});
+    const SettingTexts stored = TextsOf(now.settings);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string& key = texts[i].first;
+        const bool isReadable =
+            store.read(Section, key) && std::ranges::none_of(now.unreadable, [&key](const auto& unreadable) {
+                return unreadable.key == key;
+            });
+        if (texts[i] == before[i] && isReadable) {
+            texts[i] = stored[i];
+        }
+    }
+}
 
 } // namespace
 
@@ -149,9 +177,16 @@ LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolde
     return loaded;
 }
 
-ui::Status Save(ui::SettingsStore& store, const Settings& settings) {
-    Writer writer(store);
-    VisitSettings(settings, writer);
+ui::Status Save(ui::SettingsStore& store, const Settings& settings, const std::optional<Settings>& loaded) {
+    SettingTexts texts = TextsOf(settings);
+    if (loaded) {
+        // Another instance may have saved its own meanwhile.
+        store.refresh();
+        KeepUnchanged(texts, *loaded, store);
+    }
+    for (const auto& [key, text] : texts) {
+        store.write(Section, key, text);
+    }
     return store.save();
 }
 

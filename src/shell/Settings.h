@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -94,8 +95,10 @@ void Defaults(Settings& settings, const ui::Path& programFolder);
 /// page number that does not exist yields the animation page.
 [[nodiscard]] LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolder);
 
-/// Writes all keys and makes them last.
-ui::Status Save(ui::SettingsStore& store, const Settings& settings);
+/// Writes all keys and makes them last. A setting that has not changed since it was `loaded` keeps what the
+/// store holds by now; if nothing was loaded, everything stored is overwritten.
+ui::Status
+Save(ui::SettingsStore& store, const Settings& settings, const std::optional<Settings>& loaded = {});
 
 /// One sentence that names the settings that could not be read; empty when there is none.
 [[nodiscard]] std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreadable);

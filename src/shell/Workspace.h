@@ -18,6 +18,8 @@ struct Workspace {
     editing::KeyMaps keys;
     editing::EditClipboard editClipboard;
     Settings settings; ///< the page in view and the editing modes among them
+    std::optional<Settings>
+        loadedSettings; ///< as the store had them at the start; nothing: they were ignored
     RecentMenus recent;
     glyphs::CharSetRecord charSet;
     glyphs::GlyphAtlas atlas;

@@ -98,6 +98,7 @@ ui::Status frmVTM::loadSettings() {
     if (LoadsAtStartup(m_platform.settings)) {
         LoadedSettings loaded = Load(m_platform.settings, folder);
         settings = loaded.settings;
+        m_workspace.loadedSettings = loaded.settings;
         m_startNotice = UnreadableSettingsText(loaded.unreadable);
     } else {
         Defaults(settings, folder);
@@ -143,7 +144,7 @@ ui::Status frmVTM::Form_Unload() {
                 std::string(WindowSection), std::string(GeometryKey),
                 saveGeometry().toBase64().toStdString());
         }
-        saved = Save(m_platform.settings, m_workspace.settings);
+        saved = Save(m_platform.settings, m_workspace.settings, m_workspace.loadedSettings);
     }
     // Should the program end before it came to that.
     registerFileTypes();

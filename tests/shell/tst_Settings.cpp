@@ -155,6 +155,52 @@ TEST(Settings, LoadAtStartupStandsWhenItsStoredTextMeansNothing) {
     EXPECT_FALSE(shell::LoadsAtStartup(store));
 }
 
+TEST(Save, KeepsWhatAnotherInstanceHasStoredOfWhatWasNotChangedHere) {
+    MemorySettings store;
+    const auto loaded = shell::Load(store, Folder);
+    shell::Settings settings = loaded.settings;
+    settings.favourites[1] = 200;
+    settings.promptNames = false;
+    store.onRefresh = [&store] {
+        shell::Settings others;
+        others.favourites = {1, 2, 3, 4, 5};
+        others.cursors[0] = 1;
+        others.colours[2] = ui::OpaquePixel(1, 2, 3);
+        others.screenshot = "/others.bmp";
+        others.makeType = 2;
+        EXPECT_TRUE(shell::Save(store, others));
+    };
+    ASSERT_TRUE(shell::Save(store, settings, loaded.settings));
+    const shell::Settings saved = shell::Load(store, Folder).settings;
+    EXPECT_EQ(saved.favourites, (std::array<glyphs::GlyphCode, 5>{1, 200, 3, 4, 5}));
+    EXPECT_FALSE(saved.promptNames);
+    EXPECT_EQ(saved.cursors[0], 1);
+    EXPECT_EQ(saved.colours[2], ui::OpaquePixel(1, 2, 3));
+    EXPECT_EQ(saved.screenshot, "/others.bmp");
+    EXPECT_EQ(saved.makeType, 2);
+}
+
+TEST(Save, WritesEveryKeyWhateverHasChanged) {
+    MemorySettings store;
+    store.sections["options"] = {{"prompt1", "1"}, {"fav2", "not a number"}, {"color2", "-1"}};
+    const auto loaded = shell::Load(store, Folder);
+    ASSERT_TRUE(shell::Save(store, loaded.settings, loaded.settings));
+    EXPECT_EQ(store.writes.size(), shell::SettingCount);
+    EXPECT_EQ(store.sections["options"]["prompt1"], "True");
+    EXPECT_EQ(store.sections["options"]["fav2"], "86");
+    EXPECT_EQ(store.sections["options"]["color2"], "16777215");
+}
+
+TEST(Save, OverwritesAllThatIsStoredWhenTheStartIgnoredIt) {
+    MemorySettings store;
+    store.sections["options"] = {{"fav1", "99"}, {"cursor1", "1"}};
+    shell::Settings settings;
+    shell::Defaults(settings, Folder);
+    ASSERT_TRUE(shell::Save(store, settings, std::nullopt));
+    EXPECT_EQ(store.sections["options"]["fav1"], "16");
+    EXPECT_EQ(store.sections["options"]["cursor1"], "0");
+}
+
 TEST(Settings, EveryKeyComesBackAsItWasSaved) {
     shell::Settings settings;
     settings.loadAtStartup = false;
