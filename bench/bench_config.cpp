@@ -72,7 +72,7 @@ public:
 /// Files without the wait for the disk, which depends on the disk alone.
 class UnflushedFiles final : public ui::Files {
 public:
-    [[nodiscard]] bool exists(const ui::Path& path) const override { return m_disk.exists(path); }
+    [[nodiscard]] ui::PathKind kindOf(const ui::Path& path) const override { return m_disk.kindOf(path); }
 
     [[nodiscard]] ui::Result<ui::Bytes> read(const ui::Path& path) const override {
         return m_disk.read(path);

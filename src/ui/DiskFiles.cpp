@@ -122,10 +122,16 @@ void SurviveFileSizeLimit() {
 DiskFiles::DiskFiles(Path spareFolder)
     : m_spareFolder(std::move(spareFolder)) {}
 
-bool DiskFiles::exists(const Path& path) const {
+PathKind DiskFiles::kindOf(const Path& path) const {
     struct stat information {};
 
-    return ::stat(path.c_str(), &information) == 0 ? S_ISREG(information.st_mode) : !IsAbsence(errno);
+    if (::stat(path.c_str(), &information) != 0) {
+        return IsAbsence(errno) ? PathKind::Nothing : PathKind::File;
+    }
+    if (S_ISDIR(information.st_mode)) {
+        return PathKind::Folder;
+    }
+    return S_ISREG(information.st_mode) ? PathKind::File : PathKind::Device;
 }
 
 Result<Bytes> DiskFiles::read(const Path& path) const {

@@ -52,6 +52,14 @@ public:
     virtual ~FileLock() = default;
 };
 
+/// What a path leads to.
+enum class PathKind {
+    Nothing,
+    File, ///< or a link to one
+    Folder,
+    Device ///< or a pipe
+};
+
 /// What becomes of a link that lies where a file is to be written.
 enum class Links {
     Follow, ///< it stays, and the file that it leads to is written
@@ -98,9 +106,11 @@ public:
 
     virtual ~Files() = default;
 
-    /// Whether a regular file (or a link to one) is there, or may be: what cannot be looked at counts as
-    /// there, and reading it tells the cause.
-    [[nodiscard]] virtual bool exists(const Path& path) const = 0;
+    /// What a path leads to. What cannot be looked at counts as a file: reading it tells the cause.
+    [[nodiscard]] virtual PathKind kindOf(const Path& path) const = 0;
+
+    /// Whether a file is there, or may be.
+    [[nodiscard]] bool exists(const Path& path) const { return kindOf(path) == PathKind::File; }
 
     /// The whole file; fails on a missing, unreadable or non-regular file, or one over MaxFileSize.
     [[nodiscard]] virtual Result<Bytes> read(const Path& path) const = 0;
@@ -162,7 +172,7 @@ class DiskFiles final : public Files {
 public:
     explicit DiskFiles(Path spareFolder = {});
 
-    [[nodiscard]] bool exists(const Path& path) const override;
+    [[nodiscard]] PathKind kindOf(const Path& path) const override;
     [[nodiscard]] Result<Bytes> read(const Path& path) const override;
     [[nodiscard]] Result<FileFacts> inspect(const Path& path, Links links) const override;
     [[nodiscard]] Result<std::unique_ptr<OutputFile>> open(const Path& path, OpenMode mode) override;

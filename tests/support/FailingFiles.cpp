@@ -162,8 +162,8 @@ FailingFiles::take(Step step, const ui::Path& path, const std::string& more) con
     return {};
 }
 
-bool FailingFiles::exists(const ui::Path& path) const {
-    return m_files.exists(path);
+ui::PathKind FailingFiles::kindOf(const ui::Path& path) const {
+    return m_files.kindOf(path);
 }
 
 ui::Result<ui::Bytes> FailingFiles::read(const ui::Path& path) const {

@@ -49,7 +49,7 @@ public:
     /// that is made beside another is called by the name of that one.
     [[nodiscard]] const std::vector<std::string>& steps() const { return m_steps; }
 
-    [[nodiscard]] bool exists(const ui::Path& path) const override;
+    [[nodiscard]] ui::PathKind kindOf(const ui::Path& path) const override;
     [[nodiscard]] ui::Result<ui::Bytes> read(const ui::Path& path) const override;
     [[nodiscard]] ui::Result<ui::FileFacts> inspect(const ui::Path& path, ui::Links links) const override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::OutputFile>>
