@@ -5,6 +5,7 @@
 #include "ui/Files.h"
 #include "ui/Picture.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,9 @@ struct FileDialogRequest {
     Path folder;                 ///< where it starts; empty: the current folder
     std::string extension;       ///< added to a saved name that has none, with its dot; empty: none
     bool asksToOverwrite = true; ///< save dialogs: whether an existing file is asked about
+
+    /// What is going to happen to a file, in a line below the dialog's controls; no function: no line.
+    std::function<std::string(const Path&)> forecast = {};
 };
 
 /// Message boxes, file choosers and the colour chooser. Texts are UTF-8; a message's lines end with '\n'.

@@ -8,12 +8,14 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -311,6 +313,43 @@ TEST(FileDialog, AsksNothingWhereTheFileIsAlteredOnly) {
     WhenShown<QFileDialog> shown(
         [&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("autoexec.cfg")); });
     EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / "autoexec.cfg");
+}
+
+TEST(FileDialog, TellsWhatIsGoingToHappenToTheTypedFile) {
+    const TempFolder folder;
+    folder.put("inner/a.vtn", "");
+    auto request = NameRequest(folder);
+    request.forecast = [&folder](const ui::Path& path) {
+        return std::filesystem::relative(path, folder.path()).native() + " will be made";
+    };
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        const auto* line = dialog.findChild<QLabel*>(QStringLiteral("lblForecast"));
+        EXPECT_TRUE(line->isVisible());
+        EXPECT_EQ(line->text().trimmed(), QString()) << "a pattern is no file";
+        const auto tells = [&](const char* typed, const char* told) {
+            NameEdit(dialog)->selectAll();
+            QTest::keyClicks(NameEdit(dialog), QLatin1String(typed));
+            EXPECT_TRUE(QTest::qWaitFor([&] { return line->text().trimmed() == QLatin1String(told); }))
+                << typed << ": " << line->text().toStdString();
+        };
+        tells("new", "new.vtn will be made");
+        tells("in", "in.vtn will be made");
+        tells("inner", "");
+        tells("inner/a.vtn", "inner/a.vtn will be made");
+        tells("x\"y.scr", "x\"y.scr will be made");
+        tells("*.vtn", "");
+        dialog.reject();
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToSave(request), std::nullopt);
+}
+
+TEST(FileDialog, TellsNothingWhereThereIsNothingToTell) {
+    const TempFolder folder;
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblForecast")), nullptr);
+        dialog.reject();
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), std::nullopt);
 }
 
 TEST(FileDialog, TakesANameWithWildcardsAsAFilter) {

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/FileChooser.h"
 
+#include "ui/qt/LineLabel.h"
+
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QGridLayout>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
@@ -25,6 +28,10 @@ constexpr QLatin1String FileModelName("qt_filesystem_model");
 
 QString FromPath(const Path& path) {
     return QFile::decodeName(QByteArray::fromStdString(path.native()));
+}
+
+Path ToPath(const QString& name) {
+    return QFile::encodeName(name).toStdString();
 }
 
 /// The filters as the toolkit reads them: what stands in the last brackets is matched, and hidden; what
@@ -67,6 +74,13 @@ FileChooser::FileChooser(const FileDialogRequest& request, AcceptMode mode, QWid
         setDefaultSuffix(QString::fromStdString(request.extension));
     }
     selectFile(QString::fromStdString(request.initialName));
+    if (request.forecast) {
+        m_forecast = request.forecast;
+        m_forecastLine = new LineLabel(this);
+        m_forecastLine->setObjectName(QStringLiteral("lblForecast"));
+        auto& rows = dynamic_cast<QGridLayout&>(*layout());
+        rows.addWidget(m_forecastLine, rows.rowCount(), 0, 1, -1);
+    }
     // Once the toolkit is through with the text and what it selects.
     connect(
         nameEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { showTyped(text); },
@@ -74,7 +88,7 @@ FileChooser::FileChooser(const FileDialogRequest& request, AcceptMode mode, QWid
 }
 
 Path FileChooser::chosenPath() const {
-    return QFile::encodeName(m_typed.isEmpty() ? selectedFiles().constFirst() : m_typed).toStdString();
+    return ToPath(m_typed.isEmpty() ? selectedFiles().constFirst() : m_typed);
 }
 
 void FileChooser::accept() {
@@ -126,6 +140,11 @@ void FileChooser::showTyped(const QString& text) {
         deselectOthers(text);
         const auto accepts = acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
         findChild<QDialogButtonBox*>()->button(accepts)->setEnabled(true);
+    }
+    if (m_forecastLine != nullptr) {
+        const QString file = typedFile();
+        const bool isFile = !text.isEmpty() && !IsPattern(text) && !QFileInfo(file).isDir();
+        m_forecastLine->tell(isFile ? QString::fromStdString(m_forecast(ToPath(file))) : QString());
     }
 }
 

@@ -10,6 +10,8 @@ class QLineEdit;
 
 namespace ui::qt {
 
+class LineLabel;
+
 /// The toolkit's own file dialog, opened as a request says. A name with '*' or '?' in it is never chosen: it
 /// narrows what the dialog lists, and the dialog stays.
 class FileChooser final : public QFileDialog {
@@ -35,7 +37,8 @@ private:
     /// Accepts the typed name as the toolkit does, but to the letter.
     void acceptTyped();
 
-    /// Shows in the list and on the button that a name with double quotes is one name.
+    /// Shows in the list and on the button that a name with double quotes is one name, and what is going to
+    /// happen to the file.
     void showTyped(const QString& text);
 
     /// The toolkit prefers what is selected in the list, which may be the name that was typed before.
@@ -45,6 +48,8 @@ private:
     void narrow(const QString& text);
 
     QString m_typed; ///< what acceptTyped() accepted
+    std::function<std::string(const Path&)> m_forecast;
+    LineLabel* m_forecastLine = nullptr;
 };
 
 } // namespace ui::qt

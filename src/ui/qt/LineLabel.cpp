@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/LineLabel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace ui::qt {
+
+LineLabel::LineLabel(QWidget* parent)
+    : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    tell({});
+}
+
+void LineLabel::tell(const QString& text, const QString& more) {
+    // Without any text it is called like the group that it is in.
+    setText(text.isEmpty() ? QStringLiteral(" ") : text);
+    m_more = more;
+}
+
+QSize LineLabel::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
+}
+
+QSize LineLabel::minimumSizeHint() const {
+    return {0, fontMetrics().height()};
+}
+
+QString LineLabel::shownText() const {
+    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+bool LineLabel::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QLabel::event(event);
+    }
+    QStringList lines;
+    if (shownText() != text()) {
+        lines << text();
+    }
+    if (!m_more.isEmpty()) {
+        lines << m_more;
+    }
+    // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
+    const QString tip =
+        lines.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(lines.join(u'\n').toHtmlEscaped());
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);
+    return true;
+}
+
+void LineLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    style()->drawItemText(
+        &painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shownText(),
+        foregroundRole());
+}
+
+} // namespace ui::qt
