@@ -135,22 +135,6 @@ ui::Status RefuseTooLarge(std::size_t size, const ui::Path& path) {
                                          : ui::Status();
 }
 
-/// A line as it is shown to people: glyphs of colour 2 as those of colour 1, what is not ASCII as a dot. Long
-/// lines are cut.
-std::string ReadableLine(std::string_view line) {
-    constexpr std::size_t MaxLength = 80;
-    std::string text;
-    for (const char byte : line.substr(0, MaxLength)) {
-        const int glyph = static_cast<unsigned char>(byte) & 127;
-        if (glyph >= 32 && glyph < 127) {
-            text += static_cast<char>(glyph);
-        } else {
-            text += "\xC2\xB7";
-        }
-    }
-    return line.size() > MaxLength ? text + "..." : text;
-}
-
 } // namespace
 
 ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line) {
@@ -173,6 +157,24 @@ ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line
         result += isGlyph ? LineEnd.substr(0, 1) : LineEnd;
     }
     return result;
+}
+
+std::string ReadableLine(std::string_view line) {
+    constexpr std::size_t MaxLength = 80;
+    std::string text;
+    for (const char byte : line.substr(0, MaxLength)) {
+        const int glyph = static_cast<unsigned char>(byte) & 127;
+        if (glyph >= 32 && glyph < 127) {
+            text += static_cast<char>(glyph);
+        } else {
+            text += "\xC2\xB7";
+        }
+    }
+    return line.size() > MaxLength ? text + "..." : text;
+}
+
+std::string LineToBeReplacedText(int number, std::string_view line) {
+    return "Line " + std::to_string(number) + " will be replaced: " + ReadableLine(line);
 }
 
 std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover) {

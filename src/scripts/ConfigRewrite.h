@@ -26,8 +26,14 @@ struct Rewritten {
     std::string leftover = {};
 };
 
-/// The status text after line `number`, which was `line`, has been replaced. What is not ASCII is shown as a
-/// dot, glyphs of colour 2 as those of colour 1; long lines are cut.
+/// A line as it is shown to people: glyphs of colour 2 as those of colour 1, what is not ASCII as a dot. Long
+/// lines are cut.
+[[nodiscard]] std::string ReadableLine(std::string_view line);
+
+/// That line `number`, which is `line`, is going to be replaced.
+[[nodiscard]] std::string LineToBeReplacedText(int number, std::string_view line);
+
+/// The status text after line `number`, which was `line`, has been replaced.
 [[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);
 
 /// Gives the configuration file `path`, which holds `before`, the content `after`: its links, owner and

@@ -31,7 +31,7 @@ struct SaveOutcome {
 /// What came of a load command. The user has been told and the page repainted as far as either was due.
 struct LoadOutcome {
     bool loaded = false;
-    std::string reason = {}; ///< why it could not be loaded, for the status line; may be empty
+    std::string statusText = {}; ///< why it could not be loaded, or what exactly was; may be empty
 };
 
 /// What came of writing into a configuration file. The user has been told.

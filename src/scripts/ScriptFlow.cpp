@@ -31,10 +31,10 @@ LoadOutcome LoadScript(
     if (const auto script = files.read(path)) {
         read = reader.read(script.value());
         if (read == ReadOutcome::TooLong) {
-            outcome.reason = reader.tooLongText;
+            outcome.statusText = reader.tooLongText;
         }
     } else {
-        outcome.reason = script.failure().message;
+        outcome.statusText = script.failure().message;
     }
     outcome.loaded = read == ReadOutcome::Read;
     // A line that was too long has filled cells all the same: the page must not show others.

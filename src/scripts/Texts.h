@@ -45,6 +45,10 @@ inline std::string TooManyLines(const ui::Path& path) {
     return "The config file, " + ui::PathText(path) + ", has more than 32,767 lines. VTM cannot handle it.";
 }
 
+constexpr auto TooManyLinesToChange = "This file has more than 32,767 lines and cannot be changed";
+constexpr auto LineIsAdded = "A line will be added";
+constexpr auto FileIsMade = "A file with one line will be made";
+
 constexpr auto MessagesNotRead = "Error retrieving Macro from script file.";
 constexpr auto MessageTooLong = "A message is longer than 31 glyphs; its first 31 were read.";
 constexpr auto NoMessageSelected = "You need to select at least 1 message to display!";
@@ -56,7 +60,20 @@ constexpr auto KeyIsBound = "You have selected a key that is already bound!\n"
                             "VTM will now replace it with your binding, OK?";
 constexpr auto ConfigNotThere = "There is no such file yet.";
 constexpr auto ConfigNotReadable = "This file cannot be read.";
-constexpr auto AwkwardScriptName = "The game cannot run a file whose name holds a blank, ; or \".";
+constexpr auto ConfigIsScript = "This is a script, not a config file.";
+constexpr auto ScriptNotThere = "There is no such file.";
+constexpr auto IsFolder = "This is a folder.";
+constexpr auto IsDevice = "This is not a file.";
+constexpr auto LongScriptName =
+    "Some games cannot run a script with more than 27 characters before the extension of its file name.";
+
+inline std::string NoGameRuns(const std::string& what) {
+    return "Games cannot run a script with " + what + " in its file name.";
+}
+
+inline std::string SomeGamesRun(const std::string& what) {
+    return "Some games cannot run a script with " + what + " in its file name.";
+}
 
 inline std::string BindingUpdatedInConfig(const ui::Path& path) {
     return "Done! The config file, " + ui::PathText(path) + ", was updated with your new binding.";

@@ -5,6 +5,7 @@
 #include "ui/qt/DialogButtons.h"
 #include "ui_frmBindWiz.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSignalBlocker>
 
@@ -18,8 +19,10 @@ QString TextOf(const ui::Path& path) {
     return QFile::decodeName(QByteArray::fromStdString(path.native()));
 }
 
+/// The path of a typed text, which may begin in the user's home.
 ui::Path PathOf(const QString& text) {
-    return QFile::encodeName(text).toStdString();
+    const bool isAtHome = text.startsWith(QLatin1String("~/"));
+    return QFile::encodeName(isAtHome ? QDir::homePath() + text.mid(1) : text).toStdString();
 }
 
 /// Fills a list with the keys of which `isListed` is true, in the order of the table.
@@ -45,12 +48,6 @@ void Select(QListWidget& list, std::optional<int> key) {
             list.scrollToItem(list.item(row));
         }
     }
-}
-
-/// A label keeps its line when it has nothing to say.
-void ShowHint(QLabel& label, const QString& text, const QString& toolTip = {}) {
-    label.setText(text.isEmpty() ? QStringLiteral(" ") : text);
-    label.setToolTip(toolTip);
 }
 
 } // namespace
@@ -103,8 +100,8 @@ void frmBindWiz::setScript(const ui::Path& path) {
 }
 
 void frmBindWiz::showBoundKeys() {
-    const ConfigKeys keys = ReadBoundKeys(m_files, m_choice.config);
-    ShowHint(*m_form->lblCFGHint, QString::fromStdString(keys.hint), QString::fromStdString(keys.reason));
+    m_keys = ReadBoundKeys(m_files, m_choice.config);
+    m_form->lblCFGHint->tell(QString::fromStdString(m_keys.hint), QString::fromStdString(m_keys.reason));
 
     // A list that is disabled loses the focus, and the user the place where they were.
     QWidget* const focus = focusWidget();
@@ -112,8 +109,8 @@ void frmBindWiz::showBoundKeys() {
     const QSignalBlocker quietPreBound(m_form->PreBound);
     m_form->NotBound->setEnabled(false);
     m_form->PreBound->setEnabled(false);
-    Fill(*m_form->NotBound, [&](std::size_t key) { return !keys.bound[key]; });
-    Fill(*m_form->PreBound, [&](std::size_t key) { return keys.bound[key]; });
+    Fill(*m_form->NotBound, [this](std::size_t key) { return !m_keys.bound[key]; });
+    Fill(*m_form->PreBound, [this](std::size_t key) { return m_keys.bound[key]; });
     m_form->NotBound->setEnabled(true);
     m_form->PreBound->setEnabled(true);
     if (focus != nullptr) {
@@ -123,7 +120,7 @@ void frmBindWiz::showBoundKeys() {
 }
 
 void frmBindWiz::showScriptHint() {
-    ShowHint(*m_form->lblSCRHint, QString::fromStdString(ScriptHint(m_choice.script)));
+    m_form->lblSCRHint->tell(QString::fromStdString(ScriptHint(m_files, m_choice.script)));
 }
 
 void frmBindWiz::chooseKey(const QListWidget& list) {
@@ -139,6 +136,7 @@ void frmBindWiz::showChosenKey() {
         const QSignalBlocker quiet(list);
         Select(*list, m_choice.key);
     }
+    m_form->lblForecast->tell(QString::fromStdString(m_keys.forecast(m_choice.key)));
 }
 
 void frmBindWiz::txtCFGFileName_Change(const QString& text) {
@@ -186,6 +184,7 @@ void frmBindWiz::cmdOK_Click() {
     showBoundKeys();
     const ConfigOutcome outcome = BindKey(m_dialogs, m_files, m_directory, m_choice);
     if (outcome.written) {
+        m_remembered = {m_choice.config, m_choice.script};
         m_statusText = outcome.statusText;
         accept();
     }

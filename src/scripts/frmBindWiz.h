@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "scripts/BindHints.h"
 #include "scripts/mdlBind.h"
 #include "ui/Platform.h"
 
@@ -39,7 +40,7 @@ public:
     ~frmBindWiz() override;
 
     /// The paths to remember from now on, however the dialog was closed: those that were chosen in its file
-    /// dialogs take the place of the others.
+    /// dialogs, or with which a key was bound, take the place of the others.
     [[nodiscard]] const Paths& remembered() const { return m_remembered; }
 
     /// What to show in the status line after a binding was written; may be empty.
@@ -71,6 +72,7 @@ private:
     const ui::ProgramDirectory& m_directory;
     Paths m_remembered;
     BindChoice m_choice; ///< its paths hold the bytes of file names that the text boxes cannot show
+    ConfigKeys m_keys;   ///< of the configuration file
     std::string m_statusText;
 };
 

@@ -47,7 +47,7 @@ constexpr KeysByFirstByte SortKeys() {
     return keys;
 }
 
-/// The key of that name, in any case; -1: none.
+/// The same as FindKey(); -1: none.
 int KeyOf(std::string_view name) {
     static constexpr KeysByFirstByte Keys = SortKeys();
     int key = name.empty() ? -1 : Keys.last[FirstByte(name)];
@@ -75,6 +75,11 @@ int LastQuotedKey(std::string_view line) {
 }
 
 } // namespace
+
+std::optional<int> FindKey(std::string_view name) {
+    const int key = KeyOf(name);
+    return key < 0 ? std::nullopt : std::optional(key);
+}
 
 int CheckStrForKey(std::string_view line) {
     return HoldsAnyCase(line, "bind") ? LastQuotedKey(line) : NoKeyFound;
@@ -111,6 +116,11 @@ BindingLine FindBindingLine(std::string_view config, int key) {
     return {};
 }
 
+BindingLine LineToReplace(std::string_view config, const BoundKeys& bound, int key) {
+    // A key may be bound by comments alone. They stay, and the binding is added.
+    return bound[static_cast<std::size_t>(key)] ? FindBindingLine(config, key) : BindingLine{};
+}
+
 ui::Bytes AppendedBinding(std::string_view config, int key, const ui::Path& script) {
     ui::Bytes added;
     // A bind line that ran on from the line before it would bind nothing.
@@ -120,25 +130,6 @@ ui::Bytes AppendedBinding(std::string_view config, int key, const ui::Path& scri
     added += BindLine(key, script);
     added += LineEnd;
     return added;
-}
-
-std::string ScriptHint(const ui::Path& script) {
-    const bool isOneWord = script.filename().native().find_first_of(" ;\"\r\n") == std::string::npos;
-    return isOneWord ? "" : texts::AwkwardScriptName;
-}
-
-ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config) {
-    ConfigKeys keys;
-    if (config.empty()) {
-        return keys;
-    }
-    if (const auto bytes = files.read(config)) {
-        keys.bound = GetBoundKeys(bytes.value());
-    } else {
-        keys.hint = files.exists(config) ? texts::ConfigNotReadable : texts::ConfigNotThere;
-        keys.reason = bytes.failure().message;
-    }
-    return keys;
 }
 
 ui::FileDialogRequest BindConfigRequest() {
@@ -186,12 +177,11 @@ ConfigOutcome BindKey(
         }
         config = std::move(bytes).value();
     }
-    const bool isBound = GetBoundKeys(config)[static_cast<std::size_t>(key)];
-    if (isBound && !dialogs.askYesNo(texts::KeyIsBound)) {
+    const BoundKeys bound = GetBoundKeys(config);
+    if (bound[static_cast<std::size_t>(key)] && !dialogs.askYesNo(texts::KeyIsBound)) {
         return {};
     }
-    // A key may be bound by comments alone. They stay, and the binding is added.
-    const BindingLine old = isBound ? FindBindingLine(config, key) : BindingLine{};
+    const BindingLine old = LineToReplace(config, bound, key);
     ConfigOutcome outcome;
     ui::Status done;
     if (old.number == 0) {

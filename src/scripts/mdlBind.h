@@ -33,6 +33,9 @@ constexpr std::array<std::string_view, KeyCount> KeyNames = {
 /// For every key of the table whether a configuration file binds it.
 using BoundKeys = std::array<bool, KeyCount>;
 
+/// The key (index) of that name, in any case.
+[[nodiscard]] std::optional<int> FindKey(std::string_view name);
+
 /// The index of the key that a line binds: it holds "bind" and the key's name in double quotes, in any case.
 /// Of several keys the last one of the table; NoKeyFound when there is none.
 [[nodiscard]] int CheckStrForKey(std::string_view line);
@@ -54,21 +57,12 @@ struct BindingLine {
 /// binding.
 [[nodiscard]] BindingLine FindBindingLine(std::string_view config, int key);
 
+/// The line that a new binding takes the place of: the one of FindBindingLine(), if the key is among those
+/// that the file binds.
+[[nodiscard]] BindingLine LineToReplace(std::string_view config, const BoundKeys& bound, int key);
+
 /// What is added to a configuration file to bind a key: the bind line, on a line of its own.
 [[nodiscard]] ui::Bytes AppendedBinding(std::string_view config, int key, const ui::Path& script);
-
-/// What to warn of beside the script's name; empty when the game takes its file name for one word.
-[[nodiscard]] std::string ScriptHint(const ui::Path& script);
-
-/// What a configuration file says of its keys, and what to say of the file.
-struct ConfigKeys {
-    BoundKeys bound{};
-    std::string hint = {};   ///< beside the file's name; empty when it was read
-    std::string reason = {}; ///< why it could not be read
-};
-
-/// The bound keys of a file: none if it is not there or cannot be read. No hint for an empty path.
-[[nodiscard]] ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config);
 
 /// What the file dialogs of the binding wizard are opened with.
 [[nodiscard]] ui::FileDialogRequest BindConfigRequest();

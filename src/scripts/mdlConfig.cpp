@@ -58,15 +58,45 @@ std::optional<ConfigNameLine> FindNameLine(std::string_view config) {
     return found;
 }
 
+std::string NameForecast(std::string_view config) {
+    const auto found = FindNameLine(config);
+    if (!found) {
+        return texts::TooManyLinesToChange;
+    }
+    if (found->number > 0) {
+        return LineToBeReplacedText(found->number, found->text);
+    }
+    if (config.empty() || config.back() == '\n' || config.back() == '\r') {
+        return texts::LineIsAdded;
+    }
+    glyphs::ByteLines lines(config);
+    int last = 0;
+    for (; !lines.atEnd(); ++last) {
+        lines.next();
+    }
+    return "Line " + std::to_string(last) + " has no line end: your name will be joined to it";
+}
+
+std::string NameForecast(const ui::Files& files, const ui::Path& path) {
+    if (files.kindOf(path) == ui::PathKind::Nothing) {
+        return texts::FileIsMade;
+    }
+    const auto config = files.read(path);
+    return config ? NameForecast(config.value()) : std::string();
+}
+
 ui::FileDialogRequest LoadConfigRequest() {
     return ConfigRequest("Select the Config file");
 }
 
-ui::FileDialogRequest SaveConfigRequest() {
+ui::FileDialogRequest SaveConfigRequest(const ui::Files& files) {
     auto request = ConfigRequest("Select The CFG File To Alter");
     request.extension = ".cfg";
     // The file is altered, not replaced.
     request.asksToOverwrite = false;
+    request.forecast = [&files](const ui::Path& path) {
+        return NameForecast(files, path);
+    };
     return request;
 }
 
@@ -74,8 +104,8 @@ std::optional<ui::Path> ChooseConfigToLoad(ui::Dialogs& dialogs) {
     return dialogs.chooseFileToOpen(LoadConfigRequest());
 }
 
-std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs) {
-    return dialogs.chooseFileToSave(SaveConfigRequest());
+std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files) {
+    return dialogs.chooseFileToSave(SaveConfigRequest(files));
 }
 
 LoadOutcome LoadNameFromConfig(
@@ -97,7 +127,9 @@ LoadOutcome LoadNameFromConfig(
         return {false, texts::NameTooLong};
     }
     dialogs.inform(texts::NameReadFromConfig);
-    return {true};
+    return {
+        true,
+        "Line " + std::to_string(config.found.number) + " was read: " + ReadableLine(config.found.text)};
 }
 
 ConfigOutcome SaveNameToConfig(

@@ -26,14 +26,21 @@ struct ConfigNameLine {
 /// than MaxConfigLines lines.
 [[nodiscard]] std::optional<ConfigNameLine> FindNameLine(std::string_view config);
 
-/// What the file dialogs of the configuration file are opened with.
+/// What writing the name is going to do to a file that holds `config`.
+[[nodiscard]] std::string NameForecast(std::string_view config);
+
+/// The same of a file; empty of one that cannot be read.
+[[nodiscard]] std::string NameForecast(const ui::Files& files, const ui::Path& path);
+
+/// What the file dialogs of the configuration file are opened with. The one to save tells what is going to
+/// happen to the file; `files` outlives it.
 [[nodiscard]] ui::FileDialogRequest LoadConfigRequest();
-[[nodiscard]] ui::FileDialogRequest SaveConfigRequest();
+[[nodiscard]] ui::FileDialogRequest SaveConfigRequest(const ui::Files& files);
 
 /// The configuration file to read the name from, and the one to write it into; nothing when cancelled. The
 /// caller remembers the path for the binding wizard, whatever comes of the command.
 [[nodiscard]] std::optional<ui::Path> ChooseConfigToLoad(ui::Dialogs& dialogs);
-[[nodiscard]] std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs);
+[[nodiscard]] std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files);
 
 /// Reads the name out of the configuration file `path`, repaints what changed and tells the user.
 LoadOutcome LoadNameFromConfig(

@@ -82,7 +82,7 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
     case Page::Name: {
         const auto outcome = scripts::LoadNameScript(
             m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.name, repaint);
-        showStatus(outcome.reason);
+        showStatus(outcome.statusText);
         break;
     }
     case Page::Animation: {
@@ -107,7 +107,7 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         const auto outcome = scripts::LoadMessageScript(
             m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.messages,
             repaint);
-        showStatus(outcome.reason);
+        showStatus(outcome.statusText);
         break;
     }
     }
@@ -136,13 +136,13 @@ void frmVTM::mnuFileLoadNameFromConfigFile_Click() {
         const auto outcome = scripts::LoadNameFromConfig(
             m_platform.dialogs, m_platform.files, *path, m_workspace.documents.name,
             [this] { repaintPage(Page::Name); });
-        showStatus(outcome.reason);
+        showStatus(outcome.statusText);
     }
     Refresh();
 }
 
 void frmVTM::saveNameToConfigFile() {
-    if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs)) {
+    if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs, m_platform.files)) {
         m_workspace.rememberedConfig = *path;
         const auto outcome = scripts::SaveNameToConfig(
             m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);

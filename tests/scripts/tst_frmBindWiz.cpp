@@ -121,6 +121,7 @@ TEST_F(BindWizard, StartsEmptyWithAllKeysFree) {
     EXPECT_EQ("", selected("BindList"));
     EXPECT_EQ("", hint("lblCFGHint"));
     EXPECT_EQ("", hint("lblSCRHint"));
+    EXPECT_EQ("", hint("lblForecast"));
 }
 
 TEST_F(BindWizard, StartsWithTheRememberedFiles) {
@@ -187,20 +188,59 @@ TEST_F(BindWizard, ListsTheKeysOfAFileThatIsTyped) {
     EXPECT_EQ("There is no such file yet.", hint("lblCFGHint"));
     QTest::keyClick(find<QLineEdit>("txtCFGFileName"), Qt::Key_Backspace);
     EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
-    // Only a file chosen in a dialog is remembered.
-    EXPECT_EQ(ui::Path(), form->remembered().config);
 }
 
-TEST_F(BindWizard, WarnsOfAFileNameThatTheGameCannotRun) {
+TEST_F(BindWizard, WarnsOfAScriptThatTheGameCannotRun) {
     open();
-    type("txtSCRFileName", "/my games/a.vtn");
+    type("txtSCRFileName", game.put("my a.vtn", "").native());
+    EXPECT_EQ("Games cannot run a script with a blank in its file name.", hint("lblSCRHint"));
+    type("txtSCRFileName", script.native());
     EXPECT_EQ("", hint("lblSCRHint"));
-    type("txtSCRFileName", "/games/my a.vtn");
-    EXPECT_EQ("The game cannot run a file whose name holds a blank, ; or \".", hint("lblSCRHint"));
-    type("txtSCRFileName", "a.vtn");
-    EXPECT_EQ("", hint("lblSCRHint"));
+    type("txtSCRFileName", script.native() + "x");
+    EXPECT_EQ("There is no such file.", hint("lblSCRHint"));
     // No box, and no refusal.
     EXPECT_TRUE(fake.dialogs.calls().empty());
+}
+
+TEST_F(BindWizard, TellsWhatIsGoingToHappenBeforeItDoes) {
+    open();
+    EXPECT_EQ("", hint("lblForecast"));
+    type("txtCFGFileName", config.native());
+    EXPECT_EQ("", hint("lblForecast")) << "no key is chosen yet";
+    pick("NotBound", "a");
+    EXPECT_EQ("A line will be added", hint("lblForecast"));
+    pick("BindList", "F1");
+    EXPECT_EQ("Line 2 will be replaced: bind \"F1\" \"x y\"", hint("lblForecast"));
+    type("txtCFGFileName", config.native() + "x");
+    EXPECT_EQ("A line will be added", hint("lblForecast"));
+    type("txtCFGFileName", game.path().native());
+    EXPECT_EQ("", hint("lblForecast"));
+    EXPECT_EQ("This is a folder.", hint("lblCFGHint"));
+}
+
+TEST_F(BindWizard, FindsTypedFilesInTheHomeOfTheUser) {
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QByteArray::fromStdString(game.path().native()));
+    open();
+    type("txtCFGFileName", "~/config.cfg");
+    type("txtSCRFileName", "~/player.vtn");
+    qputenv("HOME", home);
+    EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
+    EXPECT_EQ("", hint("lblSCRHint"));
+    EXPECT_EQ("~/config.cfg", text("txtCFGFileName"));
+}
+
+TEST_F(BindWizard, RemembersTheTypedFilesWithWhichAKeyWasBound) {
+    open();
+    type("txtCFGFileName", config.native());
+    type("txtSCRFileName", script.native());
+    EXPECT_EQ(ui::Path(), form->remembered().config);
+    EXPECT_EQ(ui::Path(), form->remembered().script);
+    pick("NotBound", "F5");
+    expectDone();
+    click("cmdOK");
+    EXPECT_EQ(config, form->remembered().config);
+    EXPECT_EQ(script, form->remembered().script);
 }
 
 TEST_F(BindWizard, ChoosesTheKeyPickedInAnyList) {

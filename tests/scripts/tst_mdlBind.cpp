@@ -187,35 +187,6 @@ TEST(AppendedBinding, IsALineOfItsOwn) {
     EXPECT_EQ("\r\nbind \"F5\" \"exec a.vtn\"\r\n", scripts::AppendedBinding("x", key, "a.vtn"));
 }
 
-TEST(ScriptHint, LooksAtTheFileNameOnly) {
-    constexpr auto hint = "The game cannot run a file whose name holds a blank, ; or \".";
-    EXPECT_EQ("", scripts::ScriptHint("/my games/a;b/player.vtn"));
-    EXPECT_EQ(hint, scripts::ScriptHint("/games/my player.vtn"));
-    EXPECT_EQ(hint, scripts::ScriptHint("a;b.vtn"));
-    EXPECT_EQ(hint, scripts::ScriptHint("a\"b.vtn"));
-    EXPECT_EQ(hint, scripts::ScriptHint("a\nb.vtn"));
-    EXPECT_EQ("", scripts::ScriptHint(""));
-}
-
-TEST(ReadBoundKeys, SaysWhatIsWrongWithTheFile) {
-    const support::TempFolder folder;
-    ui::DiskFiles disk;
-    support::FailingFiles files(disk);
-    const auto none = scripts::ReadBoundKeys(files, "");
-    EXPECT_EQ("", none.hint);
-    const auto missing = scripts::ReadBoundKeys(files, folder / "a.cfg");
-    EXPECT_EQ("There is no such file yet.", missing.hint);
-    folder.put("a.cfg", "bind \"q\" \"x y\"");
-    const auto read = scripts::ReadBoundKeys(files, folder / "a.cfg");
-    EXPECT_EQ("", read.hint);
-    EXPECT_TRUE(read.bound[static_cast<std::size_t>(Key("q"))]);
-    files.failOnce(Step::Read);
-    const auto unreadable = scripts::ReadBoundKeys(files, folder / "a.cfg");
-    EXPECT_EQ("This file cannot be read.", unreadable.hint);
-    EXPECT_EQ("Could not read \"" + (folder / "a.cfg").native() + "\": injected failure.", unreadable.reason);
-    EXPECT_FALSE(unreadable.bound[static_cast<std::size_t>(Key("q"))]);
-}
-
 TEST(BindRequests, AreOpenDialogs) {
     const auto config = scripts::BindConfigRequest();
     EXPECT_EQ("Select the CFG file to alter", config.title);

@@ -138,16 +138,18 @@ TEST_F(Config, IsChosenWithItsOwnDialogs) {
     EXPECT_EQ(std::nullopt, scripts::ChooseConfigToLoad(fake.dialogs));
     fake.dialogs.expectSave(
         {"Select The CFG File To Alter", "*.cfg", ConfigFilter, ui::Path(), ".cfg", false}, path);
-    EXPECT_EQ(path, scripts::ChooseConfigToAlter(fake.dialogs));
+    EXPECT_EQ(path, scripts::ChooseConfigToAlter(fake.dialogs, fake.files));
     fake.dialogs.expectSave({"Select The CFG File To Alter", "*.cfg", ConfigFilter}, std::nullopt);
-    EXPECT_EQ(std::nullopt, scripts::ChooseConfigToAlter(fake.dialogs));
+    EXPECT_EQ(std::nullopt, scripts::ChooseConfigToAlter(fake.dialogs, fake.files));
 }
 
 TEST_F(Config, GivesItsNameToThePage) {
     put("bind a b\r\n  name \" New one\"\r\n// name \"other\"\r\n");
     fake.dialogs.expectInform(
         "Done! The name was read from the config file.", [&] { EXPECT_EQ(1, repaints); });
-    EXPECT_TRUE(load().loaded);
+    const auto outcome = load();
+    EXPECT_TRUE(outcome.loaded);
+    EXPECT_EQ("Line 2 was read:   name \" New one\"", outcome.statusText);
     EXPECT_EQ(" New one       ", Cells(name));
 }
 

@@ -283,7 +283,7 @@ TEST_F(MessageScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     fake.dialogs.expectInform("Error retrieving Macro from script file.");
     const auto outcome = load("not-there.vtm");
     EXPECT_FALSE(outcome.loaded);
-    EXPECT_EQ("Could not open \"not-there.vtm\": No such file or directory.", outcome.reason);
+    EXPECT_EQ("Could not open \"not-there.vtm\": No such file or directory.", outcome.statusText);
     EXPECT_EQ(0, repaints);
 }
 

@@ -350,7 +350,7 @@ TEST_F(NameScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     fake.dialogs.expectInform("Error reading name from not-there.vtn.");
     const auto outcome = load("not-there.vtn");
     EXPECT_FALSE(outcome.loaded);
-    EXPECT_EQ("Could not open \"not-there.vtn\": No such file or directory.", outcome.reason);
+    EXPECT_EQ("Could not open \"not-there.vtn\": No such file or directory.", outcome.statusText);
     EXPECT_EQ(0, repaints);
     EXPECT_EQ("old            ", Cells(name));
 }
