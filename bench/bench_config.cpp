@@ -58,9 +58,7 @@ private:
 /// Answers Yes to everything, at once.
 class Yes final : public ui::Dialogs {
 public:
-    ui::Answer box(const std::string& /*text*/, ui::Buttons /*buttons*/, ui::Icon /*icon*/) override {
-        return ui::Answer::Yes;
-    }
+    ui::Answer box(const ui::Message& /*message*/) override { return ui::Answer::Yes; }
 
     std::optional<ui::Path> chooseFileToOpen(const ui::FileDialogRequest& /*request*/) override { return {}; }
 

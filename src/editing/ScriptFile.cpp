@@ -17,8 +17,11 @@ bool MayReplaceFile(
             return true;
         }
     }
-    return dialogs.askYesNo(
-        "The file \"" + ui::PathText(path) + "\" is not a script of this kind.\nDo you wish to replace it?");
+    return dialogs.box(
+               {.text = "The file \"" + ui::PathText(path) +
+                        "\" is not a script of this kind.\nDo you wish to replace it?",
+                .buttons = ui::Buttons::YesNo,
+                .prefersNo = true}) == ui::Answer::Yes;
 }
 
 } // namespace editing

@@ -68,7 +68,10 @@ void PaintPage(const EditContext& context, glyphs::Progress& progress) {
 /// Whether every row of the page in view is to be formatted.
 bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& settings) {
     const auto answer = [&](bool asks, const char* question) {
-        return !asks || dialogs.box(question, ui::Buttons::YesNoCancel, ui::Icon::None) == ui::Answer::Yes;
+        return !asks || dialogs.box(
+                            {.text = question,
+                             .buttons = ui::Buttons::YesNoCancel,
+                             .detail = "No or Cancel: only the current one."}) == ui::Answer::Yes;
     };
     switch (page) {
     case Page::Animation:

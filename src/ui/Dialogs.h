@@ -18,6 +18,15 @@ enum class Answer { Ok, Yes, No, Cancel };
 
 enum class Icon { None, Exclamation };
 
+/// A message box.
+struct Message {
+    std::string text;
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+    std::string detail = {}; ///< a smaller line below the text; empty: none
+    bool prefersNo = false;  ///< whether No is the default button; otherwise it is the first one
+};
+
 /// One entry of a file dialog's type list: the text shown and the patterns that it matches ("*.vtn").
 struct FileFilter {
     std::string text;
@@ -43,8 +52,8 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    /// Shows a message; the first button is the default. Escape answers No (YesNo) or Cancel (YesNoCancel).
-    virtual Answer box(const std::string& text, Buttons buttons, Icon icon) = 0;
+    /// Shows a message. Escape answers No (YesNo) or Cancel (YesNoCancel).
+    virtual Answer box(const Message& message) = 0;
 
     /// The chosen existing file; nothing when cancelled.
     virtual std::optional<Path> chooseFileToOpen(const FileDialogRequest& request) = 0;
@@ -56,13 +65,13 @@ public:
     virtual std::optional<Pixel> chooseColour(Pixel initial) = 0;
 
     /// Shows a message with one OK button and no icon.
-    void inform(const std::string& text) { box(text, Buttons::Ok, Icon::None); }
+    void inform(const std::string& text) { box({text}); }
 
     /// Shows a message with one OK button and an exclamation icon.
-    void warn(const std::string& text) { box(text, Buttons::Ok, Icon::Exclamation); }
+    void warn(const std::string& text) { box({text, Buttons::Ok, Icon::Exclamation}); }
 
     /// Asks with Yes and No; true for Yes.
-    bool askYesNo(const std::string& text) { return box(text, Buttons::YesNo, Icon::None) == Answer::Yes; }
+    bool askYesNo(const std::string& text) { return box({text, Buttons::YesNo}) == Answer::Yes; }
 };
 
 } // namespace ui

@@ -671,8 +671,9 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
 
 TEST_F(ScriptFiles, AreNotSavedOverAForeignFileUnlessTheUserSaysSo) {
     platform.directory.files.put("a.vta", "bind q quit\n");
-    const std::string question =
-        "The file \"" + path().string() + "\" is not a script of this kind.\nDo you wish to replace it?";
+    const ui::Message question{
+        "The file \"" + path().string() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        ui::Buttons::YesNo, ui::Icon::None, "", true};
     const auto expectDialog = [this] {
         platform.dialogs.expectSave(
             {.title = "",
@@ -685,12 +686,12 @@ TEST_F(ScriptFiles, AreNotSavedOverAForeignFileUnlessTheUserSaysSo) {
             desk.animation(), platform.directory.folder(), [] {}, platform.dialogs, platform.files);
     };
     expectDialog();
-    platform.dialogs.expectYesNo(question, ui::Answer::No);
+    platform.dialogs.expectBox(question, ui::Answer::No);
     EXPECT_EQ(save().kind, AnimationSaved::Kind::Cancelled);
     EXPECT_EQ(platform.directory.files.content("a.vta"), "bind q quit\n");
 
     expectDialog();
-    platform.dialogs.expectYesNo(question, ui::Answer::Yes);
+    platform.dialogs.expectBox(question, ui::Answer::Yes);
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     EXPECT_EQ(save().kind, AnimationSaved::Kind::Written);

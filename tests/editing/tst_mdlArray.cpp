@@ -300,6 +300,12 @@ protected:
         world.setRow(3, "  three");
     }
 
+    /// Expects the question whether all rows are to be formatted.
+    void expectQuestion(const char* text, ui::Answer answer) {
+        dialogs.expectBox(
+            {text, ui::Buttons::YesNoCancel, ui::Icon::None, "No or Cancel: only the current one."}, answer);
+    }
+
     [[nodiscard]] ui::Rect damage() { return world.pictures.of(world.page).takeDamage(); }
 
     EditWorld world;
@@ -324,7 +330,7 @@ TEST_F(PageFormatting, FormatsTheNameWithoutAQuestion) {
 TEST_F(PageFormatting, FormatsAllNinetyNamesAfterYes) {
     fillAnimation();
     show(Page::Animation, 2);
-    dialogs.expectYesNoCancel("Do you wish to format all names?", ui::Answer::Yes);
+    expectQuestion("Do you wish to format all names?", ui::Answer::Yes);
     format(FormatOperation::AlignLeft);
     for (const int row : {1, 2, 3, 20, 21, 90}) {
         EXPECT_EQ(world.text(row), "n" + std::to_string(row));
@@ -337,7 +343,7 @@ TEST_F(PageFormatting, FormatsTheCurrentNameAfterNoOrCancel) {
     for (const ui::Answer answer : {ui::Answer::No, ui::Answer::Cancel}) {
         fillAnimation();
         show(Page::Animation, 2);
-        dialogs.expectYesNoCancel("Do you wish to format all names?", answer);
+        expectQuestion("Do you wish to format all names?", answer);
         format(FormatOperation::AlignLeft);
         EXPECT_EQ(world.text(1), "  n1");
         EXPECT_EQ(world.text(2), "n2");
@@ -359,7 +365,7 @@ TEST_F(PageFormatting, FormatsAllNamesWithoutAskingWhenThatIsChosen) {
 
 TEST_F(PageFormatting, FormatsAllMessagesAfterYes) {
     fillMessages();
-    dialogs.expectYesNoCancel("Do you wish to format all macros?", ui::Answer::Yes);
+    expectQuestion("Do you wish to format all macros?", ui::Answer::Yes);
     format(FormatOperation::AlignRight);
     EXPECT_EQ(world.row(1), std::string(28, ' ') + "one");
     EXPECT_EQ(world.row(3), std::string(26, ' ') + "three");
@@ -371,7 +377,7 @@ TEST_F(PageFormatting, FormatsTheCurrentMessageAfterNoOrCancel) {
     for (const ui::Answer answer : {ui::Answer::No, ui::Answer::Cancel}) {
         fillMessages();
         show(Page::Messages, 3);
-        dialogs.expectYesNoCancel("Do you wish to format all macros?", answer);
+        expectQuestion("Do you wish to format all macros?", answer);
         format(FormatOperation::SwitchCase);
         EXPECT_EQ(world.text(1), "  one");
         EXPECT_EQ(world.text(3), "  THREE");
@@ -392,11 +398,11 @@ TEST_F(PageFormatting, FormatsAllMessagesWithoutAskingWhenThatIsChosen) {
 TEST_F(PageFormatting, KeepsEachPagesQuestionApart) {
     settings.asksForMessages = false;
     fillAnimation();
-    dialogs.expectYesNoCancel("Do you wish to format all names?", ui::Answer::No);
+    expectQuestion("Do you wish to format all names?", ui::Answer::No);
     format(FormatOperation::AlignLeft);
     settings = {.asksForNames = false};
     fillMessages();
-    dialogs.expectYesNoCancel("Do you wish to format all macros?", ui::Answer::No);
+    expectQuestion("Do you wish to format all macros?", ui::Answer::No);
     format(FormatOperation::AlignLeft);
 }
 

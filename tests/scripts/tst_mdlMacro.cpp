@@ -218,8 +218,9 @@ TEST_F(MessageScript, AsksBeforeItReplacesAFileOfAnotherKind) {
     const ui::Path path =
         fake.directory.files.put("a.vtn", "// Name File Created by Vortigo\r\nname \"a\"\r\n");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(
-        "The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+    fake.dialogs.expectBox(
+        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+         ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::No);
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save({{true, false, false}, SayCommand::Say}).kind);
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", fake.directory.files.content("a.vtn"));

@@ -240,16 +240,18 @@ TEST_F(NameScript, EndsSilentlyWhenTheSaveDialogIsCancelled) {
 TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
     const ui::Path path = put("autoexec.cfg", "bind a b\n");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(
-        "The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+    fake.dialogs.expectBox(
+        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+         ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::No);
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save().kind);
     EXPECT_EQ("bind a b\n", get(path));
     fake.dialogs.expectAllAsked();
 
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(
-        "The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+    fake.dialogs.expectBox(
+        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+         ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::Yes);
     fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");

@@ -28,7 +28,7 @@ std::string CallText(const FakeDialogs::Call& call) {
     std::string text = KindText(call.kind);
     switch (call.kind) {
     case FakeDialogs::Kind::Box:
-        return text + " \"" + call.text + "\"";
+        return text + " \"" + call.message.text + "\"";
     case FakeDialogs::Kind::Open:
     case FakeDialogs::Kind::Save:
         return text + " titled \"" + call.request.title + "\" with \"" + call.request.initialName + "\"";
@@ -89,29 +89,26 @@ FakeDialogs::~FakeDialogs() {
 }
 
 void FakeDialogs::expectInform(const std::string& text, Action whileShown) {
-    expectBox(text, ui::Buttons::Ok, ui::Icon::None, ui::Answer::Ok, std::move(whileShown));
+    expectBox({text}, ui::Answer::Ok, std::move(whileShown));
 }
 
 void FakeDialogs::expectWarning(const std::string& text, Action whileShown) {
-    expectBox(text, ui::Buttons::Ok, ui::Icon::Exclamation, ui::Answer::Ok, std::move(whileShown));
+    expectBox({text, ui::Buttons::Ok, ui::Icon::Exclamation}, ui::Answer::Ok, std::move(whileShown));
 }
 
 void FakeDialogs::expectYesNo(const std::string& text, ui::Answer answer, Action whileShown) {
-    expectBox(text, ui::Buttons::YesNo, ui::Icon::None, answer, std::move(whileShown));
+    expectBox({text, ui::Buttons::YesNo}, answer, std::move(whileShown));
 }
 
 void FakeDialogs::expectYesNoCancel(const std::string& text, ui::Answer answer, Action whileShown) {
-    expectBox(text, ui::Buttons::YesNoCancel, ui::Icon::None, answer, std::move(whileShown));
+    expectBox({text, ui::Buttons::YesNoCancel}, answer, std::move(whileShown));
 }
 
-void FakeDialogs::expectBox(
-    const std::string& text, ui::Buttons buttons, ui::Icon icon, ui::Answer answer, Action whileShown) {
-    EXPECT_TRUE(Offers(buttons, answer)) << "\"" << text << "\" has no such button";
+void FakeDialogs::expectBox(const ui::Message& message, ui::Answer answer, Action whileShown) {
+    EXPECT_TRUE(Offers(message.buttons, answer)) << "\"" << message.text << "\" has no such button";
     Step step;
     step.call.kind = Kind::Box;
-    step.call.text = text;
-    step.call.buttons = buttons;
-    step.call.icon = icon;
+    step.call.message = message;
     step.answer = answer;
     step.whileShown = std::move(whileShown);
     m_script.push_back(std::move(step));
@@ -160,7 +157,7 @@ std::optional<FakeDialogs::Step> FakeDialogs::next(const Call& call) {
     }
     if (m_script.front().call.kind != call.kind) {
         ADD_FAILURE() << "This was not expected: " << CallText(call) << "; expected was "
-                      << KindText(m_script.front().call.kind) << " " << m_script.front().call.text;
+                      << KindText(m_script.front().call.kind) << " " << m_script.front().call.message.text;
         return {};
     }
     Step step = std::move(m_script.front());
@@ -168,23 +165,24 @@ std::optional<FakeDialogs::Step> FakeDialogs::next(const Call& call) {
     return step;
 }
 
-ui::Answer FakeDialogs::box(const std::string& text, ui::Buttons buttons, ui::Icon icon) {
+ui::Answer FakeDialogs::box(const ui::Message& message) {
     Call call;
     call.kind = Kind::Box;
-    call.text = text;
-    call.buttons = buttons;
-    call.icon = icon;
+    call.message = message;
     const auto step = next(call);
     if (!step) {
-        return EscapeAnswer(buttons);
+        return EscapeAnswer(message.buttons);
     }
-    EXPECT_EQ(text, step->call.text);
-    EXPECT_EQ(buttons, step->call.buttons) << text;
-    EXPECT_EQ(icon, step->call.icon) << text;
+    const ui::Message& expected = step->call.message;
+    EXPECT_EQ(message.text, expected.text);
+    EXPECT_EQ(message.buttons, expected.buttons) << message.text;
+    EXPECT_EQ(message.icon, expected.icon) << message.text;
+    EXPECT_EQ(message.detail, expected.detail) << message.text;
+    EXPECT_EQ(message.prefersNo, expected.prefersNo) << message.text;
     if (step->whileShown) {
         step->whileShown();
     }
-    return Offers(buttons, step->answer) ? step->answer : EscapeAnswer(buttons);
+    return Offers(message.buttons, step->answer) ? step->answer : EscapeAnswer(message.buttons);
 }
 
 std::optional<ui::Path> FakeDialogs::chooseFile(Kind kind, const ui::FileDialogRequest& request) {

@@ -32,9 +32,7 @@ public:
     /// One question as it was asked.
     struct Call {
         Kind kind = Kind::Box;
-        std::string text = {};
-        ui::Buttons buttons = ui::Buttons::Ok;
-        ui::Icon icon = ui::Icon::None;
+        ui::Message message = {};
         ui::FileDialogRequest request = {};
         ui::Pixel colour = 0;
     };
@@ -61,6 +59,9 @@ public:
     /// Expects a question with Yes, No and Cancel and no icon.
     void expectYesNoCancel(const std::string& text, ui::Answer answer, Action whileShown = {});
 
+    /// Expects a message with all that it shows. The others expect no detail and the first button as default.
+    void expectBox(const ui::Message& message, ui::Answer answer, Action whileShown = {});
+
     /// Expects a file dialog; an empty answer cancels it.
     void expectOpen(const ExpectedFileDialog& dialog, std::optional<ui::Path> answer, Action whileShown = {});
     void expectSave(const ExpectedFileDialog& dialog, std::optional<ui::Path> answer, Action whileShown = {});
@@ -77,7 +78,7 @@ public:
     /// Every question that was asked, the expected ones and the others.
     [[nodiscard]] const std::vector<Call>& calls() const { return m_calls; }
 
-    ui::Answer box(const std::string& text, ui::Buttons buttons, ui::Icon icon) override;
+    ui::Answer box(const ui::Message& message) override;
     std::optional<ui::Path> chooseFileToOpen(const ui::FileDialogRequest& request) override;
     std::optional<ui::Path> chooseFileToSave(const ui::FileDialogRequest& request) override;
     std::optional<ui::Pixel> chooseColour(ui::Pixel initial) override;
@@ -92,8 +93,6 @@ private:
         Action whileShown = {};
     };
 
-    void expectBox(
-        const std::string& text, ui::Buttons buttons, ui::Icon icon, ui::Answer answer, Action whileShown);
     std::optional<Step> next(const Call& call);
     std::optional<ui::Path> chooseFile(Kind kind, const ui::FileDialogRequest& request);
 

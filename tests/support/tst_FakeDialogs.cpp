@@ -23,7 +23,7 @@ TEST(FakeDialogs, AnswersExpectedQuestionsInOrder) {
 
     dialogs.inform("Done!");
     EXPECT_TRUE(dialogs.askYesNo("Add it?"));
-    EXPECT_EQ(dialogs.box("All?", ui::Buttons::YesNoCancel, ui::Icon::None), Answer::Cancel);
+    EXPECT_EQ(dialogs.box({"All?", ui::Buttons::YesNoCancel}), Answer::Cancel);
     ui::FileDialogRequest save;
     save.title = "Save";
     save.initialName = "*.vtn";
@@ -60,6 +60,18 @@ TEST(FakeDialogs, FailsOnAMissingIcon) {
     FakeDialogs dialogs;
     dialogs.expectWarning("Beware");
     EXPECT_NONFATAL_FAILURE(dialogs.inform("Beware"), "Beware");
+}
+
+TEST(FakeDialogs, FailsOnAnotherDetailOrDefaultButton) {
+    const ui::Message message{"Add it?", ui::Buttons::YesNo, ui::Icon::None, "At the end.", true};
+    FakeDialogs dialogs;
+    dialogs.expectBox(message, Answer::No);
+    EXPECT_EQ(dialogs.box(message), Answer::No);
+    dialogs.expectYesNo("Add it?", Answer::No);
+    EXPECT_NONFATAL_FAILURE(
+        dialogs.box({"Add it?", ui::Buttons::YesNo, ui::Icon::None, "At the end."}), "At the end.");
+    dialogs.expectYesNo("Add it?", Answer::No);
+    EXPECT_NONFATAL_FAILURE(dialogs.box({"Add it?", ui::Buttons::YesNo, ui::Icon::None, "", true}), "prefersNo");
 }
 
 TEST(FakeDialogs, FailsOnAQuestionThatNeverCame) {

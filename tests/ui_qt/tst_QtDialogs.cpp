@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -35,7 +36,7 @@ TEST(MessageBox, ShowsItsTextAsItIsUnderTheProgramsTitle) {
         PressKey(box, Qt::Key_Return);
     });
     EXPECT_EQ(
-        QtDialogs().box("Done! The script file, /tmp/<b>a&b</b>.vtn, was written.", Buttons::Ok, Icon::None),
+        QtDialogs().box({"Done! The script file, /tmp/<b>a&b</b>.vtn, was written."}),
         Answer::Ok);
 }
 
@@ -45,7 +46,7 @@ TEST(MessageBox, ShowsAWarningIconAndLineEnds) {
         EXPECT_EQ(box.text(), QStringLiteral("One\nTwo\nThree"));
         PressKey(box, Qt::Key_Escape);
     });
-    EXPECT_EQ(QtDialogs().box("One\r\nTwo\nThree", Buttons::Ok, Icon::Exclamation), Answer::Ok);
+    EXPECT_EQ(QtDialogs().box({"One\r\nTwo\nThree", Buttons::Ok, Icon::Exclamation}), Answer::Ok);
 }
 
 TEST(MessageBox, ShowsUmlautsAndForeignBytes) {
@@ -79,7 +80,7 @@ TEST(MessageBox, OffersTheButtonsInOrderWithTheFirstAsDefault) {
             EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
             PressKey(box, Qt::Key_Return);
         });
-        EXPECT_EQ(QtDialogs().box("Add it?", Buttons::YesNo, Icon::None), Answer::Yes);
+        EXPECT_EQ(QtDialogs().box({"Add it?", Buttons::YesNo}), Answer::Yes);
     }
     {
         WhenShown<QMessageBox> shown([](QMessageBox& box) {
@@ -89,7 +90,7 @@ TEST(MessageBox, OffersTheButtonsInOrderWithTheFirstAsDefault) {
             EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
             PressKey(box, Qt::Key_Return);
         });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Yes);
+        EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNoCancel}), Answer::Yes);
     }
 }
 
@@ -126,23 +127,46 @@ TEST(MessageBox, OffersTheButtonsInOrderOnEveryDesktop) {
             EXPECT_EQ(order(box), "Yes No Cancel") << "layout " << desktop << ", then another";
             PressKey(box, Qt::Key_Return);
         });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Yes);
+        EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNoCancel}), Answer::Yes);
     }
     QApplication::setStyle(usual);
+}
+
+TEST(MessageBox, PrefersNoWhereThatIsSafer) {
+    WhenShown<QMessageBox> shown([](QMessageBox& box) {
+        EXPECT_EQ(ButtonTexts(box), QStringList({QStringLiteral("Yes"), QStringLiteral("No")}));
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        PressKey(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtDialogs().box({"Replace it?", Buttons::YesNo, Icon::None, "", true}), Answer::No);
+}
+
+TEST(MessageBox, ShowsADetailBelowItsTextAndSmaller) {
+    WhenShown<QMessageBox> shown([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), QStringLiteral("All?"));
+        EXPECT_EQ(box.informativeText(), QStringLiteral("No: <b>one</b>."));
+        const auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        const auto* detail = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+        EXPECT_EQ(detail->textFormat(), Qt::PlainText);
+        EXPECT_LT(detail->fontInfo().pointSizeF(), text->fontInfo().pointSizeF());
+        EXPECT_GE(detail->y(), text->geometry().bottom());
+        PressKey(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNo, Icon::None, "No: <b>one</b>."}), Answer::Yes);
 }
 
 TEST(MessageBox, TakesEscapeForNoOrCancel) {
     {
         WhenShown<QMessageBox> shown([](QMessageBox& box) { PressKey(box, Qt::Key_Escape); });
-        EXPECT_EQ(QtDialogs().box("Add it?", Buttons::YesNo, Icon::None), Answer::No);
+        EXPECT_EQ(QtDialogs().box({"Add it?", Buttons::YesNo}), Answer::No);
     }
     {
         WhenShown<QMessageBox> shown([](QMessageBox& box) { PressKey(box, Qt::Key_Escape); });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
+        EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNoCancel}), Answer::Cancel);
     }
     {
         WhenShown<QMessageBox> shown([](QMessageBox& box) { box.close(); });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), Answer::Cancel);
+        EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNoCancel}), Answer::Cancel);
     }
 }
 
@@ -152,7 +176,7 @@ TEST(MessageBox, AnswersWithTheButtonThatIsPressed) {
           std::pair{QMessageBox::Cancel, Answer::Cancel}}) {
         WhenShown<QMessageBox> shown(
             [&](QMessageBox& box) { QTest::mouseClick(box.button(choice.first), Qt::LeftButton); });
-        EXPECT_EQ(QtDialogs().box("All?", Buttons::YesNoCancel, Icon::None), choice.second);
+        EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNoCancel}), choice.second);
     }
 }
 

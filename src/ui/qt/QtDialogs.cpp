@@ -3,9 +3,11 @@
 #include "ui/qt/QtDialogs.h"
 
 #include "ui/qt/FileChooser.h"
+#include "ui/qt/SmallPrint.h"
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace ui::qt {
@@ -14,6 +16,9 @@ namespace {
 
 /// The title of every message box.
 constexpr auto BoxTitle = "Vortigo";
+
+/// Name of a part of the toolkit's box.
+constexpr QLatin1String DetailName("qt_msgbox_informativelabel");
 
 /// Yes, No, Cancel in this order: some desktops would turn them round. The layout goes by its number
 /// (QDialogButtonBox::WinLayout): for a word the toolkit may take any number, and read beyond its layouts.
@@ -43,9 +48,24 @@ QMessageBox::StandardButton EscapeButton(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
+QMessageBox::StandardButton DefaultButton(const Message& message) {
+    if (message.buttons == Buttons::Ok) {
+        return QMessageBox::Ok;
+    }
+    return message.prefersNo ? QMessageBox::No : QMessageBox::Yes;
+}
+
 /// A message's lines end with a line feed on the screen, whatever ends them in the text.
 QString BoxText(const std::string& text) {
     return QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+/// Adds a smaller line below the text of a box.
+void AddDetail(QMessageBox& box, const QString& text) {
+    box.setInformativeText(text);
+    auto* const label = box.findChild<QLabel*>(DetailName);
+    label->setTextFormat(Qt::PlainText);
+    SetSmallPrint(*label);
 }
 
 /// The window that a dialog belongs to. Between two dialogs the window manager has not yet given the keyboard
@@ -75,17 +95,20 @@ std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::Ac
 
 } // namespace
 
-Answer QtDialogs::box(const std::string& text, Buttons buttons, Icon icon) {
+Answer QtDialogs::box(const Message& message) {
     QMessageBox box(Parent());
     box.setStyleSheet(QString::fromLatin1(FirstToLast));
     box.setWindowTitle(QString::fromLatin1(BoxTitle));
-    box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+    box.setIcon(message.icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     // A path in the text may look like markup.
     box.setTextFormat(Qt::PlainText);
-    box.setText(BoxText(text));
-    box.setStandardButtons(StandardButtons(buttons));
-    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
-    box.setEscapeButton(EscapeButton(buttons));
+    box.setText(BoxText(message.text));
+    if (!message.detail.empty()) {
+        AddDetail(box, BoxText(message.detail));
+    }
+    box.setStandardButtons(StandardButtons(message.buttons));
+    box.setDefaultButton(DefaultButton(message));
+    box.setEscapeButton(EscapeButton(message.buttons));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::Yes;

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QWidget;
+
+namespace ui::qt {
+
+/// Lets a widget show its text a little smaller than the others, as a remark.
+void SetSmallPrint(QWidget& widget);
+
+} // namespace ui::qt
