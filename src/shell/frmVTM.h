@@ -3,6 +3,7 @@
 #pragma once
 
 #include "animation/mdlAniScript.h"
+#include "shell/CtrlNotice.h"
 #include "shell/Workspace.h"
 #include "ui/KeyStroke.h"
 #include "ui/Platform.h"
@@ -199,6 +200,7 @@ private:
     ui::Platform& m_platform;
     Workspace m_workspace;
     ui::qt::KeyReader m_keys;
+    CtrlNotice m_ctrlNotice;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
     bool m_hasRegistered = false;        ///< the file types, in this run

@@ -116,7 +116,10 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
                     SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
                 }
             },
-            [this](const GlyphAction& glyph) { putGlyphWithMarker(glyph.code); },
+            [this, &stroke](const GlyphAction& glyph) {
+                putGlyphWithMarker(glyph.code);
+                showStatus(m_ctrlNotice.of(stroke, glyph.code));
+            },
         },
         action);
     // What a key does shows at once, not only when the next events have been looked for.

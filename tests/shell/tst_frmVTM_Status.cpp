@@ -129,6 +129,13 @@ TEST_F(Status, ForgetsTheLastCommandWithTheNextOneOfTheToolsMenuThoughItIsCancel
     EXPECT_EQ(status(), "");
 }
 
+TEST_F(Status, TellsOfAKeyThatTypedABlankWithCtrl) {
+    startOn(Page::Name);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(status(), "Ctrl+Z typed a blank. What keys type is set in Tools > Configure > Key Mapping.");
+    EXPECT_EQ(column(), 2) << "the blank is typed all the same";
+}
+
 TEST_F(Status, KeepsTellingWhileTheUserLooksAround) {
     startOn(Page::Name);
     tell();
