@@ -9,12 +9,14 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include "editing/GlyphCells.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
 #include "ui/qt/DialogButtons.h"
+#include "ui/qt/SmallPrint.h"
 
 #include <algorithm>
 #include <utility>
@@ -70,6 +72,12 @@ frmOptions::frmOptions(
     for (auto* const box : m_sounds) {
         box->setFixedHeight(soundRow);
     }
+
+    // Below the words of its box.
+    ui::qt::SetSmallPrint(*m_form->lblCaseChoice);
+    m_form->lblCaseChoice->setIndent(
+        style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+        style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
 
     QFont underlined = m_form->cmdDefaultSS->font();
     underlined.setUnderline(true);
