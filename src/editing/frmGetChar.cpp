@@ -29,7 +29,7 @@ QString ReadoutOf(GlyphCode code) {
     if (character < 33 || character > 126) {
         return number;
     }
-    const QString reading = code < 128 ? frmGetChar::tr("%1\n%2") : frmGetChar::tr("%1\n%2 in colour 2");
+    const QString reading = code < 128 ? frmGetChar::tr("%1\n%2") : frmGetChar::tr("%1\n%2 in color 2");
     return reading.arg(number, QString(QLatin1Char(static_cast<char>(character))));
 }
 

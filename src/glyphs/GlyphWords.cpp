@@ -153,7 +153,7 @@ std::string GlyphName(GlyphCode code) {
     } else {
         name += OrnamentOf(code).words;
     }
-    return code < ColourDistance || IsSlider(code) ? name : name + ", second colour";
+    return code < ColourDistance || IsSlider(code) ? name : name + ", second color";
 }
 
 std::string ReadableRow(std::span<const GlyphCode> row) {

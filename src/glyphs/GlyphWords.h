@@ -9,7 +9,7 @@
 
 namespace glyphs {
 
-/// A glyph in words, for those who cannot see it: "code 225, a, second colour". The ordinary blank is just
+/// A glyph in words, for those who cannot see it: "code 225, a, second color". The ordinary blank is just
 /// "blank". ASCII.
 [[nodiscard]] std::string GlyphName(GlyphCode code);
 

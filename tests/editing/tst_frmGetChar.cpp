@@ -235,7 +235,7 @@ TEST_F(GlyphPicker, SaysWhichGlyphIsChosen) {
     press('a');
     EXPECT_EQ(readout(), QStringLiteral("Glyph 97\na"));
     press('&' + 128);
-    EXPECT_EQ(readout(), QStringLiteral("Glyph 166\n& in colour 2"));
+    EXPECT_EQ(readout(), QStringLiteral("Glyph 166\n& in color 2"));
     EXPECT_EQ(control<PictureWidget>("ImgGrid").accessibleDescription(), readout());
 }
 
@@ -247,8 +247,8 @@ TEST_F(GlyphPicker, ReadsOutTheFirstAndTheLastCharacter) {
         {127, "Glyph 127"},
         {128, "Glyph 128"},
         {160, "Glyph 160"},
-        {161, "Glyph 161\n! in colour 2"},
-        {254, "Glyph 254\n~ in colour 2"},
+        {161, "Glyph 161\n! in color 2"},
+        {254, "Glyph 254\n~ in color 2"},
         {255, "Glyph 255"}};
     for (const auto& [code, expected] : readouts) {
         open(static_cast<GlyphCode>(code));

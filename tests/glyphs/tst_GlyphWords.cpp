@@ -42,8 +42,8 @@ TEST(GlyphWords, NamesLettersByTheirCharacter) {
     EXPECT_EQ(GlyphName('a'), "code 97, a");
     EXPECT_EQ(GlyphName('A'), "code 65, capital A");
     EXPECT_EQ(GlyphName('7'), "code 55, 7");
-    EXPECT_EQ(GlyphName(225), "code 225, a, second colour");
-    EXPECT_EQ(GlyphName(193), "code 193, capital A, second colour");
+    EXPECT_EQ(GlyphName(225), "code 225, a, second color");
+    EXPECT_EQ(GlyphName(193), "code 193, capital A, second color");
 }
 
 TEST(GlyphWords, NamesSignsThatAVoicePassesOver) {
@@ -51,7 +51,7 @@ TEST(GlyphWords, NamesSignsThatAVoicePassesOver) {
     EXPECT_EQ(GlyphName('"'), "code 34, double quote");
     EXPECT_EQ(GlyphName('['), "code 91, left square bracket");
     EXPECT_EQ(GlyphName('~'), "code 126, tilde");
-    EXPECT_EQ(GlyphName('.' + 128), "code 174, full stop, second colour");
+    EXPECT_EQ(GlyphName('.' + 128), "code 174, full stop, second color");
     for (int code = 33; code <= 126; ++code) {
         const std::string name = GlyphName(static_cast<GlyphCode>(code));
         EXPECT_TRUE(name.back() >= '0') << name << " ends with a sign";
@@ -81,12 +81,12 @@ TEST(GlyphWords, NamesOrnaments) {
     EXPECT_EQ(GlyphName(127), "code 127, left arrow head");
     EXPECT_EQ(GlyphName(128), "code 128, left end of the slider");
     EXPECT_EQ(GlyphName(131), "code 131, slider knob");
-    EXPECT_EQ(GlyphName(132), "code 132, bottom right frame corner, second colour");
-    EXPECT_EQ(GlyphName(139), "code 139, solid block, second colour");
-    EXPECT_EQ(GlyphName(141), "code 141, right arrow head, second colour");
-    EXPECT_EQ(GlyphName(145), "code 145, ornate right bracket, second colour");
-    EXPECT_EQ(GlyphName(155), "code 155, gold digit 9, second colour");
-    EXPECT_EQ(GlyphName(255), "code 255, left arrow head, second colour");
+    EXPECT_EQ(GlyphName(132), "code 132, bottom right frame corner, second color");
+    EXPECT_EQ(GlyphName(139), "code 139, solid block, second color");
+    EXPECT_EQ(GlyphName(141), "code 141, right arrow head, second color");
+    EXPECT_EQ(GlyphName(145), "code 145, ornate right bracket, second color");
+    EXPECT_EQ(GlyphName(155), "code 155, gold digit 9, second color");
+    EXPECT_EQ(GlyphName(255), "code 255, left arrow head, second color");
 }
 
 TEST(GlyphWords, ReadsARowWhateverItsColours) {

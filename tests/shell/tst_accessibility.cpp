@@ -41,8 +41,8 @@ TEST_F(Access, TheGridNamesEveryGlyph) {
     EXPECT_EQ(table->rowCount(), 16);
     EXPECT_EQ(table->columnCount(), 16);
     EXPECT_EQ(access("ImgGrid")->childCount(), 256);
-    EXPECT_EQ(cellName("ImgGrid", 9, 1), "code 145, ornate right bracket, second colour");
-    EXPECT_EQ(cellName("ImgGrid", 14, 1), "code 225, a, second colour");
+    EXPECT_EQ(cellName("ImgGrid", 9, 1), "code 145, ornate right bracket, second color");
+    EXPECT_EQ(cellName("ImgGrid", 14, 1), "code 225, a, second color");
     EXPECT_EQ(cellName("ImgGrid", 2, 0), "blank");
     EXPECT_EQ(cell("ImgGrid", 9, 1)->role(), QAccessible::Cell);
     EXPECT_EQ(cell("ImgGrid", 9, 1)->tableCellInterface()->rowIndex(), 9);
@@ -91,7 +91,7 @@ TEST_F(Access, ThePagesNameTheirCells) {
     EXPECT_EQ(spoken::Text(access("NamePic"), QAccessible::Value), "Name: ab");
     workspace().documents.messages.cells[31 + 1] = 225;
     EXPECT_EQ(access("MacPic")->childCount(), 93);
-    EXPECT_EQ(cellName("MacPic", 1, 1), "code 225, a, second colour");
+    EXPECT_EQ(cellName("MacPic", 1, 1), "code 225, a, second color");
     EXPECT_EQ(access("MacPic")->tableInterface()->rowDescription(1).toStdString(), "Middle message:  a");
     EXPECT_EQ(access("AniPic")->childCount(), 15 * 15);
     EXPECT_EQ(access("AniPic")->tableInterface()->rowDescription(14).toStdString(), "Name 15: blank");

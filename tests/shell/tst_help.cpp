@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "editing/mdlKey.h"
+#include "glyphs/GlyphWords.h"
 #include "shell/AltKeys.h"
 #include "ui/Files.h"
 
@@ -115,7 +116,21 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The config file, path, has more than 32,767 lines. VTM cannot handle it.",
             "There is no such file yet.",
             "This file cannot be read.",
-            "The game cannot run a file whose name holds a blank, ; or \".",
+            "There is no such file.",
+            "This is a folder.",
+            "This is not a file.",
+            "This is a script, not a config file.",
+            "This file writes keys without quotes: its n bound keys are listed as free",
+            "Games cannot run a script with a blank in its file name.",
+            "Some games cannot run a script with a ( in its file name.",
+            "Some games cannot run a script with more than 27 characters before the extension of its file name.",
+            "Line n will be replaced: line",
+            "A line will be added",
+            "A line will be added; line n binds this key too and stays",
+            "A file with one line will be made",
+            "Line n has no line end: your name will be joined to it",
+            "This file has more than 32,767 lines and cannot be changed",
+            "Line n was read: line",
             ("Could not alter \"path\": VTM needs a file of this name for itself. Please copy it to another "
              "name first."),
             "Another program has just changed the file.",
@@ -126,6 +141,8 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The config file, path, may end with a part of the new line now.",
             "It would become too large.",
             "An older copy is kept as \"path\".",
+            "Every key types its default glyph, because the key map cannot be used.",
+            "Before the options replace it, it is kept as \"path\".",
             "The key map \"path\" is damaged:",
             "The character-set list \"path\" holds no record.",
             "The artwork store \"path\" has no slot",
@@ -149,7 +166,8 @@ TEST(Help, ShowsWhatEveryKeyTypes) {
     const auto rows = matches(page(), "<tr><td>(<kbd>[^]*?)</tr>");
     std::set<std::string> shown;
     for (const auto& row : rows) {
-        shown.insert(text(row + " "));
+        // Without the words of the glyphs.
+        shown.insert(text(std::regex_replace(row, std::regex("<i class[^]*?</i>"), "") + " "));
     }
     const auto map = editing::DefaultKeyMap();
     const auto& names = editing::KeyNames();
@@ -162,11 +180,56 @@ TEST(Help, ShowsWhatEveryKeyTypes) {
     }
 }
 
+/// A glyph that the page shows, with its words.
+struct ShownGlyph {
+    glyphs::GlyphCode code;
+    std::string words;
+};
+
+/// The glyphs that a part of the page shows.
+std::vector<ShownGlyph> glyphsOf(const std::string& html) {
+    const std::regex pattern("<i class=\"g\" style=\"--x:(\\d+);--y:(\\d+)\">([^<]*)</i>");
+    std::vector<ShownGlyph> found;
+    for (std::sregex_iterator match(html.begin(), html.end(), pattern); match != std::sregex_iterator(); ++match) {
+        const int code = std::stoi((*match)[1]) + 16 * std::stoi((*match)[2]);
+        found.push_back({static_cast<glyphs::GlyphCode>(code), text((*match)[3])});
+    }
+    return found;
+}
+
 TEST(Help, ShowsTheGlyphOfEveryCodeInTheKeyTable) {
-    for (const auto& cell : matches(page(), "(<i class=\"g\" style=\"--x:\\d+;--y:\\d+\"></i> \\d+)")) {
-        std::smatch parts;
-        ASSERT_TRUE(std::regex_match(cell, parts, std::regex(".*--x:(\\d+);--y:(\\d+).*> (\\d+)")));
-        EXPECT_EQ(std::stoi(parts[1]) + 16 * std::stoi(parts[2]), std::stoi(parts[3]));
+    const auto cells = matches(page(), "(<i class=\"g\" style=\"[^\"]*\">[^<]*</i> \\d+)");
+    EXPECT_EQ(cells.size(), 3 * editing::MappedKeys);
+    for (const auto& cell : cells) {
+        EXPECT_EQ(glyphsOf(cell).at(0).code, std::stoi(cell.substr(cell.rfind(' '))));
+    }
+}
+
+TEST(Help, HasWordsForEveryGlyphThatItShows) {
+    const std::string html = page();
+    const std::string body = html.substr(html.find("</header>"));
+    const std::regex row("<span class=\"row\">[^]*?</span>");
+    std::size_t count = 0;
+    for (std::sregex_iterator match(body.begin(), body.end(), row); match != std::sregex_iterator(); ++match) {
+        // A row reads as it would be typed.
+        for (const auto& [code, words] : glyphsOf(match->str())) {
+            EXPECT_EQ(words, glyphs::ReadableRow(std::vector{code})) << code;
+            ++count;
+        }
+    }
+    for (const auto& [code, words] : glyphsOf(std::regex_replace(body, row, ""))) {
+        const std::string name = glyphs::GlyphName(code);
+        EXPECT_EQ(words, name.substr(name.starts_with("code ") ? name.find(", ") + 2 : 0)) << code;
+        ++count;
+    }
+    EXPECT_GT(count, 3 * editing::MappedKeys);
+    EXPECT_EQ(matches(body, "(class=\"row\" aria-hidden)").size(), 0U);
+}
+
+TEST(Help, SpellsAsTheWindowDoes) {
+    const std::string html = page();
+    for (const char* word : {"colour", "Colour", "favourite", "Favourite", "grey", "centre", "licence"}) {
+        EXPECT_EQ(html.find(word), std::string::npos) << word;
     }
 }
 
