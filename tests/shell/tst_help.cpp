@@ -123,7 +123,8 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "This file writes keys without quotes: its n bound keys are listed as free",
             "Games cannot run a script with a blank in its file name.",
             "Some games cannot run a script with a ( in its file name.",
-            "Some games cannot run a script with more than 27 characters before the extension of its file name.",
+            "Some games cannot run a script with more than 27 characters before the extension of its file "
+            "name.",
             "Line n will be replaced: line",
             "A line will be added",
             "A line will be added; line n binds this key too and stays",
@@ -190,7 +191,8 @@ struct ShownGlyph {
 std::vector<ShownGlyph> glyphsOf(const std::string& html) {
     const std::regex pattern("<i class=\"g\" style=\"--x:(\\d+);--y:(\\d+)\">([^<]*)</i>");
     std::vector<ShownGlyph> found;
-    for (std::sregex_iterator match(html.begin(), html.end(), pattern); match != std::sregex_iterator(); ++match) {
+    for (std::sregex_iterator match(html.begin(), html.end(), pattern); match != std::sregex_iterator();
+         ++match) {
         const int code = std::stoi((*match)[1]) + 16 * std::stoi((*match)[2]);
         found.push_back({static_cast<glyphs::GlyphCode>(code), text((*match)[3])});
     }
@@ -210,7 +212,8 @@ TEST(Help, HasWordsForEveryGlyphThatItShows) {
     const std::string body = html.substr(html.find("</header>"));
     const std::regex row("<span class=\"row\">[^]*?</span>");
     std::size_t count = 0;
-    for (std::sregex_iterator match(body.begin(), body.end(), row); match != std::sregex_iterator(); ++match) {
+    for (std::sregex_iterator match(body.begin(), body.end(), row); match != std::sregex_iterator();
+         ++match) {
         // A row reads as it would be typed.
         for (const auto& [code, words] : glyphsOf(match->str())) {
             EXPECT_EQ(words, glyphs::ReadableRow(std::vector{code})) << code;

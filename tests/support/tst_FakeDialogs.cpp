@@ -71,7 +71,8 @@ TEST(FakeDialogs, FailsOnAnotherDetailOrDefaultButton) {
     EXPECT_NONFATAL_FAILURE(
         dialogs.box({"Add it?", ui::Buttons::YesNo, ui::Icon::None, "At the end."}), "At the end.");
     dialogs.expectYesNo("Add it?", Answer::No);
-    EXPECT_NONFATAL_FAILURE(dialogs.box({"Add it?", ui::Buttons::YesNo, ui::Icon::None, "", true}), "prefersNo");
+    EXPECT_NONFATAL_FAILURE(
+        dialogs.box({"Add it?", ui::Buttons::YesNo, ui::Icon::None, "", true}), "prefersNo");
 }
 
 TEST(FakeDialogs, FailsOnAQuestionThatNeverCame) {

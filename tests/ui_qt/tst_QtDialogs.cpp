@@ -35,9 +35,7 @@ TEST(MessageBox, ShowsItsTextAsItIsUnderTheProgramsTitle) {
         EXPECT_TRUE(box.isModal());
         PressKey(box, Qt::Key_Return);
     });
-    EXPECT_EQ(
-        QtDialogs().box({"Done! The script file, /tmp/<b>a&b</b>.vtn, was written."}),
-        Answer::Ok);
+    EXPECT_EQ(QtDialogs().box({"Done! The script file, /tmp/<b>a&b</b>.vtn, was written."}), Answer::Ok);
 }
 
 TEST(MessageBox, ShowsAWarningIconAndLineEnds) {
