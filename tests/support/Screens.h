@@ -38,7 +38,8 @@ inline QScreen* ScreenOf(const ScreenCase& expected) {
             return screen;
         }
     }
-    ADD_FAILURE() << "no screen " << expected.name << ": run it with CTest, whose environment names the screens";
+    ADD_FAILURE() << "no screen " << expected.name
+                  << ": run it with CTest, whose environment names the screens";
     return QGuiApplication::primaryScreen();
 }
 
