@@ -87,6 +87,10 @@ public:
 
     ui::Status remove(const ui::Path& path) override { return m_disk.remove(path); }
 
+    [[nodiscard]] std::vector<std::string> list(const ui::Path& folder) const override {
+        return m_disk.list(folder);
+    }
+
     [[nodiscard]] ui::Result<ui::FileFacts> inspect(const ui::Path& path, ui::Links links) const override {
         return m_disk.inspect(path, links);
     }

@@ -4,6 +4,7 @@
 
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
+#include "ui/CopyNotes.h"
 #include "ui/FileWriter.h"
 
 #include <memory>
@@ -24,6 +25,7 @@ ui::Result<ui::Path> KeepOldCopy(ui::Files& files, const ui::Path& copy) {
             copy.stem().native() + "-" + std::to_string(number) + copy.extension().native());
         const auto renamed = files.renameNew(copy, kept);
         if (renamed) {
+            ui::MoveCopyNote(files, copy, kept);
             return kept;
         }
         taken = renamed.failure();
@@ -137,6 +139,15 @@ ui::Status RefuseTooLarge(std::size_t size, const ui::Path& path) {
 
 } // namespace
 
+ui::Status RefuseIncomplete(const ui::Files& files, const ui::Path& path) {
+    const auto copy = ui::KeptCopyOf(files, path);
+    return copy ? ui::Status(ui::Failure{
+                      "\"" + ui::PathText(path) + "\" may be incomplete: writing it did not end well.\n" +
+                      "What it held before is kept whole as \"" + ui::PathText(*copy) +
+                      "\". Please put that back, or delete it, and try again."})
+                : ui::Status();
+}
+
 ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line) {
     ui::Bytes result;
     result.reserve(config.size() + config.size() / 16 + line.size() + LineEnd.size());
@@ -205,12 +216,17 @@ ui::Result<Rewritten> RewriteConfig(
         (void)files.remove(copy);
         return WithFileUntouched(change.failure(), path);
     }
+    const auto note = ui::NoteCopy(files, path, copy);
     if (const ui::FileWritten written = change.value()->commit(); !written.status) {
-        if (!NeedsCopy(written)) {
+        if (NeedsCopy(written)) {
+            ui::MarkCopyTold(files, copy);
+        } else {
+            ui::ForgetCopy(files, copy);
             (void)files.remove(copy);
         }
         return NotWritten(written, path, copy);
     }
+    ui::ForgetCopy(files, copy);
     Rewritten done;
     if (!older.value().empty()) {
         done.leftover = "An older copy is kept as \"" + ui::PathText(older.value()) + "\".";
@@ -226,6 +242,9 @@ ui::Status AppendToConfig(
     const std::optional<ui::Bytes>& before, std::string_view bytes) {
     const ui::Path copy = directory.toWrite(std::string(ConfigCopyName));
     if (auto refused = RefuseCopy(files, copy, path); !refused) {
+        return refused;
+    }
+    if (auto refused = RefuseIncomplete(files, path); !refused) {
         return refused;
     }
     const ui::Bytes after = before.value_or(ui::Bytes()).append(bytes);

@@ -36,6 +36,10 @@ struct Rewritten {
 /// The status text after line `number`, which was `line`, has been replaced.
 [[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);
 
+/// Refuses a file of which a copy is kept since it could not be written to its end: what is not found in it
+/// may be in the copy.
+[[nodiscard]] ui::Status RefuseIncomplete(const ui::Files& files, const ui::Path& path);
+
 /// Gives the configuration file `path`, which holds `before`, the content `after`: its links, owner and
 /// permissions stay. At every instant the file or the copy beside the program holds `before` or `after`
 /// whole; the copy is deleted when the file is on the disk. A copy that an earlier run left behind is kept
@@ -47,7 +51,8 @@ struct Rewritten {
     std::string_view after);
 
 /// Adds bytes to the end of a configuration file, which holds `before` (nothing: it is not there and is
-/// made), all of them or none, and waits until they are on the disk. Fails as RewriteConfig() does.
+/// made), all of them or none, and waits until they are on the disk. Fails as RewriteConfig() and
+/// RefuseIncomplete() do.
 [[nodiscard]] ui::Status AppendToConfig(
     ui::Files& files, const ui::ProgramDirectory& directory, const ui::Path& path,
     const std::optional<ui::Bytes>& before, std::string_view bytes);

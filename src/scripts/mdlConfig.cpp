@@ -145,6 +145,10 @@ ConfigOutcome SaveNameToConfig(
     }
     const ConfigNameLine& found = config.found;
     if (found.number == 0) {
+        if (const auto refused = RefuseIncomplete(files, path); !refused) {
+            dialogs.warn(refused.failure().message);
+            return {};
+        }
         if (!dialogs.askYesNo(texts::AddNameToConfig)) {
             return {};
         }

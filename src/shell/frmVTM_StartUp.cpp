@@ -7,6 +7,7 @@
 #include "shell/frmVTM.h"
 #include "shell/mdlLaunch.h"
 #include "shell/mdlRegistry.h"
+#include "ui/CopyNotes.h"
 
 #include <QTimer>
 #include <chrono>
@@ -88,6 +89,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     for (const std::string& notice : notices) {
         m_platform.dialogs.warn(notice);
     }
+    ui::TellOfKeptCopies(m_platform.dialogs, m_platform.files);
     CheckHelp(m_platform);
     return {};
 }

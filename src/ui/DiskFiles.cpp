@@ -325,6 +325,17 @@ Status DiskFiles::makeFolder(const Path& folder) {
     return error ? FileFailure("Could not create", folder, error.value()) : Status();
 }
 
+std::vector<std::string> DiskFiles::list(const Path& folder) const {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        names.push_back(entry->path().filename().native());
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
 bool DiskFiles::sameFile(const Path& first, const Path& second) const {
     std::optional<struct stat> known;
     for (const Path& path : {first, second}) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/FileWriter.h"
 
+#include "ui/CopyNotes.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -147,6 +149,9 @@ Status FileChange::keepCopy() {
 
 void FileChange::removeOwnCopy() {
     if (std::exchange(m_ownsCopy, false)) {
+        if (m_isTouched) {
+            ForgetCopy(m_files, m_copy);
+        }
         (void)m_files.remove(m_copy);
     }
 }
@@ -186,6 +191,9 @@ Status FileChange::overwrite(std::string_view bytes, std::size_t position) {
     if (!file) {
         return file.failure();
     }
+    if (m_ownsCopy && !m_isTouched) {
+        m_note = NoteCopy(m_files, m_facts.target, m_copy);
+    }
     m_isTouched = true;
     return WriteOver(*file.value(), bytes, position);
 }
@@ -197,7 +205,9 @@ FileWritten FileChange::commitInPlace() {
         removeOwnCopy();
         return {.status = std::move(done), .holds = m_isTouched ? Holds::Restored : Holds::Before};
     }
-    m_ownsCopy = false;
+    if (std::exchange(m_ownsCopy, false)) {
+        MarkCopyTold(m_files, m_copy);
+    }
     return {.status = std::move(done), .holds = Holds::Unsure, .copy = m_copy};
 }
 

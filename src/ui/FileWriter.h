@@ -63,11 +63,12 @@ private:
     FileFacts m_facts;
     bool m_mayWriteOver; ///< where another file cannot take its place
     std::string_view m_bytes;
-    Path m_temporary;         ///< empty: the file is written over
-    Bytes m_before;           ///< of a file that is written over
-    Path m_copy;              ///< empty: there is none, or nothing to lose
-    bool m_ownsCopy = false;  ///< whether this change has made it
-    bool m_isTouched = false; ///< whether the file has been opened to be written over
+    Path m_temporary;                 ///< empty: the file is written over
+    Bytes m_before;                   ///< of a file that is written over
+    Path m_copy;                      ///< empty: there is none, or nothing to lose
+    bool m_ownsCopy = false;          ///< whether this change has made it
+    std::unique_ptr<FileLock> m_note; ///< of the copy
+    bool m_isTouched = false;         ///< whether the file has been opened to be written over
 };
 
 /// Gives the file at `path` the content `bytes`, as a whole or not at all; see FileChange. A failure says

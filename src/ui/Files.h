@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ui {
 
@@ -150,6 +151,9 @@ public:
     /// The same for an existing file, by whatever name.
     [[nodiscard]] virtual Result<std::unique_ptr<FileLock>> lockFile(const Path& path) = 0;
 
+    /// The names of what lies in a folder, sorted; none if it cannot be read.
+    [[nodiscard]] virtual std::vector<std::string> list(const Path& folder) const = 0;
+
     /// Where copies and notes go that have no place beside the file that they are of; empty: nowhere.
     [[nodiscard]] virtual Path spareFolder() const = 0;
 };
@@ -185,6 +189,8 @@ public:
     [[nodiscard]] bool sameFile(const Path& first, const Path& second) const override;
     [[nodiscard]] Result<std::unique_ptr<FileLock>> lockFolder(const Path& folder) override;
     [[nodiscard]] Result<std::unique_ptr<FileLock>> lockFile(const Path& path) override;
+
+    [[nodiscard]] std::vector<std::string> list(const Path& folder) const override;
 
     [[nodiscard]] Path spareFolder() const override { return m_spareFolder; }
 

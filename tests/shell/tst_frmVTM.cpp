@@ -5,6 +5,7 @@
 #include "editing/KeyMapFile.h"
 #include "shell/GlyphButton.h"
 #include "shell/TabPicture.h"
+#include "ui/CopyNotes.h"
 #include "ui/qt/MarkerShape.h"
 
 #include <QApplication>
@@ -166,6 +167,19 @@ TEST_F(Start, ReportsAMalformedKeyMapAndTypesTheDefaults) {
     type("a");
     EXPECT_EQ(row(), "a" + std::string(14, ' '));
     EXPECT_EQ(fake.directory.files.content("vtmkeys.ini"), damaged);
+}
+
+TEST_F(Start, TellsOnceOfAFileThatAnEarlierRunCouldNotComplete) {
+    fake.disk = ui::DiskFiles(fake.directory.folder());
+    const ui::Path file = fake.directory.files.put("config.cfg", "half");
+    const ui::Path copy = fake.directory.files.put("tempfile.cfg", "the whole");
+    (void)ui::NoteCopy(fake.disk, file, copy);
+    fake.dialogs.expectWarning(
+        "\"" + file.native() + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
+        "What it held before is kept whole as \"" + copy.native() + "\".");
+    start();
+    fake.dialogs.expectAllAsked();
+    start();
 }
 
 TEST_F(Start, LoadsTheIntroFilesSilently) {

@@ -64,6 +64,10 @@ public:
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFolder(const ui::Path& folder) override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFile(const ui::Path& path) override;
 
+    [[nodiscard]] std::vector<std::string> list(const ui::Path& folder) const override {
+        return m_files.list(folder);
+    }
+
     [[nodiscard]] ui::Path spareFolder() const override { return m_files.spareFolder(); }
 
 private:

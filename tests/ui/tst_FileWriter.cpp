@@ -61,7 +61,9 @@ protected:
     static std::string copyIn(const TempFolder& place) {
         std::vector<ui::Path> copies;
         for (const auto& entry : std::filesystem::directory_iterator(place.path())) {
-            if (entry.path().filename().native().starts_with("vtm-copy-")) {
+            const auto extension = entry.path().extension();
+            if (entry.path().filename().native().starts_with("vtm-copy-") && extension != ".note" &&
+                extension != ".told") {
                 copies.push_back(entry.path().filename());
             }
         }
@@ -166,15 +168,20 @@ TEST_F(Writer, HasACopyOnTheDiskBeforeItWritesOver) {
     std::vector<std::string> steps = files.steps();
     for (std::string& step : steps) {
         if (const auto place = step.find("vtm-copy-"); place != std::string::npos) {
-            EXPECT_TRUE(step.ends_with(".vtn")) << step;
-            step.replace(place, std::string::npos, "COPY");
+            EXPECT_TRUE(step.ends_with(".vtn") || step.ends_with(".vtn.note")) << step;
+            step.replace(place, std::string::npos, step.ends_with(".note") ? "NOTE" : "COPY");
         }
     }
     EXPECT_EQ(
-        steps, (std::vector<std::string>{
-                   "look a.vtn", "read a.vtn", "open COPY", "write COPY", "flush COPY", "read COPY",
-                   "close COPY", "open a.vtn", "resize a.vtn", "write a.vtn", "resize a.vtn", "write a.vtn",
-                   "flush a.vtn", "read a.vtn", "close a.vtn", "remove COPY"}));
+        steps,
+        (std::vector<std::string>{"look a.vtn",   "read a.vtn",  "open COPY",
+                                  "write COPY",   "flush COPY",  "read COPY",
+                                  "close COPY",   "open a.vtn",  "folder " + spare.path().filename().native(),
+                                  "open NOTE",    "write NOTE",  "flush NOTE",
+                                  "read NOTE",    "close NOTE",  "lock NOTE",
+                                  "resize a.vtn", "write a.vtn", "resize a.vtn",
+                                  "write a.vtn",  "flush a.vtn", "read a.vtn",
+                                  "close a.vtn",  "remove NOTE", "remove COPY"}));
 }
 
 TEST_F(Writer, KeepsTheOldFileWhateverFails) {
@@ -231,7 +238,7 @@ TEST_F(Writer, MakesNoFileWhateverFails) {
 
 TEST_F(Writer, PutsBackWhatItCouldNotWriteOver) {
     putWithTwoNames();
-    files.failOnce(Step::Write, 2);
+    files.failOnce(Step::Write, 3);
     const auto written = WriteFile(files, path, New);
     ASSERT_FALSE(written);
     EXPECT_EQ(
@@ -243,7 +250,7 @@ TEST_F(Writer, PutsBackWhatItCouldNotWriteOver) {
 
 TEST_F(Writer, NamesTheCopyOfWhatItCouldNotPutBack) {
     putWithTwoNames();
-    files.failFrom(Step::Write, 2);
+    files.failFrom(Step::Write, 3);
     const auto written = WriteFile(files, path, New);
     ASSERT_FALSE(written);
     const std::string copy = copyIn(folder);
