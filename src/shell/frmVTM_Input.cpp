@@ -42,6 +42,11 @@ bool KeepsItsKeys(const QWidget* widget) {
     return QApplication::activePopupWidget() != nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr;
 }
 
+/// A menu goes on getting keys for a moment: those that the display sent before it knew of the choice.
+bool IsClosedMenu(const QWidget* widget) {
+    return qobject_cast<const QMenu*>(widget) != nullptr && !widget->isVisible();
+}
+
 bool IsLatinLetter(int key) {
     return key >= Qt::Key_A && key <= Qt::Key_Z;
 }
@@ -71,6 +76,9 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
+        if (IsClosedMenu(widget) && QApplication::activeModalWidget() == nullptr) {
+            widget = this;
+        }
         if (qobject_cast<const QMenu*>(widget) != nullptr ||
             qobject_cast<const QMenuBar*>(widget) != nullptr) {
             return PassLatinLetter(*static_cast<QKeyEvent*>(event), *watched);

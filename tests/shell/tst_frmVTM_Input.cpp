@@ -147,6 +147,24 @@ TEST_F(Menus, OpenByTheirPlaceOnAKeyboardWithoutLatinLetters) {
     EXPECT_EQ(row(), ' ' + Blanks14);
 }
 
+TEST_F(Menus, LeaveTheKeysThatReachThemTooLateToTheWindow) {
+    startOn(Page::Name);
+    auto* const edit = window->findChild<QMenu*>(QStringLiteral("mnuEdit"));
+    const auto pressLate = [&](Qt::Key key, Qt::KeyboardModifiers held, const QString& text) {
+        QKeyEvent event(QEvent::KeyPress, key, held, text);
+        QApplication::sendEvent(edit, &event);
+    };
+    press(Qt::Key_E, Qt::AltModifier);
+    QTest::keyClick(edit, Qt::Key_C);
+    ASSERT_FALSE(edit->isVisible());
+    pressLate(Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+    EXPECT_EQ(row(), 'a' + Blanks14);
+    pressLate(Qt::Key_V, Qt::AltModifier, QStringLiteral("v"));
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget()->objectName(), QStringLiteral("mnuView"));
+    QApplication::activePopupWidget()->close();
+}
+
 TEST_F(Menus, LeaveTheTextOfTheStatusLineAlone) {
     startOn(Page::Name);
     QStatusBar* const line = window->statusBar();
