@@ -54,6 +54,9 @@ public:
     /// The window that has the keyboard.
     [[nodiscard]] virtual std::optional<WindowFacts> activeWindow() const = 0;
 
+    /// Whether a menu is open; nothing where the display does not tell.
+    [[nodiscard]] virtual std::optional<bool> isMenuOpen() const { return std::nullopt; }
+
     /// Asks the window manager to give a window the keyboard.
     virtual void activate(unsigned long window) = 0;
 

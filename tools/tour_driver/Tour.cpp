@@ -211,7 +211,10 @@ void Tour::expectMain(const std::string& title) {
 }
 
 void Tour::menu(std::string_view letters) {
+    // People see a menu close before they open the next.
+    until([this] { return m_desktop.isMenuOpen() != true; }, "the last menu to close");
     m_desktop.press(static_cast<unsigned char>(letters.front()), {XK_Alt_L});
+    until([this] { return m_desktop.isMenuOpen() != false; }, "a menu to open");
     m_desktop.type(letters.substr(1));
 }
 

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <chrono>
 #include <poll.h>
+#include <utility>
+#include <vector>
 
 namespace tour {
 
@@ -70,6 +72,13 @@ struct X11Desktop::Connection {
         return value.size() < sizeof(Window) ? None : *reinterpret_cast<const Window*>(value.data());
     }
 
+    [[nodiscard]] std::string className(Window window) const {
+        // The name of this very program, then the class, each ended by a zero.
+        std::string names = property(window, XA_WM_CLASS);
+        names.erase(0, names.find('\0') + 1);
+        return names.substr(0, names.find('\0'));
+    }
+
     /// The part of the screen that a window and its frame take.
     [[nodiscard]] ui::Rect frameOf(Window window) const {
         Window outermost = window;
@@ -99,6 +108,33 @@ struct X11Desktop::Connection {
         return {
             left, top, std::min(rect.x + rect.width, DisplayWidth(display, screen)) - left,
             std::min(rect.y + rect.height, DisplayHeight(display, screen)) - top};
+    }
+
+    /// The windows on the screen that lie in no other, with the parts of the screen that they take.
+    [[nodiscard]] std::vector<std::pair<Window, ui::Rect>> outermostWindows() const {
+        Window tree = None;
+        Window above = None;
+        Window* children = nullptr;
+        unsigned count = 0;
+        std::vector<std::pair<Window, ui::Rect>> windows;
+        if (XQueryTree(display, root, &tree, &above, &children, &count) == 0) {
+            return windows;
+        }
+        for (unsigned index = 0; index < count; ++index) {
+            XWindowAttributes attributes;
+            if (XGetWindowAttributes(display, children[index], &attributes) == 0 ||
+                attributes.map_state != IsViewable || attributes.c_class != InputOutput) {
+                continue;
+            }
+            const ui::Rect shown =
+                onScreen({attributes.x, attributes.y, attributes.width, attributes.height});
+            // The window manager keeps tiny windows of its own outside the screen.
+            if (shown.width > 4 && shown.height > 4) {
+                windows.emplace_back(children[index], shown);
+            }
+        }
+        XFree(children);
+        return windows;
     }
 
     /// What the clipboard's owner gives as this type; nothing if it gives nothing.
@@ -150,12 +186,9 @@ std::optional<WindowFacts> X11Desktop::activeWindow() const {
         attributes.map_state != IsViewable) {
         return std::nullopt;
     }
-    // The name of this very program, then the class, each ended by a zero.
-    std::string names = connection.property(window, XA_WM_CLASS);
-    names.erase(0, names.find('\0') + 1);
     return WindowFacts{
-        window, connection.property(window, connection.atom("_NET_WM_NAME")),
-        names.substr(0, names.find('\0')), connection.frameOf(window)};
+        window, connection.property(window, connection.atom("_NET_WM_NAME")), connection.className(window),
+        connection.frameOf(window)};
 }
 
 void X11Desktop::activate(unsigned long window) {
@@ -201,30 +234,19 @@ ui::Picture X11Desktop::grab() const {
 }
 
 ui::Rect X11Desktop::windowsArea() const {
-    Display* display = m_connection->display;
-    Window root = None;
-    Window parent = None;
-    Window* children = nullptr;
-    unsigned count = 0;
     ui::Rect area;
-    if (XQueryTree(display, m_connection->root, &root, &parent, &children, &count) == 0) {
-        return area;
+    for (const auto& [window, frame] : m_connection->outermostWindows()) {
+        area = area.united(frame);
     }
-    for (unsigned index = 0; index < count; ++index) {
-        XWindowAttributes attributes;
-        if (XGetWindowAttributes(display, children[index], &attributes) == 0 ||
-            attributes.map_state != IsViewable || attributes.c_class != InputOutput) {
-            continue;
-        }
-        const ui::Rect shown =
-            m_connection->onScreen({attributes.x, attributes.y, attributes.width, attributes.height});
-        // The window manager keeps tiny windows of its own outside the screen.
-        if (shown.width > 4 && shown.height > 4) {
-            area = area.united(shown);
-        }
-    }
-    XFree(children);
     return area;
+}
+
+std::optional<bool> X11Desktop::isMenuOpen() const {
+    // Its other windows lie in frames of the window manager.
+    const auto windows = m_connection->outermostWindows();
+    return std::any_of(windows.begin(), windows.end(), [this](const auto& window) {
+        return m_connection->className(window.first) == classOfProgram();
+    });
 }
 
 std::optional<std::string> X11Desktop::Connection::clipboard(Atom type) const {

@@ -19,6 +19,7 @@ public:
 
     void moveTo(int x, int y) override;
     [[nodiscard]] std::optional<WindowFacts> activeWindow() const override;
+    [[nodiscard]] std::optional<bool> isMenuOpen() const override;
     void activate(unsigned long window) override;
     void moveToCorner(unsigned long window) override;
     [[nodiscard]] ui::Picture grab() const override;
