@@ -56,11 +56,14 @@ IniValues ValuesOf(QSettings& settings) {
     return values;
 }
 
-/// Lets the toolkit put the values into a file that nobody else knows of.
-Result<IniText> SetValues(const Path& file, const IniSections& values) {
+/// Lets the toolkit put the values into a file that nobody else knows of and that holds `before`.
+Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSections& values) {
     QSettings settings(FileName(file), QSettings::IniFormat);
     IniText text{.bytes = {}, .values = ValuesOf(settings), .wasDamaged = false};
     text.wasDamaged = settings.status() == QSettings::FormatError;
+    if (text.values != before) {
+        return Failure{"What \"" + PathText(file) + "\" holds could not be read."};
+    }
     for (const auto& [section, keys] : values) {
         for (const auto& [key, value] : keys) {
             settings.setValue(QString::fromStdString(section + '/' + key), ToVariant(value));
@@ -93,15 +96,21 @@ Result<IniText> WithIniValues(std::string_view before, const IniSections& values
     }
     const Path path = QFile::encodeName(folder.path()).toStdString();
     DiskFiles files;
-    const Path written = path / "settings.ini";
-    if (auto made = WritePrivateCopy(files, written, before); !made) {
+    const Path original = path / "before.ini";
+    if (auto made = WritePrivateCopy(files, original, before); !made) {
         return made.failure();
     }
-    const auto set = SetValues(written, values);
+    // The toolkit takes what it fails to read for a file with nothing in it: so it reads twice, each time
+    // under a name that it remembers nothing of.
+    const auto valuesBefore = ReadIniFile(original);
+    const Path written = path / "settings.ini";
+    if (auto renamed = files.rename(original, written); !renamed) {
+        return renamed.failure();
+    }
+    const auto set = SetValues(written, valuesBefore.value_or(IniValues()), values);
     if (!set) {
         return set;
     }
-    // Under a name that the toolkit remembers nothing of.
     const Path checked = path / "check.ini";
     if (auto renamed = files.rename(written, checked); !renamed) {
         return renamed.failure();
