@@ -83,6 +83,18 @@ refuses "a message box outside ui/qt" "shell/frmVTM.cpp:4: QMessageBox outside u
 plant && echo 'class QSettings;' >>"$tree/src/animation/frmAniWiz.cpp"
 refuses "settings outside ui/qt" "animation/frmAniWiz.cpp:4: QSettings outside ui/qt"
 
+plant && echo '    std::ofstream stream(path);' >>"$tree/src/scripts/mdlName.h"
+refuses "a file that is written past the writer" "scripts/mdlName.h:2: only ui/DiskFiles writes files: ofstream"
+
+plant && echo '    if (file.open(QIODevice::WriteOnly)) {' >>"$tree/src/shell/frmVTM.cpp"
+refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: WriteOnly"
+
+plant && echo '    std::FILE* file = std::fopen (name, "w");' >>"$tree/src/shell/frmVTM.cpp"
+refuses "the C library writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: fopen ("
+
+plant && echo '    return ::open(path, O_RDWR | O_CLOEXEC);' >>"$tree/src/shell/frmVTM.cpp"
+refuses "the system writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: O_RDWR"
+
 plant && echo '#include "../glyphs/mdlPaint.h"' >>"$tree/src/editing/mdlCommon.h"
 refuses "a path that climbs" "editing/mdlCommon.h:2: a path that climbs: ../glyphs/mdlPaint.h"
 
