@@ -1,0 +1,372 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "faults/Operations.h"
+
+#include "animation/mdlAniScript.h"
+#include "charset/Command.h"
+#include "editing/KeyMapFile.h"
+#include "glyphs/GifPicture.h"
+#include "glyphs/mdlData.h"
+#include "scripts/mdlBind.h"
+#include "scripts/mdlConfig.h"
+#include "scripts/mdlMacro.h"
+#include "scripts/mdlName.h"
+#include "shell/mdlLaunch.h"
+#include "shell/mdlRegistry.h"
+#include "thumbnail/Command.h"
+#include "ui/CopyNotes.h"
+#include "ui/FileWriter.h"
+#include "ui/qt/FreedesktopFileTypes.h"
+#include "ui/qt/IniSettingsStore.h"
+
+#include <cstdlib>
+#include <sstream>
+#include <utility>
+
+namespace faults {
+
+namespace {
+
+/// Says yes to everything and remembers what it was told.
+class Answers final : public ui::Dialogs {
+public:
+    explicit Answers(ui::Path path = {})
+        : m_path(std::move(path)) {}
+
+    ui::Answer box(const ui::Message& message) override {
+        m_messages += message.text + '\n';
+        m_isDone |= message.text.starts_with("Done!");
+        return ui::Answer::Yes;
+    }
+
+    std::optional<ui::Path> chooseFileToOpen(const ui::FileDialogRequest& /*request*/) override {
+        return m_path;
+    }
+
+    std::optional<ui::Path> chooseFileToSave(const ui::FileDialogRequest& /*request*/) override {
+        return m_path;
+    }
+
+    std::optional<ui::Pixel> chooseColour(ui::Pixel initial) override { return initial; }
+
+    [[nodiscard]] Report report(const std::string& more = {}) const { return {m_isDone, m_messages + more}; }
+
+private:
+    ui::Path m_path;
+    std::string m_messages;
+    bool m_isDone = false;
+};
+
+Report ReportOf(const ui::Status& status) {
+    return {status.ok(), status ? "" : status.failure().message};
+}
+
+editing::NameDocument PlayersName() {
+    editing::NameDocument name;
+    for (std::size_t i = 0; i < 6; ++i) {
+        name.cells[i] = static_cast<glyphs::GlyphCode>(200 + i);
+    }
+    return name;
+}
+
+/// How a file lies that is written.
+enum class Lies { Absent, Alone, WithTwoNames, BehindALink };
+
+struct Place {
+    Lies lies;
+    const char* text;
+};
+
+constexpr Place Absent{Lies::Absent, ", new"};
+constexpr Place Alone{Lies::Alone, ", replaced"};
+constexpr Place WithTwoNames{Lies::WithTwoNames, ", of two names"};
+constexpr Place BehindALink{Lies::BehindALink, ", behind a link"};
+
+void Put(const World& world, const std::string& name, Lies lies, const std::string& bytes) {
+    if (lies == Lies::Absent) {
+        return;
+    }
+    if (lies == Lies::BehindALink) {
+        world.game.put("real-" + name, bytes);
+        std::filesystem::create_symlink("real-" + name, world.game / name);
+        return;
+    }
+    world.game.put(name, bytes);
+    if (lies == Lies::WithTwoNames) {
+        std::filesystem::create_hard_link(world.game / name, world.game / ("other-" + name));
+    }
+}
+
+/// An operation on one file in the game's folder.
+Operation OnFile(
+    const std::string& title, const std::string& file, Place place, const std::string& before,
+    std::function<Report(World&, const ui::Path&)> run) {
+    return {
+        .name = title + place.text,
+        .prepare = [=](World& world) { Put(world, file, place.lies, before); },
+        .run = [=](World& world) { return run(world, world.game / file); },
+        .targets = [=](const World& world) { return std::vector<ui::Path>{world.game / file}; },
+        .isSilent = false,
+        .keepsOld = false};
+}
+
+void AddScripts(std::vector<Operation>& operations) {
+    for (const Place place : {Absent, Alone, WithTwoNames, BehindALink}) {
+        operations.push_back(OnFile(
+            "save a name script", "a.vtn", place, "// Name File Created by Vortigo\r\nname \"old\"\r\n",
+            [](World& world, const ui::Path& path) {
+                Answers answers(path);
+                (void)scripts::SaveNameScript(answers, world.files, world.game.path(), PlayersName());
+                return answers.report();
+            }));
+    }
+    for (const Place place : {Absent, Alone}) {
+        operations.push_back(OnFile(
+            "save an animation", "a.vta", place, "// Animation File Created by Vortigo\r\n",
+            [](World& world, const ui::Path& path) {
+                Answers answers(path);
+                editing::AnimationDocument animation;
+                editing::NewAnimation(animation);
+                const auto saved = animation::SaveAnimationScript(
+                    animation, world.game.path(), [] {}, answers, world.files);
+                return answers.report(saved.statusText);
+            }));
+        operations.push_back(OnFile(
+            "save messages", "a.vtm", place, "// Message File Created by Vortigo\r\n",
+            [](World& world, const ui::Path& path) {
+                Answers answers(path);
+                editing::MessageDocument messages;
+                (void)scripts::SaveMessageScript(
+                    answers, world.files, {.selected = {true, true, true}, .command = {}}, messages);
+                return answers.report();
+            }));
+    }
+}
+
+void AddConfigs(std::vector<Operation>& operations) {
+    const std::string config =
+        "bind \"F1\" \"exec old.vtn\"\r\nname \"old\"\r\nbind x y\r\n" + std::string(3000, '/') + "\r\n";
+    const auto saveName = [](World& world, const ui::Path& path) {
+        Answers answers;
+        const auto done =
+            scripts::SaveNameToConfig(answers, world.files, world.directory, path, PlayersName());
+        return answers.report(done.statusText);
+    };
+    const auto bind = [](World& world, const ui::Path& path) {
+        Answers answers;
+        for (int key = 0;; ++key) {
+            if (scripts::KeyNames[static_cast<std::size_t>(key)] == "F1") {
+                const auto done = scripts::BindKey(
+                    answers, world.files, world.directory,
+                    {.config = path, .script = world.game / "new-and-longer.vtn", .key = key});
+                return answers.report(done.statusText);
+            }
+        }
+    };
+    for (const Place place : {Alone, WithTwoNames, BehindALink}) {
+        operations.push_back(OnFile("replace a configuration's name", "config.cfg", place, config, saveName));
+        operations.push_back(OnFile("replace a binding", "config.cfg", place, config, bind));
+    }
+    const std::string nothing = "fov 90\r\n";
+    for (const Place place : {Absent, Alone, WithTwoNames}) {
+        operations.push_back(OnFile("add a name to a configuration", "config.cfg", place, nothing, saveName));
+        operations.push_back(OnFile("add a binding", "config.cfg", place, nothing, bind));
+    }
+}
+
+void AddProgramsFiles(std::vector<Operation>& operations) {
+    const auto keyMap = [](const World& world) {
+        return std::vector<ui::Path>{world.directory.folder() / editing::KeyMapName};
+    };
+    const auto writeKeys = [](World& world) {
+        editing::KeyMaps keys;
+        keys.inFile = editing::DefaultKeyMap();
+        keys.used[3] = {1, 2, 3};
+        return ReportOf(editing::WriteKeyMap(world.files, world.directory, keys));
+    };
+    operations.push_back({"write the key map, new", [](World&) {}, writeKeys, keyMap});
+    operations.push_back(
+        {"write the key map, replaced",
+         [](World& world) {
+             world.directory.files.put("vtmkeys.ini", editing::KeyMapText(editing::DefaultKeyMap()));
+         },
+         writeKeys, keyMap});
+    operations.push_back(
+        {"write the key map, damaged", [](World& world) { world.directory.files.put("vtmkeys.ini", "1,2"); },
+         writeKeys, keyMap, false, true});
+
+    const auto settings = [](const World& world) {
+        return std::vector<ui::Path>{world.home / "VTM" / "VTM.ini"};
+    };
+    const auto save = [](World& world) {
+        ui::qt::IniSettingsStore store(world.files, world.home / "VTM" / "VTM.ini");
+        store.write("options", "color2", "7");
+        store.write("NameFiles", "RecentFile1", "/home/me/a.vtn");
+        return ReportOf(store.save());
+    };
+    for (const auto& [title, before] : std::vector<std::pair<std::string, std::string>>{
+             {"replaced", "[options]\ncolor1=1\ncolor2=2\n"},
+             {"damaged", "[options]\ncolor1=1\nno setting\n"}}) {
+        operations.push_back(
+            {"save the settings, " + title,
+             [before = before](World& world) { world.home.put("VTM/VTM.ini", before); }, save, settings,
+             false, title == "damaged"});
+    }
+    operations.push_back({"save the settings, new", [](World&) {}, save, settings});
+}
+
+ui::Picture SmallPicture(unsigned shade) {
+    ui::Picture picture(128, 128);
+    for (int y = 0; y < 128; ++y) {
+        for (int x = 0; x < 128; ++x) {
+            picture.setPixel(x, y, ui::OpaquePixel(static_cast<unsigned>(x / 8), y < 64 ? 9U : 200U, shade));
+        }
+    }
+    return picture;
+}
+
+void PutCharSet(const World& world) {
+    world.directory.files.put(
+        "vtmtc.dat",
+        glyphs::EncodeCharSetRecord({.listIndex = 0, .name = "Old", .webAddress = "", .artworkSlot = 0}));
+    ui::Bytes slot = glyphs::EncodeGif(SmallPicture(0)).value();
+    slot.resize(glyphs::ArtworkSlotSize, '\0');
+    world.directory.files.put("vtmgrid.dat", slot);
+    world.game.put("new.gif", glyphs::EncodeGif(SmallPicture(1)).value());
+    world.game.put("a.vtn", "// Name File Created by Vortigo\r\nname \"player\"\r\n");
+}
+
+template <class Command>
+Report RunTool(Command command, World& world, const std::vector<std::string>& arguments) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    const int end = command(arguments, world, output, errors);
+    return {end == 0, output.str() + errors.str()};
+}
+
+Report RunCharSet(World& world, const std::vector<std::string>& arguments) {
+    return RunTool(
+        [](const auto& list, World& where, std::ostream& output, std::ostream& errors) {
+            return charset::RunCommand(list, {where.files, where.directory, output, errors, 80});
+        },
+        world, arguments);
+}
+
+void AddTools(std::vector<Operation>& operations) {
+    const auto sets = [](const World& world) {
+        return std::vector<ui::Path>{
+            world.directory.folder() / "vtmtc.dat", world.directory.folder() / "vtmgrid.dat"};
+    };
+    operations.push_back(
+        {"add a character set", PutCharSet,
+         [](World& world) {
+             return RunCharSet(world, {"add", "New", (world.game / "new.gif").native()});
+         },
+         sets});
+    operations.push_back(
+        {"remove a character set",
+         [](World& world) {
+             PutCharSet(world);
+             (void)RunCharSet(world, {"add", "New", (world.game / "new.gif").native()});
+         },
+         [](World& world) {
+             return RunCharSet(world, {"remove", "New"});
+         },
+         sets});
+    for (const bool isThere : {false, true}) {
+        const std::string how = isThere ? ", replaced" : ", new";
+        operations.push_back(
+            {"export a character set" + how,
+             [isThere](World& world) {
+                 PutCharSet(world);
+                 Put(world, "x.png", isThere ? Lies::Alone : Lies::Absent, "a picture of the user");
+             },
+             [](World& world) {
+                 return RunCharSet(world, {"export", "1", (world.game / "x.png").native()});
+             },
+             [](const World& world) {
+                 return std::vector<ui::Path>{world.game / "x.png"};
+             }});
+        operations.push_back(
+            {"draw a thumbnail" + how,
+             [isThere](World& world) {
+                 PutCharSet(world);
+                 Put(world, "x.png", isThere ? Lies::Alone : Lies::Absent, "a picture of the user");
+             },
+             [](World& world) {
+                 return RunTool(
+                     [](const auto& list, World& where, std::ostream& output, std::ostream& errors) {
+                         return thumbnail::RunCommand(list, {where.files, where.directory, output, errors});
+                     },
+                     world, {(world.game / "a.vtn").native(), (world.game / "x.png").native()});
+             },
+             [](const World& world) {
+                 return std::vector<ui::Path>{world.game / "x.png"};
+             }});
+    }
+}
+
+void AddDesktop(std::vector<Operation>& operations) {
+    for (const bool isThere : {false, true}) {
+        operations.push_back(
+            {std::string("write a shortcut") + (isThere ? ", replaced" : ", new"),
+             [isThere](World& world) {
+                 if (isThere) {
+                     world.directory.files.put(
+                         "temphtm.url", shell::ShortcutText("https://old.example.org/"));
+                 }
+             },
+             [](World& world) {
+                 return ReportOf(ui::WriteFile(
+                     world.files, world.directory.toWrite(shell::ScratchShortcutName),
+                     shell::ShortcutText("https://example.org/"), ui::Links::Replace));
+             },
+             [](const World& world) {
+                 return std::vector<ui::Path>{world.directory.folder() / "temphtm.url"};
+             }});
+        operations.push_back(
+            {std::string("register the file types") + (isThere ? ", replaced" : ", new"),
+             [isThere](World& world) {
+                 if (isThere) {
+                     ui::qt::FreedesktopFileTypes types(world.home / "data", "/usr/bin/old-vtm");
+                     shell::WriteFileAssociations(types, "/usr/bin");
+                 }
+             },
+             [](World& world) {
+                 // Any program that is there, at the same path in every case.
+                 const ui::Path program = "/bin/sh";
+                 ui::qt::FreedesktopFileTypes types(world.home / "data", program);
+                 types.registerTypes(shell::FileAssociations(program.parent_path()), program);
+                 return Report{true, ""};
+             },
+             [](const World& world) {
+                 std::vector<ui::Path> files{world.home / "data/mime/packages/vtm.xml"};
+                 for (const char* name : {"name", "animation", "message"}) {
+                     files.push_back(
+                         world.home / "data/applications" / (std::string("vtm-") + name + ".desktop"));
+                 }
+                 return files;
+             },
+             true, false});
+    }
+}
+
+} // namespace
+
+std::vector<Operation> AllOperations() {
+    std::vector<Operation> operations;
+    AddScripts(operations);
+    AddConfigs(operations);
+    AddProgramsFiles(operations);
+    AddTools(operations);
+    AddDesktop(operations);
+    return operations;
+}
+
+std::string NextStart(World& world) {
+    Answers answers;
+    ui::TellOfKeptCopies(answers, world.files);
+    return answers.report().messages;
+}
+
+} // namespace faults
