@@ -114,3 +114,20 @@ TEST_F(Looks, EveryLabelStandsOutFromTheWindow) {
         EXPECT_GE(Contrast(text, background), 4.5) << label->text().toStdString();
     }
 }
+
+TEST_F(Looks, TheGridFillsItsFrame) {
+    startOn(Page::Name);
+    const auto* const grid = find<QWidget>("ImgGrid");
+    EXPECT_EQ(grid->geometry(), grid->parentWidget()->contentsRect());
+}
+
+TEST_F(Looks, TheCursorsPlaceHasRoomForTheLongest) {
+    startOn(Page::Animation);
+    const auto* const place = find<QLabel>("lblCurPos");
+    EXPECT_GE(place->width(), place->fontMetrics().horizontalAdvance(QStringLiteral("15,90")));
+    const QRect before = place->geometry();
+    find<QScrollBar>("AniTotalScroll")->setValue(90);
+    press(Qt::Key_End, Qt::ControlModifier);
+    press(Qt::Key_End);
+    EXPECT_EQ(place->geometry(), before);
+}
