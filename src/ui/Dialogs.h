@@ -38,7 +38,7 @@ struct FileDialogRequest {
     std::string title;       ///< empty: the platform's own title
     std::string initialName; ///< what stands in the file-name box, for example "*.vtn"
     std::vector<FileFilter> filters;
-    Path folder;                 ///< where it starts; empty: the current folder
+    Path folder;                 ///< where it starts; empty: where the last one ended, or the current folder
     std::string extension;       ///< added to a saved name that has none, with its dot; empty: none
     bool asksToOverwrite = true; ///< save dialogs: whether an existing file is asked about
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "FileDialogs.h"
 #include "ModalDialogs.h"
 #include "support/TempProgramDirectory.h"
 #include "ui/qt/QtDialogs.h"
@@ -20,42 +21,14 @@
 
 namespace {
 
+using modal::Listed;
+using modal::NameEdit;
+using modal::NameRequest;
 using modal::PressKey;
+using modal::TypeName;
 using modal::WhenShown;
 using support::TempFolder;
 using ui::qt::QtDialogs;
-
-ui::FileDialogRequest NameRequest(const TempFolder& folder) {
-    ui::FileDialogRequest request;
-    request.title = "Save as a Script File";
-    request.initialName = "*.vtn";
-    request.filters = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
-    request.folder = folder.path();
-    request.extension = ".vtn";
-    return request;
-}
-
-QLineEdit* NameEdit(const QFileDialog& dialog) {
-    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-}
-
-void TypeName(const QFileDialog& dialog, const QString& text) {
-    QLineEdit* edit = NameEdit(dialog);
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QTest::keyClick(edit, Qt::Key_Return);
-}
-
-/// The names that the dialog lists.
-QStringList Listed(const QFileDialog& dialog) {
-    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
-    QStringList names;
-    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
-        names << list->model()->index(row, 0, list->rootIndex()).data().toString();
-    }
-    names.sort();
-    return names;
-}
 
 TEST(FileDialog, OpensWithTheNameSelectedAndTheFilterAsGiven) {
     const TempFolder folder;

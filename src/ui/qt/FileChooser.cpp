@@ -4,6 +4,7 @@
 
 #include "ui/qt/LineLabel.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -16,6 +17,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace ui::qt {
 
@@ -60,31 +62,65 @@ bool IsPattern(const QString& name) {
 
 } // namespace
 
-FileChooser::FileChooser(const FileDialogRequest& request, AcceptMode mode, QWidget* parent)
+FileChooser::FileChooser(
+    const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history, QWidget* parent)
     : QFileDialog(parent, QString::fromStdString(request.title)) {
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
     setOption(DontConfirmOverwrite, !request.asksToOverwrite);
     setAcceptMode(mode);
     setFileMode(mode == AcceptSave ? AnyFile : ExistingFile);
-    setDirectory(request.folder.empty() ? QDir::currentPath() : FromPath(request.folder));
+    const QString start = FromPath(request.folder.empty() ? history.last() : request.folder);
+    setDirectory(start.isEmpty() || !QFileInfo(start).isDir() ? QDir::currentPath() : start);
+    addPlaces(history);
     setNameFilters(NameFilters(request.filters));
     // When opening, a file without an extension is chosen as it is.
     if (mode == AcceptSave && !request.extension.empty()) {
         setDefaultSuffix(QString::fromStdString(request.extension));
     }
     selectFile(QString::fromStdString(request.initialName));
+    auto& rows = dynamic_cast<QGridLayout&>(*layout());
+    m_hidden = new QCheckBox(tr("Show &hidden folders"), this);
+    m_hidden->setObjectName(QStringLiteral("chkHidden"));
+    rows.addWidget(m_hidden, rows.rowCount(), 1);
+    connect(m_hidden, &QCheckBox::toggled, this, [this](bool isShown) {
+        setFilter(isShown ? filter() | QDir::Hidden : filter() & ~QDir::Hidden);
+    });
     if (request.forecast) {
         m_forecast = request.forecast;
         m_forecastLine = new LineLabel(this);
         m_forecastLine->setObjectName(QStringLiteral("lblForecast"));
-        auto& rows = dynamic_cast<QGridLayout&>(*layout());
         rows.addWidget(m_forecastLine, rows.rowCount(), 0, 1, -1);
     }
     // Once the toolkit is through with the text and what it selects.
     connect(
         nameEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { showTyped(text); },
         Qt::QueuedConnection);
+}
+
+FileChooser::~FileChooser() {
+    // The toolkit keeps them for every program.
+    setSidebarUrls(m_places);
+}
+
+void FileChooser::addPlaces(const FolderHistory& history) {
+    m_places = sidebarUrls();
+    QList<QUrl> places = m_places;
+    for (const Path& folder : history.folders()) {
+        const QUrl place = QUrl::fromLocalFile(FromPath(folder));
+        if (QFileInfo(place.toLocalFile()).isDir() && !places.contains(place)) {
+            places << place;
+        }
+    }
+    setSidebarUrls(places);
+}
+
+bool FileChooser::showsHidden() const {
+    return m_hidden->isChecked();
+}
+
+void FileChooser::showHidden(bool isShown) {
+    m_hidden->setChecked(isShown);
 }
 
 Path FileChooser::chosenPath() const {

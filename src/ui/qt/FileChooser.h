@@ -3,9 +3,11 @@
 #pragma once
 
 #include "ui/Dialogs.h"
+#include "ui/FolderHistory.h"
 
 #include <QFileDialog>
 
+class QCheckBox;
 class QLineEdit;
 
 namespace ui::qt {
@@ -18,7 +20,18 @@ class FileChooser final : public QFileDialog {
     Q_OBJECT
 
 public:
-    FileChooser(const FileDialogRequest& request, AcceptMode mode, QWidget* parent);
+    /// Starts in the folder that is asked for, or else in the last one of the history.
+    FileChooser(
+        const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history, QWidget* parent);
+    FileChooser(const FileChooser&) = delete;
+    FileChooser& operator=(const FileChooser&) = delete;
+    FileChooser(FileChooser&&) = delete;
+    FileChooser& operator=(FileChooser&&) = delete;
+    ~FileChooser() override;
+
+    /// Whether hidden folders and files are listed.
+    [[nodiscard]] bool showsHidden() const;
+    void showHidden(bool isShown);
 
     /// The chosen file, once the dialog was accepted.
     [[nodiscard]] Path chosenPath() const;
@@ -29,6 +42,9 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// Adds the folders of the history to the side bar.
+    void addPlaces(const FolderHistory& history);
+
     [[nodiscard]] QLineEdit* nameEdit() const;
 
     /// The file that the typed name leads to.
@@ -47,6 +63,8 @@ private:
     /// Lists only what matches the patterns of `text`, which may begin with a folder to list.
     void narrow(const QString& text);
 
+    QList<QUrl> m_places; ///< the side bar's own
+    QCheckBox* m_hidden = nullptr;
     QString m_typed; ///< what acceptTyped() accepted
     std::function<std::string(const Path&)> m_forecast;
     LineLabel* m_forecastLine = nullptr;

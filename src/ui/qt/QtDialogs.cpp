@@ -85,14 +85,6 @@ QWidget* Parent() {
     return nullptr;
 }
 
-std::optional<Path> ChooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode) {
-    FileChooser chooser(request, mode, Parent());
-    if (chooser.exec() != QDialog::Accepted) {
-        return {};
-    }
-    return chooser.chosenPath();
-}
-
 } // namespace
 
 Answer QtDialogs::box(const Message& message) {
@@ -121,12 +113,25 @@ Answer QtDialogs::box(const Message& message) {
     }
 }
 
+std::optional<Path> QtDialogs::chooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode) {
+    FileChooser chooser(request, mode, m_folders, Parent());
+    chooser.showHidden(m_showsHidden);
+    const bool isChosen = chooser.exec() == QDialog::Accepted;
+    m_showsHidden = chooser.showsHidden();
+    if (!isChosen) {
+        return {};
+    }
+    const Path chosen = chooser.chosenPath();
+    m_folders.add(chosen.parent_path());
+    return chosen;
+}
+
 std::optional<Path> QtDialogs::chooseFileToOpen(const FileDialogRequest& request) {
-    return ChooseFile(request, QFileDialog::AcceptOpen);
+    return chooseFile(request, QFileDialog::AcceptOpen);
 }
 
 std::optional<Path> QtDialogs::chooseFileToSave(const FileDialogRequest& request) {
-    return ChooseFile(request, QFileDialog::AcceptSave);
+    return chooseFile(request, QFileDialog::AcceptSave);
 }
 
 std::optional<Pixel> QtDialogs::chooseColour(Pixel initial) {

@@ -3,16 +3,32 @@
 #pragma once
 
 #include "ui/Dialogs.h"
+#include "ui/FolderHistory.h"
+
+#include <QFileDialog>
 
 namespace ui::qt {
 
 /// Message boxes, file choosers and the colour chooser of the toolkit, over the window that is active.
+/// A file dialog that is asked for without a folder starts where the last one ended.
 class QtDialogs final : public Dialogs {
 public:
+    QtDialogs() = default;
+
+    /// Keeps the folders in which files were chosen in the store, which outlives the dialogs.
+    explicit QtDialogs(SettingsStore& store)
+        : m_folders(store) {}
+
     Answer box(const Message& message) override;
     std::optional<Path> chooseFileToOpen(const FileDialogRequest& request) override;
     std::optional<Path> chooseFileToSave(const FileDialogRequest& request) override;
     std::optional<Pixel> chooseColour(Pixel initial) override;
+
+private:
+    std::optional<Path> chooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode);
+
+    FolderHistory m_folders;
+    bool m_showsHidden = false;
 };
 
 } // namespace ui::qt

@@ -29,13 +29,13 @@ public:
 
 private:
     LateFocus m_lateFocus;
-    QtDialogs m_dialogs;
     DesktopProgramDirectory m_directory;
     DiskFiles m_files{m_directory.spareFolder()};
     QtClipboard m_clipboard;
     SdlSoundPlayer m_sounds;
     XkbLockKeys m_lockKeys;
     IniSettingsStore m_settings{m_files, IniSettingsStore::UsersFile()};
+    QtDialogs m_dialogs{m_settings};
     FreedesktopFileTypes m_fileTypes;
     DesktopLauncher m_launcher;
     Platform m_platform{m_dialogs,  m_files,     m_clipboard, m_sounds,   m_lockKeys,
