@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/CommandLine.h"
 
+#include "shell/Product.h"
+
 #include <algorithm>
 
 namespace shell {
@@ -14,13 +16,27 @@ struct Switch {
     editing::Page shown;
 };
 
-// Tried in this order. An animation file is followed by the Name page and a name file by the Animation page:
-// people who start the program with a file have always been shown these.
+// Tried in this order. An animation file is followed by the Name page and a name file by the Animation page,
+// which is meant.
 constexpr std::array<Switch, 3> Switches{{
     {" /animation ", editing::Page::Animation, editing::Page::Name},
     {" /name ", editing::Page::Name, editing::Page::Animation},
     {" /macro ", editing::Page::Messages, editing::Page::Messages},
 }};
+
+constexpr auto Usage =
+    R"(Usage: vtm
+       vtm " /name FILE"
+       vtm " /animation FILE"
+       vtm " /macro FILE"
+
+Edits the names, name animations and messages of Quake and Quake2 players. A FILE
+that is given is loaded: a name script, an animation or messages. The blank before
+the switch is a part of the argument.
+
+  --help     print this, and end
+  --version  print the version, and end
+)";
 
 /// The switch that an argument of its own is: with the blank before it, the blank after it being the one that
 /// arguments are joined by.
@@ -51,6 +67,22 @@ std::string_view BetweenQuotes(std::string_view text) {
 }
 
 } // namespace
+
+std::optional<std::string> TextToPrint(std::span<const std::string> arguments) {
+    if (arguments.size() == 1 && arguments[0] == "--help") {
+        return Usage;
+    }
+    if (arguments.size() == 1 && arguments[0] == "--version") {
+        return std::string("vtm ") + ProductVersion + '\n';
+    }
+    return {};
+}
+
+std::string ReadAtStartText(const std::string& name, editing::Page kind) {
+    constexpr std::array<const char*, 3> Pages{"Name", "Animation", "Messages"};
+    return ui::PathText(name) + " was read and is on the page " + Pages.at(static_cast<std::size_t>(kind)) +
+           '.';
+}
 
 std::string JoinArguments(std::span<const std::string> arguments) {
     std::string text;

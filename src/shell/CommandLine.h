@@ -40,6 +40,17 @@ constexpr std::array<IntroFile, 3> IntroFiles{{
     {editing::Page::Messages, "intro.vtm"},
 }};
 
+/// How a command line is written that loads a script, for people who wrote one that loads nothing.
+constexpr std::string_view HowToLoad =
+    "The command line names no script. Write it like this: vtm \" /name my.vtn\"";
+
+/// Which page holds the script that the command line named; another may be shown.
+[[nodiscard]] std::string ReadAtStartText(const std::string& name, editing::Page kind);
+
+/// What the program prints when `--help` or `--version` is its only argument, in place of everything else;
+/// nothing for other arguments.
+[[nodiscard]] std::optional<std::string> TextToPrint(std::span<const std::string> arguments);
+
 /// The arguments (without the program's own name and the toolkit's options) as one text, a blank between any
 /// two.
 [[nodiscard]] std::string JoinArguments(std::span<const std::string> arguments);

@@ -115,7 +115,8 @@ private:
     ui::Status loadSettings();
     void registerFileTypes();
     void restoreWindow();
-    void loadScript(
+    /// Reads a script into its page and tells of it. Whether it was read to its end.
+    bool loadScript(
         editing::Page kind, const ui::Path& path,
         animation::OpenFailure openFailure = animation::OpenFailure::StatusLine);
     void openRecent(editing::Page kind, int index);

@@ -72,7 +72,7 @@ void frmVTM::mnuNewMessages_Click() {
     Refresh();
 }
 
-void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure openFailure) {
+bool frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure openFailure) {
     const auto repaint = [this, kind] {
         repaintPage(kind);
         panel(kind).syncScrollBars();
@@ -83,7 +83,7 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         const auto outcome = scripts::LoadNameScript(
             m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.name, repaint);
         showStatus(outcome.statusText);
-        break;
+        return outcome.loaded;
     }
     case Page::Animation: {
         editing::AnimationDocument& animation = m_workspace.documents.animation;
@@ -101,16 +101,17 @@ void frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
         if (outcome.hasUnshownNames) {
             m_statusLine->offerShow();
         }
-        break;
+        return outcome.end == animation::ScriptEnd::Read;
     }
     case Page::Messages: {
         const auto outcome = scripts::LoadMessageScript(
             m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.messages,
             repaint);
         showStatus(outcome.statusText);
-        break;
+        return outcome.loaded;
     }
     }
+    return false;
 }
 
 /// Paints the animation after a reading that was abandoned.

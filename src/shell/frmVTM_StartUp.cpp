@@ -4,6 +4,7 @@
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
 #include "shell/StartCharSet.h"
+#include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
 #include "shell/mdlLaunch.h"
 #include "shell/mdlRegistry.h"
@@ -69,8 +70,15 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
                 file = start.file->folder / file;
             }
         }
-        loadScript(start.file->kind, file);
+        if (loadScript(start.file->kind, file)) {
+            const std::string more = m_statusLine->currentMessage().toStdString();
+            showStatus(
+                ReadAtStartText(file.filename().native(), start.file->kind) +
+                (more.empty() ? "" : " " + more));
+        }
         m_workspace.settings.makeType = static_cast<std::int16_t>(start.file->shown);
+    } else {
+        showStatus(std::string(HowToLoad));
     }
     rebuildRecentMenus();
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "shell/CommandLine.h"
 #include "shell/Icons.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/QtPlatform.h"
@@ -7,6 +8,7 @@
 
 #include <QApplication>
 #include <QSocketNotifier>
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <iostream>
@@ -59,6 +61,11 @@ void CloseOnTermination(shell::frmVTM& window) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    if (const auto text =
+            shell::TextToPrint(std::vector<std::string>(argv + std::min(argc, 1), argv + argc))) {
+        std::cout << *text;
+        return 0;
+    }
     ui::SurviveFileSizeLimit();
     QApplication application(argc, argv);
     // Whatever the program is started as: by these the desktop finds the entry that a window belongs to.
@@ -72,6 +79,9 @@ int main(int argc, char* argv[]) {
     // What the toolkit has not taken for itself, as the bytes that it came as: paths need not be valid text.
     const std::vector<std::string> arguments(argv + 1, argv + argc);
 
+    if (const shell::StartFiles start = shell::ReadArguments(arguments); !start.intro && !start.file) {
+        std::cerr << shell::HowToLoad << '\n';
+    }
     shell::frmVTM window(platform);
     CloseOnTermination(window);
     // A desktop session that ends asks the application to quit without closing its windows.

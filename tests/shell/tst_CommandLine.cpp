@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/CommandLine.h"
 
+#include "shell/Product.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -35,6 +37,32 @@ shell::StartFiles started(const std::vector<std::string>& arguments) {
 }
 
 } // namespace
+
+TEST(CommandLine, PrintsHelpAndVersionOnlyWhenAskedForNothingElse) {
+    EXPECT_EQ(
+        shell::TextToPrint(std::vector<std::string>{"--version"}),
+        "vtm " + std::string(shell::ProductVersion) + "\n");
+    const auto help = shell::TextToPrint(std::vector<std::string>{"--help"});
+    ASSERT_TRUE(help);
+    for (const char* part :
+         {"vtm \" /name FILE\"", "vtm \" /animation FILE\"", "vtm \" /macro FILE\"", "--help", "--version"}) {
+        EXPECT_NE(help->find(part), std::string::npos) << part;
+    }
+    for (const std::vector<std::string>& others :
+         {std::vector<std::string>{},
+          {"--helpful"},
+          {" /name --help"},
+          {" /name", "--help"},
+          {"--help", "x"}}) {
+        EXPECT_FALSE(shell::TextToPrint(others));
+    }
+}
+
+TEST(CommandLine, IsAdvisedAsItIsRead) {
+    const std::string advice(shell::HowToLoad);
+    const std::size_t quote = advice.find('"');
+    EXPECT_TRUE(shell::ParseCommandLine(advice.substr(quote)));
+}
 
 TEST(CommandLine, EachSwitchLoadsItsKind) {
     expectParsed(" /animation /dir/x.vta", {Page::Animation, "/dir", "x.vta", Page::Name});

@@ -10,6 +10,7 @@
 #include "shell/frmOptions.h"
 
 #include <QStatusBar>
+#include <filesystem>
 
 using editing::Page;
 
@@ -154,4 +155,34 @@ TEST_F(Status, KeepsWhatASaveHadToTellWhenTheBindingThatFollowsItIsCancelled) {
         "Would you like to use the Binding Wizard to bind the script file you just saved?", ui::Answer::Yes);
     chooseAndUse<scripts::frmBindWiz>("mnuFileSaveAni_0", [](scripts::frmBindWiz&) {});
     EXPECT_NE(status(), "");
+}
+
+TEST_F(Status, TellsWhichPageHoldsTheScriptOfTheCommandLine) {
+    const ui::Path before = std::filesystem::current_path();
+    const auto startWith = [this](const char* argument, const char* name, const char* script) {
+        start({argument + fake.directory.files.put(name, script).native()});
+    };
+    startWith(" /name ", "x.vtn", "// Name File Created by Vortigo\r\nname \"cmd\"\r\n");
+    EXPECT_EQ(status(), "x.vtn was read and is on the page Name.");
+    startWith(" /macro ", "x.vtm", "// Macro File Created by Vortigo\r\nsay \"hello\"\r\n");
+    EXPECT_EQ(status().find("x.vtm was read and is on the page Messages."), 0U) << status();
+    startWith(
+        " /animation ", "x.vta",
+        "// Animation File Created by Vortigo\r\n// 15 Names In The Animation Sequence\r\nname \"a\"\r\n");
+    EXPECT_EQ(status().find("x.vta was read and is on the page Animation."), 0U) << status();
+    EXPECT_EQ(workspace().page(), Page::Name);
+    std::filesystem::current_path(before);
+}
+
+TEST_F(Status, DoesNotSayThatAScriptWasReadThatWasNot) {
+    start({" /animation /nowhere/x.vta"});
+    EXPECT_EQ(status().find("was read"), std::string::npos) << status();
+    EXPECT_NE(status(), "");
+}
+
+TEST_F(Status, TellsHowACommandLineIsWrittenThatLoadsNothing) {
+    start({"my.vtn"});
+    EXPECT_EQ(status(), "The command line names no script. Write it like this: vtm \" /name my.vtn\"");
+    start();
+    EXPECT_EQ(status(), "");
 }

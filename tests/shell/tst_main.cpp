@@ -6,7 +6,9 @@
 #include <QProcess>
 #include <QTest>
 #include <csignal>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -71,6 +73,22 @@ private:
         return place >= 0 && (caught >> (SIGTERM - 1) & 1U) != 0;
     }
 };
+
+TEST_F(Program, PrintsItsHelpAndItsVersionWithoutAScreen) {
+    QProcessEnvironment environment = process.processEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("none such"));
+    process.setProcessEnvironment(environment);
+    process.setProcessChannelMode(QProcess::SeparateChannels);
+    for (const auto& [argument, beginning] :
+         {std::pair{"--help", "Usage: vtm\n"}, std::pair{"--version", "vtm 1."}}) {
+        process.start(QStringLiteral(VTM_PROGRAM_DIR "/VTM"), {QLatin1String(argument)});
+        ASSERT_TRUE(process.waitForFinished(20000));
+        EXPECT_EQ(process.exitCode(), 0);
+        EXPECT_TRUE(process.readAllStandardOutput().startsWith(beginning)) << argument;
+        EXPECT_EQ(process.readAllStandardError(), QByteArray());
+    }
+    EXPECT_FALSE(std::filesystem::exists(home / "config")) << "nothing is written";
+}
 
 TEST_F(Program, EndsWhenItIsToldToAndSavesItsSettings) {
     start({});
