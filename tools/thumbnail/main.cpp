@@ -10,7 +10,7 @@
 int main(int argc, char** argv) {
     ui::SurviveFileSizeLimit();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-    ui::DiskFiles files;
     const ui::DesktopProgramDirectory directory;
+    ui::DiskFiles files(directory.spareFolder());
     return thumbnail::RunCommand(arguments, {files, directory, std::cout, std::cerr});
 }

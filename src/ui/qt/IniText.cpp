@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/IniText.h"
 
-#include "ui/FileWriter.h"
-
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -56,6 +54,19 @@ IniValues ValuesOf(QSettings& settings) {
     return values;
 }
 
+/// Makes a file that need not come to the disk.
+Status MakeScratchFile(Files& files, const Path& path, std::string_view bytes) {
+    auto file = files.open(path, Files::OpenMode::CreatePrivate);
+    if (!file) {
+        return file.failure();
+    }
+    Status done = file.value()->write(bytes);
+    if (done) {
+        done = file.value()->check(bytes);
+    }
+    return done ? file.value()->close() : done;
+}
+
 /// Lets the toolkit put the values into a file that nobody else knows of and that holds `before`.
 Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSections& values) {
     QSettings settings(FileName(file), QSettings::IniFormat);
@@ -97,7 +108,7 @@ Result<IniText> WithIniValues(std::string_view before, const IniSections& values
     const Path path = QFile::encodeName(folder.path()).toStdString();
     DiskFiles files;
     const Path original = path / "before.ini";
-    if (auto made = WritePrivateCopy(files, original, before); !made) {
+    if (auto made = MakeScratchFile(files, original, before); !made) {
         return made.failure();
     }
     // The toolkit takes what it fails to read for a file with nothing in it: so it reads twice, each time
