@@ -9,6 +9,7 @@
 #include "shell/AboutBanner.h"
 #include "shell/Product.h"
 #include "shell/mdlLaunch.h"
+#include "ui/qt/DialogButtons.h"
 
 namespace shell {
 
@@ -37,7 +38,11 @@ frmAbout::frmAbout(const ui::Platform& platform, const glyphs::GlyphAtlas& atlas
     bold.setBold(true);
     m_form->lblVersion->setFont(bold);
     m_form->lblVersion->setText(QStringLiteral("Vortigo (VTM) %1").arg(QString::fromLatin1(ProductVersion)));
-    for (auto* const button : {m_form->cmdGotoVTM, m_form->cmdEmailMe, m_form->cmdOK}) {
+    cmdOK = ui::qt::NameButton(
+        *m_form->buttons, QDialogButtonBox::Ok, QStringLiteral("cmdOK"), QStringLiteral("OK"));
+    cmdOK->setDefault(true);
+    for (auto* const button : {m_form->cmdGotoVTM, m_form->cmdEmailMe, cmdOK}) {
+        button->setFocusPolicy(Qt::NoFocus);
         button->installEventFilter(this);
     }
     connectControls();
@@ -48,7 +53,7 @@ frmAbout::~frmAbout() = default;
 void frmAbout::connectControls() {
     connect(m_form->cmdGotoVTM, &QPushButton::clicked, this, &frmAbout::cmdGotoVTM_Click);
     connect(m_form->cmdEmailMe, &QPushButton::clicked, this, &frmAbout::cmdEmailMe_Click);
-    connect(m_form->cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
+    connect(cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
 }
 
 bool frmAbout::eventFilter(QObject* watched, QEvent* event) {

@@ -12,6 +12,8 @@
 
 class QKeyEvent;
 
+class QPushButton;
+
 namespace Ui {
 class frmAbout;
 }
@@ -43,6 +45,7 @@ private:
     const ui::Platform& m_platform;
     ui::Picture m_banner;
     std::unique_ptr<Ui::frmAbout> m_form;
+    QPushButton* cmdOK = nullptr;
 };
 
 } // namespace shell

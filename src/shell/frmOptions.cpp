@@ -79,11 +79,6 @@ frmOptions::frmOptions(
         style()->pixelMetric(QStyle::PM_IndicatorWidth) +
         style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
 
-    QFont underlined = m_form->cmdDefaultSS->font();
-    underlined.setUnderline(true);
-    m_form->cmdDefaultSS->setFont(underlined);
-    m_form->cmdDefaultSS->setCursor(Qt::PointingHandCursor);
-
     m_form->ImgGrid->setBlock(glyphs::CellBlock);
     m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -615,4 +616,24 @@ TEST_F(OptionsDialog, FitsTheSmallestScreenAtTwiceItsSize) {
     open();
     EXPECT_LE(dialog->width(), 510);
     EXPECT_LE(dialog->height(), 370);
+}
+
+TEST_F(OptionsDialog, TheGroupsOfAllPagesHaveTheSameMargins) {
+    open();
+    for (const auto* const group : dialog->findChildren<QGroupBox*>()) {
+        EXPECT_EQ(group->layout()->contentsMargins(), QMargins(8, 3, 8, 3))
+            << group->objectName().toStdString();
+        EXPECT_EQ(group->parentWidget()->layout()->contentsMargins(), QMargins(7, 4, 7, 2))
+            << group->objectName().toStdString();
+    }
+}
+
+TEST_F(OptionsDialog, TheKeysStripsStandUnderTheMiddleOfTheirHeadings) {
+    open();
+    find<QTabWidget>("tabOptions")->setCurrentIndex(5);
+    for (const char* number : {"0", "1", "2"}) {
+        const QRect heading = find<QLabel>((std::string("lblKeyStrip_") + number).c_str())->geometry();
+        const QRect strip = find<QWidget>((std::string("picKeyStripCont_") + number).c_str())->geometry();
+        EXPECT_LE(std::abs(heading.center().x() - strip.center().x()), 1) << number;
+    }
 }
