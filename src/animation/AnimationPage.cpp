@@ -152,6 +152,9 @@ void AnimationPage::layOut() {
 
     auto* names = new QGridLayout;
     names->setSpacing(2);
+    for (QLabel* const number : lblNum) {
+        number->setAlignment(Qt::AlignRight);
+    }
     names->addWidget(lblNum[0], 0, 0, Qt::AlignTop | Qt::AlignRight);
     names->addWidget(lblNum[1], 0, 0, Qt::AlignBottom | Qt::AlignRight);
     names->addWidget(frame, 0, 1);

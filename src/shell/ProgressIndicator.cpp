@@ -46,6 +46,10 @@ void ProgressIndicator::showPercentage(int percentage) {
 }
 
 void ProgressIndicator::paintEvent(QPaintEvent*) {
+    // At rest its place stays empty, and nothing beside it moves.
+    if (m_percentage == 0) {
+        return;
+    }
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(0, height() / 2, width(), height() / 2);

@@ -6,7 +6,8 @@
 
 namespace shell {
 
-/// A small picture that moves along a bar in steps of ten per cent while a page is painted.
+/// A small picture that moves along a bar in steps of ten per cent while a page is painted; nothing is seen
+/// of it at 0.
 class ProgressIndicator : public QWidget {
     Q_OBJECT
 

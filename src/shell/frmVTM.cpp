@@ -13,6 +13,7 @@
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
+#include "ui/qt/LineLabel.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
@@ -20,9 +21,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolButton>
+#include <algorithm>
 
 namespace shell {
 
@@ -165,6 +168,7 @@ void frmVTM::mnuView_Click(int index) {
         picTab[i]->setActive(static_cast<int>(i) == index);
     }
     m_pageActions.at(index)->setChecked(true);
+    menu("mnuView")->actions().at(index)->setChecked(true);
     m_pages->setCurrentIndex(index);
     const std::array<QString, 3> titles{
         QStringLiteral("Vortigo [Name]"), QStringLiteral("Vortigo [Animation]"),
@@ -218,6 +222,13 @@ void frmVTM::applyModes() {
 }
 
 void frmVTM::paintGlyphButtons() {
+    const bool isCounted = std::ranges::any_of(m_workspace.settings.frequent, [](glyphs::GlyphCode code) {
+        return code != 0 && code != glyphs::BlankGlyph;
+    });
+    lblFrequent->tell(
+        isCounted ? tr("Frequent") : tr("Frequent: use \u03A3"),
+        tr("The glyphs that your name, animation and messages hold most often, once \u03A3 has counted "
+           "them"));
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
         cmdFrequent[i]->setGlyph(m_workspace.atlas, m_workspace.settings.frequent[i]);
     }

@@ -25,6 +25,7 @@ class QToolBar;
 class QToolButton;
 
 namespace ui::qt {
+class LineLabel;
 class MarkerShape;
 class PictureWidget;
 } // namespace ui::qt
@@ -220,6 +221,7 @@ private:
     std::array<QToolButton*, 4> cmdKey{};
     editing::DirectionPad* imgDir = nullptr;
     QLabel* lblCurPos = nullptr;
+    ui::qt::LineLabel* lblFrequent = nullptr;
     std::array<TabPicture*, 3> picTab{};
     QStackedWidget* m_pages = nullptr;
     editing::NamePage* m_namePage = nullptr;

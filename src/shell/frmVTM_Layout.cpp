@@ -13,6 +13,7 @@
 #include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
 #include "shell/frmVTM.h"
+#include "ui/qt/LineLabel.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
@@ -100,7 +101,9 @@ QWidget* frmVTM::buildGlyphColumn() {
     favourites->addLayout(favouriteRow);
     auto* frequents = new QVBoxLayout;
     frequents->setSpacing(3);
-    frequents->addWidget(new QLabel(tr("Frequent"), column));
+    lblFrequent = new ui::qt::LineLabel(column);
+    lblFrequent->setObjectName(QStringLiteral("lblFrequent"));
+    frequents->addWidget(lblFrequent);
     auto* frequentRow = new QHBoxLayout;
     frequentRow->setSpacing(2);
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {

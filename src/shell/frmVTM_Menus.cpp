@@ -325,6 +325,11 @@ void frmVTM::buildMenus() {
             action->setObjectName(QLatin1String(entry.name));
         }
     }
+    auto* pages = new QActionGroup(this);
+    for (QAction* action : menu("mnuView")->actions()) {
+        action->setCheckable(true);
+        pages->addAction(action);
+    }
 }
 
 QMenu* frmVTM::menu(const char* name) const {

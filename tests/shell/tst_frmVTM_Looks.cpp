@@ -3,13 +3,16 @@
 #include "MainWindow.h"
 
 #include "shell/GlyphButton.h"
+#include "shell/ProgressIndicator.h"
 #include "support/Contrast.h"
 
+#include <QAction>
 #include <QImage>
 #include <QLabel>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 using editing::Page;
 using support::Contrast;
@@ -130,4 +133,52 @@ TEST_F(Looks, TheCursorsPlaceHasRoomForTheLongest) {
     press(Qt::Key_End, Qt::ControlModifier);
     press(Qt::Key_End);
     EXPECT_EQ(place->geometry(), before);
+}
+
+TEST_F(Looks, TheProgressIsSeenOnlyWhileAPageIsPainted) {
+    startOn(Page::Animation);
+    auto* const progress = find<shell::ProgressIndicator>("picProgress");
+    const QRect place = progress->geometry();
+    const auto isEmpty = [progress] {
+        const QImage image = progress->grab().toImage();
+        return countOf(image, image.pixelColor(0, 0)) == image.width() * image.height();
+    };
+    EXPECT_TRUE(isEmpty());
+    progress->showPercentage(50);
+    EXPECT_FALSE(isEmpty());
+    choose("mnuNewAni");
+    EXPECT_TRUE(isEmpty());
+    EXPECT_EQ(progress->geometry(), place) << "nothing beside it has moved";
+}
+
+TEST_F(Looks, TheViewMenuMarksThePageInView) {
+    startOn(Page::Messages);
+    for (const int page : {1, 0, 0, 2}) {
+        choose(("mnuView_" + std::to_string(page)).c_str());
+        for (int other = 0; other < 3; ++other) {
+            const auto* const entry = find<QAction>(("mnuView_" + std::to_string(other)).c_str());
+            EXPECT_EQ(entry->isChecked(), other == page);
+        }
+    }
+}
+
+TEST_F(Looks, TheNumbersOfTheNamesEndAtOneLine) {
+    startOn(Page::Animation);
+    const auto* const first = find<QLabel>("lblNum_0");
+    const auto* const last = find<QLabel>("lblNum_1");
+    EXPECT_EQ(first->geometry().right(), last->geometry().right());
+    EXPECT_TRUE(first->alignment().testFlag(Qt::AlignRight));
+    EXPECT_TRUE(last->alignment().testFlag(Qt::AlignRight));
+}
+
+TEST_F(Looks, TheFrequentGlyphsSayWhereTheyComeFromUntilTheyAreCounted) {
+    startOn(Page::Name);
+    const auto* const label = find<QLabel>("lblFrequent");
+    const QRect place = label->geometry();
+    EXPECT_EQ(label->text(), QStringLiteral("Frequent: use \u03A3"));
+    EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width());
+    type("a");
+    QTest::mouseClick(find("cmdCalcFrequent"), Qt::LeftButton);
+    EXPECT_EQ(label->text(), QStringLiteral("Frequent"));
+    EXPECT_EQ(label->geometry(), place);
 }
