@@ -37,6 +37,9 @@ struct Overloaded : Functions... {
     using Functions::operator()...;
 };
 
+template <class... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
+
 /// Widgets that have keys of their own while they are in use: an open menu, an unfolded list.
 bool KeepsItsKeys(const QWidget* widget) {
     return QApplication::activePopupWidget() != nullptr || qobject_cast<const QMenuBar*>(widget) != nullptr;

@@ -173,7 +173,7 @@ TEST_P(OnEachScreen, TheGlyphButtonsAreMadeOfWholePixels) {
 
 TEST_P(OnEachScreen, ThePicturesOfTheDialogsAreMadeOfWholePixels) {
     startThere();
-    QTimer::singleShot(0, window.get(), [this] {
+    QTimer::singleShot(0, window.get(), [] {
         const auto* const picker = qobject_cast<editing::frmGetChar*>(QApplication::activeModalWidget());
         ASSERT_NE(picker, nullptr);
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Down);
@@ -182,7 +182,7 @@ TEST_P(OnEachScreen, ThePicturesOfTheDialogsAreMadeOfWholePixels) {
         QApplication::activeModalWidget()->close();
     });
     press(Qt::Key_G, Qt::AltModifier);
-    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [this](shell::frmOptions& options) {
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [](shell::frmOptions& options) {
         options.findChild<QTabWidget*>()->setCurrentIndex(3);
         expectWhole(PictureIn(options, "ImgGrid"), 2, GetParam().block);
         options.findChild<QTabWidget*>()->setCurrentIndex(5);
@@ -194,7 +194,7 @@ TEST_P(OnEachScreen, ThePicturesOfTheDialogsAreMadeOfWholePixels) {
             EXPECT_TRUE(strip.contentsRect().contains(key.geometry())) << name;
         }
     });
-    chooseAndUse<shell::frmAbout>("mnuAboutVTM", [this](shell::frmAbout& about) {
+    chooseAndUse<shell::frmAbout>("mnuAboutVTM", [](shell::frmAbout& about) {
         expectWhole(PictureIn(about, "picBanner"), 2, GetParam().block);
     });
 }
@@ -212,7 +212,7 @@ TEST_P(OnEachScreen, ThePreviewIsMadeOfWholePixels) {
     workspace().settings.screenshot = file;
     press(Qt::Key_Home);
     type("Vortigo #8 VTM!");
-    chooseAndUse<animation::frmRankings>("mnuToolsAnimationViewer", [this](animation::frmRankings& viewer) {
+    chooseAndUse<animation::frmRankings>("mnuToolsAnimationViewer", [](animation::frmRankings& viewer) {
         viewer.findChild<QPushButton*>(QStringLiteral("cmdToEnd"))->click();
         PictureWidget& shot = PictureIn(viewer, "picScreenShot");
         PictureWidget& names = PictureIn(viewer, "AniPic");
