@@ -91,6 +91,7 @@ TEST_F(GlyphPicker, ShowsTheGridWithTheStartGlyphMarked) {
 
 TEST_F(GlyphPicker, TabGoesFromTheGridToAllButtons) {
     open('A');
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "ImgGrid");
     QStringList reached;
     for (int i = 0; i < 4; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
