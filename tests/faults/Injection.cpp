@@ -151,7 +151,7 @@ using faults::Move;
 using faults::Next;
 using faults::Pass;
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,cert-dcl50-cpp,readability-identifier-naming)
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,cert-dcl50-cpp,readability-identifier-naming,bugprone-macro-parentheses)
 #define NEXT(name)                                                                                           \
     static decltype(&name) next_##name = nullptr;                                                            \
     Next(next_##name, #name)
@@ -294,4 +294,4 @@ DEFINE_MOVE(
     (number, bytes, count, place))
 
 } // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,cert-dcl50-cpp,readability-identifier-naming)
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,cert-dcl50-cpp,readability-identifier-naming,bugprone-macro-parentheses)

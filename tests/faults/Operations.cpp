@@ -100,14 +100,15 @@ void Put(const World& world, const std::string& name, Lies lies, const std::stri
 /// An operation on one file in the game's folder.
 Operation OnFile(
     const std::string& title, const std::string& file, Place place, const std::string& before,
-    std::function<Report(World&, const ui::Path&)> run) {
+    const std::function<Report(World&, const ui::Path&)>& run) {
     return {
         .name = title + place.text,
         .prepare = [=](World& world) { Put(world, file, place.lies, before); },
         .run = [=](World& world) { return run(world, world.game / file); },
         .targets = [=](const World& world) { return std::vector<ui::Path>{world.game / file}; },
         .isSilent = false,
-        .keepsOld = false};
+        .keepsOld = false,
+        .isUsable = {}};
 }
 
 void AddScripts(std::vector<Operation>& operations) {
@@ -252,6 +253,19 @@ Report RunCharSet(World& world, const std::vector<std::string>& arguments) {
         world, arguments);
 }
 
+/// Whether every character set of the list has a picture.
+bool HasAllPictures(World& world) {
+    const auto count = glyphs::LoadCharSetNames(world.files, world.directory).size();
+    bool hasAll = count > 0;
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto record =
+            glyphs::ReadCharSetRecord(world.files, world.directory, static_cast<int>(index) + 1);
+        hasAll = hasAll && record &&
+                 glyphs::LoadArtwork(world.files, world.directory, record.value().artworkSlot).ok();
+    }
+    return hasAll;
+}
+
 void AddTools(std::vector<Operation>& operations) {
     const auto sets = [](const World& world) {
         return std::vector<ui::Path>{
@@ -262,7 +276,7 @@ void AddTools(std::vector<Operation>& operations) {
          [](World& world) {
              return RunCharSet(world, {"add", "New", (world.game / "new.gif").native()});
          },
-         sets});
+         sets, false, false, HasAllPictures});
     operations.push_back(
         {"remove a character set",
          [](World& world) {
@@ -272,7 +286,7 @@ void AddTools(std::vector<Operation>& operations) {
          [](World& world) {
              return RunCharSet(world, {"remove", "New"});
          },
-         sets});
+         sets, false, false, HasAllPictures});
     for (const bool isThere : {false, true}) {
         const std::string how = isThere ? ", replaced" : ", new";
         operations.push_back(

@@ -39,6 +39,9 @@ struct Operation {
 
     bool isSilent = false; ///< whether a failure of it is not told, as nothing of the user's depends on it
     bool keepsOld = false; ///< whether what was there before is kept as a copy when it is replaced
+
+    /// Whether the files can be used together; nothing: each is used by itself.
+    std::function<bool(World&)> isUsable = {};
 };
 
 [[nodiscard]] std::vector<Operation> AllOperations();

@@ -149,6 +149,10 @@ void Judge(
         ++tally.lost;
         ADD_FAILURE() << "lost: no copy of what was replaced";
     }
+    if (operation.isUsable && !operation.isUsable(world)) {
+        ++tally.lost;
+        ADD_FAILURE() << "lost: the files cannot be used together";
+    }
     if (hasEnded) {
         return;
     }

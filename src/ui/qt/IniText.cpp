@@ -120,7 +120,7 @@ Result<IniText> WithIniValues(std::string_view before, const IniSections& values
     }
     const auto set = SetValues(written, valuesBefore.value_or(IniValues()), values);
     if (!set) {
-        return set;
+        return set.failure();
     }
     const Path checked = path / "check.ini";
     if (auto renamed = files.rename(written, checked); !renamed) {
