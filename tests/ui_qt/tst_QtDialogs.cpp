@@ -58,6 +58,21 @@ TEST(MessageBox, ShowsUmlautsAndForeignBytes) {
                        "e \xFF");
 }
 
+TEST(MessageBox, WrapsALongName) {
+    const std::string path = "/home/" + std::string(200, 'w');
+    WhenShown<QMessageBox> shown([&path](QMessageBox& box) {
+        const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        EXPECT_LE(
+            label->fontMetrics().boundingRect(label->contentsRect(), Qt::TextWordWrap, label->text()).width(),
+            label->contentsRect().width());
+        EXPECT_EQ(
+            box.text().remove(QChar(0x200B)).toStdString(),
+            "Done! The script file, " + path + "/a.vtn, was written.");
+        PressKey(box, Qt::Key_Return);
+    });
+    QtDialogs().inform("Done! The script file, " + path + "/a.vtn, was written.");
+}
+
 /// The texts of a box's buttons from left to right.
 QStringList ButtonTexts(const QMessageBox& box) {
     QList<QAbstractButton*> buttons = box.buttons();

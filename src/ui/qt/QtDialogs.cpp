@@ -57,7 +57,18 @@ QMessageBox::StandardButton DefaultButton(const Message& message) {
 
 /// A message's lines end with a line feed on the screen, whatever ends them in the text.
 QString BoxText(const std::string& text) {
-    return QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    constexpr qsizetype LongWord = 60;
+    const QString mayBreak(QChar(0x200B));
+    QStringList words =
+        QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u' ');
+    for (QString& word : words) {
+        // The toolkit cuts off what is wider than the box: a long name may be wrapped anywhere.
+        for (qsizetype place = LongWord; place < word.size(); place += LongWord + 1) {
+            place += word[place].isLowSurrogate() ? 1 : 0;
+            word.insert(place, mayBreak);
+        }
+    }
+    return words.join(u' ');
 }
 
 /// Adds a smaller line below the text of a box.
