@@ -22,7 +22,9 @@ constexpr QLatin1String DetailName("qt_msgbox_informativelabel");
 
 /// Yes, No, Cancel in this order: some desktops would turn them round. The layout goes by its number
 /// (QDialogButtonBox::WinLayout): for a word the toolkit may take any number, and read beyond its layouts.
-constexpr auto FirstToLast = "QDialogButtonBox { button-layout: 0; }";
+/// The line below the text is smaller; where there is a style sheet, a label need not heed the font it is
+/// given.
+constexpr auto BoxStyle = "QDialogButtonBox { button-layout: 0; } QLabel#%1 { font-size: %2pt; }";
 
 QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
     switch (buttons) {
@@ -76,7 +78,6 @@ void AddDetail(QMessageBox& box, const QString& text) {
     box.setInformativeText(text);
     auto* const label = box.findChild<QLabel*>(DetailName);
     label->setTextFormat(Qt::PlainText);
-    SetSmallPrint(*label);
 }
 
 /// The window that a dialog belongs to. Between two dialogs the window manager has not yet given the keyboard
@@ -100,7 +101,7 @@ QWidget* Parent() {
 
 Answer QtDialogs::box(const Message& message) {
     QMessageBox box(Parent());
-    box.setStyleSheet(QString::fromLatin1(FirstToLast));
+    box.setStyleSheet(QString::fromLatin1(BoxStyle).arg(DetailName).arg(SmallPrintSize(box)));
     box.setWindowTitle(QString::fromLatin1(BoxTitle));
     box.setIcon(message.icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     // A path in the text may look like markup.

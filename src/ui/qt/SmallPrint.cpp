@@ -7,10 +7,14 @@
 
 namespace ui::qt {
 
-void SetSmallPrint(QWidget& widget) {
+double SmallPrintSize(const QWidget& widget) {
     constexpr double Smaller = 0.9;
+    return widget.fontInfo().pointSizeF() * Smaller;
+}
+
+void SetSmallPrint(QWidget& widget) {
     QFont font = widget.font();
-    font.setPointSizeF(widget.fontInfo().pointSizeF() * Smaller);
+    font.setPointSizeF(SmallPrintSize(widget));
     widget.setFont(font);
 }
 
