@@ -205,12 +205,12 @@ void AddProgramsFiles(std::vector<Operation>& operations) {
         store.write("NameFiles", "RecentFile1", "/home/me/a.vtn");
         return ReportOf(store.save());
     };
-    for (const auto& [title, before] : std::vector<std::pair<std::string, std::string>>{
+    for (const auto& [title, content] : std::vector<std::pair<std::string, std::string>>{
              {"replaced", "[options]\ncolor1=1\ncolor2=2\n"},
              {"damaged", "[options]\ncolor1=1\nno setting\n"}}) {
         operations.push_back(
             {"save the settings, " + title,
-             [before = before](World& world) { world.home.put("VTM/VTM.ini", before); }, save, settings,
+             [before = content](World& world) { world.home.put("VTM/VTM.ini", before); }, save, settings,
              false, title == "damaged"});
     }
     operations.push_back({"save the settings, new", [](World&) {}, save, settings});
