@@ -6,7 +6,8 @@
 #
 # Proves that the sources of a folder can be compiled together, in whatever order: a name that one of them keeps to
 # itself, in an unnamed namespace, is used for nothing else by the unnamed namespace of another source of the folder,
-# nor by a header of the folder; a room also heeds the headers of the others. Every breach is printed as "file:line: what"; the exit status is 1 if there is one.
+# nor by a header of the folder; a room also heeds the headers of the others. Every breach is printed as
+# "file:line: what"; the exit status is 1 if there is one.
 #
 # The layout that the formatter gives is relied upon: what a namespace holds starts in the first column.
 set -euo pipefail
@@ -26,14 +27,18 @@ find "$@" -type f \( -name '*.h' -o -name '*.cpp' \) | LC_ALL=C sort | xargs awk
         isHeader = FILENAME ~ /\.h$/
         isRoom = FILENAME ~ /^src\//
         isLocal = 0
+        type = ""
     }
     /^namespace \{/ { isLocal = 1; next }
     /^\} \/\/ namespace$/ { isLocal = 0; next }
 
     !isHeader && !isLocal { next }
     /^[^A-Za-z]/ || /^$/ || /^(public|private|protected|template|using namespace|using enum|using [a-z_A-Z:]*::|namespace|extern "C"|friend|TEST|BENCHMARK|INSTANTIATE|Q_)/ { next }
+    # A return type on a line of its own.
+    /^[A-Za-z][^(;{=]*[^ (;{=:,]$/ && !/^(struct|class|enum|union|using) / { type = $0; next }
     {
-        line = $0
+        line = type == "" ? $0 : type " " $0
+        type = ""
         if (match(line, /^(struct|class|enum class|enum|union) [A-Za-z_0-9]+/)) {
             # A header may name a type that another one holds.
             if (line ~ /;$/ && line !~ /\{/) next

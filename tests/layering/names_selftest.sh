@@ -53,6 +53,9 @@ refuses "a constant of two sources" "src/shell/two.cpp:2: Height is a name of sr
 plant && local_source src/shell/three.cpp 'std::string Twice(std::string_view text) {' '}'
 refuses "a function of two sources" "src/shell/three.cpp:2: Twice is a name of src/shell/one.cpp too"
 
+plant && local_source src/shell/three.cpp 'std::optional<int>' 'Twice(std::string_view text, int more) {' '}'
+refuses "a function whose type has a line of its own" "src/shell/three.cpp:3: Twice is a name of src/shell/one.cpp too"
+
 plant && local_source src/shell/three.cpp 'using Row = int;'
 refuses "a type of two sources" "Row is a name of src/shell/three.cpp too"
 
