@@ -220,6 +220,16 @@ void frmVTM::buildCentre() {
 }
 
 QSize frmVTM::firstSize() const {
+    // The layouts learn, from the inside out, what the pages out of view want at this scale.
+    std::ranges::for_each(
+        m_centre->findChildren<ui::qt::PictureWidget*>(), &ui::qt::PictureWidget::fitPicture);
+    const auto parts = m_centre->findChildren<QWidget*>();
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+        if (QLayout* const layout = (*part)->layout()) {
+            layout->invalidate();
+            layout->activate();
+        }
+    }
     // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
     QSize wanted = sizeHint().expandedTo({Toolbar1->sizeHint().width() + RoundingRoom, 0});
     const QSize room = screen()->availableSize() - FrameRoom;

@@ -86,6 +86,9 @@ TEST_P(OnEachScreen, TheWindowFitsAndShowsAllOfEveryPage) {
     const QSize screen = support::ScreenOf(GetParam())->size();
     EXPECT_LE(window->width(), screen.width() - 10);
     EXPECT_LE(window->height(), screen.height() - 40);
+    // Only where there is no room is there less around the columns.
+    const int margin = find("ImgGrid")->mapTo(window.get(), QPoint()).x();
+    EXPECT_GE(margin, screen.width() < 880 ? 2 : 12);
     for (const char* entry : PageEntries) {
         SCOPED_TRACE(entry);
         choose(entry);

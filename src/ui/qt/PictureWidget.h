@@ -42,6 +42,9 @@ public:
 
     [[nodiscard]] const Picture* picture() const { return m_picture; }
 
+    /// Takes the size that the picture has on the screen. It does so by itself once it is shown.
+    void fitPicture();
+
     /// Tells the side of the squares that the picture is made of, in its pixels: an artwork that was enlarged
     /// has one for each of its own pixels. 1 at first. They are drawn with `pixels` pixels of the screen, or
     /// with as many as BlockPixels says.
@@ -127,7 +130,6 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    void fitPicture();
     void placeView();
     [[nodiscard]] Rect viewPart() const;
     [[nodiscard]] qreal pixelSide() const; ///< of a pixel of the picture, in logical pixels
