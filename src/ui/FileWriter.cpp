@@ -40,9 +40,7 @@ Status WriteOver(OutputFile& file, std::string_view bytes, std::size_t position)
 }
 
 std::size_t CommonStart(std::string_view first, std::string_view second) {
-    const std::size_t length = std::min(first.size(), second.size());
-    const auto* end = first.data() + length;
-    return static_cast<std::size_t>(std::mismatch(first.data(), end, second.data()).first - first.data());
+    return static_cast<std::size_t>(std::ranges::mismatch(first, second).in1 - first.begin());
 }
 
 /// A name for a copy: what the file's name ends with is kept, so that the copy can be used as it is.
