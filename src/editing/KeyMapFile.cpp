@@ -6,7 +6,6 @@
 #include "glyphs/RowText.h"
 #include "ui/FileWriter.h"
 
-#include <optional>
 #include <string>
 
 namespace editing {
@@ -40,27 +39,14 @@ ui::Result<KeyGlyphs> ParseKeyLine(std::string_view text, std::size_t line) {
     return row;
 }
 
-/// The free name that a file which cannot be used is kept under; nothing when there are too many of them.
-std::optional<ui::Path> NameToKeep(const ui::Files& files, const ui::Path& path) {
-    constexpr int MaxKept = 99;
-    for (int number = 1; number <= MaxKept; ++number) {
-        ui::Path kept = path;
-        kept += ".damaged-" + std::to_string(number);
-        if (!files.exists(kept)) {
-            return kept;
-        }
-    }
-    return {};
-}
-
 /// Keeps a copy of what cannot be used and is to be replaced.
 ui::Status KeepDamaged(ui::Files& files, const ui::Path& path, std::string_view bytes) {
-    const auto kept = NameToKeep(files, path);
-    if (!kept) {
+    const ui::Path kept = ui::DamagedCopyName(files, path);
+    if (files.exists(kept)) {
         return ui::Failure{
             "The damaged key map \"" + ui::PathText(path) + "\" is not replaced: too many others are kept."};
     }
-    return ui::WritePrivateCopy(files, *kept, bytes);
+    return ui::WritePrivateCopy(files, kept, bytes);
 }
 
 /// What is stored, with the glyphs that were changed here.
@@ -116,8 +102,8 @@ LoadedKeyMap LoadKeyMap(const ui::Files& files, const ui::ProgramDirectory& dire
     std::string cause = map.failure().message;
     if (bytes) {
         const bool isReplaced = path == directory.toWrite(std::string(KeyMapName));
-        if (const auto kept = NameToKeep(files, path); kept && isReplaced) {
-            told += "Before the options replace it, it is kept as \"" + ui::PathText(*kept) + "\".\n";
+        if (const ui::Path kept = ui::DamagedCopyName(files, path); isReplaced && !files.exists(kept)) {
+            told += "Before the options replace it, it is kept as \"" + ui::PathText(kept) + "\".\n";
         }
         cause = "The key map \"" + ui::PathText(path) + "\" is damaged: " + cause + ".";
     }

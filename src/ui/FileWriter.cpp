@@ -230,4 +230,15 @@ Status WritePrivateCopy(Files& files, const Path& path, std::string_view bytes) 
     return done;
 }
 
+Path DamagedCopyName(const Files& files, const Path& file) {
+    constexpr int LastNumber = 99;
+    for (int number = 1;; ++number) {
+        Path copy = file;
+        copy += ".damaged-" + std::to_string(number);
+        if (number == LastNumber || !files.exists(copy)) {
+            return copy;
+        }
+    }
+}
+
 } // namespace ui

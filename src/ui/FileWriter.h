@@ -80,4 +80,8 @@ WriteFile(Files& files, const Path& path, std::string_view bytes, Links links = 
 /// on the disk. A failure leaves nothing behind.
 [[nodiscard]] Status WritePrivateCopy(Files& files, const Path& path, std::string_view bytes);
 
+/// The first free name of "FILE.damaged-1" to "FILE.damaged-99", under which a file that cannot be understood
+/// is kept before another takes its place; the last of them, which is there then, when all are taken.
+[[nodiscard]] Path DamagedCopyName(const Files& files, const Path& file);
+
 } // namespace ui

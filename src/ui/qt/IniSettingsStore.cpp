@@ -10,25 +10,6 @@
 
 namespace ui::qt {
 
-namespace {
-
-/// Keeps a copy of a file that cannot be understood under a name that is free.
-Status KeepDamagedFile(Files& files, const Path& file, std::string_view bytes) {
-    constexpr int MaxDamagedFiles = 99;
-    Status kept;
-    for (int number = 1; number <= MaxDamagedFiles; ++number) {
-        Path copy = file;
-        copy += ".damaged-" + std::to_string(number);
-        kept = WritePrivateCopy(files, copy, bytes);
-        if (kept || !files.exists(copy)) {
-            break;
-        }
-    }
-    return kept;
-}
-
-} // namespace
-
 IniSettingsStore::IniSettingsStore(Files& files, Path file)
     : m_files(files)
     , m_file(std::move(file)) {
@@ -123,7 +104,7 @@ Status IniSettingsStore::saveLocked() {
         return after.failure();
     }
     if (after.value().wasDamaged) {
-        if (auto kept = KeepDamagedFile(m_files, m_file, before); !kept) {
+        if (auto kept = WritePrivateCopy(m_files, DamagedCopyName(m_files, m_file), before); !kept) {
             return kept;
         }
     }
