@@ -112,7 +112,7 @@ QWidget* frmVTM::buildGlyphColumn() {
         cmdFrequent[i]->setToolTip(tr("Click to place this character"));
         frequentRow->addWidget(cmdFrequent[i]);
     }
-    // The arrow is a letter of every font: no theme has to be asked for an icon.
+    // The sign is a letter of every font: no theme has to be asked for an icon.
     cmdCalcFrequent = new QToolButton(column);
     cmdCalcFrequent->setObjectName(QStringLiteral("cmdCalcFrequent"));
     cmdCalcFrequent->setAccessibleName(tr("Calculate frequent glyphs"));

@@ -135,10 +135,9 @@ void frmVTM::registerFileTypes() {
 }
 
 void frmVTM::restoreWindow() {
-    resize(firstSize());
-    if (const auto geometry =
-            m_platform.settings.read(std::string(WindowSection), std::string(GeometryKey))) {
-        restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*geometry)));
+    const auto geometry = m_platform.settings.read(std::string(WindowSection), std::string(GeometryKey));
+    if (!geometry || !restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*geometry)))) {
+        resize(firstSize());
     }
 }
 
