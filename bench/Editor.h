@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/PagePainter.h"
 #include "editing/mdlCommon.h"
 
 namespace bench {
@@ -36,9 +37,9 @@ struct Editor {
         documents.animation.nameCount = editing::MaxNames;
     }
 
-    editing::EditContext context(editing::Page page) {
-        return {documents, page, modes, atlas, pictures, sounds, soundOptions};
-    }
+    glyphs::Progress progress{[](int) {
+    }};
+    editing::PagePainter painter{documents, atlas, pictures, sounds, soundOptions, progress};
 
 private:
     template <typename Cells>

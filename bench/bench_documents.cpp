@@ -13,7 +13,6 @@ using bench::Editor;
 /// All 90 names to the one side and to the other, each time repainted whole: what a user waits for.
 void FormatAllNames(benchmark::State& state) {
     Editor editor;
-    const editing::EditContext context = editor.context(editing::Page::Animation);
     const editing::GlyphRows rows = editor.documents.animation.rows();
     for (int row = 1; row <= rows.count(); ++row) {
         for (int column = 1 + row % rows.width(); column <= rows.width(); ++column) {
@@ -27,8 +26,7 @@ void FormatAllNames(benchmark::State& state) {
             toTheLeft ? editing::FormatOperation::AlignLeft : editing::FormatOperation::AlignRight,
             glyphs::CaseChoice::LettersOnly);
         toTheLeft = !toTheLeft;
-        glyphs::Progress progress([](int percentage) { benchmark::DoNotOptimize(percentage); });
-        editing::PaintAnimationPage(context, progress);
+        editing::PaintPage(editor.painter, editing::Page::Animation);
         benchmark::ClobberMemory();
     }
 }

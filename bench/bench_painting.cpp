@@ -25,7 +25,6 @@ template <typename Repaint>
 void repaintAgainstCopy(benchmark::State& state, Repaint repaint) {
     using Clock = std::chrono::steady_clock;
     Editor editor;
-    const editing::EditContext context = editor.context(editing::Page::Animation);
     const ui::Picture& page = editor.pictures.animation.pixels();
     ui::Picture copy(page.width(), page.height());
     const std::size_t bytes =
@@ -35,7 +34,7 @@ void repaintAgainstCopy(benchmark::State& state, Repaint repaint) {
     std::vector<double> ratios;
     for (auto _ : state) {
         const auto start = Clock::now();
-        repaint(context);
+        repaint(editor);
         benchmark::ClobberMemory();
         const auto painted = Clock::now();
         std::memcpy(copy.row(0), page.row(0), bytes);
@@ -52,17 +51,14 @@ void repaintAgainstCopy(benchmark::State& state, Repaint repaint) {
 }
 
 void RepaintRowsInUse(benchmark::State& state) {
-    repaintAgainstCopy(state, [](const editing::EditContext& context) {
-        editing::PaintRowsInUse(context, editing::Page::Animation);
-    });
+    repaintAgainstCopy(
+        state, [](Editor& editor) { editing::PaintRowsFrom(editor.painter, editing::Page::Animation, 1); });
 }
 
 void RepaintAnimationPage(benchmark::State& state) {
-    repaintAgainstCopy(state, [](const editing::EditContext& context) {
-        int shown = 0;
-        glyphs::Progress progress([&shown](int percentage) { shown = percentage; });
-        editing::PaintAnimationPage(context, progress);
-        benchmark::DoNotOptimize(shown);
+    repaintAgainstCopy(state, [](Editor& editor) {
+        editing::PaintPage(editor.painter, editing::Page::Animation);
+        benchmark::DoNotOptimize(editor.progress.percentage());
     });
 }
 
@@ -70,11 +66,11 @@ void RepaintAnimationPage(benchmark::State& state) {
 void PutGlyphOverwriting(benchmark::State& state) {
     Editor editor;
     const auto page = static_cast<editing::Page>(state.range(0));
-    const editing::EditContext context = editor.context(page);
-    editing::PageCursor cursor = editing::CursorOf(editor.documents, page);
     for (auto _ : state) {
+        const editing::PageCursor cursor = editing::CursorOf(editor.documents, page);
         cursor.column = 1;
-        benchmark::DoNotOptimize(editing::PutGlyph(context, 'a'));
+        editing::ShowChange(editor.painter, editing::PutGlyph(cursor, editor.modes, 'a'));
+        benchmark::ClobberMemory();
     }
 }
 
@@ -82,17 +78,18 @@ void PutGlyphInserting(benchmark::State& state) {
     Editor editor;
     editor.modes.insert = true;
     const auto page = static_cast<editing::Page>(state.range(0));
-    const editing::EditContext context = editor.context(page);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(editing::PutGlyph(context, 'a'));
+        const editing::PageCursor cursor = editing::CursorOf(editor.documents, page);
+        editing::ShowChange(editor.painter, editing::PutGlyph(cursor, editor.modes, 'a'));
+        benchmark::ClobberMemory();
     }
 }
 
 void DeleteGlyph(benchmark::State& state) {
     Editor editor;
-    const editing::EditContext context = editor.context(static_cast<editing::Page>(state.range(0)));
+    const auto page = static_cast<editing::Page>(state.range(0));
     for (auto _ : state) {
-        editing::DeleteGlyph(context);
+        editing::ShowChange(editor.painter, editing::DeleteGlyph(editing::CursorOf(editor.documents, page)));
         benchmark::ClobberMemory();
     }
 }

@@ -12,27 +12,24 @@ using editing::MinNames;
 using editing::NameLength;
 using editing::Page;
 using glyphs::BlankGlyph;
-using glyphs::CellSide;
 
 namespace {
 
-/// Moves `count` painted rows from row `from` on to row `to` on.
-void MovePaintedRows(glyphs::PagePicture& picture, int from, int to, int count) {
-    ui::Picture& canvas = picture.canvas();
-    glyphs::BlitCells(
-        canvas, 0, (to - 1) * CellSide, NameLength * CellSide, count * CellSide, canvas, 0,
-        (from - 1) * CellSide);
+/// `count` rows from row `first` on.
+editing::CellBlock Names(int first, int count) {
+    return {1, first, NameLength, count};
 }
 
-void BlankName(const EditContext& context, int name) {
-    std::ranges::fill(context.documents.animation.rows().row(name), BlankGlyph);
-    editing::PaintRow(context, Page::Animation, name);
-}
-
-void SwapPaintedNames(const EditContext& context, int first, int second) {
-    SwapNames(context.documents.animation, first, second);
-    editing::PaintRow(context, Page::Animation, first);
-    editing::PaintRow(context, Page::Animation, second);
+/// Swaps the current name with the one `step` rows further; the cursor follows it.
+Change MoveName(AnimationDocument& animation, int step) {
+    const int from = animation.currentName;
+    const int to = from + step;
+    if (to < 1 || to > animation.nameCount) {
+        return {};
+    }
+    SwapNames(animation, from, to);
+    animation.currentName = to;
+    return {.page = Page::Animation, .changed = Names(std::min(from, to), 2)};
 }
 
 } // namespace
@@ -66,60 +63,47 @@ void SetNameCount(AnimationDocument& animation, int count) {
     animation.currentName = std::min(animation.currentName, count);
 }
 
-void InsertName(const EditContext& context) {
-    AnimationDocument& animation = context.documents.animation;
+Change InsertName(AnimationDocument& animation) {
     if (animation.nameCount == MaxNames) {
-        return;
+        return {};
     }
     SetNameCount(animation, animation.nameCount + 1);
     const int current = animation.currentName;
     for (int name = animation.nameCount - 1; name >= current; --name) {
         CopyName(animation, name, name + 1);
     }
-    glyphs::PagePicture& picture = context.pictures.animation;
-    const int moved = animation.nameCount - current;
-    MovePaintedRows(picture, current, current + 1, moved);
-    picture.damageCells(1, current + 1, NameLength, moved);
-    BlankName(context, current);
+    std::ranges::fill(animation.rows().row(current), BlankGlyph);
+    return {
+        .page = Page::Animation,
+        .moved = Names(current, animation.nameCount - current),
+        .byRows = 1,
+        .changed = Names(current, 1)};
 }
 
-void DeleteName(const EditContext& context) {
-    AnimationDocument& animation = context.documents.animation;
+Change DeleteName(AnimationDocument& animation) {
     const int current = animation.currentName;
     const int last = animation.nameCount;
     for (int name = current + 1; name <= last; ++name) {
         CopyName(animation, name, name - 1);
     }
-    glyphs::PagePicture& picture = context.pictures.animation;
-    MovePaintedRows(picture, current + 1, current, last - current);
-    picture.damageCells(1, current, NameLength, last - current);
-    BlankName(context, last);
+    std::ranges::fill(animation.rows().row(last), BlankGlyph);
     if (animation.nameCount > MinNames) {
         SetNameCount(animation, animation.nameCount - 1);
     }
     animation.cursorPos = 1;
+    return {
+        .page = Page::Animation,
+        .moved = Names(current + 1, last - current),
+        .byRows = -1,
+        .changed = Names(last, 1)};
 }
 
-void MoveNameUp(const EditContext& context) {
-    AnimationDocument& animation = context.documents.animation;
-    if (animation.currentName > 1) {
-        SwapPaintedNames(context, animation.currentName, animation.currentName - 1);
-        --animation.currentName;
-    }
+Change MoveNameUp(AnimationDocument& animation) {
+    return MoveName(animation, -1);
 }
 
-void MoveNameDown(const EditContext& context) {
-    AnimationDocument& animation = context.documents.animation;
-    if (animation.currentName < animation.nameCount) {
-        SwapPaintedNames(context, animation.currentName, animation.currentName + 1);
-        ++animation.currentName;
-    }
-}
-
-void PaintNamesFrom(const EditContext& context, int first) {
-    for (int name = first; name <= context.documents.animation.nameCount; ++name) {
-        editing::PaintRow(context, Page::Animation, name);
-    }
+Change MoveNameDown(AnimationDocument& animation) {
+    return MoveName(animation, 1);
 }
 
 } // namespace animation

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/mdlCommon.h"
+#include "editing/Change.h"
 
 #include <cstdint>
 
@@ -10,7 +10,7 @@
 namespace animation {
 
 using editing::AnimationDocument;
-using editing::EditContext;
+using editing::Change;
 
 /// Exchanges the glyphs of two rows (1 to 90). Ticks belong to row numbers and stay.
 void SwapNames(AnimationDocument& animation, int first, int second);
@@ -27,23 +27,18 @@ void SetAllTicks(AnimationDocument& animation, std::int16_t count);
 /// Sets how many names are in use, 15 to 90. The current name stays within them.
 void SetNameCount(AnimationDocument& animation, int count);
 
-/// The name list's operations on the current name, whatever the page in view: the document changes, the
-/// painted rows move along and only what differs is damaged. Each does nothing where the list ends.
+/// The name list's operations on the current name. Each does nothing where the list ends.
 
 /// Puts a blank name in front of the current one: it and all after it move down by a row, and one more name
 /// is in use. With 90 names in use nothing happens.
-void InsertName(const EditContext& context);
+Change InsertName(AnimationDocument& animation);
 
 /// Removes the current name: the names after it move up by a row and the last row becomes blank. One name
 /// less is in use, but never fewer than 15. The cursor goes to position 1.
-void DeleteName(const EditContext& context);
+Change DeleteName(AnimationDocument& animation);
 
 /// Swaps the current name with the one before or after it; the cursor follows it.
-void MoveNameUp(const EditContext& context);
-void MoveNameDown(const EditContext& context);
-
-/// Paints the rows from `first` to the last one in use, silently. For names that come into use when their
-/// number is raised: rows out of use are not kept painted.
-void PaintNamesFrom(const EditContext& context, int first);
+Change MoveNameUp(AnimationDocument& animation);
+Change MoveNameDown(AnimationDocument& animation);
 
 } // namespace animation

@@ -33,6 +33,8 @@ struct NameDocument {
     int cursorPos = 1;  ///< 1 to 15
 
     [[nodiscard]] GlyphRows rows() { return {cells, NameLength}; }
+
+    friend bool operator==(const NameDocument&, const NameDocument&) = default;
 };
 
 /// The animation: 90 names of 15 cells and a tick count for each row, of which the first `nameCount` are in
@@ -65,6 +67,8 @@ struct AnimationDocument {
         return nameTicks[static_cast<std::size_t>(name - 1)];
     }
 
+    friend bool operator==(const AnimationDocument&, const AnimationDocument&) = default;
+
 private:
     static constexpr std::array<std::int16_t, MaxNames> initialTicks() {
         std::array<std::int16_t, MaxNames> ticks{};
@@ -81,12 +85,16 @@ struct MessageDocument {
     int cursorPos = 1;      ///< 1 to 31
 
     [[nodiscard]] GlyphRows rows() { return {cells, MessageLength}; }
+
+    friend bool operator==(const MessageDocument&, const MessageDocument&) = default;
 };
 
 struct Documents {
     NameDocument name;
     AnimationDocument animation;
     MessageDocument messages;
+
+    friend bool operator==(const Documents&, const Documents&) = default;
 };
 
 /// The pages of the main window; the numbers are those of the setting "maketype".

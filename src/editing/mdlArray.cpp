@@ -51,20 +51,6 @@ void MoveText(Row row, Offset offset) {
     std::copy(scratch.begin(), scratchEnd, row.begin() + offset(static_cast<int>(length)));
 }
 
-void PaintPage(const EditContext& context, glyphs::Progress& progress) {
-    switch (context.page) {
-    case Page::Name:
-        PaintNamePage(context, progress);
-        break;
-    case Page::Animation:
-        PaintAnimationPage(context, progress);
-        break;
-    case Page::Messages:
-        PaintMessagePage(context, progress);
-        break;
-    }
-}
-
 /// Whether every row of the page in view is to be formatted.
 bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& settings) {
     const auto answer = [&](bool asks, const char* question) {
@@ -160,49 +146,43 @@ void ReverseRows(const GlyphRows& rows, int count) {
     }
 }
 
-void FormatPage(
-    const EditContext& context, ui::Dialogs& dialogs, const FormatSettings& settings,
-    glyphs::Progress& progress, FormatOperation operation) {
-    const bool isAll = AsksForAllRows(context.page, dialogs, settings);
-    const PageCursor cursor = CursorOf(context.documents, context.page);
+Change FormatPage(
+    const PageCursor& cursor, ui::Dialogs& dialogs, const FormatSettings& settings,
+    FormatOperation operation) {
+    const bool isAll = AsksForAllRows(cursor.page, dialogs, settings);
     FormatRows(cursor.rows, isAll ? AllRows : cursor.row, operation, settings.caseChoice);
-    if (isAll || context.page == Page::Name) {
-        PaintPage(context, progress);
-    } else {
-        PaintRow(context, context.page, cursor.row);
+    if (isAll || cursor.page == Page::Name) {
+        return {.kind = Change::Kind::WholePage, .page = cursor.page};
     }
+    return RowChanged(cursor, cursor.row);
 }
 
-void ReverseNameOrder(const EditContext& context, glyphs::Progress& progress) {
-    if (context.page == Page::Name) {
-        return;
+Change ReverseNameOrder(const PageCursor& cursor) {
+    if (cursor.page == Page::Name) {
+        return {};
     }
-    const PageCursor cursor = CursorOf(context.documents, context.page);
     ReverseRows(cursor.rows, cursor.rowsInUse);
-    PaintPage(context, progress);
+    return {.kind = Change::Kind::WholePage, .page = cursor.page};
 }
 
-void CopyRow(const EditContext& context, EditClipboard& clipboard) {
-    const PageCursor cursor = CursorOf(context.documents, context.page);
+void CopyRow(const PageCursor& cursor, EditClipboard& clipboard) {
     const Row row = cursor.rows.row(cursor.row);
     clipboard.cells.fill(glyphs::BlankGlyph);
     std::copy(row.begin(), row.end(), clipboard.cells.begin());
-    clipboard.page = context.page;
+    clipboard.page = cursor.page;
 }
 
-void CutRow(const EditContext& context, EditClipboard& clipboard) {
-    CopyRow(context, clipboard);
-    const PageCursor cursor = CursorOf(context.documents, context.page);
+Change CutRow(const PageCursor& cursor, EditClipboard& clipboard) {
+    CopyRow(cursor, clipboard);
     const Row row = cursor.rows.row(cursor.row);
     std::fill(row.begin(), row.end(), glyphs::BlankGlyph);
-    PaintRow(context, context.page, cursor.row);
+    return RowChanged(cursor, cursor.row);
 }
 
-void PasteRow(const EditContext& context, const EditClipboard& clipboard) {
-    const PageCursor cursor = CursorOf(context.documents, context.page);
+Change PasteRow(const PageCursor& cursor, const EditClipboard& clipboard) {
     const Row row = cursor.rows.row(cursor.row);
     std::copy_n(clipboard.cells.begin(), row.size(), row.begin());
-    PaintRow(context, context.page, cursor.row);
+    return RowChanged(cursor, cursor.row);
 }
 
 } // namespace editing

@@ -52,16 +52,14 @@ struct FormatSettings {
     glyphs::CaseChoice caseChoice = glyphs::CaseChoice::LettersOnly;
 };
 
-/// Formats the page in view and paints what changed: the name; or all rows of the other pages if the answer,
-/// or the setting without a question, is yes; otherwise the current row alone, also when the question is
-/// cancelled.
-void FormatPage(
-    const EditContext& context, ui::Dialogs& dialogs, const FormatSettings& settings,
-    glyphs::Progress& progress, FormatOperation operation);
+/// Formats a page: the name; or all rows of the other pages if the answer, or the setting without a question,
+/// is yes; otherwise the current row alone, also when the question is cancelled.
+Change FormatPage(
+    const PageCursor& cursor, ui::Dialogs& dialogs, const FormatSettings& settings,
+    FormatOperation operation);
 
-/// Turns the order of the names in use, or of the messages, round and repaints the page. Nothing happens on
-/// the name page.
-void ReverseNameOrder(const EditContext& context, glyphs::Progress& progress);
+/// Turns the order of the names in use, or of the messages, round. Nothing happens on the name page.
+Change ReverseNameOrder(const PageCursor& cursor);
 
 /// The program's own clipboard for one row, apart from the system's. Blank at first.
 struct EditClipboard {
@@ -69,14 +67,13 @@ struct EditClipboard {
     Page page = Page::Name; ///< where the row came from
 };
 
-/// Copies the current row of the page in view; cells past the end of a name become blank.
-void CopyRow(const EditContext& context, EditClipboard& clipboard);
+/// Copies the current row of a page; cells past the end of a name become blank.
+void CopyRow(const PageCursor& cursor, EditClipboard& clipboard);
 
-/// Copies the current row, blanks it and paints it.
-void CutRow(const EditContext& context, EditClipboard& clipboard);
+/// Copies the current row and blanks it.
+Change CutRow(const PageCursor& cursor, EditClipboard& clipboard);
 
-/// Puts the clipboard's first cells into the current row of the page in view, wherever they came from, and
-/// paints it.
-void PasteRow(const EditContext& context, const EditClipboard& clipboard);
+/// Puts the clipboard's first cells into the current row of a page, wherever they came from.
+Change PasteRow(const PageCursor& cursor, const EditClipboard& clipboard);
 
 } // namespace editing

@@ -217,16 +217,15 @@ RouteKey(const ui::KeyStroke& stroke, const Modes& modes, const KeyMap& map, Num
     return code == 0 ? KeyAction() : GlyphAction{code};
 }
 
-void NavigateKey(const EditContext& context, int virtualKey) {
-    PageCursor cursor = CursorOf(context.documents, context.page);
+Change NavigateKey(const PageCursor& cursor, int virtualKey) {
     switch (virtualKey) {
     case KeyPageUp:
-        if (context.page == Page::Animation) {
+        if (cursor.page == Page::Animation) {
             cursor.row = 1;
         }
         break;
     case KeyPageDown:
-        if (context.page == Page::Animation) {
+        if (cursor.page == Page::Animation) {
             cursor.row = cursor.rowsInUse;
         }
         break;
@@ -257,23 +256,23 @@ void NavigateKey(const EditContext& context, int virtualKey) {
         }
         break;
     case KeyDelete:
-        DeleteGlyph(context);
-        break;
+        return DeleteGlyph(cursor);
     case KeyBackspace:
         if (cursor.column > 1) {
             CursorLeft(cursor);
-            DeleteGlyph(context);
+            return DeleteGlyph(cursor);
         }
         break;
     case KeyEnter:
-        if (context.page != Page::Name) {
-            NavigateKey(context, KeyHome);
-            NavigateKey(context, KeyDown);
+        if (cursor.page != Page::Name) {
+            NavigateKey(cursor, KeyHome);
+            NavigateKey(cursor, KeyDown);
         }
         break;
     default:
         break;
     }
+    return {};
 }
 
 } // namespace editing

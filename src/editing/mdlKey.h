@@ -89,7 +89,7 @@ enum class NumberPadRule {
 [[nodiscard]] KeyAction
 RouteKey(const ui::KeyStroke& stroke, const Modes& modes, const KeyMap& map, NumberPadRule numberPad);
 
-/// Does what a navigation key does on the page in view: moves its cursor, or removes a glyph.
-void NavigateKey(const EditContext& context, int virtualKey);
+/// Does what a navigation key does on a page: moves its cursor, or removes a glyph.
+Change NavigateKey(const PageCursor& cursor, int virtualKey);
 
 } // namespace editing

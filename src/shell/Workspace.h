@@ -3,8 +3,8 @@
 #pragma once
 
 #include "editing/KeyMapFile.h"
+#include "editing/PagePainter.h"
 #include "editing/mdlArray.h"
-#include "editing/mdlCommon.h"
 #include "glyphs/mdlData.h"
 #include "shell/Settings.h"
 #include "shell/mdlFileMenu.h"

@@ -3,7 +3,6 @@
 #include "shell/frmVTM.h"
 
 #include "animation/AnimationPage.h"
-#include "animation/mdlAniName.h"
 #include "editing/DirectionPad.h"
 #include "editing/NamePage.h"
 #include "editing/mdlKey.h"
@@ -39,7 +38,8 @@ constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messag
 } // namespace
 
 frmVTM::frmVTM(ui::Platform& platform)
-    : m_platform(platform) {
+    : m_platform(platform)
+    , m_progress([this](int percentage) { picProgress->showPercentage(percentage); }) {
     setObjectName(QStringLiteral("frmVTM"));
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     // The toolkit's own menu would hide the toolbar.
@@ -76,7 +76,7 @@ void frmVTM::connectControls() {
     m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
     connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
     connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
-        animation::PaintNamesFrom(context(), firstName);
+        editing::PaintRowsFrom(painter(), Page::Animation, firstName);
     });
     connect(ImgGrid, &ui::qt::PictureWidget::pressed, this, &frmVTM::ImgGrid_MouseDown);
     connect(ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &frmVTM::ImgGrid_MouseMove);
@@ -113,15 +113,13 @@ editing::PagePanel& frmVTM::panel(Page page) const {
     return *m_namePage;
 }
 
-editing::EditContext frmVTM::context() {
-    return {
-        m_workspace.documents, m_workspace.page(), m_workspace.settings.modes,  m_workspace.atlas,
-        m_workspace.pictures,  m_platform.sounds,  m_workspace.settings.sounds,
-    };
+editing::PageCursor frmVTM::cursor() {
+    return editing::CursorOf(m_workspace.documents, m_workspace.page());
 }
 
-glyphs::Progress frmVTM::progress() {
-    return glyphs::Progress([this](int percentage) { picProgress->showPercentage(percentage); });
+editing::PagePainter frmVTM::painter() {
+    return {m_workspace.documents, m_workspace.atlas,           m_workspace.pictures,
+            m_platform.sounds,     m_workspace.settings.sounds, m_progress};
 }
 
 void frmVTM::showStatus(const std::string& text) {
@@ -147,10 +145,9 @@ void frmVTM::showDamage() {
 }
 
 void frmVTM::updateCursorLabel() {
-    const editing::PageCursor cursor = editing::CursorOf(m_workspace.documents, m_workspace.page());
-    QString text = QString::number(cursor.column);
+    QString text = QString::number(cursor().column);
     if (m_workspace.page() == Page::Animation) {
-        text += QLatin1Char(',') + QString::number(cursor.row);
+        text += QLatin1Char(',') + QString::number(cursor().row);
     }
     lblCurPos->setText(text);
 }

@@ -106,8 +106,8 @@ private:
     void describeKeys();
     [[nodiscard]] QSize firstSize() const;
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
-    [[nodiscard]] editing::EditContext context();
-    [[nodiscard]] glyphs::Progress progress();
+    [[nodiscard]] editing::PageCursor cursor();
+    [[nodiscard]] editing::PagePainter painter();
     /// Tells a text in the status line; an empty one leaves what stands there.
     void showStatus(const std::string& text);
     void updateCursorLabel();
@@ -155,6 +155,7 @@ private:
     void tmrCursor_Timer();
     void moveGridMarker(glyphs::GlyphCode code);
     [[nodiscard]] glyphs::GlyphCode pickGlyph(glyphs::GlyphCode start);
+    void putGlyph(glyphs::GlyphCode code);
     void putGlyphWithMarker(glyphs::GlyphCode code);
     void runAltKey(const AltKey& key);
     /// Opens the menu of a letter; false when it has none.
@@ -229,6 +230,7 @@ private:
     scripts::MessagesPage* m_messagesPage = nullptr;
     StatusLine* m_statusLine = nullptr;
     ProgressIndicator* picProgress = nullptr;
+    glyphs::Progress m_progress;
     QTimer tmrCursor;
 };
 

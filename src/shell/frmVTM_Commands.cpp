@@ -22,8 +22,8 @@ void frmVTM::format(FormatOperation operation) {
         .asksForMessages = settings.promptMessages,
         .caseChoice = settings.letterChoice(),
     };
-    glyphs::Progress shown = progress();
-    editing::FormatPage(context(), m_platform.dialogs, formatSettings, shown, operation);
+    editing::ShowChange(
+        painter(), editing::FormatPage(cursor(), m_platform.dialogs, formatSettings, operation));
     Refresh();
 }
 
@@ -68,23 +68,22 @@ void frmVTM::mnuFormatReverseCharacters_Click() {
 }
 
 void frmVTM::mnuFormatReverseNameOrder_Click() {
-    glyphs::Progress shown = progress();
-    editing::ReverseNameOrder(context(), shown);
+    editing::ShowChange(painter(), editing::ReverseNameOrder(cursor()));
     Refresh();
 }
 
 void frmVTM::mnuEditCopy_Click() {
-    editing::CopyRow(context(), m_workspace.editClipboard);
+    editing::CopyRow(cursor(), m_workspace.editClipboard);
     Refresh();
 }
 
 void frmVTM::mnuEditCut_Click() {
-    editing::CutRow(context(), m_workspace.editClipboard);
+    editing::ShowChange(painter(), editing::CutRow(cursor(), m_workspace.editClipboard));
     Refresh();
 }
 
 void frmVTM::mnuEditPaste_Click() {
-    editing::PasteRow(context(), m_workspace.editClipboard);
+    editing::ShowChange(painter(), editing::PasteRow(cursor(), m_workspace.editClipboard));
     Refresh();
 }
 

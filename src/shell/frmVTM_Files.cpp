@@ -36,18 +36,7 @@ ui::Path frmVTM::dialogFolder() const {
 }
 
 void frmVTM::repaintPage(Page page) {
-    glyphs::Progress shown = progress();
-    switch (page) {
-    case Page::Name:
-        editing::PaintNamePage(context(), shown);
-        break;
-    case Page::Animation:
-        editing::PaintAnimationPage(context(), shown);
-        break;
-    case Page::Messages:
-        editing::PaintMessagePage(context(), shown);
-        break;
-    }
+    editing::PaintPage(painter(), page);
     showDamage();
 }
 

@@ -115,7 +115,7 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
             [](std::monostate) {},
             [this](const NameListAction& list) { cmdName_Click(list.index); },
             [this](const NavigationAction& navigation) {
-                NavigateKey(context(), navigation.virtualKey);
+                ShowChange(painter(), NavigateKey(cursor(), navigation.virtualKey));
                 imgDir->showKey(navigation.virtualKey);
                 Refresh();
             },
@@ -153,8 +153,13 @@ bool frmVTM::openMenu(const ui::KeyStroke& stroke) {
     return false;
 }
 
+void frmVTM::putGlyph(GlyphCode code) {
+    editing::ShowChange(painter(), editing::PutGlyph(cursor(), m_workspace.settings.modes, code));
+}
+
 void frmVTM::putGlyphWithMarker(GlyphCode code) {
-    if (editing::PutGlyph(context(), code)) {
+    if (code != 0) {
+        putGlyph(code);
         // The glyph comes first: what follows it on the screen is only where things are.
         showDamage();
         QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
@@ -197,7 +202,7 @@ void frmVTM::runAltKey(const AltKey& key) {
     case AltCommand::PickGlyph:
         return putPickedGlyph();
     case AltCommand::PlaceRightGlyph:
-        editing::PutGlyph(context(), rightGlyph);
+        putGlyph(rightGlyph);
         return Refresh();
     case AltCommand::ChangeRightGlyph:
         rightGlyph = pickGlyph(rightGlyph);
@@ -249,10 +254,9 @@ void frmVTM::ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button) {
 
 void frmVTM::PagePic_MouseDown(Page page, int x, int y, Qt::MouseButton button) {
     switchPageFor(page);
-    editing::PageCursor cursor = editing::CursorOf(m_workspace.documents, page);
-    editing::PlaceCursor(cursor, x, y);
+    editing::PlaceCursor(cursor(), x, y);
     if (button == Qt::RightButton) {
-        editing::PutGlyph(context(), m_workspace.rightButtonGlyph);
+        putGlyph(m_workspace.rightButtonGlyph);
     }
     Refresh();
 }
@@ -307,14 +311,15 @@ void frmVTM::cmdCalcFrequent_Click() {
 
 void frmVTM::cmdName_Click(int index) {
     switchPageFor(Page::Animation);
-    constexpr std::array<void (*)(const editing::EditContext&), 4> Operations{
+    constexpr std::array<editing::Change (*)(editing::AnimationDocument&), 4> Operations{
         animation::InsertName, animation::DeleteName, animation::MoveNameUp, animation::MoveNameDown};
-    Operations[static_cast<std::size_t>(index)](context());
+    editing::ShowChange(
+        painter(), Operations[static_cast<std::size_t>(index)](m_workspace.documents.animation));
     Refresh();
 }
 
 void frmVTM::imgDir_Arrow(int virtualKey) {
-    editing::NavigateKey(context(), virtualKey);
+    editing::ShowChange(painter(), editing::NavigateKey(cursor(), virtualKey));
     Refresh();
 }
 

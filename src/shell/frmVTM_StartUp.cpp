@@ -48,7 +48,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         return loaded;
     }
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        editing::PaintRowsInUse(context(), page);
+        editing::PaintRowsFrom(painter(), page, 1);
     }
     paintGlyphButtons();
 

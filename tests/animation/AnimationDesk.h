@@ -3,9 +3,11 @@
 #pragma once
 
 #include "animation/mdlAniName.h"
+#include "editing/PagePainter.h"
 #include "glyphs/RowText.h"
 #include "glyphs/mdlData.h"
 #include "support/FakePlatform.h"
+#include "support/FollowedPages.h"
 
 #include <string>
 #include <string_view>
@@ -17,14 +19,15 @@ namespace support {
 class AnimationDesk {
 public:
     editing::Documents documents;
-    editing::Modes modes;
     editing::PagePictures pictures;
     glyphs::GlyphAtlas atlas = glyphs::BuildAtlas(artwork(), ui::OpaqueBlack);
     FakeSounds sounds;
     glyphs::SoundOptions soundOptions = {true, true, true, true};
 
-    editing::EditContext context{documents,   editing::Page::Animation, modes, atlas, pictures, sounds,
-                                 soundOptions};
+    glyphs::Progress progress{[](int) {
+    }};
+    editing::PagePainter painter{documents, atlas, pictures, sounds, soundOptions, progress};
+    FollowedPages shown{documents};
 
     editing::AnimationDocument& animation() { return documents.animation; }
 
@@ -51,27 +54,20 @@ public:
 
     /// Paints the rows in use; nothing is damaged afterwards.
     void paint() {
-        editing::PaintRowsInUse(context, editing::Page::Animation);
+        editing::PaintRowsFrom(painter, editing::Page::Animation, 1);
         pictures.animation.takeDamage();
+        shown.showAll();
     }
 
-    /// The rows in use as they are painted.
-    ui::Picture painted() const { return rowsInUse(pictures.animation.pixels()); }
+    /// Whether the page, having followed the changes, shows the rows in use.
+    [[nodiscard]] bool isShown() { return shown.isTrue(editing::Page::Animation); }
 
-    /// The rows in use as a whole repaint would show them.
-    ui::Picture repainted() {
-        editing::PagePictures fresh;
-        const editing::EditContext repaint{documents,   editing::Page::Animation, modes, atlas, fresh, sounds,
-                                           soundOptions};
-        editing::PaintRowsInUse(repaint, editing::Page::Animation);
-        return rowsInUse(fresh.animation.pixels());
-    }
+    /// The cells around what has changed since the last time.
+    editing::CellBlock damage() { return shown.takeDamage(editing::Page::Animation); }
 
-    /// The pixel rectangle of rows `first` to `last`.
-    static ui::Rect rows(int first, int last) {
-        return {
-            0, (first - 1) * glyphs::CellSide, editing::NameLength * glyphs::CellSide,
-            (last - first + 1) * glyphs::CellSide};
+    /// The cells of rows `first` to `last`.
+    static editing::CellBlock rows(int first, int last) {
+        return {1, first, editing::NameLength, last - first + 1};
     }
 
 private:
@@ -85,13 +81,6 @@ private:
             picture.setPixel(x, y, ui::OpaquePixel(255, 255, 255));
         }
         return picture;
-    }
-
-    ui::Picture rowsInUse(const ui::Picture& picture) const {
-        const ui::Rect area = rows(1, documents.animation.nameCount);
-        ui::Picture part(area.width, area.height);
-        glyphs::BlitCells(part, 0, 0, area.width, area.height, picture, 0, 0);
-        return part;
     }
 };
 

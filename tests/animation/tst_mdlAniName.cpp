@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstring>
 #include <functional>
 #include <random>
 #include <string>
@@ -18,8 +17,7 @@ namespace {
 
 using support::AnimationDesk;
 
-constexpr auto NoDamage = ui::Rect{};
-constexpr std::size_t LineBytes = editing::NameLength * glyphs::CellSide * sizeof(ui::Pixel);
+constexpr editing::CellBlock NoDamage{};
 
 /// Gives every row ticks of its own.
 void numberTicks(AnimationDocument& animation) {
@@ -137,7 +135,7 @@ TEST(InsertName, PutsABlankRowAtTheCursorAndShiftsTheRestDown) {
     numberTicks(desk.animation());
     desk.animation().currentName = 4;
     desk.animation().cursorPos = 6;
-    InsertName(desk.context);
+    desk.shown.follow(InsertName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 16);
     EXPECT_EQ(desk.animation().currentName, 4);
     EXPECT_EQ(desk.animation().cursorPos, 6);
@@ -147,19 +145,19 @@ TEST(InsertName, PutsABlankRowAtTheCursorAndShiftsTheRestDown) {
     EXPECT_EQ(desk.name(16), "name 15") << "the row that was out of use is overwritten";
     EXPECT_EQ(desk.name(17), "name 17");
     expectTicksInPlace(desk.animation());
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(4, 16));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(4, 16));
 }
 
 TEST(InsertName, AtTheLastNameMovesItToTheNewRow) {
     AnimationDesk desk;
     desk.fillNames(15);
-    InsertName(desk.context);
+    desk.shown.follow(InsertName(desk.animation()));
     EXPECT_EQ(desk.name(15), "");
     EXPECT_EQ(desk.name(16), "name 15");
     EXPECT_EQ(desk.animation().currentName, 15);
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(15, 16));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(15, 16));
 }
 
 TEST(InsertName, FillsUpToNinetyNames) {
@@ -167,11 +165,11 @@ TEST(InsertName, FillsUpToNinetyNames) {
     desk.animation().nameCount = 89;
     desk.fillNames(90);
     desk.animation().currentName = 1;
-    InsertName(desk.context);
+    desk.shown.follow(InsertName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 90);
     EXPECT_EQ(desk.name(1), "");
     EXPECT_EQ(desk.name(90), "name 89");
-    EXPECT_EQ(desk.painted(), desk.repainted());
+    EXPECT_TRUE(desk.isShown());
 }
 
 TEST(InsertName, WithNinetyNamesDoesNothingAtAll) {
@@ -179,14 +177,13 @@ TEST(InsertName, WithNinetyNamesDoesNothingAtAll) {
     desk.animation().nameCount = 90;
     desk.animation().currentName = 3;
     desk.fillNames(90);
-    const ui::Picture before = desk.pictures.animation.pixels();
-    InsertName(desk.context);
+    const AnimationDocument before = desk.animation();
+    EXPECT_EQ(InsertName(desk.animation()), Change());
+    EXPECT_EQ(desk.animation(), before);
     EXPECT_EQ(desk.animation().nameCount, 90);
     for (int name = 1; name <= 90; ++name) {
         EXPECT_EQ(desk.name(name), "name " + std::to_string(name));
     }
-    EXPECT_EQ(desk.pictures.animation.pixels(), before);
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), NoDamage);
 }
 
 TEST(DeleteName, RemovesTheCurrentNameAndGoesToPositionOne) {
@@ -196,7 +193,7 @@ TEST(DeleteName, RemovesTheCurrentNameAndGoesToPositionOne) {
     numberTicks(desk.animation());
     desk.animation().currentName = 6;
     desk.animation().cursorPos = 9;
-    DeleteName(desk.context);
+    desk.shown.follow(DeleteName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 19);
     EXPECT_EQ(desk.animation().currentName, 6);
     EXPECT_EQ(desk.animation().cursorPos, 1);
@@ -206,8 +203,8 @@ TEST(DeleteName, RemovesTheCurrentNameAndGoesToPositionOne) {
     EXPECT_EQ(desk.name(20), "");
     EXPECT_EQ(desk.name(21), "name 21");
     expectTicksInPlace(desk.animation());
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(6, 20));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(6, 20));
 }
 
 TEST(DeleteName, OfTheLastNameGoesToTheOneBefore) {
@@ -215,19 +212,19 @@ TEST(DeleteName, OfTheLastNameGoesToTheOneBefore) {
     desk.animation().nameCount = 16;
     desk.animation().currentName = 16;
     desk.fillNames(16);
-    DeleteName(desk.context);
+    desk.shown.follow(DeleteName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 15);
     EXPECT_EQ(desk.animation().currentName, 15);
     EXPECT_EQ(desk.name(15), "name 15");
     EXPECT_EQ(desk.name(16), "");
-    EXPECT_EQ(desk.painted(), desk.repainted());
+    EXPECT_TRUE(desk.isShown());
 }
 
 TEST(DeleteName, WithFifteenNamesBlanksTheLastRowAndKeepsFifteen) {
     AnimationDesk desk;
     desk.fillNames(16);
     desk.animation().currentName = 2;
-    DeleteName(desk.context);
+    desk.shown.follow(DeleteName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 15);
     EXPECT_EQ(desk.animation().currentName, 2);
     EXPECT_EQ(desk.name(1), "name 1");
@@ -235,19 +232,19 @@ TEST(DeleteName, WithFifteenNamesBlanksTheLastRowAndKeepsFifteen) {
     EXPECT_EQ(desk.name(14), "name 15");
     EXPECT_EQ(desk.name(15), "");
     EXPECT_EQ(desk.name(16), "name 16");
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(2, 15));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(2, 15));
 }
 
 TEST(DeleteName, OfTheLastOfFifteenBlanksIt) {
     AnimationDesk desk;
     desk.fillNames(15);
-    DeleteName(desk.context);
+    desk.shown.follow(DeleteName(desk.animation()));
     EXPECT_EQ(desk.animation().nameCount, 15);
     EXPECT_EQ(desk.animation().currentName, 15);
     EXPECT_EQ(desk.name(14), "name 14");
     EXPECT_EQ(desk.name(15), "");
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(15, 15));
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(15, 15));
 }
 
 TEST(MoveNameUp, SwapsWithTheNameBeforeAndFollowsIt) {
@@ -255,25 +252,25 @@ TEST(MoveNameUp, SwapsWithTheNameBeforeAndFollowsIt) {
     desk.fillNames(15);
     numberTicks(desk.animation());
     desk.animation().cursorPos = 5;
-    MoveNameUp(desk.context);
+    desk.shown.follow(MoveNameUp(desk.animation()));
     EXPECT_EQ(desk.name(14), "name 15");
     EXPECT_EQ(desk.name(15), "name 14");
     EXPECT_EQ(desk.animation().currentName, 14);
     EXPECT_EQ(desk.animation().cursorPos, 5);
     expectTicksInPlace(desk.animation());
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(14, 15));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(14, 15));
 }
 
 TEST(MoveNameUp, OnTheFirstNameDoesNothing) {
     AnimationDesk desk;
     desk.fillNames(15);
     desk.animation().currentName = 1;
-    MoveNameUp(desk.context);
+    desk.shown.follow(MoveNameUp(desk.animation()));
     EXPECT_EQ(desk.animation().currentName, 1);
     EXPECT_EQ(desk.name(1), "name 1");
     EXPECT_EQ(desk.name(2), "name 2");
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), NoDamage);
+    EXPECT_EQ(desk.damage(), NoDamage);
 }
 
 TEST(MoveNameDown, SwapsGlyphsWhileTheRowsKeepTheirTicks) {
@@ -281,54 +278,27 @@ TEST(MoveNameDown, SwapsGlyphsWhileTheRowsKeepTheirTicks) {
     desk.fillNames(15);
     numberTicks(desk.animation());
     desk.animation().currentName = 3;
-    MoveNameDown(desk.context);
+    desk.shown.follow(MoveNameDown(desk.animation()));
     EXPECT_EQ(desk.name(3), "name 4");
     EXPECT_EQ(desk.name(4), "name 3");
     EXPECT_EQ(desk.animation().currentName, 4);
     expectTicksInPlace(desk.animation());
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(3, 4));
+    EXPECT_TRUE(desk.isShown());
+    EXPECT_EQ(desk.damage(), AnimationDesk::rows(3, 4));
 }
 
 TEST(MoveNameDown, OnTheLastNameInUseDoesNothing) {
     AnimationDesk desk;
     desk.fillNames(16);
-    MoveNameDown(desk.context);
+    desk.shown.follow(MoveNameDown(desk.animation()));
     EXPECT_EQ(desk.animation().currentName, 15);
     EXPECT_EQ(desk.name(15), "name 15");
     EXPECT_EQ(desk.name(16), "name 16");
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), NoDamage);
+    EXPECT_EQ(desk.damage(), NoDamage);
 }
 
-TEST(PaintNamesFrom, PaintsRowsThatComeIntoUse) {
-    AnimationDesk desk;
-    desk.fillNames(90);
-    SetNameCount(desk.animation(), 30);
-    EXPECT_NE(desk.painted(), desk.repainted());
-    PaintNamesFrom(desk.context, 16);
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), AnimationDesk::rows(16, 30));
-    EXPECT_TRUE(desk.sounds.waves.empty());
-    PaintNamesFrom(desk.context, 31);
-    EXPECT_EQ(desk.pictures.animation.takeDamage(), NoDamage);
-}
-
-TEST(NameList, WorksOnTheAnimationWhateverPageIsInView) {
-    AnimationDesk desk;
-    desk.fillNames(15);
-    const ui::Picture namePage = desk.pictures.name.pixels();
-    desk.context.page = editing::Page::Name;
-    InsertName(desk.context);
-    MoveNameUp(desk.context);
-    DeleteName(desk.context);
-    EXPECT_EQ(desk.painted(), desk.repainted());
-    EXPECT_EQ(desk.pictures.name.pixels(), namePage);
-    EXPECT_EQ(desk.pictures.name.takeDamage(), NoDamage);
-    EXPECT_TRUE(desk.sounds.waves.empty());
-}
-
-TEST(NameList, KeepsThePictureTrueAndDamagesNoLessThanWhatChangedAfterAnyOperations) {
-    const std::vector<std::function<void(const EditContext&)>> operations = {
+TEST(NameList, TellsOfAllThatItChangesAndIsNeverHeard) {
+    const std::vector<std::function<Change(AnimationDocument&)>> operations = {
         InsertName, DeleteName, MoveNameUp, MoveNameDown};
     std::mt19937 random(20031);
     const auto pick = [&random](int first, int last) {
@@ -347,24 +317,16 @@ TEST(NameList, KeepsThePictureTrueAndDamagesNoLessThanWhatChangedAfterAnyOperati
             AnimationDocument& animation = desk.animation();
             animation.currentName = pick(1, animation.nameCount);
             animation.cursorPos = pick(1, 15);
-            const ui::Picture before = desk.pictures.animation.pixels();
-            operations[static_cast<std::size_t>(pick(0, 3))](desk.context);
+            desk.shown.follow(operations[static_cast<std::size_t>(pick(0, 3))](animation));
 
-            ASSERT_EQ(desk.painted(), desk.repainted());
+            ASSERT_TRUE(desk.isShown());
             ASSERT_GE(animation.nameCount, 15);
             ASSERT_LE(animation.nameCount, 90);
             ASSERT_GE(animation.currentName, 1);
             ASSERT_LE(animation.currentName, animation.nameCount);
             expectTicksInPlace(animation);
-            const ui::Rect damage = desk.pictures.animation.takeDamage();
-            const ui::Picture& after = desk.pictures.animation.pixels();
-            for (int y = 0; y < after.height(); ++y) {
-                if (y < damage.y || y >= damage.y + damage.height) {
-                    ASSERT_TRUE(std::memcmp(after.row(y), before.row(y), LineBytes) == 0)
-                        << "line " << y << " changed and was not damaged";
-                }
-            }
         }
+        EXPECT_TRUE(desk.shown.kinds.empty());
     }
 }
 

@@ -4,12 +4,15 @@
 
 #include "editing/mdlCommon.h"
 #include "glyphs/mdlData.h"
-#include "support/FakePlatform.h"
+#include "support/FollowedPages.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
 namespace editing {
+
+constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messages};
 
 /// Artwork in which no two pixels are alike, so that a cell painted from the wrong place shows.
 inline ui::Picture DistinctArtwork() {
@@ -22,37 +25,30 @@ inline ui::Picture DistinctArtwork() {
     return artwork;
 }
 
-/// Everything that the editing operations work with, in its first state: painted, colour 1, overwriting,
-/// silent until something happens.
+/// Everything that the editing operations work with, in its first state: colour 1, overwriting, and the
+/// pages followed.
 class EditWorld {
 public:
-    EditWorld() {
-        modes.typingColour = false;
-        for (const Page each : {Page::Name, Page::Animation, Page::Messages}) {
-            page = each;
-            PaintRowsInUse(context(), each);
-            pictures.of(each).takeDamage();
-        }
-        page = Page::Name;
-    }
-
-    [[nodiscard]] EditContext context() {
-        return {documents, page, modes, atlas, pictures, sounds, soundOptions};
-    }
+    EditWorld() { modes.typingColour = false; }
 
     [[nodiscard]] PageCursor cursor() { return CursorOf(documents, page); }
 
     [[nodiscard]] GlyphRows rows() { return cursor().rows; }
 
-    /// Puts a text into a row of the page in view, blanks after it, and paints it.
+    /// Follows what an operation reports.
+    void show(const Change& change) { shown.follow(change); }
+
+    void put(GlyphCode code) { show(PutGlyph(cursor(), modes, code)); }
+
+    /// Puts a text into a row of the page in view, blanks after it, and shows it.
     void setRow(int row, std::string_view text) {
         for (int column = 1; column <= rows().width(); ++column) {
             const auto index = static_cast<std::size_t>(column - 1);
             rows().cell(row, column) =
                 index < text.size() ? static_cast<unsigned char>(text[index]) : glyphs::BlankGlyph;
         }
-        PaintRow(context(), page, row);
-        pictures.of(page).takeDamage();
+        show(RowChanged(cursor(), row));
+        shown.takeDamage(page);
     }
 
     /// The row's cells as bytes, blanks at the end included.
@@ -72,44 +68,15 @@ public:
         return text;
     }
 
-    /// Whether the picture of the page in view shows exactly its rows in use.
-    [[nodiscard]] bool isPaintedLikeDocument() {
-        PagePictures fresh;
-        EditContext other{documents, page, modes, atlas, fresh, sounds, soundOptions};
-        PaintRowsInUse(other, page);
-        const ui::Picture& painted = pictures.of(page).pixels();
-        const ui::Picture& expected = fresh.of(page).pixels();
-        const int height = cursor().rowsInUse * glyphs::CellSide;
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < painted.width(); ++x) {
-                if (painted.pixel(x, y) != expected.pixel(x, y)) {
-                    return false;
-                }
-            }
-        }
-        return true;
-    }
+    /// Whether the page in view, having followed the changes, shows exactly its rows in use.
+    [[nodiscard]] bool isShownLikeDocument() { return shown.isTrue(page); }
 
-    /// The numbers of the sounds that were played, in order.
-    [[nodiscard]] std::vector<int> soundNumbers() const {
-        std::vector<int> numbers;
-        for (const std::string& wave : sounds.waves) {
-            for (int number = glyphs::GlyphPlacedSound; number <= glyphs::PagePaintedSound; ++number) {
-                if (wave == glyphs::SoundWave(number)) {
-                    numbers.push_back(number);
-                }
-            }
-        }
-        return numbers;
-    }
+    [[nodiscard]] CellBlock damage() { return shown.takeDamage(page); }
 
     Documents documents;
     Page page = Page::Name;
     Modes modes;
-    glyphs::GlyphAtlas atlas = glyphs::BuildAtlas(DistinctArtwork(), ui::OpaqueBlack);
-    PagePictures pictures;
-    support::FakeSounds sounds;
-    glyphs::SoundOptions soundOptions{true, true, true, true};
+    support::FollowedPages shown{documents};
 };
 
 } // namespace editing

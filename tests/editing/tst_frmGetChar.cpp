@@ -3,6 +3,7 @@
 #include "editing/frmGetChar.h"
 
 #include "EditWorld.h"
+#include "glyphs/mdlPaint.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 

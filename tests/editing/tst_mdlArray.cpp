@@ -280,14 +280,13 @@ protected:
     }
 
     void format(FormatOperation operation) {
-        FormatPage(world.context(), dialogs, settings, progress, operation);
+        world.show(FormatPage(world.cursor(), dialogs, settings, operation));
     }
 
     /// Texts in the first rows, the one of row 20 and the last of 90 names too.
     void fillAnimation() {
         world.page = Page::Animation;
         world.documents.animation.nameCount = 20;
-        PaintRowsInUse(world.context(), Page::Animation);
         for (const int row : {1, 2, 3, 20, 21, 90}) {
             world.setRow(row, "  n" + std::to_string(row));
         }
@@ -306,25 +305,23 @@ protected:
             {text, ui::Buttons::YesNoCancel, ui::Icon::None, "No or Cancel: only the current one."}, answer);
     }
 
-    [[nodiscard]] ui::Rect damage() { return world.pictures.of(world.page).takeDamage(); }
+    [[nodiscard]] CellBlock damage() { return world.damage(); }
 
     EditWorld world;
     support::FakeDialogs dialogs;
     FormatSettings settings;
-    glyphs::Progress progress{[](int) {
-    }};
 };
 
-const std::vector<int> OnePagePaint{104};
+const std::vector OnePagePaint{Change::Kind::WholePage};
 
 TEST_F(PageFormatting, FormatsTheNameWithoutAQuestion) {
     show(Page::Name, 1);
     world.setRow(1, "  abc");
     format(FormatOperation::AlignLeft);
     EXPECT_EQ(world.text(1), "abc");
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
-    EXPECT_EQ(damage(), ui::Rect({0, 0, 240, 16}));
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
+    EXPECT_TRUE(world.isShownLikeDocument());
+    EXPECT_EQ(damage(), (CellBlock{1, 1, 15, 1}));
 }
 
 TEST_F(PageFormatting, FormatsAllNinetyNamesAfterYes) {
@@ -335,8 +332,8 @@ TEST_F(PageFormatting, FormatsAllNinetyNamesAfterYes) {
     for (const int row : {1, 2, 3, 20, 21, 90}) {
         EXPECT_EQ(world.text(row), "n" + std::to_string(row));
     }
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(PageFormatting, FormatsTheCurrentNameAfterNoOrCancel) {
@@ -348,9 +345,9 @@ TEST_F(PageFormatting, FormatsTheCurrentNameAfterNoOrCancel) {
         EXPECT_EQ(world.text(1), "  n1");
         EXPECT_EQ(world.text(2), "n2");
         EXPECT_EQ(world.text(3), "  n3");
-        EXPECT_TRUE(world.soundNumbers().empty());
-        EXPECT_EQ(damage(), ui::Rect({0, 16, 240, 16}));
-        EXPECT_TRUE(world.isPaintedLikeDocument());
+        EXPECT_TRUE(world.shown.kinds.empty());
+        EXPECT_EQ(damage(), (CellBlock{1, 2, 15, 1}));
+        EXPECT_TRUE(world.isShownLikeDocument());
     }
 }
 
@@ -360,7 +357,7 @@ TEST_F(PageFormatting, FormatsAllNamesWithoutAskingWhenThatIsChosen) {
     format(FormatOperation::ToUpperCase);
     EXPECT_EQ(world.text(1), "  N1");
     EXPECT_EQ(world.text(90), "  N90");
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
 }
 
 TEST_F(PageFormatting, FormatsAllMessagesAfterYes) {
@@ -369,8 +366,8 @@ TEST_F(PageFormatting, FormatsAllMessagesAfterYes) {
     format(FormatOperation::AlignRight);
     EXPECT_EQ(world.row(1), std::string(28, ' ') + "one");
     EXPECT_EQ(world.row(3), std::string(26, ' ') + "three");
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(PageFormatting, FormatsTheCurrentMessageAfterNoOrCancel) {
@@ -381,8 +378,8 @@ TEST_F(PageFormatting, FormatsTheCurrentMessageAfterNoOrCancel) {
         format(FormatOperation::SwitchCase);
         EXPECT_EQ(world.text(1), "  one");
         EXPECT_EQ(world.text(3), "  THREE");
-        EXPECT_TRUE(world.soundNumbers().empty());
-        EXPECT_EQ(damage(), ui::Rect({0, 32, 496, 16}));
+        EXPECT_TRUE(world.shown.kinds.empty());
+        EXPECT_EQ(damage(), (CellBlock{1, 3, 31, 1}));
     }
 }
 
@@ -409,7 +406,7 @@ TEST_F(PageFormatting, KeepsEachPagesQuestionApart) {
 TEST_F(PageFormatting, ReversesTheOrderOfTheNamesInUseWithoutAQuestion) {
     fillAnimation();
     world.documents.animation.ticks(1) = 9;
-    ReverseNameOrder(world.context(), progress);
+    world.show(ReverseNameOrder(world.cursor()));
     EXPECT_EQ(world.text(20), "  n1");
     EXPECT_EQ(world.text(19), "  n2");
     EXPECT_EQ(world.text(1), "  n20");
@@ -417,36 +414,36 @@ TEST_F(PageFormatting, ReversesTheOrderOfTheNamesInUseWithoutAQuestion) {
     EXPECT_EQ(world.text(21), "  n21");
     EXPECT_EQ(world.documents.animation.ticks(1), 9);
     EXPECT_EQ(world.documents.animation.ticks(20), 2);
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(PageFormatting, SwapsTheFirstAndTheThirdMessage) {
     fillMessages();
-    ReverseNameOrder(world.context(), progress);
+    world.show(ReverseNameOrder(world.cursor()));
     EXPECT_EQ(world.text(1), "  three");
     EXPECT_EQ(world.text(2), "  two");
     EXPECT_EQ(world.text(3), "  one");
-    EXPECT_EQ(world.soundNumbers(), OnePagePaint);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_EQ(world.shown.kinds, OnePagePaint);
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(PageFormatting, ReversesNothingOnTheNamePage) {
     show(Page::Name, 1);
     world.setRow(1, "abc");
-    ReverseNameOrder(world.context(), progress);
+    world.show(ReverseNameOrder(world.cursor()));
     EXPECT_EQ(world.text(1), "abc");
-    EXPECT_TRUE(world.soundNumbers().empty());
-    EXPECT_TRUE(damage().empty());
+    EXPECT_TRUE(world.shown.kinds.empty());
+    EXPECT_EQ(damage(), CellBlock());
 }
 
 class ClipboardOfRows : public PageFormatting {
 protected:
-    void copy() { CopyRow(world.context(), clipboard); }
+    void copy() { CopyRow(world.cursor(), clipboard); }
 
-    void cut() { CutRow(world.context(), clipboard); }
+    void cut() { world.show(CutRow(world.cursor(), clipboard)); }
 
-    void paste() { PasteRow(world.context(), clipboard); }
+    void paste() { world.show(PasteRow(world.cursor(), clipboard)); }
 
     EditClipboard clipboard;
 };
@@ -455,7 +452,7 @@ TEST_F(ClipboardOfRows, HoldsBlanksAtFirst) {
     world.setRow(1, "abc");
     paste();
     EXPECT_EQ(world.text(1), "");
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
     EXPECT_EQ(clipboard.page, Page::Name);
 }
 
@@ -463,7 +460,7 @@ TEST_F(ClipboardOfRows, CopiesWithoutChangingThePage) {
     world.setRow(1, "abc");
     copy();
     EXPECT_EQ(world.text(1), "abc");
-    EXPECT_TRUE(damage().empty());
+    EXPECT_EQ(damage(), CellBlock());
     EXPECT_EQ(std::string(clipboard.cells.begin(), clipboard.cells.end()), "abc" + std::string(28, ' '));
 }
 
@@ -473,15 +470,15 @@ TEST_F(ClipboardOfRows, CutsTheRowAndPaintsItBlank) {
     cut();
     EXPECT_EQ(world.text(3), "");
     EXPECT_EQ(world.text(2), "  n2");
-    EXPECT_EQ(damage(), ui::Rect({0, 32, 240, 16}));
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_EQ(damage(), (CellBlock{1, 3, 15, 1}));
+    EXPECT_TRUE(world.isShownLikeDocument());
     EXPECT_EQ(clipboard.page, Page::Animation);
     show(Page::Animation, 5);
     paste();
     EXPECT_EQ(world.text(5), "  n3");
-    EXPECT_EQ(damage(), ui::Rect({0, 64, 240, 16}));
-    EXPECT_TRUE(world.isPaintedLikeDocument());
-    EXPECT_TRUE(world.soundNumbers().empty());
+    EXPECT_EQ(damage(), (CellBlock{1, 5, 15, 1}));
+    EXPECT_TRUE(world.isShownLikeDocument());
+    EXPECT_TRUE(world.shown.kinds.empty());
 }
 
 TEST_F(ClipboardOfRows, LosesTheEndOfAMessageInAName) {

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <string>
 #include <string_view>
@@ -18,15 +19,13 @@ namespace editing {
 
 namespace {
 
-constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messages};
-
-/// The cells of a row from `column` to its end, as pixels of the page's picture.
-ui::Rect Strip(int row, int column, int width) {
-    return {(column - 1) * 16, (row - 1) * 16, (width - column + 1) * 16, 16};
+/// The cells of a row from `column` to its end.
+CellBlock Strip(int row, int column, int width) {
+    return {column, row, width - column + 1, 1};
 }
 
-ui::Rect Cell(int row, int column) {
-    return {(column - 1) * 16, (row - 1) * 16, 16, 16};
+CellBlock Cell(int row, int column) {
+    return {column, row, 1, 1};
 }
 
 TEST(Documents, HaveTheirSizesAndAreBlankAtFirst) {
@@ -147,16 +146,33 @@ protected:
 
     void put(std::string_view text) {
         for (const char character : text) {
-            EXPECT_TRUE(PutGlyph(world.context(), static_cast<unsigned char>(character)));
+            world.put(static_cast<unsigned char>(character));
         }
     }
 
-    void remove() { DeleteGlyph(world.context()); }
+    void remove() { world.show(DeleteGlyph(world.cursor())); }
 
-    [[nodiscard]] ui::Rect damage() { return world.pictures.of(world.page).takeDamage(); }
+    [[nodiscard]] CellBlock damage() { return world.damage(); }
 
     EditWorld world;
 };
+
+TEST(Documents, AreEqualWhenAllTheyHoldIs) {
+    const Documents blank;
+    for (const Page page : AllPages) {
+        Documents other;
+        EXPECT_EQ(other, blank);
+        CursorOf(other, page).column = 2;
+        EXPECT_NE(other, blank);
+        other = blank;
+        const GlyphRows rows = CursorOf(other, page).rows;
+        rows.cell(rows.count(), rows.width()) = 65;
+        EXPECT_NE(other, blank);
+    }
+    Documents other;
+    other.animation.ticks(90) = 3;
+    EXPECT_NE(other, blank);
+}
 
 TEST_F(Editing, OverwritesAndMovesOn) {
     put("abc");
@@ -166,7 +182,7 @@ TEST_F(Editing, OverwritesAndMovesOn) {
     put("X");
     EXPECT_EQ(world.text(1), "aXc");
     EXPECT_EQ(world.cursor().column, 3);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, StaysOnTheLastCellWhenOverwriting) {
@@ -179,7 +195,7 @@ TEST_F(Editing, StaysOnTheLastCellWhenOverwriting) {
     EXPECT_EQ(world.cursor().column, 31);
     EXPECT_EQ(world.rows().cell(2, 30), 'a');
     EXPECT_EQ(world.rows().cell(2, 31), 'c');
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, InsertsBeforeTheGlyphInsertedLast) {
@@ -197,7 +213,7 @@ TEST_F(Editing, LosesTheLastGlyphWhenInserting) {
     EXPECT_EQ(world.cursor().column, 1);
     put("Y");
     EXPECT_EQ(world.text(1), "YXABC");
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, InsertsIntoTheRowOfTheCursorOnly) {
@@ -211,7 +227,7 @@ TEST_F(Editing, InsertsIntoTheRowOfTheCursorOnly) {
     EXPECT_EQ(world.row(1), std::string(31, 'a'));
     EXPECT_EQ(world.row(2), std::string(19, 'b') + "X" + std::string(11, 'b'));
     EXPECT_EQ(world.row(3), std::string(31, 'c'));
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, ReplacesTheLastCellWhenInsertingThere) {
@@ -221,7 +237,7 @@ TEST_F(Editing, ReplacesTheLastCellWhenInsertingThere) {
     put("XY");
     EXPECT_EQ(world.row(1), "ABCDEFGHIJKLMNY");
     EXPECT_EQ(world.cursor().column, 15);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, ClosesTheRowUpWhenAGlyphIsRemoved) {
@@ -238,7 +254,7 @@ TEST_F(Editing, ClosesTheRowUpWhenAGlyphIsRemoved) {
     world.setRow(1, "ABCDEFGHIJKLMNO");
     remove();
     EXPECT_EQ(world.row(1), "ABCDEFGHIJKLMN ");
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, PlacesGlyphsInColour2WhenThatIsOn) {
@@ -246,9 +262,9 @@ TEST_F(Editing, PlacesGlyphsInColour2WhenThatIsOn) {
     put("A ");
     EXPECT_EQ(world.rows().cell(1, 1), 193);
     EXPECT_EQ(world.rows().cell(1, 2), 32);
-    PutGlyph(world.context(), 200);
+    world.put(200);
     EXPECT_EQ(world.rows().cell(1, 3), 200);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Editing, PlacesTypedGlyphsThatCouldNotBePicked) {
@@ -258,28 +274,18 @@ TEST_F(Editing, PlacesTypedGlyphsThatCouldNotBePicked) {
 
 TEST_F(Editing, DoesNothingAtAllForGlyphZero) {
     world.setRow(1, "ABC");
-    EXPECT_FALSE(PutGlyph(world.context(), 0));
+    EXPECT_EQ(PutGlyph(world.cursor(), world.modes, 0), Change());
     world.modes.insert = true;
-    EXPECT_FALSE(PutGlyph(world.context(), 0));
+    EXPECT_EQ(PutGlyph(world.cursor(), world.modes, 0), Change());
     EXPECT_EQ(world.text(1), "ABC");
     EXPECT_EQ(world.cursor().column, 1);
-    EXPECT_TRUE(world.sounds.waves.empty());
-    EXPECT_TRUE(damage().empty());
+    EXPECT_EQ(damage(), CellBlock());
 }
 
-TEST_F(Editing, PlaysItsSoundForEachGlyphPlaced) {
+TEST_F(Editing, IsHeardForEachGlyphPlaced) {
     put("ab");
     remove();
-    EXPECT_EQ(world.soundNumbers(), (std::vector<int>{101, 101}));
-}
-
-TEST_F(Editing, IsSilentWhenItsSoundIsOffWhileWholePagesAreNot) {
-    world.soundOptions[0] = false;
-    put("a");
-    EXPECT_TRUE(world.soundNumbers().empty());
-    glyphs::Progress progress([](int) {});
-    PaintNamePage(world.context(), progress);
-    EXPECT_EQ(world.soundNumbers(), (std::vector<int>{104}));
+    EXPECT_EQ(world.shown.kinds, (std::vector(2, Change::Kind::PlacedGlyph)));
 }
 
 TEST_F(Editing, DamagesOneCellWhenOverwriting) {
@@ -309,21 +315,19 @@ TEST_F(Editing, DamagesTheRestOfTheRowWhenItMoves) {
 TEST_F(Editing, LeavesTheOtherPagesAlone) {
     show(Page::Animation, 4, 2);
     put("abc");
-    EXPECT_FALSE(damage().empty());
-    EXPECT_TRUE(world.pictures.name.takeDamage().empty());
-    EXPECT_TRUE(world.pictures.messages.takeDamage().empty());
+    EXPECT_EQ(damage(), (CellBlock{2, 4, 3, 1}));
+    EXPECT_EQ(world.shown.takeDamage(Page::Name), CellBlock());
+    EXPECT_EQ(world.shown.takeDamage(Page::Messages), CellBlock());
     EXPECT_EQ(world.documents.name.cells, NameDocument().cells);
     EXPECT_EQ(world.documents.messages.cells, MessageDocument().cells);
 }
 
-TEST_F(Editing, KeepsThePictureLikeTheDocumentWhateverIsDone) {
+TEST_F(Editing, TellsOfAllThatItChangesWhateverIsDone) {
     std::mt19937 random(19961996);
     const auto upTo = [&random](int last) {
         return static_cast<int>(random() % static_cast<unsigned>(last)) + 1;
     };
     world.documents.animation.nameCount = 22;
-    PaintRowsInUse(world.context(), Page::Animation);
-    glyphs::Progress progress([](int) {});
     EditClipboard clipboard;
     for (int step = 0; step < 6000; ++step) {
         world.page = AllPages[random() % AllPages.size()];
@@ -344,50 +348,26 @@ TEST_F(Editing, KeepsThePictureLikeTheDocumentWhateverIsDone) {
             remove();
             break;
         case 5:
-            NavigateKey(world.context(), KeyBackspace);
+            world.show(NavigateKey(world.cursor(), KeyBackspace));
             break;
         case 6:
-            NavigateKey(world.context(), KeyEnter);
+            world.show(NavigateKey(world.cursor(), KeyEnter));
             break;
         case 7:
-            CutRow(world.context(), clipboard);
+            world.show(CutRow(world.cursor(), clipboard));
             break;
         case 8:
-            PasteRow(world.context(), clipboard);
+            world.show(PasteRow(world.cursor(), clipboard));
             break;
         default:
-            PutGlyph(world.context(), static_cast<GlyphCode>(random() % 256));
+            world.put(static_cast<GlyphCode>(random() % 256));
         }
         if (step % 40 == 0) {
             for (const Page page : AllPages) {
                 world.page = page;
-                ASSERT_TRUE(world.isPaintedLikeDocument()) << step;
+                ASSERT_TRUE(world.isShownLikeDocument()) << step;
             }
         }
-    }
-}
-
-TEST_F(Editing, DamagesEveryPixelThatChanges) {
-    std::mt19937 random(42);
-    for (int step = 0; step < 1500; ++step) {
-        world.page = AllPages[random() % AllPages.size()];
-        PageCursor cursor = world.cursor();
-        cursor.column = static_cast<int>(random() % static_cast<unsigned>(cursor.rows.width())) + 1;
-        world.modes.insert = random() % 2 == 0;
-        const ui::Picture before = world.pictures.of(world.page).pixels();
-        if (random() % 3 == 0) {
-            remove();
-        } else {
-            PutGlyph(world.context(), static_cast<GlyphCode>(random() % 256));
-        }
-        // What lies outside the damage is what was shown before.
-        ui::Picture outside = world.pictures.of(world.page).pixels();
-        ui::Picture expected = before;
-        const ui::Rect damaged = damage();
-        outside.fill(damaged, 0);
-        expected.fill(damaged, 0);
-        ASSERT_EQ(outside, expected) << step;
-        ASSERT_LE(damaged.height, 16);
     }
 }
 
@@ -434,53 +414,6 @@ TEST_F(PlacingTheCursor, MovesTheDocumentsCursor) {
     EXPECT_EQ(placed(Page::Animation, 16 * 4, 16 * 8), Position(9, 5));
     EXPECT_EQ(world.documents.animation.currentName, 9);
     EXPECT_EQ(world.documents.animation.cursorPos, 5);
-}
-
-/// Whole pages painted from their documents.
-class PagePainting : public Editing {
-protected:
-    glyphs::Progress progress{[this](int percentage) {
-        shown.push_back(percentage);
-    }};
-    std::vector<int> shown;
-};
-
-TEST_F(PagePainting, PlaysItsSoundShowsItsProgressAndPaintsEveryCell) {
-    const auto check = [this](Page page, auto paint) {
-        SCOPED_TRACE(static_cast<int>(page));
-        world.page = page;
-        for (int row = 1; row <= world.rows().count(); ++row) {
-            for (int column = 1; column <= world.rows().width(); ++column) {
-                world.rows().cell(row, column) = static_cast<GlyphCode>((row * 31 + column) % 256);
-            }
-        }
-        shown.clear();
-        world.sounds.waves.clear();
-        paint(world.context(), progress);
-        EXPECT_TRUE(world.isPaintedLikeDocument());
-        EXPECT_EQ(damage(), world.pictures.of(page).pixels().bounds());
-        EXPECT_EQ(world.soundNumbers(), (std::vector<int>{104}));
-        EXPECT_EQ(shown, (std::vector<int>{10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 0}));
-    };
-    check(Page::Name, PaintNamePage);
-    check(Page::Animation, PaintAnimationPage);
-    world.documents.animation.nameCount = 90;
-    check(Page::Animation, PaintAnimationPage);
-    check(Page::Messages, PaintMessagePage);
-}
-
-TEST_F(PagePainting, IsSilentForARowAndForTheFirstShowing) {
-    world.page = Page::Messages;
-    world.rows().cell(2, 31) = 65;
-    PaintRow(world.context(), Page::Messages, 2);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
-    EXPECT_EQ(damage(), Strip(2, 1, 31));
-    world.rows().cell(3, 1) = 66;
-    PaintRowsInUse(world.context(), Page::Messages);
-    EXPECT_TRUE(world.isPaintedLikeDocument());
-    EXPECT_EQ(damage(), ui::Rect({0, 0, 496, 48}));
-    EXPECT_TRUE(world.sounds.waves.empty());
-    EXPECT_TRUE(shown.empty());
 }
 
 } // namespace

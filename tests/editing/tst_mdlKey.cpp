@@ -411,7 +411,7 @@ TEST(SetLockKey, SetsTheLockThatMirrorsTheMode) {
 /// Navigation on the three pages.
 class Navigation : public testing::Test {
 protected:
-    void go(int virtualKey) { NavigateKey(world.context(), virtualKey); }
+    void go(int virtualKey) { world.show(NavigateKey(world.cursor(), virtualKey)); }
 
     void show(Page page, int row, int column) {
         world.page = page;
@@ -505,7 +505,7 @@ TEST_F(Navigation, RemovesTheGlyphAtTheCursorWithDelete) {
     go(KeyDelete);
     EXPECT_EQ(world.text(1), "ACD");
     EXPECT_EQ(position(), std::pair(1, 2));
-    EXPECT_TRUE(world.isPaintedLikeDocument());
+    EXPECT_TRUE(world.isShownLikeDocument());
 }
 
 TEST_F(Navigation, RemovesTheGlyphBeforeTheCursorWithBackspace) {
@@ -515,7 +515,7 @@ TEST_F(Navigation, RemovesTheGlyphBeforeTheCursorWithBackspace) {
         go(KeyBackspace);
         EXPECT_EQ(world.text(1), "ACD");
         EXPECT_EQ(position(), std::pair(1, 2));
-        EXPECT_TRUE(world.isPaintedLikeDocument());
+        EXPECT_TRUE(world.isShownLikeDocument());
     }
 }
 
@@ -525,7 +525,7 @@ TEST_F(Navigation, DoesNothingForBackspaceInTheFirstColumn) {
     go(KeyBackspace);
     EXPECT_EQ(world.text(1), "ABCD");
     EXPECT_EQ(position(), std::pair(1, 1));
-    EXPECT_TRUE(world.pictures.name.takeDamage().empty());
+    EXPECT_EQ(world.damage(), CellBlock());
 }
 
 TEST_F(Navigation, IsSilent) {
@@ -533,7 +533,7 @@ TEST_F(Navigation, IsSilent) {
     for (const int key : {13, 8, 33, 34, 35, 36, 37, 38, 39, 40, 46}) {
         go(key);
     }
-    EXPECT_TRUE(world.sounds.waves.empty());
+    EXPECT_TRUE(world.shown.kinds.empty());
 }
 
 } // namespace
