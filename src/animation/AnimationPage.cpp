@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "animation/AnimationPage.h"
 
-#include "animation/mdlAniName.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QApplication>
@@ -14,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -92,7 +92,7 @@ AnimationPage::AnimationPage(
     connectControls();
     VScroll1_Change(VScroll1->value());
     fitPicture();
-    showCursor();
+    refresh();
 }
 
 void AnimationPage::buildControls() {
@@ -100,7 +100,6 @@ void AnimationPage::buildControls() {
         Qt::Horizontal, QStringLiteral("AniTotalScroll"), tr("Total names"), MinNames, MaxNames);
     AniScroll = makeScrollBar(
         Qt::Horizontal, QStringLiteral("AniScroll"), tr("Current name"), 1, m_document.nameCount);
-    AniScroll->setValue(m_document.currentName);
     AniNameScroll = makeScrollBar(
         Qt::Horizontal, QStringLiteral("AniNameScroll"), tr("Cursor position in the name"), 1, NameLength);
     VScroll1 = makeScrollBar(
@@ -108,17 +107,14 @@ void AnimationPage::buildControls() {
         m_document.nameCount - VisibleNames + 1);
     VScroll1->setPageStep(ViewLargeStep);
 
-    lblAniTotalNum =
-        MakeLabel("lblAniTotalNum", QString::number(m_document.nameCount), tr("The total names"), this);
-    lblAniNameNum =
-        MakeLabel("lblAniNameNum", QString::number(m_document.currentName), tr("The current name"), this);
+    lblAniTotalNum = MakeLabel("lblAniTotalNum", {}, tr("The total names"), this);
+    lblAniNameNum = MakeLabel("lblAniNameNum", {}, tr("The current name"), this);
     lblNum[0] = MakeLabel("lblNum_0", QString::number(1), {}, this);
     lblNum[0]->setAccessibleDescription(tr("First name in view"));
     lblNum[1] = MakeLabel("lblNum_1", QString::number(VisibleNames), {}, this);
     lblNum[1]->setAccessibleDescription(tr("Last name in view"));
 
     ThisTickList = MakeTickList("ThisTickList", tr("Set this names tick"), this);
-    ThisTickList->setEditText(QString::number(editing::InitialTicks));
     TickList = MakeTickList("TickList", tr("Set all ticks to selected number"), this);
     TickList->setCurrentIndex(-1);
     for (QComboBox* const list : {ThisTickList, TickList}) {
@@ -213,18 +209,27 @@ void AnimationPage::connectControls() {
     }
 }
 
-void AnimationPage::syncScrollBars() {
-    // All are taken first: each change handler writes its bar's value back, clamped to the range that still
-    // holds.
-    const int total = m_document.nameCount;
-    const int name = m_document.currentName;
-    const int position = m_document.cursorPos;
-    AniTotalScroll->setValue(total);
-    AniScroll->setValue(name);
-    AniNameScroll->setValue(position);
-}
-
 void AnimationPage::refresh() {
+    const int total = m_document.nameCount;
+    setBar(AniTotalScroll, total);
+    lblAniTotalNum->setText(QString::number(total));
+    if (const int before = std::exchange(m_shownTotal, total); total != before) {
+        {
+            const QSignalBlocker silent(AniScroll);
+            AniScroll->setMaximum(total);
+        }
+        VScroll1->setValue(1);
+        VScroll1->setMaximum(total - VisibleNames + 1);
+        pictureWidget()->announceRows();
+        if (total > before) {
+            Q_EMIT namesAdded(before + 1);
+        }
+    }
+    setBar(AniScroll, m_document.currentName);
+    lblAniNameNum->setText(QString::number(m_document.currentName));
+    setBar(AniNameScroll, m_document.cursorPos);
+    moveMarker(m_document.cursorPos, m_document.currentName);
+
     const int ticks = m_document.ticks(m_document.currentName);
     const int index = ticks <= editing::MaxOfferedTicks ? ticks : -1;
     const QString text = QString::number(ticks);
@@ -301,33 +306,15 @@ bool AnimationPage::useTickText(QComboBox* list, const QEvent& event) {
 }
 
 void AnimationPage::AniTotalScroll_Change(int value) {
-    // Not the document's number: an operation that raised it has not painted what came into use.
-    const int before = std::exchange(m_shownTotal, value);
-    lblAniTotalNum->setText(QString::number(value));
-    AniScroll->setMaximum(value);
-    SetNameCount(m_document, value);
-    if (value != before) {
-        pictureWidget()->announceRows();
-    }
-    if (value > before) {
-        Q_EMIT namesAdded(before + 1);
-    }
-    VScroll1->setValue(1);
-    VScroll1->setMaximum(value - VisibleNames + 1);
+    Q_EMIT totalChosen(value);
 }
 
 void AnimationPage::AniScroll_Change(int value) {
-    m_document.currentName = value;
-    lblAniNameNum->setText(QString::number(value));
-    refresh();
-    showCursor();
-    VScroll1_Change(VScroll1->value());
+    Q_EMIT cursorMoved(m_document.cursorPos, value);
 }
 
 void AnimationPage::AniNameScroll_Change(int value) {
-    m_document.cursorPos = value;
-    VScroll1_Change(VScroll1->value());
-    showCursor();
+    Q_EMIT cursorMoved(value, m_document.currentName);
 }
 
 void AnimationPage::VScroll1_Change(int value) {
@@ -342,19 +329,12 @@ void AnimationPage::VScroll1_Scroll(int value) {
 
 void AnimationPage::ThisTickList_Click(int index) {
     Q_EMIT userActed();
-    SetTicks(m_document, m_document.currentName, static_cast<std::int16_t>(index));
-    refresh();
+    Q_EMIT ticksChosen(index, false);
 }
 
 void AnimationPage::TickList_Click(int index) {
     Q_EMIT userActed();
-    SetAllTicks(m_document, static_cast<std::int16_t>(index));
-    refresh();
-}
-
-void AnimationPage::showCursor() {
-    moveMarker(m_document.cursorPos, m_document.currentName);
-    Q_EMIT cursorMoved();
+    Q_EMIT ticksChosen(index, true);
 }
 
 } // namespace animation

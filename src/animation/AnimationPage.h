@@ -23,7 +23,6 @@ public:
     AnimationPage(
         editing::AnimationDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
 
-    void syncScrollBars() override;
     void refresh() override;
 
     /// Opens the list of the current name's ticks, or that of all names, as if it was clicked.
@@ -43,6 +42,10 @@ protected:
 Q_SIGNALS:
     /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.
     void nameButtonClicked(int index);
+    /// A number of names was chosen (15 to 90).
+    void totalChosen(int count);
+    /// A number of ticks was chosen, for the current name or for all in use.
+    void ticksChosen(int count, bool forAllNames);
     /// More names came into use: the rows from `firstName` on are to be painted.
     void namesAdded(int firstName);
 
@@ -58,7 +61,6 @@ private:
     void VScroll1_Scroll(int value);
     void ThisTickList_Click(int index);
     void TickList_Click(int index);
-    void showCursor();
 
     /// The mouse on the text of a tick list, which unfolds it as its arrow does. Returns whether the event is
     /// used up.

@@ -33,8 +33,9 @@ void NamePage::connectControls() {
     connect(NameScroll, &QScrollBar::valueChanged, this, &NamePage::NameScroll_Change);
 }
 
-void NamePage::syncScrollBars() {
-    NameScroll->setValue(m_document.cursorPos);
+void NamePage::refresh() {
+    setBar(NameScroll, m_document.cursorPos);
+    moveMarker(m_document.cursorPos, m_document.currentRow);
 }
 
 void NamePage::fitPicture() {
@@ -54,9 +55,7 @@ QString NamePage::rowName(int /*row*/) const {
 }
 
 void NamePage::NameScroll_Change(int value) {
-    m_document.cursorPos = value;
-    moveMarker(value, m_document.currentRow);
-    Q_EMIT cursorMoved();
+    Q_EMIT cursorMoved(value, m_document.currentRow);
 }
 
 } // namespace editing

@@ -14,7 +14,7 @@ class NamePage : public PagePanel {
 public:
     NamePage(NameDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
 
-    void syncScrollBars() override;
+    void refresh() override;
 
 protected:
     [[nodiscard]] GlyphRows rows() const override;

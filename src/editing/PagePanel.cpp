@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStringList>
 #include <QTimerEvent>
 #include <QVBoxLayout>
@@ -141,6 +142,11 @@ QScrollBar* PagePanel::makeScrollBar(
     bar->setFocusPolicy(Qt::NoFocus);
     connect(bar, &QScrollBar::actionTriggered, this, &PagePanel::userActed);
     return bar;
+}
+
+void PagePanel::setBar(QScrollBar* bar, int value) {
+    const QSignalBlocker silent(bar);
+    bar->setValue(value);
 }
 
 QWidget* PagePanel::makeFrame() {

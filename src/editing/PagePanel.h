@@ -23,11 +23,9 @@ class PagePanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// Writes the document's cursor into the scroll bars, whose change handlers move the marker.
-    virtual void syncScrollBars() = 0;
-
-    /// Shows what else of the document is not in the picture: labels and lists.
-    virtual void refresh() {}
+    /// Sets everything but the picture from the document: scroll bars, marker, labels and lists. What the
+    /// user does with them is only told; whoever hears it changes the document and calls this.
+    virtual void refresh() = 0;
 
     /// Shows again what has changed in the picture.
     void showDamage();
@@ -51,8 +49,8 @@ Q_SIGNALS:
     void userActed();
     /// A mouse button went down over the picture, at a position in its pixels.
     void picturePressed(int x, int y, Qt::MouseButton button);
-    /// A scroll bar has moved the cursor.
-    void cursorMoved();
+    /// A scroll bar is to move the cursor to a cell (1-based).
+    void cursorMoved(int column, int row);
 
 protected:
     /// Makes the picture and the marker, with these objectNames.
@@ -78,6 +76,9 @@ protected:
     QScrollBar* makeScrollBar(
         Qt::Orientation orientation, const QString& name, const QString& accessibleName, int minimum,
         int maximum);
+
+    /// Sets a scroll bar as the document has it, which is nothing that the user did.
+    static void setBar(QScrollBar* bar, int value);
 
     /// Gives what stands beside the picture the picture's size, at first and whenever that changes.
     virtual void fitPicture() = 0;

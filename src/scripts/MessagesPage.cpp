@@ -47,12 +47,10 @@ void MessagesPage::connectControls() {
     connect(MacScroll, &QScrollBar::valueChanged, this, &MessagesPage::MacScroll_Change);
 }
 
-void MessagesPage::syncScrollBars() {
-    // Both are taken first: each change handler writes its bar's value back.
-    const int column = m_document.cursorPos;
-    const int message = m_document.currentMessage;
-    MacNameScroll->setValue(column);
-    MacScroll->setValue(message);
+void MessagesPage::refresh() {
+    setBar(MacNameScroll, m_document.cursorPos);
+    setBar(MacScroll, m_document.currentMessage);
+    moveMarker(m_document.cursorPos, m_document.currentMessage);
 }
 
 void MessagesPage::fitPicture() {
@@ -75,18 +73,11 @@ QString MessagesPage::rowName(int row) const {
 }
 
 void MessagesPage::MacNameScroll_Change(int value) {
-    m_document.cursorPos = value;
-    showCursor();
+    Q_EMIT cursorMoved(value, m_document.currentMessage);
 }
 
 void MessagesPage::MacScroll_Change(int value) {
-    m_document.currentMessage = value;
-    showCursor();
-}
-
-void MessagesPage::showCursor() {
-    moveMarker(m_document.cursorPos, m_document.currentMessage);
-    Q_EMIT cursorMoved();
+    Q_EMIT cursorMoved(m_document.cursorPos, value);
 }
 
 } // namespace scripts

@@ -14,7 +14,7 @@ class MessagesPage : public editing::PagePanel {
 public:
     MessagesPage(editing::MessageDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
 
-    void syncScrollBars() override;
+    void refresh() override;
 
 protected:
     [[nodiscard]] editing::GlyphRows rows() const override;
@@ -26,7 +26,6 @@ private:
     void connectControls();
     void MacNameScroll_Change(int value);
     void MacScroll_Change(int value);
-    void showCursor();
 
     editing::MessageDocument& m_document;
     QScrollBar* MacNameScroll;

@@ -63,7 +63,9 @@ void frmVTM::connectControls() {
         const Page page = AllPages[static_cast<std::size_t>(i)];
         editing::PagePanel& shown = panel(page);
         connect(&shown, &editing::PagePanel::userActed, this, [this, page] { switchPageFor(page); });
-        connect(&shown, &editing::PagePanel::cursorMoved, this, &frmVTM::updateCursorLabel);
+        connect(&shown, &editing::PagePanel::cursorMoved, this, [this, page](int column, int row) {
+            cursor_Moved(page, column, row);
+        });
         connect(
             &shown, &editing::PagePanel::picturePressed, this,
             [this, page](int x, int y, Qt::MouseButton button) { PagePic_MouseDown(page, x, y, button); });
@@ -75,6 +77,8 @@ void frmVTM::connectControls() {
     }
     m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
     connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
+    connect(m_animationPage, &animation::AnimationPage::totalChosen, this, &frmVTM::total_Chosen);
+    connect(m_animationPage, &animation::AnimationPage::ticksChosen, this, &frmVTM::ticks_Chosen);
     connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
         editing::PaintRowsFrom(painter(), Page::Animation, firstName);
     });
@@ -130,12 +134,15 @@ void frmVTM::showStatus(const std::string& text) {
 
 void frmVTM::Refresh() {
     editing::PagePanel& shown = panel(m_workspace.page());
-    shown.syncScrollBars();
-    shown.refresh();
-    showDamage();
-    updateCursorLabel();
+    showPage(m_workspace.page());
     m_centre->follow(shown.marker());
     shown.takeFocus();
+}
+
+void frmVTM::showPage(Page page) {
+    panel(page).refresh();
+    showDamage();
+    updateCursorLabel();
 }
 
 void frmVTM::showDamage() {

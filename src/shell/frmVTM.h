@@ -101,6 +101,8 @@ private:
 
     // What every command ends with, and how pages are shown
     void Refresh();
+    /// Shows a page as its document is, without moving the view or the focus.
+    void showPage(editing::Page page);
     void showDamage();
     void switchPageFor(editing::Page page);
     void describeKeys();
@@ -144,6 +146,7 @@ private:
     // Mouse and timers
     void ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button);
     void ImgGrid_MouseMove(QPoint pixel);
+    void cursor_Moved(editing::Page page, int column, int row);
     void PagePic_MouseDown(editing::Page page, int x, int y, Qt::MouseButton button);
     void cmdKey_Click(int index);
     void lockKey_Turned(ui::LockKey key, bool isOn);
@@ -151,6 +154,8 @@ private:
     void cmdFrequent_MouseDown(int index);
     void cmdCalcFrequent_Click();
     void cmdName_Click(int index);
+    void total_Chosen(int count);
+    void ticks_Chosen(int count, bool forAllNames);
     void imgDir_Arrow(int virtualKey);
     void tmrCursor_Timer();
     void moveGridMarker(glyphs::GlyphCode code);

@@ -64,7 +64,6 @@ void frmVTM::mnuNewMessages_Click() {
 bool frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure openFailure) {
     const auto repaint = [this, kind] {
         repaintPage(kind);
-        panel(kind).syncScrollBars();
         panel(kind).refresh();
     };
     switch (kind) {
@@ -83,7 +82,7 @@ bool frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure 
             // The number of names may have changed all the same. The names that come into use by it are
             // painted as they were, since the page does not show what was read.
             std::swap(animation.nameGlyphs, before);
-            panel(kind).syncScrollBars();
+            panel(kind).refresh();
             std::swap(animation.nameGlyphs, before);
         }
         showStatus(outcome.statusText);

@@ -252,6 +252,13 @@ void frmVTM::ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button) {
     }
 }
 
+void frmVTM::cursor_Moved(Page page, int column, int row) {
+    const editing::PageCursor moved = editing::CursorOf(m_workspace.documents, page);
+    moved.column = column;
+    moved.row = row;
+    showPage(page);
+}
+
 void frmVTM::PagePic_MouseDown(Page page, int x, int y, Qt::MouseButton button) {
     switchPageFor(page);
     editing::PlaceCursor(cursor(), x, y);
@@ -316,6 +323,22 @@ void frmVTM::cmdName_Click(int index) {
     editing::ShowChange(
         painter(), Operations[static_cast<std::size_t>(index)](m_workspace.documents.animation));
     Refresh();
+}
+
+void frmVTM::total_Chosen(int count) {
+    animation::SetNameCount(m_workspace.documents.animation, count);
+    showPage(Page::Animation);
+}
+
+void frmVTM::ticks_Chosen(int count, bool forAllNames) {
+    editing::AnimationDocument& animation = m_workspace.documents.animation;
+    const auto ticks = static_cast<std::int16_t>(count);
+    if (forAllNames) {
+        animation::SetAllTicks(animation, ticks);
+    } else {
+        animation::SetTicks(animation, animation.currentName, ticks);
+    }
+    showPage(Page::Animation);
 }
 
 void frmVTM::imgDir_Arrow(int virtualKey) {

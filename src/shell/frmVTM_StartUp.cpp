@@ -83,7 +83,6 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     rebuildRecentMenus();
 
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        panel(page).syncScrollBars();
         panel(page).refresh();
     }
     mnuView_Click(static_cast<int>(m_workspace.page()));

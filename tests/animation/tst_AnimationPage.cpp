@@ -33,10 +33,32 @@ struct AnimationPanel : testing::Test {
 
     void open() {
         page = std::make_unique<AnimationPage>(desk.animation(), desk.pictures.animation);
+        obey();
         page->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(page.get()));
-        page->syncScrollBars();
         page->refresh();
+    }
+
+    /// Does with the document what the page tells, as the window does.
+    void obey() {
+        QObject::connect(page.get(), &AnimationPage::cursorMoved, page.get(), [this](int column, int row) {
+            desk.animation().cursorPos = column;
+            desk.animation().currentName = row;
+            page->refresh();
+        });
+        QObject::connect(page.get(), &AnimationPage::totalChosen, page.get(), [this](int count) {
+            animation::SetNameCount(desk.animation(), count);
+            page->refresh();
+        });
+        QObject::connect(page.get(), &AnimationPage::ticksChosen, page.get(), [this](int count, bool forAll) {
+            const auto ticks = static_cast<std::int16_t>(count);
+            if (forAll) {
+                animation::SetAllTicks(desk.animation(), ticks);
+            } else {
+                animation::SetTicks(desk.animation(), desk.animation().currentName, ticks);
+            }
+            page->refresh();
+        });
     }
 
     [[nodiscard]] support::FormHand hand() const { return support::FormHand(*page); }
@@ -250,7 +272,7 @@ TEST_F(AnimationPanel, NeverMovesTheViewToFollowTheCursor) {
     animation::SetNameCount(desk.animation(), 90);
     open();
     desk.animation().currentName = 80;
-    page->syncScrollBars();
+    page->refresh();
     EXPECT_EQ(bar("VScroll1").value(), 1);
     EXPECT_EQ(hand().find<QWidget>("AniPic").y(), 0);
     EXPECT_EQ(marker(), QPoint(0, 79 * 16));
@@ -339,12 +361,13 @@ TEST_F(AnimationPanel, RefreshShowsTicksThatChangedElsewhere) {
 TEST_F(AnimationPanel, DoesNotTakeProgrammaticChangesForTheUsers) {
     open();
     QSignalSpy acted(page.get(), &AnimationPage::userActed);
+    QSignalSpy moved(page.get(), &AnimationPage::cursorMoved);
+    QSignalSpy chosen(page.get(), &AnimationPage::totalChosen);
     animation::SetNameCount(desk.animation(), 60);
     desk.animation().currentName = 50;
     desk.animation().cursorPos = 9;
-    page->syncScrollBars();
     page->refresh();
-    EXPECT_EQ(acted.count(), 0);
+    EXPECT_EQ(acted.count() + moved.count() + chosen.count(), 0);
     EXPECT_EQ(desk.animation().nameCount, 60);
     EXPECT_EQ(desk.animation().currentName, 50);
     EXPECT_EQ(desk.animation().cursorPos, 9);
@@ -359,11 +382,11 @@ TEST_F(AnimationPanel, AsksForNamesThatAnOperationBroughtIntoUse) {
     open();
     QSignalSpy added(page.get(), &AnimationPage::namesAdded);
     animation::SetNameCount(desk.animation(), 30);
-    page->syncScrollBars();
+    page->refresh();
     ASSERT_EQ(added.count(), 1);
     EXPECT_EQ(added[0][0].toInt(), 16);
     animation::SetNameCount(desk.animation(), 15);
-    page->syncScrollBars();
+    page->refresh();
     EXPECT_EQ(added.count(), 1);
 }
 
