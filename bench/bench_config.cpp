@@ -127,6 +127,10 @@ public:
         return m_disk.lockFile(path);
     }
 
+    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> tryLockFile(const ui::Path& path) override {
+        return m_disk.tryLockFile(path);
+    }
+
     [[nodiscard]] ui::Path spareFolder() const override { return {}; }
 
 private:

@@ -24,11 +24,13 @@ private:
     Descriptor m_descriptor;
 };
 
-/// Locks what is open, waiting for others two seconds at most.
-Status WaitForLock(int number, const Path& path, const char* busy) {
-    // What holds such a lock is done in moments: rather than wait for ever for one that hangs, give up.
-    constexpr int Attempts = 400;
-    constexpr std::chrono::milliseconds Pause(5);
+// What holds a lock is done in moments: rather than wait for ever for one that hangs, give up after two
+// seconds.
+constexpr int PatientAttempts = 400;
+constexpr std::chrono::milliseconds Pause(5);
+
+/// Locks what is open; while another holds it, tries again.
+Status WaitForLock(int number, const Path& path, const char* busy, int attempts) {
     for (int attempt = 1; ::flock(number, LOCK_EX | LOCK_NB) != 0; ++attempt) {
         const bool hasLocks =
             errno != ENOLCK && errno != ENOTSUP && errno != ENOSYS && errno != EINVAL && errno != EBADF;
@@ -38,7 +40,7 @@ Status WaitForLock(int number, const Path& path, const char* busy) {
         if (errno != EWOULDBLOCK && errno != EINTR) {
             return FileFailure("Could not lock", path, errno);
         }
-        if (attempt == Attempts) {
+        if (attempt == attempts) {
             return Failure{"Could not lock \"" + PathText(path) + "\": " + busy + "."};
         }
         std::this_thread::sleep_for(Pause);
@@ -46,20 +48,7 @@ Status WaitForLock(int number, const Path& path, const char* busy) {
     return {};
 }
 
-} // namespace
-
-Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
-    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.number() < 0) {
-        return FileFailure("Could not lock", folder, errno);
-    }
-    if (auto locked = WaitForLock(descriptor.number(), folder, "another program is writing in it"); !locked) {
-        return locked.failure();
-    }
-    return std::unique_ptr<FileLock>(std::make_unique<DiskFileLock>(std::move(descriptor)));
-}
-
-Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
+Result<std::unique_ptr<FileLock>> LockFile(const Path& path, int attempts) {
     for (;;) {
         constexpr int Common = O_CLOEXEC | O_NONBLOCK;
         int number = ::open(path.c_str(), O_RDWR | Common);
@@ -73,7 +62,7 @@ Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
         if (number < 0 || ::fstat(number, &opened) != 0) {
             return FileFailure("Could not lock", path, errno);
         }
-        if (auto locked = WaitForLock(number, path, "another program is writing it"); !locked) {
+        if (auto locked = WaitForLock(number, path, "another program is writing it", attempts); !locked) {
             return locked.failure();
         }
 
@@ -87,6 +76,29 @@ Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
             return std::unique_ptr<FileLock>(std::make_unique<DiskFileLock>(std::move(descriptor)));
         }
     }
+}
+
+} // namespace
+
+Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
+    Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.number() < 0) {
+        return FileFailure("Could not lock", folder, errno);
+    }
+    if (auto locked =
+            WaitForLock(descriptor.number(), folder, "another program is writing in it", PatientAttempts);
+        !locked) {
+        return locked.failure();
+    }
+    return std::unique_ptr<FileLock>(std::make_unique<DiskFileLock>(std::move(descriptor)));
+}
+
+Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
+    return LockFile(path, PatientAttempts);
+}
+
+Result<std::unique_ptr<FileLock>> DiskFiles::tryLockFile(const Path& path) {
+    return LockFile(path, 1);
 }
 
 } // namespace ui

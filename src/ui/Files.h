@@ -151,6 +151,9 @@ public:
     /// The same for an existing file, by whatever name.
     [[nodiscard]] virtual Result<std::unique_ptr<FileLock>> lockFile(const Path& path) = 0;
 
+    /// The same without waiting.
+    [[nodiscard]] virtual Result<std::unique_ptr<FileLock>> tryLockFile(const Path& path) = 0;
+
     /// The names of what lies in a folder, sorted; none if it cannot be read.
     [[nodiscard]] virtual std::vector<std::string> list(const Path& folder) const = 0;
 
@@ -189,6 +192,7 @@ public:
     [[nodiscard]] bool sameFile(const Path& first, const Path& second) const override;
     [[nodiscard]] Result<std::unique_ptr<FileLock>> lockFolder(const Path& folder) override;
     [[nodiscard]] Result<std::unique_ptr<FileLock>> lockFile(const Path& path) override;
+    [[nodiscard]] Result<std::unique_ptr<FileLock>> tryLockFile(const Path& path) override;
 
     [[nodiscard]] std::vector<std::string> list(const Path& folder) const override;
 

@@ -258,4 +258,11 @@ ui::Result<std::unique_ptr<ui::FileLock>> FailingFiles::lockFile(const ui::Path&
     return m_files.lockFile(path);
 }
 
+ui::Result<std::unique_ptr<ui::FileLock>> FailingFiles::tryLockFile(const ui::Path& path) {
+    if (auto failure = take(Step::Lock, path)) {
+        return *failure;
+    }
+    return m_files.tryLockFile(path);
+}
+
 } // namespace support

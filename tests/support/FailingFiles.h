@@ -63,6 +63,7 @@ public:
     [[nodiscard]] bool sameFile(const ui::Path& first, const ui::Path& second) const override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFolder(const ui::Path& folder) override;
     [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lockFile(const ui::Path& path) override;
+    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> tryLockFile(const ui::Path& path) override;
 
     [[nodiscard]] std::vector<std::string> list(const ui::Path& folder) const override {
         return m_files.list(folder);

@@ -501,6 +501,17 @@ TEST(DiskFiles, LocksAFileByAllItsNames) {
     EXPECT_FALSE(folder.has("gone"));
 }
 
+TEST(DiskFiles, LocksAFileWithoutWaitingForAnother) {
+    const TempFolder folder;
+    DiskFiles files;
+    folder.put("a", "x");
+    auto lock = files.tryLockFile(folder / "a");
+    ASSERT_TRUE(lock);
+    EXPECT_FALSE(files.tryLockFile(folder / "a"));
+    lock = ui::Failure{"released"};
+    EXPECT_TRUE(files.tryLockFile(folder / "a"));
+}
+
 TEST(DiskFiles, LocksTheFileThatHasTheNameInTheEnd) {
     const TempFolder folder;
     DiskFiles files;
