@@ -33,13 +33,14 @@ Path FolderVariable(const char* name) {
     return folder.is_absolute() ? folder : Path();
 }
 
-Path DataHome() {
-    Path dataHome = FolderVariable("XDG_DATA_HOME");
-    if (!dataHome.empty()) {
-        return dataHome;
+/// A folder of the user's: the one that the variable names, or the usual one in the home folder.
+Path UserFolder(const char* variable, const char* usual) {
+    Path folder = FolderVariable(variable);
+    if (!folder.empty()) {
+        return folder;
     }
     const Path home = FolderVariable("HOME");
-    return home.empty() ? home : home / ".local" / "share";
+    return home.empty() ? home : home / usual;
 }
 
 } // namespace
@@ -48,12 +49,17 @@ DesktopProgramDirectory::DesktopProgramDirectory()
     : DesktopProgramDirectory(Executable()) {}
 
 DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable)
-    : DesktopProgramDirectory(executable, DataHome()) {}
+    : DesktopProgramDirectory(executable, UserFolder("XDG_DATA_HOME", ".local/share")) {}
 
 DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable, const Path& dataHome)
     : m_folder(FindFolder(executable))
     , m_standIn(dataHome.empty() ? dataHome : dataHome / "vtm")
     , m_writable(::access(m_folder.c_str(), W_OK | X_OK) == 0) {}
+
+Path DesktopProgramDirectory::StateFolder() {
+    const Path home = UserFolder("XDG_STATE_HOME", ".local/state");
+    return home.empty() ? home : home / "vtm";
+}
 
 Path DesktopProgramDirectory::Executable() {
     std::error_code error;

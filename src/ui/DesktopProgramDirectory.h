@@ -30,6 +30,9 @@ public:
     /// Where toWrite() puts files, whether the folder is there yet or not; empty: nowhere.
     [[nodiscard]] Path spareFolder() const;
 
+    /// The program's folder in the user's state home, whether it is there yet or not; empty: nowhere.
+    [[nodiscard]] static Path StateFolder();
+
     /// The running program's own file.
     [[nodiscard]] static Path Executable();
 

@@ -144,6 +144,7 @@ struct Platform {
     FileTypes& fileTypes;
     Launcher& launcher;
     ProgramDirectory& directory;
+    Path stateFolder = {}; ///< where the program keeps what outlives a crash; empty: nowhere
 };
 
 } // namespace ui

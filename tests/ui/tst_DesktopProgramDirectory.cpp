@@ -109,6 +109,19 @@ TEST_F(UnwritableDirectory, FindsTheDataHomeInTheEnvironment) {
     EXPECT_EQ(standIn(), program.parent_path());
 }
 
+TEST(DesktopProgramDirectory, FindsTheStateHomeInTheEnvironment) {
+    const auto set = [](const char* name, const char* value) {
+        ::setenv(name, value, 1); // NOLINT(concurrency-mt-unsafe)
+    };
+    set("HOME", "/home/me");
+    set("XDG_STATE_HOME", "/state");
+    EXPECT_EQ(DesktopProgramDirectory::StateFolder(), "/state/vtm");
+    set("XDG_STATE_HOME", "relative");
+    EXPECT_EQ(DesktopProgramDirectory::StateFolder(), "/home/me/.local/state/vtm");
+    set("HOME", "");
+    EXPECT_EQ(DesktopProgramDirectory::StateFolder(), ui::Path());
+}
+
 TEST(DesktopProgramDirectory, ForgetsTheUsersFolderWhereItCanWrite) {
     const TempFolder folder;
     folder.put("bin/vtmtc.dat", "");

@@ -38,8 +38,9 @@ private:
     QtDialogs m_dialogs{m_settings};
     FreedesktopFileTypes m_fileTypes;
     DesktopLauncher m_launcher;
-    Platform m_platform{m_dialogs,  m_files,     m_clipboard, m_sounds,   m_lockKeys,
-                        m_settings, m_fileTypes, m_launcher,  m_directory};
+    Platform m_platform{
+        m_dialogs,  m_files,     m_clipboard, m_sounds,    m_lockKeys,
+        m_settings, m_fileTypes, m_launcher,  m_directory, DesktopProgramDirectory::StateFolder()};
 };
 
 } // namespace ui::qt
