@@ -25,6 +25,8 @@ enum class AltCommand {
     MoreNames,
     FewerNames,
     ShowReadNames,
+    RestoreWork,
+    DiscardWork,
     ViewLineUp,
     ViewLineDown,
     ViewPageUp,

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/StatusLine.h"
 
+#include "shell/AltKeys.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QStyleOption>
@@ -11,8 +13,7 @@ namespace shell {
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent)
-    , lblStatus(new QLabel(this))
-    , lblShow(new QLabel(this)) {
+    , lblStatus(new QLabel(this)) {
     setObjectName(QStringLiteral("statusbar"));
     setSizeGripEnabled(false);
     lblStatus->setObjectName(QStringLiteral("lblStatus"));
@@ -22,14 +23,21 @@ StatusLine::StatusLine(QWidget* parent)
     lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     keepRoom();
     addPermanentWidget(lblStatus, 1);
-    lblShow->setObjectName(QStringLiteral("lblShow"));
-    lblShow->setText(QStringLiteral("<a href=\"#\">%1</a>").arg(tr("Show")));
-    lblShow->setToolTip(tr("Show the names that were read"));
-    lblShow->setAccessibleName(tr("Show"));
-    addPermanentWidget(lblShow);
-    lblShow->hide();
+    lblShow = makeLink("lblShow", tr("Show"), tr("Show the names that were read"));
     connect(this, &QStatusBar::messageChanged, this, &StatusLine::tell);
     connect(lblShow, &QLabel::linkActivated, this, &StatusLine::showPressed);
+}
+
+QLabel* StatusLine::makeLink(const char* name, const QString& caption, const QString& tooltip) {
+    auto* link = new QLabel(QStringLiteral("<a href=\"#\">%1</a>").arg(caption), this);
+    link->setObjectName(QLatin1String(name));
+    link->setToolTip(tooltip);
+    link->setAccessibleName(caption);
+    link->setAccessibleDescription(
+        QStringLiteral("%1 (%2)").arg(tooltip, QString::fromStdString(AltKeysOf(name))));
+    addPermanentWidget(link);
+    link->hide();
+    return link;
 }
 
 void StatusLine::tell(const QString& text) {
@@ -48,6 +56,30 @@ void StatusLine::offerShow() {
 
 bool StatusLine::offersShow() const {
     return !lblShow->isHidden();
+}
+
+void StatusLine::offerRestore() {
+    lblRestore = makeLink("lblRestore", tr("Restore"), tr("Put what stood on the pages back on them"));
+    lblDiscard = makeLink("lblDiscard", tr("Discard"), tr("Forget what stood on the pages"));
+    connect(lblRestore, &QLabel::linkActivated, this, &StatusLine::restorePressed);
+    connect(lblDiscard, &QLabel::linkActivated, this, &StatusLine::discardPressed);
+    lblRestore->show();
+    lblDiscard->show();
+}
+
+void StatusLine::endRestore() {
+    for (QLabel** const link : {&lblRestore, &lblDiscard}) {
+        if (*link != nullptr) {
+            // It may be the one that was pressed.
+            (*link)->hide();
+            (*link)->deleteLater();
+            *link = nullptr;
+        }
+    }
+}
+
+bool StatusLine::offersRestore() const {
+    return lblRestore != nullptr;
 }
 
 void StatusLine::changeEvent(QEvent* event) {

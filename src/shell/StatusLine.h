@@ -9,7 +9,7 @@ class QLabel;
 namespace shell {
 
 /// The line at the foot of the main window. A text that is longer than the line is wrapped, and may come with
-/// something to do about what it says.
+/// something to do about what it says. Work that can be restored is offered whatever the text.
 class StatusLine final : public QStatusBar {
     Q_OBJECT
 
@@ -21,9 +21,17 @@ public:
 
     [[nodiscard]] bool offersShow() const;
 
+    /// Shows two links, to restore work and to discard it, until endRestore().
+    void offerRestore();
+    void endRestore();
+
+    [[nodiscard]] bool offersRestore() const;
+
 Q_SIGNALS:
     /// The link was pressed.
     void showPressed();
+    void restorePressed();
+    void discardPressed();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -33,8 +41,12 @@ private:
     void tell(const QString& text);
     void keepRoom();
 
+    QLabel* makeLink(const char* name, const QString& caption, const QString& tooltip);
+
     QLabel* lblStatus;
     QLabel* lblShow;
+    QLabel* lblRestore = nullptr;
+    QLabel* lblDiscard = nullptr;
 };
 
 } // namespace shell

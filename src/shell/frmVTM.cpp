@@ -9,6 +9,7 @@
 #include "scripts/MessagesPage.h"
 #include "shell/GlyphButton.h"
 #include "shell/ProgressIndicator.h"
+#include "shell/Recovery.h"
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
@@ -48,6 +49,9 @@ frmVTM::frmVTM(ui::Platform& platform)
     buildToolbar();
     buildCentre();
     connectControls();
+    m_recovery = new Recovery(
+        m_workspace, *m_statusLine, m_platform.files, m_platform.stateFolder,
+        [this](const WorkState& state) { showWork(state); }, this);
     tmrCursor.setParent(this);
     tmrCursor.setObjectName(QStringLiteral("tmrCursor"));
     tmrCursor.start(BlinkInterval);

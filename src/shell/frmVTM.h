@@ -47,9 +47,11 @@ class MessagesPage;
 namespace shell {
 
 struct AltKey;
+struct WorkState;
 class GlyphButton;
 class OptionsModel;
 class ProgressIndicator;
+class Recovery;
 class ScrollingCentre;
 class StatusLine;
 class TabPicture;
@@ -118,6 +120,8 @@ private:
     ui::Status loadSettings();
     void registerFileTypes();
     void restoreWindow();
+    /// Puts a state that was kept for after a crash on the pages.
+    void showWork(const WorkState& state);
     /// Reads a script into its page and tells of it. Whether it was read to its end.
     bool loadScript(
         editing::Page kind, const ui::Path& path,
@@ -234,6 +238,7 @@ private:
     animation::AnimationPage* m_animationPage = nullptr;
     scripts::MessagesPage* m_messagesPage = nullptr;
     StatusLine* m_statusLine = nullptr;
+    Recovery* m_recovery = nullptr;
     ProgressIndicator* picProgress = nullptr;
     glyphs::Progress m_progress;
     QTimer tmrCursor;

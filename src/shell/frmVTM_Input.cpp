@@ -9,6 +9,7 @@
 #include "glyphs/mdlSwitches.h"
 #include "shell/AltKeys.h"
 #include "shell/GlyphButton.h"
+#include "shell/Recovery.h"
 #include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/InnermostMenu.h"
@@ -220,6 +221,10 @@ void frmVTM::runAltKey(const AltKey& key) {
             showReadNames();
         }
         return;
+    case AltCommand::RestoreWork:
+        return m_recovery->restore();
+    case AltCommand::DiscardWork:
+        return m_recovery->discard();
     case AltCommand::ViewLineUp:
         return m_animationPage->moveView(QAbstractSlider::SliderSingleStepSub);
     case AltCommand::ViewLineDown:

@@ -242,7 +242,6 @@ QSize frmVTM::firstSize() const {
 void frmVTM::describeKeys() {
     DescribeKeys(ImgGrid);
     DescribeKeys(cmdCalcFrequent);
-    DescribeKeys(m_statusLine->findChild<QWidget*>(QStringLiteral("lblShow")));
     std::ranges::for_each(cmdFavorite, DescribeKeys);
     std::ranges::for_each(cmdFrequent, DescribeKeys);
     for (const char* name : {"AniTotalScroll", "ThisTickList", "TickList", "VScroll1"}) {

@@ -3,6 +3,7 @@
 #include "animation/mdlAniScript.h"
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
+#include "shell/Recovery.h"
 #include "shell/StartCharSet.h"
 #include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
@@ -93,6 +94,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
 
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
     QTimer::singleShot(FileTypesTime, this, &frmVTM::registerFileTypes);
+    m_recovery->start();
     for (const std::string& notice : notices) {
         m_platform.dialogs.warn(notice);
     }
@@ -140,6 +142,16 @@ void frmVTM::restoreWindow() {
     }
 }
 
+void frmVTM::showWork(const WorkState& state) {
+    m_workspace.documents = state.documents;
+    m_workspace.settings.makeType = static_cast<std::int16_t>(state.page);
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        editing::PaintRowsFrom(painter(), page, 1);
+        panel(page).refresh();
+    }
+    mnuView_Click(static_cast<int>(state.page));
+}
+
 ui::Status frmVTM::Form_Unload() {
     if (std::exchange(m_isUnloaded, true)) {
         return {};
@@ -156,6 +168,7 @@ ui::Status frmVTM::Form_Unload() {
     }
     // Should the program end before it came to that.
     registerFileTypes();
+    m_recovery->end();
     return saved;
 }
 

@@ -5,12 +5,14 @@
 #include "animation/mdlAniScript.h"
 #include "charset/Command.h"
 #include "editing/KeyMapFile.h"
+#include "faults/Answers.h"
 #include "glyphs/GifPicture.h"
 #include "glyphs/mdlData.h"
 #include "scripts/mdlBind.h"
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlMacro.h"
 #include "scripts/mdlName.h"
+#include "shell/RecoveryFile.h"
 #include "shell/mdlLaunch.h"
 #include "shell/mdlRegistry.h"
 #include "thumbnail/Command.h"
@@ -19,6 +21,7 @@
 #include "ui/qt/FreedesktopFileTypes.h"
 #include "ui/qt/IniSettingsStore.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 #include <utility>
@@ -26,36 +29,6 @@
 namespace faults {
 
 namespace {
-
-/// Says yes to everything and remembers what it was told.
-class Answers final : public ui::Dialogs {
-public:
-    explicit Answers(ui::Path path = {})
-        : m_path(std::move(path)) {}
-
-    ui::Answer box(const ui::Message& message) override {
-        m_messages += message.text + '\n';
-        m_isDone |= message.text.starts_with("Done!");
-        return ui::Answer::Yes;
-    }
-
-    std::optional<ui::Path> chooseFileToOpen(const ui::FileDialogRequest& /*request*/) override {
-        return m_path;
-    }
-
-    std::optional<ui::Path> chooseFileToSave(const ui::FileDialogRequest& /*request*/) override {
-        return m_path;
-    }
-
-    std::optional<ui::Pixel> chooseColour(ui::Pixel initial) override { return initial; }
-
-    [[nodiscard]] Report report(const std::string& more = {}) const { return {m_isDone, m_messages + more}; }
-
-private:
-    ui::Path m_path;
-    std::string m_messages;
-    bool m_isDone = false;
-};
 
 Report ReportOf(const ui::Status& status) {
     return {status.ok(), status ? "" : status.failure().message};
@@ -320,6 +293,31 @@ void AddTools(std::vector<Operation>& operations) {
     }
 }
 
+void AddWork(std::vector<Operation>& operations) {
+    const auto stateOf = [](const char* name) {
+        shell::WorkState state;
+        std::copy_n(name, 3, state.documents.name.cells.begin());
+        return state;
+    };
+    const auto file = [](const World& world) {
+        return world.home / "state" / "left.work";
+    };
+    operations.push_back(
+        {"keep what stands on the pages",
+         [=](World& world) {
+             world.home.put("state/left.work", shell::EncodeWorkState(stateOf("old")));
+             world.home.put("state/left.lock", "");
+         },
+         [=](World& world) {
+             shell::RecoveryFile recovery(world.files, world.home / "state");
+             if (const auto left = recovery.claimLeftOver()) {
+                 recovery.adoptLeftOver(*left);
+             }
+             return ReportOf(recovery.keep(stateOf("new")));
+         },
+         [=](const World& world) { return std::vector<ui::Path>{file(world)}; }, true, false});
+}
+
 void AddDesktop(std::vector<Operation>& operations) {
     for (const bool isThere : {false, true}) {
         operations.push_back(
@@ -373,6 +371,7 @@ std::vector<Operation> AllOperations() {
     AddConfigs(operations);
     AddProgramsFiles(operations);
     AddTools(operations);
+    AddWork(operations);
     AddDesktop(operations);
     return operations;
 }

@@ -3,6 +3,7 @@
 #include "AccessWindow.h"
 
 #include "shell/AltKeys.h"
+#include "shell/StatusLine.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -71,6 +72,7 @@ TEST_F(Access, PressingACellOfTheGridPlacesItsGlyph) {
 
 TEST_F(Access, EveryControlWithAKeyOfItsOwnTellsIt) {
     startOn(Page::Animation);
+    find<shell::StatusLine>("statusbar")->offerRestore();
     for (const shell::AltKey& key : shell::AltKeys()) {
         if (!key.control.empty()) {
             const std::string control(key.control);
