@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/ControlAccess.h"
 
+#include "shell/AltKeys.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/TabPicture.h"
 
@@ -57,6 +58,12 @@ QVariant ProgressAccess::minimumValue() const {
 
 QVariant ProgressAccess::minimumStepSize() const {
     return 10;
+}
+
+void DescribeKeys(QWidget& control) {
+    const QString keys = QString::fromStdString(AltKeysOf(control.objectName().toStdString()));
+    const QString text = control.toolTip();
+    control.setAccessibleDescription(text.isEmpty() ? keys : QStringLiteral("%1 (%2)").arg(text, keys));
 }
 
 } // namespace shell

@@ -35,4 +35,7 @@ public:
     [[nodiscard]] QVariant minimumStepSize() const override;
 };
 
+/// Tells those who hear a control of its keys; its tooltip keeps its words.
+void DescribeKeys(QWidget& control);
+
 } // namespace shell

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/StatusLine.h"
 
-#include "shell/AltKeys.h"
+#include "shell/ControlAccess.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -33,8 +33,7 @@ QLabel* StatusLine::makeLink(const char* name, const QString& caption, const QSt
     link->setObjectName(QLatin1String(name));
     link->setToolTip(tooltip);
     link->setAccessibleName(caption);
-    link->setAccessibleDescription(
-        QStringLiteral("%1 (%2)").arg(tooltip, QString::fromStdString(AltKeysOf(name))));
+    DescribeKeys(*link);
     addPermanentWidget(link);
     link->hide();
     return link;

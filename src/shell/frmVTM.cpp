@@ -7,15 +7,12 @@
 #include "editing/NamePage.h"
 #include "editing/mdlKey.h"
 #include "scripts/MessagesPage.h"
-#include "shell/GlyphButton.h"
+#include "shell/GlyphColumn.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/Recovery.h"
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
-#include "ui/qt/LineLabel.h"
-#include "ui/qt/MarkerShape.h"
-#include "ui/qt/PictureWidget.h"
 
 #include <QAction>
 #include <QApplication>
@@ -24,7 +21,6 @@
 #include <QMenu>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolButton>
 #include <algorithm>
 
 namespace shell {
@@ -86,24 +82,11 @@ void frmVTM::connectControls() {
     connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
         editing::PaintRowsFrom(painter(), Page::Animation, firstName);
     });
-    connect(ImgGrid, &ui::qt::PictureWidget::pressed, this, &frmVTM::ImgGrid_MouseDown);
-    connect(ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &frmVTM::ImgGrid_MouseMove);
-    for (int i = 0; i < static_cast<int>(cmdFavorite.size()); ++i) {
-        connect(
-            cmdFavorite[static_cast<std::size_t>(i)], &GlyphButton::mouseDown, this,
-            [this, i](Qt::MouseButton button) { cmdFavorite_MouseDown(i, button); });
-    }
-    for (int i = 0; i < static_cast<int>(cmdFrequent.size()); ++i) {
-        connect(cmdFrequent[static_cast<std::size_t>(i)], &GlyphButton::mouseDown, this, [this, i] {
-            cmdFrequent_MouseDown(i);
-        });
-    }
-    connect(cmdCalcFrequent, &QToolButton::clicked, this, &frmVTM::cmdCalcFrequent_Click);
-    for (int i = 0; i < static_cast<int>(cmdKey.size()); ++i) {
-        // clicked, not toggled: a lock key sets the button too, and must not be set by it in turn.
-        connect(
-            cmdKey[static_cast<std::size_t>(i)], &QToolButton::clicked, this, [this, i] { cmdKey_Click(i); });
-    }
+    connect(m_glyphColumn, &GlyphColumn::glyphPressed, this, &frmVTM::ImgGrid_MouseDown);
+    connect(m_glyphColumn, &GlyphColumn::favouritePressed, this, &frmVTM::cmdFavorite_MouseDown);
+    connect(m_glyphColumn, &GlyphColumn::frequentPressed, this, &frmVTM::cmdFrequent_MouseDown);
+    connect(m_glyphColumn, &GlyphColumn::countPressed, this, &frmVTM::cmdCalcFrequent_Click);
+    connect(m_glyphColumn, &GlyphColumn::modeSwitched, this, &frmVTM::cmdKey_Click);
     connect(imgDir, &editing::DirectionPad::arrow, this, &frmVTM::imgDir_Arrow);
     connect(m_statusLine, &StatusLine::showPressed, this, &frmVTM::showReadNames);
     connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
@@ -201,12 +184,12 @@ void frmVTM::useCharSet(const glyphs::CharSet& set) {
 
 void frmVTM::buildAtlas(const ui::Picture& artwork) {
     m_workspace.atlas = glyphs::BuildAtlas(artwork, m_workspace.settings.colours[BackgroundColour]);
-    ImgGrid->setPicture(&m_workspace.atlas.cells);
+    m_glyphColumn->showGrid();
 }
 
 void frmVTM::applyColours() {
     const auto& colours = m_workspace.settings.colours;
-    GridPosShape->setColour(QColor::fromRgb(colours[GridMarkerColour]));
+    m_glyphColumn->showColours();
     m_namePage->setMarkerColour(colours[NameMarkerColour]);
     m_animationPage->setMarkerColour(colours[AnimationMarkerColour]);
     m_messagesPage->setMarkerColour(colours[MessagesMarkerColour]);
@@ -214,39 +197,21 @@ void frmVTM::applyColours() {
 
 void frmVTM::applyCursors() {
     const auto& cursors = m_workspace.settings.cursors;
-    ImgGrid->setPointer(cursors[GridCursor]);
+    m_glyphColumn->showPointer();
     m_namePage->setPointer(cursors[NameCursor]);
     m_animationPage->setPointer(cursors[AnimationCursor]);
     m_messagesPage->setPointer(cursors[MessagesCursor]);
 }
 
 void frmVTM::applyModes() {
-    for (std::size_t i = 0; i < editing::ModeKeys.size(); ++i) {
-        const editing::ModeKey& mode = editing::ModeKeys[i];
-        const bool isOn = m_workspace.settings.modes.*mode.flag;
-        cmdKey[i]->setChecked(isOn);
-        editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
-    }
-}
-
-void frmVTM::paintGlyphButtons() {
-    const bool isCounted = std::ranges::any_of(m_workspace.settings.frequent, [](glyphs::GlyphCode code) {
-        return code != 0 && code != glyphs::BlankGlyph;
-    });
-    lblFrequent->tell(
-        isCounted ? tr("Frequent") : tr("Frequent: use \u03A3"),
-        tr("The glyphs that your name, animation and messages hold most often, once \u03A3 has counted "
-           "them"));
-    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
-        cmdFrequent[i]->setGlyph(m_workspace.atlas, m_workspace.settings.frequent[i]);
-    }
-    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
-        cmdFavorite[i]->setGlyph(m_workspace.atlas, m_workspace.settings.favourites[i]);
+    m_glyphColumn->showModes();
+    for (const editing::ModeKey& mode : editing::ModeKeys) {
+        editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, m_workspace.settings.modes.*mode.flag);
     }
 }
 
 void frmVTM::tmrCursor_Timer() {
-    GridPosShape->toggleStyle();
+    m_glyphColumn->blink();
     panel(m_workspace.page()).blink();
 }
 

@@ -22,13 +22,6 @@ class QMenu;
 class QPushButton;
 class QStackedWidget;
 class QToolBar;
-class QToolButton;
-
-namespace ui::qt {
-class LineLabel;
-class MarkerShape;
-class PictureWidget;
-} // namespace ui::qt
 
 namespace editing {
 class DirectionPad;
@@ -48,7 +41,7 @@ namespace shell {
 
 struct AltKey;
 struct WorkState;
-class GlyphButton;
+class GlyphColumn;
 class OptionsModel;
 class ProgressIndicator;
 class Recovery;
@@ -97,7 +90,6 @@ private:
     /// The menu of that name, or nullptr.
     [[nodiscard]] QMenu* menu(const char* name) const;
     void buildCentre();
-    QWidget* buildGlyphColumn();
     QWidget* buildPageColumn();
     void connectControls();
 
@@ -145,14 +137,12 @@ private:
     void applyColours();
     void applyCursors();
     void applyModes();
-    void paintGlyphButtons();
 
     // Mouse and timers
-    void ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button);
-    void ImgGrid_MouseMove(QPoint pixel);
+    void ImgGrid_MouseDown(glyphs::GlyphCode code, Qt::MouseButton button);
     void cursor_Moved(editing::Page page, int column, int row);
     void PagePic_MouseDown(editing::Page page, int x, int y, Qt::MouseButton button);
-    void cmdKey_Click(int index);
+    void cmdKey_Click(int index, bool isOn);
     void lockKey_Turned(ui::LockKey key, bool isOn);
     void cmdFavorite_MouseDown(int index, Qt::MouseButton button);
     void cmdFrequent_MouseDown(int index);
@@ -162,7 +152,6 @@ private:
     void ticks_Chosen(int count, bool forAllNames);
     void imgDir_Arrow(int virtualKey);
     void tmrCursor_Timer();
-    void moveGridMarker(glyphs::GlyphCode code);
     [[nodiscard]] glyphs::GlyphCode pickGlyph(glyphs::GlyphCode start);
     void putGlyph(glyphs::GlyphCode code);
     void putGlyphWithMarker(glyphs::GlyphCode code);
@@ -215,23 +204,16 @@ private:
     CtrlNotice m_ctrlNotice;
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
-    bool m_hasRegistered = false;        ///< the file types, in this run
-    std::string m_startNotice;           ///< for the status line, once the start's own messages are through
-    glyphs::GlyphCode m_markedGlyph = 0; ///< on the grid; 0: none is
+    bool m_hasRegistered = false; ///< the file types, in this run
+    std::string m_startNotice;    ///< for the status line, once the start's own messages are through
 
     std::vector<QMenu*> m_menus;
     QList<QAction*> m_pageActions;
     QToolBar* Toolbar1 = nullptr;
     ScrollingCentre* m_centre = nullptr;
-    ui::qt::PictureWidget* ImgGrid = nullptr;
-    ui::qt::MarkerShape* GridPosShape = nullptr;
-    std::array<GlyphButton*, 5> cmdFavorite{};
-    std::array<GlyphButton*, 3> cmdFrequent{};
-    QToolButton* cmdCalcFrequent = nullptr;
-    std::array<QToolButton*, 4> cmdKey{};
+    GlyphColumn* m_glyphColumn = nullptr;
     editing::DirectionPad* imgDir = nullptr;
     QLabel* lblCurPos = nullptr;
-    ui::qt::LineLabel* lblFrequent = nullptr;
     std::array<TabPicture*, 3> picTab{};
     QStackedWidget* m_pages = nullptr;
     editing::NamePage* m_namePage = nullptr;

@@ -5,6 +5,7 @@
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
+#include "shell/GlyphColumn.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmVTM.h"
@@ -175,7 +176,7 @@ void frmVTM::applyOptions(const OptionsModel& model) {
 /// Draws everything anew from the artwork in use.
 void frmVTM::RefreshCharSet() {
     buildAtlas(ui::Picture(m_workspace.atlas.artwork));
-    paintGlyphButtons();
+    m_glyphColumn->showGlyphs();
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
         repaintPage(page);
     }

@@ -3,19 +3,15 @@
 #include "animation/AnimationPage.h"
 #include "animation/mdlAniName.h"
 #include "editing/DirectionPad.h"
-#include "editing/GlyphCells.h"
 #include "editing/frmGetChar.h"
 #include "editing/mdlPick.h"
-#include "glyphs/mdlSwitches.h"
 #include "shell/AltKeys.h"
-#include "shell/GlyphButton.h"
+#include "shell/GlyphColumn.h"
 #include "shell/Recovery.h"
 #include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/InnermostMenu.h"
 #include "ui/qt/KeyTranslation.h"
-#include "ui/qt/MarkerShape.h"
-#include "ui/qt/PictureWidget.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -23,7 +19,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QToolButton>
 
 namespace shell {
 
@@ -65,11 +60,6 @@ bool PassLatinLetter(const QKeyEvent& event, QObject& menu) {
     QKeyEvent latin(QEvent::KeyPress, key, event.modifiers(), QString(QChar(key)).toLower());
     QApplication::sendEvent(&menu, &latin);
     return true;
-}
-
-/// The glyph under a pixel of the glyph grid; -1 outside it.
-int GlyphAt(QPoint pixel) {
-    return glyphs::GridHitTest(pixel.x() * glyphs::TwipsPerPixel, pixel.y() * glyphs::TwipsPerPixel);
 }
 
 } // namespace
@@ -123,7 +113,7 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
             [this](const ModeAction& mode) {
                 if (const auto index = ToggleModeKey(m_workspace.settings.modes, mode.virtualKey)) {
                     const bool isOn = m_workspace.settings.modes.*ModeKeys[*index].flag;
-                    cmdKey[*index]->setChecked(isOn);
+                    m_glyphColumn->showModes();
                     // The desktop has turned it already, but takes the last lock set for what is wanted.
                     SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
                 }
@@ -164,25 +154,15 @@ void frmVTM::putGlyphWithMarker(GlyphCode code) {
         // The glyph comes first: what follows it on the screen is only where things are.
         showDamage();
         QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
-        moveGridMarker(code);
+        m_glyphColumn->mark(code);
     }
     Refresh();
 }
 
-void frmVTM::moveGridMarker(GlyphCode code) {
-    const glyphs::GridMarker marker = glyphs::ShowGridMarker(code);
-    m_markedGlyph = marker.visible ? code : GlyphCode{0};
-    GridPosShape->setVisible(marker.visible);
-    if (marker.visible) {
-        GridPosShape->moveToCell(
-            marker.left / glyphs::TwipsPerCell + 1, marker.top / glyphs::TwipsPerCell + 1);
-    }
-    editing::SetCurrentGlyph(*ImgGrid, m_markedGlyph);
-}
-
 void frmVTM::putPickedGlyph() {
     editing::frmGetChar picker(
-        m_markedGlyph, m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour], this);
+        m_glyphColumn->markedGlyph(), m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour],
+        this);
     if (picker.exec() == QDialog::Accepted) {
         putGlyphWithMarker(picker.glyph());
     }
@@ -236,19 +216,7 @@ void frmVTM::runAltKey(const AltKey& key) {
     }
 }
 
-void frmVTM::ImgGrid_MouseMove(QPoint pixel) {
-    const int code = GlyphAt(pixel);
-    if (code >= 0) {
-        moveGridMarker(static_cast<GlyphCode>(code));
-    }
-}
-
-void frmVTM::ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button) {
-    const int hit = GlyphAt(pixel);
-    const GlyphCode code = hit < 0 ? GlyphCode{0} : glyphs::FilterPickedGlyph(static_cast<GlyphCode>(hit));
-    if (code == 0) {
-        return;
-    }
+void frmVTM::ImgGrid_MouseDown(GlyphCode code, Qt::MouseButton button) {
     if (button == Qt::LeftButton) {
         putGlyphWithMarker(code);
     } else if (button == Qt::RightButton) {
@@ -273,19 +241,18 @@ void frmVTM::PagePic_MouseDown(Page page, int x, int y, Qt::MouseButton button) 
     Refresh();
 }
 
-void frmVTM::cmdKey_Click(int index) {
+void frmVTM::cmdKey_Click(int index, bool isOn) {
     const auto& mode = editing::ModeKeys[static_cast<std::size_t>(index)];
-    const bool isOn = cmdKey[static_cast<std::size_t>(index)]->isChecked();
     m_workspace.settings.modes.*mode.flag = isOn;
     editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
     Refresh();
 }
 
 void frmVTM::lockKey_Turned(ui::LockKey key, bool isOn) {
-    for (std::size_t i = 0; i < editing::ModeKeys.size(); ++i) {
-        if (editing::ModeKeys[i].lock == key) {
-            m_workspace.settings.modes.*editing::ModeKeys[i].flag = isOn;
-            cmdKey[i]->setChecked(isOn);
+    for (const editing::ModeKey& mode : editing::ModeKeys) {
+        if (mode.lock == key) {
+            m_workspace.settings.modes.*mode.flag = isOn;
+            m_glyphColumn->showModes();
         }
     }
 }
@@ -298,15 +265,12 @@ GlyphCode frmVTM::pickGlyph(GlyphCode start) {
 
 void frmVTM::cmdFavorite_MouseDown(int index, Qt::MouseButton button) {
     GlyphCode& favourite = m_workspace.settings.favourites[static_cast<std::size_t>(index)];
-    GlyphButton* shown = cmdFavorite[static_cast<std::size_t>(index)];
     if (button == Qt::LeftButton) {
         putGlyphWithMarker(favourite);
     } else if (button == Qt::RightButton) {
-        // The picker gets the release that would let the button up.
-        shown->setDown(false);
         favourite = pickGlyph(favourite);
-        shown->setGlyph(m_workspace.atlas, favourite);
-        m_platform.clipboard.setPicture(shown->picture());
+        m_glyphColumn->showGlyphs();
+        m_platform.clipboard.setPicture(m_glyphColumn->favouritePicture(index));
     }
     Refresh();
 }
@@ -317,7 +281,7 @@ void frmVTM::cmdFrequent_MouseDown(int index) {
 
 void frmVTM::cmdCalcFrequent_Click() {
     m_workspace.settings.frequent = editing::FrequentGlyphs(m_workspace.documents);
-    paintGlyphButtons();
+    m_glyphColumn->showGlyphs();
     Refresh();
 }
 

@@ -2,29 +2,23 @@
 // SPDX-License-Identifier: MIT
 #include "animation/AnimationPage.h"
 #include "editing/DirectionPad.h"
-#include "editing/GlyphCells.h"
 #include "editing/NamePage.h"
 #include "scripts/MessagesPage.h"
-#include "shell/AltKeys.h"
-#include "shell/GlyphButton.h"
-#include "shell/ModeButton.h"
+#include "shell/ControlAccess.h"
+#include "shell/GlyphColumn.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
 #include "shell/TabPicture.h"
 #include "shell/frmVTM.h"
-#include "ui/qt/LineLabel.h"
-#include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -38,110 +32,11 @@ constexpr int Spacing = 8;
 constexpr int RoundingRoom = 2;
 constexpr QSize FrameRoom(10, 40); // for what the desktop puts around the window
 
-struct ModeText {
-    const char* caption;
-    const char* tooltip;
-};
-
-constexpr std::array<ModeText, 4> ModeTexts{{
-    {"Color 2", "Type glyphs in color 2 (Scroll Lock)"},
-    {"Insert", "Insert glyphs before the cursor instead of overwriting (Insert)"},
-    {"Caps", "Type the shifted glyph of every key (Caps Lock)"},
-    {"Num Pad", "The number pad types digits instead of moving the cursor (Num Lock)"},
-}};
-
 QString Member(const char* name, std::size_t index) {
     return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
 }
 
-/// Tells those who hear a control of its keys; its tooltip keeps its words.
-void DescribeKeys(QWidget* control) {
-    const QString keys = QString::fromStdString(AltKeysOf(control->objectName().toStdString()));
-    const QString text = control->toolTip();
-    control->setAccessibleDescription(text.isEmpty() ? keys : QStringLiteral("%1 (%2)").arg(text, keys));
-}
-
 } // namespace
-
-QWidget* frmVTM::buildGlyphColumn() {
-    auto* column = new QWidget(this);
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(Spacing);
-
-    auto* frame = new QFrame(column);
-    frame->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    auto* frameLayout = new QVBoxLayout(frame);
-    frameLayout->setContentsMargins(0, 0, 0, 0);
-    ImgGrid = new ui::qt::PictureWidget(frame);
-    ImgGrid->setObjectName(QStringLiteral("ImgGrid"));
-    ImgGrid->setAccessibleName(tr("Glyph grid"));
-    ImgGrid->setBlock(glyphs::CellBlock);
-    ImgGrid->setHoverTracking(true);
-    ImgGrid->setCells(editing::GlyphGridCells(true));
-    GridPosShape = new ui::qt::MarkerShape(ImgGrid);
-    GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
-    frameLayout->addWidget(ImgGrid);
-    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    layout->addWidget(frame);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(2);
-    auto* favourites = new QVBoxLayout;
-    favourites->setSpacing(3);
-    favourites->addWidget(new QLabel(tr("Favorites"), column));
-    auto* favouriteRow = new QHBoxLayout;
-    favouriteRow->setSpacing(2);
-    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
-        cmdFavorite[i] = new GlyphButton(tr("Favorite glyph %1").arg(i + 1), column);
-        cmdFavorite[i]->setObjectName(Member("cmdFavorite", i));
-        cmdFavorite[i]->setToolTip(tr("Click to place this character, Right click to change"));
-        favouriteRow->addWidget(cmdFavorite[i]);
-    }
-    favourites->addLayout(favouriteRow);
-    auto* frequents = new QVBoxLayout;
-    frequents->setSpacing(3);
-    lblFrequent = new ui::qt::LineLabel(column);
-    lblFrequent->setObjectName(QStringLiteral("lblFrequent"));
-    frequents->addWidget(lblFrequent);
-    auto* frequentRow = new QHBoxLayout;
-    frequentRow->setSpacing(2);
-    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
-        cmdFrequent[i] = new GlyphButton(tr("Frequent glyph %1").arg(i + 1), column);
-        cmdFrequent[i]->setObjectName(Member("cmdFrequent", i));
-        cmdFrequent[i]->setToolTip(tr("Click to place this character"));
-        frequentRow->addWidget(cmdFrequent[i]);
-    }
-    // The sign is a letter of every font: no theme has to be asked for an icon.
-    cmdCalcFrequent = new QToolButton(column);
-    cmdCalcFrequent->setObjectName(QStringLiteral("cmdCalcFrequent"));
-    cmdCalcFrequent->setAccessibleName(tr("Calculate frequent glyphs"));
-    cmdCalcFrequent->setToolTip(tr("Click here to calculate your most frequent characters"));
-    cmdCalcFrequent->setText(QStringLiteral("\u03A3"));
-    cmdCalcFrequent->setFocusPolicy(Qt::NoFocus);
-    cmdCalcFrequent->setFixedSize(
-        cmdFrequent[0]->sizeHint().width() - 4, cmdFrequent[0]->sizeHint().height());
-    frequentRow->addWidget(cmdCalcFrequent);
-    frequents->addLayout(frequentRow);
-    buttons->addLayout(favourites);
-    buttons->addStretch(1);
-    buttons->addLayout(frequents);
-    layout->addLayout(buttons);
-
-    auto* modeRow = new QHBoxLayout;
-    modeRow->setSpacing(2);
-    for (std::size_t i = 0; i < cmdKey.size(); ++i) {
-        cmdKey[i] = new ModeButton(column);
-        cmdKey[i]->setObjectName(Member("cmdKey", i));
-        cmdKey[i]->setText(tr(ModeTexts[i].caption));
-        cmdKey[i]->setToolTip(tr(ModeTexts[i].tooltip));
-        modeRow->addWidget(cmdKey[i]);
-    }
-    layout->addWidget(new QLabel(tr("Typing"), column));
-    layout->addLayout(modeRow);
-    layout->addStretch(1);
-    return column;
-}
 
 QWidget* frmVTM::buildPageColumn() {
     auto* column = new QWidget(this);
@@ -200,7 +95,8 @@ void frmVTM::buildCentre() {
         layout->addItem(new QSpacerItem(Margin - LeastGap, 0, QSizePolicy::Maximum));
     };
     addGap();
-    layout->addWidget(buildGlyphColumn(), 0, Qt::AlignTop);
+    m_glyphColumn = new GlyphColumn(m_workspace.settings, m_workspace.atlas, content);
+    layout->addWidget(m_glyphColumn, 0, Qt::AlignTop);
     addGap();
     layout->addWidget(buildPageColumn(), 1);
     addGap();
@@ -240,12 +136,8 @@ QSize frmVTM::firstSize() const {
 }
 
 void frmVTM::describeKeys() {
-    DescribeKeys(ImgGrid);
-    DescribeKeys(cmdCalcFrequent);
-    std::ranges::for_each(cmdFavorite, DescribeKeys);
-    std::ranges::for_each(cmdFrequent, DescribeKeys);
     for (const char* name : {"AniTotalScroll", "ThisTickList", "TickList", "VScroll1"}) {
-        DescribeKeys(m_animationPage->findChild<QWidget*>(QLatin1String(name)));
+        DescribeKeys(*m_animationPage->findChild<QWidget*>(QLatin1String(name)));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "animation/mdlAniScript.h"
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
+#include "shell/GlyphColumn.h"
 #include "shell/Recovery.h"
 #include "shell/StartCharSet.h"
 #include "shell/StatusLine.h"
@@ -51,7 +52,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
         editing::PaintRowsFrom(painter(), page, 1);
     }
-    paintGlyphButtons();
+    m_glyphColumn->showGlyphs();
 
     const StartFiles start = ReadArguments(arguments);
     if (start.intro) {

@@ -1,0 +1,237 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/GlyphColumn.h"
+
+#include "editing/GlyphCells.h"
+#include "editing/mdlKey.h"
+#include "glyphs/mdlSwitches.h"
+#include "shell/ControlAccess.h"
+#include "shell/GlyphButton.h"
+#include "shell/ModeButton.h"
+#include "ui/qt/LineLabel.h"
+#include "ui/qt/MarkerShape.h"
+#include "ui/qt/PictureWidget.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace shell {
+
+using glyphs::GlyphCode;
+
+namespace {
+
+struct ModeText {
+    const char* caption;
+    const char* tooltip;
+};
+
+constexpr std::array<ModeText, 4> ModeTexts{{
+    {"Color 2", "Type glyphs in color 2 (Scroll Lock)"},
+    {"Insert", "Insert glyphs before the cursor instead of overwriting (Insert)"},
+    {"Caps", "Type the shifted glyph of every key (Caps Lock)"},
+    {"Num Pad", "The number pad types digits instead of moving the cursor (Num Lock)"},
+}};
+
+/// The glyph under a pixel of the glyph grid; -1 outside it.
+int GlyphAt(QPoint pixel) {
+    return glyphs::GridHitTest(pixel.x() * glyphs::TwipsPerPixel, pixel.y() * glyphs::TwipsPerPixel);
+}
+
+} // namespace
+
+GlyphColumn::GlyphColumn(const Settings& settings, const glyphs::GlyphAtlas& atlas, QWidget* parent)
+    : QWidget(parent)
+    , m_settings(settings)
+    , m_atlas(atlas)
+    , ImgGrid(new ui::qt::PictureWidget(this))
+    , GridPosShape(new ui::qt::MarkerShape(ImgGrid))
+    , lblFrequent(new ui::qt::LineLabel(this))
+    , cmdCalcFrequent(new QToolButton(this)) {
+    setObjectName(QStringLiteral("glyphColumn"));
+    setAccessibleName(tr("Glyphs"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(makeGrid());
+    layout->addLayout(makeGlyphButtons());
+    layout->addWidget(new QLabel(tr("Typing"), this));
+    layout->addLayout(makeModeButtons());
+    layout->addStretch(1);
+    describeKeys();
+}
+
+QWidget* GlyphColumn::makeGrid() {
+    auto* frame = new QFrame(this);
+    frame->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    auto* layout = new QVBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    ImgGrid->setObjectName(QStringLiteral("ImgGrid"));
+    ImgGrid->setAccessibleName(tr("Glyph grid"));
+    ImgGrid->setBlock(glyphs::CellBlock);
+    ImgGrid->setHoverTracking(true);
+    ImgGrid->setCells(editing::GlyphGridCells(true));
+    GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
+    layout->addWidget(ImgGrid);
+    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(ImgGrid, &ui::qt::PictureWidget::pressed, this, &GlyphColumn::ImgGrid_MouseDown);
+    connect(ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &GlyphColumn::ImgGrid_MouseMove);
+    return frame;
+}
+
+QLayout* GlyphColumn::makeGlyphButtons() {
+    const auto makeGroup = [](QWidget* caption, QLayout* row) {
+        auto* group = new QVBoxLayout;
+        group->setSpacing(3);
+        group->addWidget(caption);
+        group->addLayout(row);
+        return group;
+    };
+    auto* favourites = new QHBoxLayout;
+    favourites->setSpacing(2);
+    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
+        auto* button = new GlyphButton(tr("Favorite glyph %1").arg(i + 1), this);
+        button->setObjectName(QStringLiteral("cmdFavorite_%1").arg(i));
+        button->setToolTip(tr("Click to place this character, Right click to change"));
+        connect(button, &GlyphButton::mouseDown, this, [this, button, i](Qt::MouseButton pressed) {
+            if (pressed == Qt::RightButton) {
+                // The picker gets the release that would let the button up.
+                button->setDown(false);
+            }
+            Q_EMIT favouritePressed(static_cast<int>(i), pressed);
+        });
+        favourites->addWidget(button);
+        cmdFavorite[i] = button;
+    }
+    auto* frequents = new QHBoxLayout;
+    frequents->setSpacing(2);
+    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
+        auto* button = new GlyphButton(tr("Frequent glyph %1").arg(i + 1), this);
+        button->setObjectName(QStringLiteral("cmdFrequent_%1").arg(i));
+        button->setToolTip(tr("Click to place this character"));
+        connect(button, &GlyphButton::mouseDown, this, [this, i] {
+            Q_EMIT frequentPressed(static_cast<int>(i));
+        });
+        frequents->addWidget(button);
+        cmdFrequent[i] = button;
+    }
+    lblFrequent->setObjectName(QStringLiteral("lblFrequent"));
+    // The sign is a letter of every font: no theme has to be asked for an icon.
+    cmdCalcFrequent->setObjectName(QStringLiteral("cmdCalcFrequent"));
+    cmdCalcFrequent->setAccessibleName(tr("Calculate frequent glyphs"));
+    cmdCalcFrequent->setToolTip(tr("Click here to calculate your most frequent characters"));
+    cmdCalcFrequent->setText(QStringLiteral("\u03A3"));
+    cmdCalcFrequent->setFocusPolicy(Qt::NoFocus);
+    const QSize size = cmdFrequent[0]->sizeHint();
+    cmdCalcFrequent->setFixedSize(size.width() - 4, size.height());
+    connect(cmdCalcFrequent, &QToolButton::clicked, this, &GlyphColumn::countPressed);
+    frequents->addWidget(cmdCalcFrequent);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(2);
+    buttons->addLayout(makeGroup(new QLabel(tr("Favorites"), this), favourites));
+    buttons->addStretch(1);
+    buttons->addLayout(makeGroup(lblFrequent, frequents));
+    return buttons;
+}
+
+QLayout* GlyphColumn::makeModeButtons() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2);
+    for (std::size_t i = 0; i < cmdKey.size(); ++i) {
+        cmdKey[i] = new ModeButton(this);
+        cmdKey[i]->setObjectName(QStringLiteral("cmdKey_%1").arg(i));
+        cmdKey[i]->setText(tr(ModeTexts[i].caption));
+        cmdKey[i]->setToolTip(tr(ModeTexts[i].tooltip));
+        // clicked, not toggled: a lock key sets the button too, and must not be set by it in turn.
+        connect(cmdKey[i], &QToolButton::clicked, this, [this, i](bool isOn) {
+            Q_EMIT modeSwitched(static_cast<int>(i), isOn);
+        });
+        row->addWidget(cmdKey[i]);
+    }
+    return row;
+}
+
+void GlyphColumn::describeKeys() {
+    DescribeKeys(*ImgGrid);
+    DescribeKeys(*cmdCalcFrequent);
+    for (GlyphButton* const button : cmdFavorite) {
+        DescribeKeys(*button);
+    }
+    for (GlyphButton* const button : cmdFrequent) {
+        DescribeKeys(*button);
+    }
+}
+
+void GlyphColumn::showGrid() {
+    ImgGrid->setPicture(&m_atlas.cells);
+}
+
+void GlyphColumn::showGlyphs() {
+    const bool isCounted = std::ranges::any_of(
+        m_settings.frequent, [](GlyphCode code) { return code != 0 && code != glyphs::BlankGlyph; });
+    lblFrequent->tell(
+        isCounted ? tr("Frequent") : tr("Frequent: use \u03A3"),
+        tr("The glyphs that your name, animation and messages hold most often, once \u03A3 has counted "
+           "them"));
+    for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
+        cmdFrequent[i]->setGlyph(m_atlas, m_settings.frequent[i]);
+    }
+    for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
+        cmdFavorite[i]->setGlyph(m_atlas, m_settings.favourites[i]);
+    }
+}
+
+const ui::Picture& GlyphColumn::favouritePicture(int index) const {
+    return cmdFavorite[static_cast<std::size_t>(index)]->picture();
+}
+
+void GlyphColumn::showColours() {
+    GridPosShape->setColour(QColor::fromRgb(m_settings.colours[GridMarkerColour]));
+}
+
+void GlyphColumn::showPointer() {
+    ImgGrid->setPointer(m_settings.cursors[GridCursor]);
+}
+
+void GlyphColumn::showModes() {
+    for (std::size_t i = 0; i < cmdKey.size(); ++i) {
+        cmdKey[i]->setChecked(m_settings.modes.*editing::ModeKeys[i].flag);
+    }
+}
+
+void GlyphColumn::mark(GlyphCode code) {
+    const glyphs::GridMarker marker = glyphs::ShowGridMarker(code);
+    m_markedGlyph = marker.visible ? code : GlyphCode{0};
+    GridPosShape->setVisible(marker.visible);
+    if (marker.visible) {
+        GridPosShape->moveToCell(
+            marker.left / glyphs::TwipsPerCell + 1, marker.top / glyphs::TwipsPerCell + 1);
+    }
+    editing::SetCurrentGlyph(*ImgGrid, m_markedGlyph);
+}
+
+void GlyphColumn::blink() {
+    GridPosShape->toggleStyle();
+}
+
+void GlyphColumn::ImgGrid_MouseMove(QPoint pixel) {
+    const int code = GlyphAt(pixel);
+    if (code >= 0) {
+        mark(static_cast<GlyphCode>(code));
+    }
+}
+
+void GlyphColumn::ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button) {
+    const int hit = GlyphAt(pixel);
+    const GlyphCode code = hit < 0 ? GlyphCode{0} : glyphs::FilterPickedGlyph(static_cast<GlyphCode>(hit));
+    if (code != 0) {
+        Q_EMIT glyphPressed(code, button);
+    }
+}
+
+} // namespace shell
