@@ -5,56 +5,20 @@
 #include "shell/frmVTM.h"
 #include "ui/qt/QtPlatform.h"
 #include "ui/qt/SpareFont.h"
+#include "ui/qt/Termination.h"
 
 #include <QApplication>
-#include <QSocketNotifier>
 #include <algorithm>
-#include <array>
-#include <csignal>
 #include <iostream>
 #include <string>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
-
-/// Written to by the signal handler, which may do little else; read by the event loop.
-std::array<int, 2> terminationPipe{-1, -1};
-
-extern "C" void OnTerminate(int /*signalNumber*/) {
-    const char note = 1;
-    // Nothing can be done about a failure here, and one note is enough: the pipe holds it.
-    (void)!::write(terminationPipe[0], &note, 1);
-}
 
 /// Saves the settings where nobody can be asked: a question must not hold up a session that ends.
 void Unload(shell::frmVTM& window) {
     if (const ui::Status saved = window.Form_Unload(); !saved) {
         std::cerr << saved.failure().message << '\n';
-    }
-}
-
-/// Makes SIGTERM, SIGINT and SIGHUP close the window as its close button does.
-void CloseOnTermination(shell::frmVTM& window) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, terminationPipe.data()) != 0) {
-        return;
-    }
-    auto* notifier = new QSocketNotifier(terminationPipe[1], QSocketNotifier::Read, &window);
-    QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window, notifier] {
-        notifier->setEnabled(false);
-        // Not quit(): that does nothing while a message of the start is all that runs.
-        QCoreApplication::exit();
-        Unload(window);
-    });
-
-    struct sigaction action {};
-
-    action.sa_handler = &OnTerminate;
-    action.sa_flags = SA_RESTART;
-    sigemptyset(&action.sa_mask);
-    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-        ::sigaction(number, &action, nullptr);
     }
 }
 
@@ -83,7 +47,11 @@ int main(int argc, char* argv[]) {
         std::cerr << shell::HowToLoad << '\n';
     }
     shell::frmVTM window(platform);
-    CloseOnTermination(window);
+    ui::qt::OnTermination(window, [&window] {
+        // Not quit(): that does nothing while a message of the start is all that runs.
+        QCoreApplication::exit();
+        Unload(window);
+    });
     // A desktop session that ends asks the application to quit without closing its windows.
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, [&window] { Unload(window); });
     if (const ui::Status loaded = window.Form_Load(arguments); !loaded) {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/DesktopProgramDirectory.h"
 
-#include <cstdlib>
+#include "ui/System.h"
+
 #include <system_error>
-#include <unistd.h>
 
 namespace ui {
 
@@ -26,44 +26,22 @@ Path FindFolder(const Path& executable) {
     return !IsFile(beside / MarkFile) && IsFile(installed / MarkFile) ? installed : beside;
 }
 
-/// The folder that a variable names; none unless its path is absolute.
-Path FolderVariable(const char* name) {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
-    const Path folder = value != nullptr ? value : "";
-    return folder.is_absolute() ? folder : Path();
-}
-
-/// A folder of the user's: the one that the variable names, or the usual one in the home folder.
-Path UserFolder(const char* variable, const char* usual) {
-    Path folder = FolderVariable(variable);
-    if (!folder.empty()) {
-        return folder;
-    }
-    const Path home = FolderVariable("HOME");
-    return home.empty() ? home : home / usual;
-}
-
 } // namespace
 
 DesktopProgramDirectory::DesktopProgramDirectory()
-    : DesktopProgramDirectory(Executable()) {}
+    : DesktopProgramDirectory(ExecutableFile()) {}
 
 DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable)
-    : DesktopProgramDirectory(executable, UserFolder("XDG_DATA_HOME", ".local/share")) {}
+    : DesktopProgramDirectory(executable, DataHome()) {}
 
 DesktopProgramDirectory::DesktopProgramDirectory(const Path& executable, const Path& dataHome)
     : m_folder(FindFolder(executable))
     , m_standIn(dataHome.empty() ? dataHome : dataHome / "vtm")
-    , m_writable(::access(m_folder.c_str(), W_OK | X_OK) == 0) {}
+    , m_writable(IsWritableFolder(m_folder)) {}
 
 Path DesktopProgramDirectory::StateFolder() {
-    const Path home = UserFolder("XDG_STATE_HOME", ".local/state");
+    const Path home = StateHome();
     return home.empty() ? home : home / "vtm";
-}
-
-Path DesktopProgramDirectory::Executable() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
 Path DesktopProgramDirectory::spareFolder() const {

@@ -33,9 +33,6 @@ public:
     /// The program's folder in the user's state home, whether it is there yet or not; empty: nowhere.
     [[nodiscard]] static Path StateFolder();
 
-    /// The running program's own file.
-    [[nodiscard]] static Path Executable();
-
 private:
     Path m_folder;
     Path m_standIn; ///< empty: there is none

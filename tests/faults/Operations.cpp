@@ -18,7 +18,7 @@
 #include "thumbnail/Command.h"
 #include "ui/CopyNotes.h"
 #include "ui/FileWriter.h"
-#include "ui/qt/FreedesktopFileTypes.h"
+#include "ui/linux/FreedesktopFileTypes.h"
 #include "ui/qt/IniSettingsStore.h"
 
 #include <algorithm>
@@ -340,14 +340,14 @@ void AddDesktop(std::vector<Operation>& operations) {
             {std::string("register the file types") + (isThere ? ", replaced" : ", new"),
              [isThere](World& world) {
                  if (isThere) {
-                     ui::qt::FreedesktopFileTypes types(world.home / "data", "/usr/bin/old-vtm");
+                     ui::native::FreedesktopFileTypes types(world.home / "data", "/usr/bin/old-vtm");
                      shell::WriteFileAssociations(types, "/usr/bin");
                  }
              },
              [](World& world) {
                  // Any program that is there, at the same path in every case.
                  const ui::Path program = "/bin/sh";
-                 ui::qt::FreedesktopFileTypes types(world.home / "data", program);
+                 ui::native::FreedesktopFileTypes types(world.home / "data", program);
                  types.registerTypes(shell::FileAssociations(program.parent_path()), program);
                  return Report{true, ""};
              },

@@ -20,9 +20,9 @@ find "$src" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) -printf '
     (cd "$src" && xargs awk -v forms="$forms" '
     function complain(text) { printf "%s:%d: %s\n", FILENAME, FNR, text; breaches++ }
 
-    # The room of a path: "ui/qt" is a room of its own.
+    # The room of a path: "ui/qt" and "ui/linux" are rooms of their own.
     function roomOf(path) {
-        if (path ~ /^ui\/qt\//) return "ui/qt"
+        if (match(path, /^ui\/(qt|linux)\//)) return substr(path, 1, RLENGTH - 1)
         if (path !~ /\//) return ""
         return substr(path, 1, index(path, "/") - 1)
     }
@@ -32,6 +32,7 @@ find "$src" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) -printf '
     BEGIN {
         allowed["ui"] = " ui "
         allowed["ui/qt"] = " ui ui/qt "
+        allowed["ui/linux"] = " ui ui/qt ui/linux "
         allowed["glyphs"] = " glyphs ui "
         allowed["editing"] = " editing glyphs ui "
         allowed["animation"] = " animation editing glyphs ui "
@@ -49,7 +50,7 @@ find "$src" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) -printf '
         if (room != "" && !(room in allowed)) complain("no such room: " room)
         if (onToolkit && name ~ /^mdl/) complain("a module is built on the toolkit")
         if (onToolkit && room == "glyphs") complain("the room glyphs has no windows")
-        if (room == "ui" && onToolkit) complain("ui is toolkit-free; its implementations lie in ui/qt")
+        if (room == "ui" && onToolkit) complain("ui is toolkit-free; its implementations lie in ui/qt and ui/linux")
     }
 
     /^[ \t]*#[ \t]*include/ || /<header[^>]*>/ {
@@ -64,7 +65,7 @@ find "$src" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) -printf '
             next
         }
         if (header ~ /^(X11|xcb|SDL2?)\//) {
-            if (room != "ui/qt") complain("only ui/qt includes " header)
+            if (room != "ui/linux") complain("only ui/linux includes " header)
             next
         }
         if (header ~ /\.\.\//) { complain("a path that climbs: " header); next }
@@ -83,9 +84,9 @@ find "$src" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.ui' \) -printf '
     }
 
     # A file that is written elsewhere may be cut off there.
-    FILENAME !~ /^ui\/(DiskFiles|DiskLocks|PosixFile)\.cpp$/ && !/^[ \t]*\/\// &&
+    FILENAME !~ /^ui\/linux\/(DiskFiles|DiskLocks|PosixFile)\.cpp$/ && !/^[ \t]*\/\// &&
         match($0, /ofstream|[^i]fstream|f(re)?open *\(|QSaveFile|QTemporaryFile|WriteOnly|ReadWrite|O_WRONLY|O_RDWR|O_CREAT|copy_file|filesystem::(rename|resize_file)|QFile::(copy|rename)/) {
-        complain("only ui/DiskFiles writes files: " substr($0, RSTART, RLENGTH))
+        complain("only ui/linux/DiskFiles writes files: " substr($0, RSTART, RLENGTH))
     }
 
     END {

@@ -75,7 +75,7 @@ plant && echo '#include "ui/qt/PictureWidget.h"' >>"$tree/src/scripts/mdlName.h"
 refuses "a module including ui/qt" "scripts/mdlName.h:2: a toolkit-free file includes ui/qt/PictureWidget.h"
 
 plant && echo '#include <X11/Xlib.h>' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the window system outside ui/qt" "shell/frmVTM.cpp:4: only ui/qt includes X11/Xlib.h"
+refuses "the window system outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes X11/Xlib.h"
 
 plant && echo '    QMessageBox::information(this, title, text);' >>"$tree/src/shell/frmVTM.cpp"
 refuses "a message box outside ui/qt" "shell/frmVTM.cpp:4: QMessageBox outside ui/qt"
@@ -84,16 +84,16 @@ plant && echo 'class QSettings;' >>"$tree/src/animation/frmAniWiz.cpp"
 refuses "settings outside ui/qt" "animation/frmAniWiz.cpp:4: QSettings outside ui/qt"
 
 plant && echo '    std::ofstream stream(path);' >>"$tree/src/scripts/mdlName.h"
-refuses "a file that is written past the writer" "scripts/mdlName.h:2: only ui/DiskFiles writes files: ofstream"
+refuses "a file that is written past the writer" "scripts/mdlName.h:2: only ui/linux/DiskFiles writes files: ofstream"
 
 plant && echo '    if (file.open(QIODevice::WriteOnly)) {' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: WriteOnly"
+refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: WriteOnly"
 
 plant && echo '    std::FILE* file = std::fopen (name, "w");' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the C library writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: fopen ("
+refuses "the C library writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: fopen ("
 
 plant && echo '    return ::open(path, O_RDWR | O_CLOEXEC);' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the system writing a file" "shell/frmVTM.cpp:4: only ui/DiskFiles writes files: O_RDWR"
+refuses "the system writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: O_RDWR"
 
 plant && echo '#include "../glyphs/mdlPaint.h"' >>"$tree/src/editing/mdlCommon.h"
 refuses "a path that climbs" "editing/mdlCommon.h:2: a path that climbs: ../glyphs/mdlPaint.h"

@@ -3,16 +3,13 @@
 #include "ui/qt/KeyReader.h"
 
 #include "ui/qt/KeyTranslation.h"
-#include "ui/qt/X11Keyboard.h"
 
 #include <QKeyEvent>
 
 namespace ui::qt {
 
 KeyReader::KeyReader() {
-    if (const auto keyboard = X11Keyboard::Connect()) {
-        keyboard->dropFalseReleases();
-    }
+    DropFalseReleases();
 }
 
 KeyStroke KeyReader::press(const QKeyEvent& event) {

@@ -6,30 +6,14 @@
 
 class QKeyEvent;
 
+/// What each system tells of its keyboard in its own way.
 namespace ui::qt {
 
-/// What the toolkit says about a key press.
-struct KeyFacts {
-    int key = 0;           ///< Qt::Key
-    unsigned scanCode = 0; ///< X key code; 0: an event that no keyboard made
-    unsigned symbol = 0;   ///< X key symbol; 0: not known
-    bool shift = false;
-    bool ctrl = false;
-    bool alt = false;
-    bool meta = false;  ///< the desktop's key (Super)
-    bool altGr = false; ///< the third level of the layout
-    bool capsLock = false;
-    bool keypad = false; ///< the toolkit says that it is a key of the number pad
-    bool autoRepeat = false;
-};
-
 /// Which key of the editor's key map a press counts as.
-[[nodiscard]] KeyStroke TranslateKey(const KeyFacts& facts);
+[[nodiscard]] KeyStroke TranslateKey(const QKeyEvent& event);
 
-[[nodiscard]] KeyFacts FactsOf(const QKeyEvent& event);
-
-[[nodiscard]] inline KeyStroke TranslateKey(const QKeyEvent& event) {
-    return TranslateKey(FactsOf(event));
-}
+/// Makes a held key repeat as presses alone, without the releases in between that never happened, where the
+/// system would tell of them.
+void DropFalseReleases();
 
 } // namespace ui::qt

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Files.h"
+
+namespace ui {
+
+/// The running program's own file; empty where the system does not tell.
+[[nodiscard]] Path ExecutableFile();
+
+/// The folder that the user's programs keep their data in; empty: there is none.
+[[nodiscard]] Path DataHome();
+
+/// The folder that the user's programs keep in what they go on with when they are started again; empty: there
+/// is none.
+[[nodiscard]] Path StateHome();
+
+/// Whether files can be made in a folder.
+[[nodiscard]] bool IsWritableFolder(const Path& folder);
+
+} // namespace ui

@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/linux/FreedesktopFileTypes.h"
+
+#include "ui/FileWriter.h"
+#include "ui/System.h"
+#include "ui/linux/DesktopEntry.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QString>
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace ui::native {
+
+namespace {
+
+constexpr auto MimePackageName = "vtm.xml";
+
+/// Where the executable holds the icons, laid out as in an icon theme.
+constexpr auto IconResources = ":/hicolor";
+
+/// Runs a program that nobody waits for, if it is there.
+void RunInBackground(const char* program, const Path& argument) {
+    const QString path = QStandardPaths::findExecutable(QLatin1String(program));
+    if (path.isEmpty()) {
+        return;
+    }
+    QProcess process;
+    process.setProgram(path);
+    process.setArguments({QFile::decodeName(QByteArray::fromStdString(argument.native()))});
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.startDetached();
+}
+
+/// Makes `link` lead to `target`; whether it does. What is there and no link is left alone.
+bool PutLink(DiskFiles& files, const Path& link, const Path& target) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::file_status there = fs::symlink_status(link, error);
+    if (fs::is_symlink(there)) {
+        if (fs::read_symlink(link, error) == target) {
+            return true;
+        }
+    } else if (there.type() != fs::file_type::not_found) {
+        return false;
+    }
+    return files.makeFolder(link.parent_path()) && files.putLink(link, target);
+}
+
+void RemoveLink(const Path& link) {
+    std::error_code ignored;
+    if (std::filesystem::is_symlink(std::filesystem::symlink_status(link, ignored))) {
+        std::filesystem::remove(link, ignored);
+    }
+}
+
+} // namespace
+
+FreedesktopFileTypes::FreedesktopFileTypes()
+    : FreedesktopFileTypes(
+          QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
+              .toStdString(),
+          ExecutableFile()) {}
+
+FreedesktopFileTypes::FreedesktopFileTypes(Path dataHome, Path executable)
+    : m_dataHome(std::move(dataHome))
+    , m_executable(std::move(executable)) {}
+
+void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, const Path& program) {
+    if (!m_dataHome.is_absolute()) {
+        return;
+    }
+    const Path started = startable(m_files.exists(program) || m_executable.empty() ? program : m_executable);
+    const Path entries = m_dataHome / "applications";
+    bool areEntriesNew = false;
+    for (const FileType& type : types) {
+        areEntriesNew |= put(entries / DesktopEntryName(type), DesktopEntryText(type, started));
+    }
+    areEntriesNew |= putProgramEntry(entries / ProgramEntryName, started);
+    putIcons();
+    const Path mime = m_dataHome / "mime";
+    const bool isPackageNew = put(mime / "packages" / MimePackageName, MimePackageText(types));
+    if (areEntriesNew && started != link()) {
+        RemoveLink(link());
+    }
+    // Where a cache is missing an earlier start could not make it: the tool may have come since.
+    if (isPackageNew || !m_files.exists(mime / "mime.cache")) {
+        RunInBackground("update-mime-database", mime);
+    }
+    if (areEntriesNew || !m_files.exists(entries / "mimeinfo.cache")) {
+        RunInBackground("update-desktop-database", entries);
+    }
+}
+
+/// Whether the program was installed for all users, with such a file in the system's data.
+bool FreedesktopFileTypes::isInSystem(const Path& name) const {
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    return std::any_of(folders.begin(), folders.end(), [this, &name](const QString& folder) {
+        const Path path = QFile::encodeName(folder).toStdString();
+        return path != m_dataHome && m_files.exists(path / name);
+    });
+}
+
+/// Shows the program in menus, unless the system or the user already does; whether anything changed.
+bool FreedesktopFileTypes::putProgramEntry(const Path& entry, const Path& program) {
+    const auto old = m_files.read(entry);
+    const bool isOwn = old && IsOwnProgramEntry(old.value());
+    if (isInSystem(Path("applications") / ProgramEntryName)) {
+        // It would stand before the system's.
+        return isOwn && m_files.remove(entry);
+    }
+    return (isOwn || !m_files.exists(entry)) && put(entry, ProgramEntryText(program));
+}
+
+/// Puts the icons of the program and of its types into the user's icon theme.
+void FreedesktopFileTypes::putIcons() {
+    bool isNew = false;
+    const Path theme = Path("icons") / "hicolor";
+    QDirIterator icons(QLatin1String(IconResources), QDir::Files, QDirIterator::Subdirectories);
+    while (icons.hasNext()) {
+        QFile icon(icons.next());
+        const Path name =
+            theme /
+            QFile::encodeName(icon.fileName().mid(QLatin1String(IconResources).size() + 1)).toStdString();
+        if (!isInSystem(name) && icon.open(QFile::ReadOnly)) {
+            isNew |= put(m_dataHome / name, icon.readAll().toStdString());
+        }
+    }
+    if (isNew) {
+        // By this the desktops notice what a cache of the theme does not know.
+        std::error_code ignored;
+        std::filesystem::last_write_time(
+            m_dataHome / theme, std::filesystem::file_time_type::clock::now(), ignored);
+    }
+}
+
+Path FreedesktopFileTypes::link() const {
+    return m_dataHome / "vtm" / "VTM";
+}
+
+/// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
+/// program is named by a link to it, unless the user's own folders are called no better.
+Path FreedesktopFileTypes::startable(const Path& program) {
+    // Between two doubtful paths the better one is that which stands in an entry as it is.
+    const auto badness = [](const Path& path) {
+        return std::pair(ExecPathOf(path), ExecArgument(path.native()) != path.native());
+    };
+    return badness(link()) < badness(program) && PutLink(m_files, link(), program) ? link() : program;
+}
+
+/// Replaces a file if it holds anything else; whether it did.
+bool FreedesktopFileTypes::put(const Path& file, std::string_view content) {
+    if (const auto old = m_files.read(file); old && old.value() == content) {
+        return false;
+    }
+    return m_files.makeFolder(file.parent_path()) && WriteFile(m_files, file, content, Links::Replace).ok();
+}
+
+} // namespace ui::native

@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/KeyTranslation.h"
+
+#include "ui/linux/KeyFacts.h"
+#include "ui/linux/X11Keyboard.h"
+
+#include <QKeyEvent>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace ui::native {
+
+namespace {
+
+constexpr unsigned BreakSymbol = 0xFF6B;
+constexpr unsigned FirstNamedSymbol = 0xFF00; ///< of the keys that have a name and no character
+constexpr unsigned LastNamedSymbol = 0xFFFF;
+constexpr unsigned FirstPadSymbol = 0xFF80; ///< the pad's lie among them
+constexpr unsigned LastPadSymbol = 0xFFBD;
+constexpr unsigned PadDecimalScanCode = 91;
+// Modifiers of the window system. Not every version of the toolkit tells of AltGr in its own.
+constexpr unsigned CapsLockMask = 0x02;
+constexpr unsigned AltGrMask = 0x80;
+
+constexpr unsigned F13ScanCode = 191;
+constexpr unsigned F16ScanCode = 194;
+
+/// A key of the US keyboard and what it types there without and with Shift.
+struct UsKey {
+    char plain;
+    char shifted;
+    int virtualKey;
+};
+
+constexpr std::array<UsKey, 21> UsKeys = {{
+    {'1', '!', 49},
+    {'2', '@', 50},
+    {'3', '#', 51},
+    {'4', '$', 52},
+    {'5', '%', 53},
+    {'6', '^', 54},
+    {'7', '&', 55},
+    {'8', '*', 56},
+    {'9', '(', 57},
+    {'0', ')', 48},
+    {'-', '_', KeyMinus},
+    {'=', '+', KeyEquals},
+    {'[', '{', KeyOpenBracket},
+    {']', '}', KeyCloseBracket},
+    {';', ':', KeySemicolon},
+    {'\'', '"', KeyApostrophe},
+    {'`', '~', KeyBackquote},
+    {'\\', '|', KeyBackslash},
+    {',', '<', KeyComma},
+    {'.', '>', KeyPeriod},
+    {'/', '?', KeySlash},
+}};
+
+/// What the keys of an unbroken range of scan codes type on a US keyboard without Shift.
+struct UsRow {
+    unsigned firstScanCode;
+    std::string_view symbols;
+};
+
+constexpr std::array<UsRow, 5> UsRows = {{
+    {10, "1234567890-="},
+    {24, "qwertyuiop[]"},
+    {38, "asdfghjkl;'"},
+    {49, "`"},
+    {51, "\\zxcvbnm,./"},
+}};
+
+/// Keys that mean the same on every keyboard.
+struct NamedKey {
+    int key;
+    int virtualKey;
+};
+
+constexpr std::array<NamedKey, 27> NamedKeys = {{
+    {Qt::Key_Backspace, KeyBackspace},
+    {Qt::Key_Tab, KeyTab},
+    {Qt::Key_Backtab, KeyTab},
+    {Qt::Key_Clear, KeyClear},
+    {Qt::Key_Return, KeyEnter},
+    {Qt::Key_Enter, KeyEnter},
+    {Qt::Key_Shift, KeyShift},
+    {Qt::Key_Control, KeyCtrl},
+    {Qt::Key_Alt, KeyAlt},
+    {Qt::Key_Pause, KeyPause},
+    {Qt::Key_CapsLock, KeyCapsLock},
+    {Qt::Key_Escape, KeyEscape},
+    {Qt::Key_Space, KeySpace},
+    {Qt::Key_PageUp, KeyPageUp},
+    {Qt::Key_PageDown, KeyPageDown},
+    {Qt::Key_End, KeyEnd},
+    {Qt::Key_Home, KeyHome},
+    {Qt::Key_Left, KeyLeft},
+    {Qt::Key_Up, KeyUp},
+    {Qt::Key_Right, KeyRight},
+    {Qt::Key_Down, KeyDown},
+    {Qt::Key_Insert, KeyInsert},
+    {Qt::Key_Delete, KeyDelete},
+    {Qt::Key_Menu, KeyMenu},
+    {Qt::Key_NumLock, KeyNumLock},
+    {Qt::Key_ScrollLock, KeyScrollLock},
+    {Qt::Key_Cancel, KeyCancel},
+}};
+
+/// The symbol that a dead key stands for when nothing follows it; 0 when there is none on a US keyboard.
+int DeadKeyBase(int key) {
+    switch (key) {
+    case Qt::Key_Dead_Acute:
+        return '\'';
+    case Qt::Key_Dead_Grave:
+        return '`';
+    case Qt::Key_Dead_Circumflex:
+        return '^';
+    case Qt::Key_Dead_Tilde:
+        return '~';
+    case Qt::Key_Dead_Diaeresis:
+        return '"';
+    default:
+        return 0;
+    }
+}
+
+/// A key of the number pad that Num Lock changes.
+struct PadKey {
+    int digit;    ///< with Num Lock
+    int movement; ///< without
+};
+
+constexpr std::array<PadKey, 11> PadKeys = {{
+    {KeyPad0, KeyInsert},
+    {KeyPad0 + 1, KeyEnd},
+    {KeyPad0 + 2, KeyDown},
+    {KeyPad0 + 3, KeyPageDown},
+    {KeyPad0 + 4, KeyLeft},
+    {KeyPad0 + 5, KeyClear},
+    {KeyPad0 + 6, KeyRight},
+    {KeyPad0 + 7, KeyHome},
+    {KeyPad0 + 8, KeyUp},
+    {KeyPad0 + 9, KeyPageUp},
+    {KeyPadDecimal, KeyDelete},
+}};
+
+/// The pad key that a press at this scan code is, whatever symbol the layout gives it.
+std::optional<PadKey> PadKeyAt(unsigned scanCode) {
+    constexpr unsigned First = 79;
+    constexpr std::array<int, 13> Indexes = {7, 8, 9, -1, 4, 5, 6, -1, 1, 2, 3, 0, 10};
+    if (scanCode < First || scanCode >= First + Indexes.size() || Indexes[scanCode - First] < 0) {
+        return {};
+    }
+    return PadKeys[static_cast<std::size_t>(Indexes[scanCode - First])];
+}
+
+int NamedVirtualKey(int key) {
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
+        return KeyF1 + (key - Qt::Key_F1);
+    }
+    const auto* found = std::find_if(
+        NamedKeys.begin(), NamedKeys.end(), [key](const NamedKey& named) { return named.key == key; });
+    return found == NamedKeys.end() ? 0 : found->virtualKey;
+}
+
+/// The pad key that a press on the number pad is, by what the press means.
+std::optional<PadKey> PadKeyOf(int key) {
+    if (key >= Qt::Key_0 && key <= Qt::Key_9) {
+        return PadKeys[static_cast<std::size_t>(key - Qt::Key_0)];
+    }
+    if (key == Qt::Key_Period || key == Qt::Key_Comma) {
+        return PadKeys.back();
+    }
+    const int movement = NamedVirtualKey(key);
+    const auto* found = std::find_if(
+        PadKeys.begin(), PadKeys.end(), [movement](const PadKey& pad) { return pad.movement == movement; });
+    if (movement == 0 || found == PadKeys.end()) {
+        return {};
+    }
+    return *found;
+}
+
+/// The keys of the pad that Num Lock leaves alone; 0 for any other.
+int PadOperator(int key) {
+    switch (key) {
+    case Qt::Key_Asterisk:
+        return KeyPadMultiply;
+    case Qt::Key_Plus:
+        return KeyPadAdd;
+    case Qt::Key_Minus:
+        return KeyPadSubtract;
+    case Qt::Key_Slash:
+        return KeyPadDivide;
+    case Qt::Key_Enter:
+        return KeyEnter;
+    default:
+        return 0;
+    }
+}
+
+/// Whether a symbol is a printable ASCII character, which has the same number.
+bool IsAscii(unsigned symbol) {
+    return symbol >= ' ' && symbol <= '~';
+}
+
+/// Whether a symbol says by itself which key it is, so that the place of the key has nothing to add: on a
+/// virtual keyboard a key may lie anywhere.
+bool IsTelling(unsigned symbol) {
+    return IsAscii(symbol) || (symbol >= FirstNamedSymbol && symbol <= LastNamedSymbol);
+}
+
+bool IsLetter(int key) {
+    return key >= Qt::Key_A && key <= Qt::Key_Z;
+}
+
+bool IsCharacter(int key) {
+    return key > Qt::Key_Space && key < Qt::Key_Escape;
+}
+
+/// Fills in the key that a symbol of the US keyboard is typed with; false for any other symbol.
+bool TranslateUsSymbol(int symbol, bool isReal, KeyStroke& press) {
+    for (const UsKey& key : UsKeys) {
+        if (symbol != key.plain && symbol != key.shifted) {
+            continue;
+        }
+        press.virtualKey = key.virtualKey;
+        if (isReal) {
+            press.isShift = symbol == key.shifted;
+        }
+        return true;
+    }
+    return false;
+}
+
+/// The key at a place of the keyboard, as a US keyboard has it; 0 when it types no character there.
+int VirtualKeyAt(unsigned scanCode) {
+    for (const UsRow& row : UsRows) {
+        if (scanCode < row.firstScanCode || scanCode >= row.firstScanCode + row.symbols.size()) {
+            continue;
+        }
+        const char symbol = row.symbols[scanCode - row.firstScanCode];
+        if (symbol >= 'a' && symbol <= 'z') {
+            return symbol - 'a' + 'A';
+        }
+        KeyStroke press;
+        TranslateUsSymbol(symbol, false, press);
+        return press.virtualKey;
+    }
+    return 0;
+}
+
+/// The key of the digit row at a place of the keyboard; 0 at any other place.
+int DigitAt(unsigned scanCode) {
+    const int key = VirtualKeyAt(scanCode);
+    return key >= KeyDigit0 && key <= KeyDigit9 ? key : 0;
+}
+
+bool IsOnPad(const KeyFacts& facts) {
+    if (facts.keypad || (facts.symbol >= FirstPadSymbol && facts.symbol <= LastPadSymbol)) {
+        return true;
+    }
+    const bool isDecimalSign = facts.symbol == '.' || facts.symbol == ',';
+    return PadKeyAt(facts.scanCode) &&
+           (!IsTelling(facts.symbol) || (isDecimalSign && facts.scanCode == PadDecimalScanCode));
+}
+
+/// The key that a press on the number pad is.
+int TranslatePadKey(const KeyFacts& facts) {
+    auto pad = PadKeyOf(facts.key);
+    if (!pad) {
+        if (const int operatorKey = PadOperator(facts.key); operatorKey != 0) {
+            return operatorKey;
+        }
+        pad = PadKeyAt(facts.scanCode);
+    }
+    if (!pad) {
+        return NamedVirtualKey(facts.key);
+    }
+    return IsCharacter(facts.key) ? pad->digit : pad->movement;
+}
+
+/// Whether AltGr makes something of the key that a US keyboard has: an ASCII character, or a dead key that
+/// stands for one.
+bool IsTypedWithAltGr(const KeyFacts& facts) {
+    const unsigned shown = facts.symbol != 0 ? facts.symbol : static_cast<unsigned>(facts.key);
+    return !facts.alt && (IsAscii(shown) || DeadKeyBase(facts.key) != 0);
+}
+
+} // namespace
+
+KeyStroke TranslateKey(const KeyFacts& facts) {
+    KeyStroke press;
+    press.isShift = facts.shift;
+    press.isCtrl = facts.ctrl;
+    press.isAlt = facts.alt;
+    press.isRepeat = facts.autoRepeat;
+    if (facts.meta || (facts.altGr && !IsTypedWithAltGr(facts))) {
+        return press;
+    }
+    const bool isReal = facts.scanCode != 0;
+    if (IsOnPad(facts)) {
+        press.isOnNumberPad = true;
+        press.virtualKey = TranslatePadKey(facts);
+        return press;
+    }
+    if (facts.symbol == BreakSymbol) {
+        press.virtualKey = NamedVirtualKey(Qt::Key_Cancel);
+        return press;
+    }
+    if (IsLetter(facts.key)) {
+        press.virtualKey = facts.key;
+        if (isReal && facts.symbol >= 'A' && facts.symbol <= 'Z' && !facts.capsLock) {
+            // A virtual keyboard has keys of their own for capitals.
+            press.isShift = true;
+        }
+        return press;
+    }
+    if (facts.scanCode >= F13ScanCode && facts.scanCode <= F16ScanCode && !IsTelling(facts.symbol)) {
+        // The usual layouts put tool and launch keys in the place of these four.
+        press.virtualKey = KeyF13 + static_cast<int>(facts.scanCode - F13ScanCode);
+        return press;
+    }
+    if (facts.alt && DigitAt(facts.scanCode) != 0) {
+        // A command, not a symbol: some layouts have digits only with Shift, which means something of its
+        // own.
+        press.virtualKey = DigitAt(facts.scanCode);
+        return press;
+    }
+    if (facts.key == Qt::Key_nobreakspace) {
+        // Some layouts have it on the space bar.
+        press.virtualKey = NamedVirtualKey(Qt::Key_Space);
+        return press;
+    }
+    if (IsCharacter(facts.key)) {
+        if (!TranslateUsSymbol(facts.key, isReal, press)) {
+            press.virtualKey = VirtualKeyAt(facts.scanCode);
+        }
+        return press;
+    }
+    if (const int base = DeadKeyBase(facts.key); base != 0) {
+        TranslateUsSymbol(base, isReal, press);
+        return press;
+    }
+    press.virtualKey = NamedVirtualKey(facts.key);
+    if (facts.key == Qt::Key_Backtab && isReal) {
+        press.isShift = true;
+    }
+    return press;
+}
+
+KeyFacts FactsOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    const unsigned nativeHeld = event.nativeModifiers();
+    KeyFacts facts;
+    facts.key = event.key();
+    facts.scanCode = event.nativeScanCode();
+    facts.symbol = event.nativeVirtualKey();
+    facts.shift = held.testFlag(Qt::ShiftModifier);
+    facts.ctrl = held.testFlag(Qt::ControlModifier);
+    facts.alt = held.testFlag(Qt::AltModifier);
+    facts.meta = held.testFlag(Qt::MetaModifier);
+    facts.altGr = held.testFlag(Qt::GroupSwitchModifier) || (nativeHeld & AltGrMask) != 0;
+    facts.capsLock = (nativeHeld & CapsLockMask) != 0;
+    facts.keypad = held.testFlag(Qt::KeypadModifier);
+    facts.autoRepeat = event.isAutoRepeat();
+    return facts;
+}
+
+} // namespace ui::native
+
+namespace ui::qt {
+
+KeyStroke TranslateKey(const QKeyEvent& event) {
+    return native::TranslateKey(native::FactsOf(event));
+}
+
+void DropFalseReleases() {
+    if (const auto keyboard = native::X11Keyboard::Connect()) {
+        keyboard->dropFalseReleases();
+    }
+}
+
+} // namespace ui::qt

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/System.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <unistd.h>
+
+namespace ui {
+
+namespace {
+
+/// The folder that a variable names; none unless its path is absolute.
+Path FolderVariable(const char* name) {
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    const Path folder = value != nullptr ? value : "";
+    return folder.is_absolute() ? folder : Path();
+}
+
+/// A folder of the user's: the one that the variable names, or the usual one in the home folder.
+Path UserFolder(const char* variable, const char* usual) {
+    Path folder = FolderVariable(variable);
+    if (!folder.empty()) {
+        return folder;
+    }
+    const Path home = FolderVariable("HOME");
+    return home.empty() ? home : home / usual;
+}
+
+} // namespace
+
+Path ExecutableFile() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+Path DataHome() {
+    return UserFolder("XDG_DATA_HOME", ".local/share");
+}
+
+Path StateHome() {
+    return UserFolder("XDG_STATE_HOME", ".local/state");
+}
+
+bool IsWritableFolder(const Path& folder) {
+    return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+} // namespace ui
