@@ -3,6 +3,7 @@
 #include "editing/mdlArray.h"
 
 #include "EditWorld.h"
+#include "support/FakeDialogs.h"
 
 #include <gtest/gtest.h>
 

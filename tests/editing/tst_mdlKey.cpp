@@ -3,6 +3,7 @@
 #include "editing/mdlKey.h"
 
 #include "EditWorld.h"
+#include "support/FakePlatform.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
