@@ -24,17 +24,15 @@ Change RowChanged(const PageCursor& cursor, int row) {
     return {.page = cursor.page, .changed = {1, row, cursor.rows.width(), 1}};
 }
 
-void NewAnimation(AnimationDocument& animation) {
-    animation.nameGlyphs.fill(BlankGlyph);
-    animation.nameTicks.fill(InitialTicks);
-}
-
-void ClearName(NameDocument& name) {
-    name.cells.fill(BlankGlyph);
-}
-
-void ClearMessages(MessageDocument& messages) {
-    messages.cells.fill(BlankGlyph);
+Change NewDocument(Documents& documents, Page page) {
+    const GlyphRows rows = CursorOf(documents, page).rows;
+    for (int row = 1; row <= rows.count(); ++row) {
+        std::ranges::fill(rows.row(row), BlankGlyph);
+    }
+    if (page == Page::Animation) {
+        documents.animation.nameTicks.fill(InitialTicks);
+    }
+    return {.kind = Change::Kind::WholePage, .page = page};
 }
 
 void CursorRight(const PageCursor& cursor) {

@@ -21,10 +21,9 @@ struct PageCursor {
 /// The change of a whole row.
 [[nodiscard]] Change RowChanged(const PageCursor& cursor, int row);
 
-/// All 90 rows become blank, all 90 tick counts 2; the number of names and the cursor stay.
-void NewAnimation(AnimationDocument& animation);
-void ClearName(NameDocument& name);
-void ClearMessages(MessageDocument& messages);
+/// All rows of a page's document become blank, in use or not, and all tick counts 2; the number of names and
+/// the cursor stay.
+Change NewDocument(Documents& documents, Page page);
 
 /// Move the cursor one column. The caller has tested the bounds.
 void CursorRight(const PageCursor& cursor);

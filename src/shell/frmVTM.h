@@ -84,6 +84,12 @@ private:
     static const std::array<MenuCommand, 72> MenuCommands;
     static const std::array<ToolCommand, 31> ToolCommands;
 
+    /// A menu entry's command: a handler with its arguments.
+    template <auto Handler, auto... Arguments>
+    static void Run(frmVTM& window) {
+        (window.*Handler)(Arguments...);
+    }
+
     // Building the window
     void buildMenus();
     void buildToolbar();
@@ -118,14 +124,12 @@ private:
     bool loadScript(
         editing::Page kind, const ui::Path& path,
         animation::OpenFailure openFailure = animation::OpenFailure::StatusLine);
-    void openRecent(editing::Page kind, int index);
     void rebuildRecentMenus();
     void scriptSaved(editing::Page kind, const ui::Path& path);
     void offerBinding();
     void saveNameToConfigFile();
     void repaintPage(editing::Page page);
     void showReadNames();
-    void format(editing::FormatOperation operation);
     [[nodiscard]] ui::Path dialogFolder() const;
 
     // Settings that show
@@ -161,9 +165,7 @@ private:
     void putPickedGlyph();
 
     // Menu and toolbar commands
-    void mnuNewName_Click();
-    void mnuNewAni_Click();
-    void mnuNewMessages_Click();
+    void mnuNew_Click(editing::Page page);
     void mnuFileLoadNameFromScriptFile_Click();
     void mnuFileLoadNameFromConfigFile_Click();
     void mnuFileLoadAniFromScriptFile_Click();
@@ -171,23 +173,12 @@ private:
     void mnuFileSaveName_Click(int index);
     void mnuFileSaveAni_Click();
     void mnuFileSaveMessage_Click();
-    void mnuRecentNameFiles_Click(int index);
-    void mnuRecentAniFiles_Click(int index);
-    void mnuRecentMacroFiles_Click(int index);
+    void mnuRecentFiles_Click(editing::Page kind, int index);
     void mnuFileExit_Click();
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
-    void mnuFormatAlignLeft_Click();
-    void mnuFormatAlignCenter_Click();
-    void mnuFormatAlignRight_Click();
-    void mnuFormatUpperToLowerCase_Click();
-    void mnuFormatLowerToUpperCase_Click();
-    void mnuFormatSwitchCase_Click();
-    void mnuFormatColor1ToColor2_Click();
-    void mnuFormatColor2ToColor1_Click();
-    void mnuFormatSwitchColor_Click();
-    void mnuFormatReverseCharacters_Click();
+    void mnuFormat_Click(editing::FormatOperation operation);
     void mnuFormatReverseNameOrder_Click();
     void mnuView_Click(int index);
     void mnuToolsAnimationWizard_Click();

@@ -16,7 +16,7 @@ namespace shell {
 using editing::FormatOperation;
 using editing::Page;
 
-void frmVTM::format(FormatOperation operation) {
+void frmVTM::mnuFormat_Click(FormatOperation operation) {
     const Settings& settings = m_workspace.settings;
     const editing::FormatSettings formatSettings{
         .asksForNames = settings.promptNames,
@@ -26,46 +26,6 @@ void frmVTM::format(FormatOperation operation) {
     editing::ShowChange(
         painter(), editing::FormatPage(cursor(), m_platform.dialogs, formatSettings, operation));
     Refresh();
-}
-
-void frmVTM::mnuFormatAlignLeft_Click() {
-    format(FormatOperation::AlignLeft);
-}
-
-void frmVTM::mnuFormatAlignCenter_Click() {
-    format(FormatOperation::AlignCenter);
-}
-
-void frmVTM::mnuFormatAlignRight_Click() {
-    format(FormatOperation::AlignRight);
-}
-
-void frmVTM::mnuFormatUpperToLowerCase_Click() {
-    format(FormatOperation::ToLowerCase);
-}
-
-void frmVTM::mnuFormatLowerToUpperCase_Click() {
-    format(FormatOperation::ToUpperCase);
-}
-
-void frmVTM::mnuFormatSwitchCase_Click() {
-    format(FormatOperation::SwitchCase);
-}
-
-void frmVTM::mnuFormatColor1ToColor2_Click() {
-    format(FormatOperation::Color1ToColor2);
-}
-
-void frmVTM::mnuFormatColor2ToColor1_Click() {
-    format(FormatOperation::Color2ToColor1);
-}
-
-void frmVTM::mnuFormatSwitchColor_Click() {
-    format(FormatOperation::SwitchColor);
-}
-
-void frmVTM::mnuFormatReverseCharacters_Click() {
-    format(FormatOperation::ReverseCharacters);
 }
 
 void frmVTM::mnuFormatReverseNameOrder_Click() {

@@ -40,24 +40,9 @@ void frmVTM::repaintPage(Page page) {
     showDamage();
 }
 
-void frmVTM::mnuNewName_Click() {
-    switchPageFor(Page::Name);
-    editing::ClearName(m_workspace.documents.name);
-    repaintPage(Page::Name);
-    Refresh();
-}
-
-void frmVTM::mnuNewAni_Click() {
-    switchPageFor(Page::Animation);
-    editing::NewAnimation(m_workspace.documents.animation);
-    repaintPage(Page::Animation);
-    Refresh();
-}
-
-void frmVTM::mnuNewMessages_Click() {
-    switchPageFor(Page::Messages);
-    editing::ClearMessages(m_workspace.documents.messages);
-    repaintPage(Page::Messages);
+void frmVTM::mnuNew_Click(Page page) {
+    switchPageFor(page);
+    editing::ShowChange(painter(), editing::NewDocument(m_workspace.documents, page));
     Refresh();
 }
 
@@ -244,24 +229,12 @@ void frmVTM::rebuildRecentMenus() {
     }
 }
 
-void frmVTM::openRecent(Page kind, int index) {
+void frmVTM::mnuRecentFiles_Click(Page kind, int index) {
     const std::vector<std::string>& paths = m_workspace.recent.of(kind);
     if (static_cast<std::size_t>(index) < paths.size()) {
         loadScript(kind, paths[static_cast<std::size_t>(index)], animation::OpenFailure::MessageBox);
         mnuView_Click(static_cast<int>(kind));
     }
-}
-
-void frmVTM::mnuRecentNameFiles_Click(int index) {
-    openRecent(Page::Name, index);
-}
-
-void frmVTM::mnuRecentAniFiles_Click(int index) {
-    openRecent(Page::Animation, index);
-}
-
-void frmVTM::mnuRecentMacroFiles_Click(int index) {
-    openRecent(Page::Messages, index);
 }
 
 void frmVTM::mnuFileExit_Click() {

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "editing/mdlArray.h"
 #include "shell/Icons.h"
 #include "shell/frmVTM.h"
 
@@ -14,6 +15,9 @@
 #include <algorithm>
 
 namespace shell {
+
+using editing::FormatOperation;
+using editing::Page;
 
 namespace {
 
@@ -39,220 +43,96 @@ struct frmVTM::ToolCommand {
 const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
-    {"mnuFileNew", "mnuNewName", "&Name",
-     [](frmVTM& w) {
-         w.mnuNewName_Click();
-     }},
-    {"mnuFileNew", "mnuNewAni", "&Animation",
-     [](frmVTM& w) {
-         w.mnuNewAni_Click();
-     }},
-    {"mnuFileNew", "mnuNewMessages", "&Messages",
-     [](frmVTM& w) {
-         w.mnuNewMessages_Click();
-     }},
+    {"mnuFileNew", "mnuNewName", "&Name", Run<&frmVTM::mnuNew_Click, Page::Name>},
+    {"mnuFileNew", "mnuNewAni", "&Animation", Run<&frmVTM::mnuNew_Click, Page::Animation>},
+    {"mnuFileNew", "mnuNewMessages", "&Messages", Run<&frmVTM::mnuNew_Click, Page::Messages>},
     {"mnuFile", "mnuLoad", "&Load", nullptr},
     {"mnuLoad", "mnuLoadName", "&Name", nullptr},
     {"mnuLoadName", "mnuFileLoadNameFromScriptFile", "From &Script File",
-     [](frmVTM& w) {
-         w.mnuFileLoadNameFromScriptFile_Click();
-     }},
+     Run<&frmVTM::mnuFileLoadNameFromScriptFile_Click>},
     {"mnuLoadName", "mnuFileLoadNameFromConfigFile", "From &Config File",
-     [](frmVTM& w) {
-         w.mnuFileLoadNameFromConfigFile_Click();
-     }},
+     Run<&frmVTM::mnuFileLoadNameFromConfigFile_Click>},
     {"mnuLoad", "mnuLoadAni", "&Animation", nullptr},
     {"mnuLoadAni", "mnuFileLoadAniFromScriptFile", "From &Script File",
-     [](frmVTM& w) {
-         w.mnuFileLoadAniFromScriptFile_Click();
-     }},
+     Run<&frmVTM::mnuFileLoadAniFromScriptFile_Click>},
     {"mnuLoad", "mnuLoadMessages", "&Messages", nullptr},
     {"mnuLoadMessages", "mnuFileLoadMessagesFromScriptFile", "From &Script File",
-     [](frmVTM& w) {
-         w.mnuFileLoadMessagesFromScriptFile_Click();
-     }},
+     Run<&frmVTM::mnuFileLoadMessagesFromScriptFile_Click>},
     {"mnuFile", "mnuSave", "&Save", nullptr},
     {"mnuSave", "mnuSaveName", "&Name", nullptr},
-    {"mnuSaveName", "mnuFileSaveName_0", "To &Script File",
-     [](frmVTM& w) {
-         w.mnuFileSaveName_Click(0);
-     }},
-    {"mnuSaveName", "mnuFileSaveName_1", "To A &Config File",
-     [](frmVTM& w) {
-         w.mnuFileSaveName_Click(1);
-     }},
-    {"mnuSaveName", "mnuFileSaveName_2", "To Clip&board",
-     [](frmVTM& w) {
-         w.mnuFileSaveName_Click(2);
-     }},
+    {"mnuSaveName", "mnuFileSaveName_0", "To &Script File", Run<&frmVTM::mnuFileSaveName_Click, 0>},
+    {"mnuSaveName", "mnuFileSaveName_1", "To A &Config File", Run<&frmVTM::mnuFileSaveName_Click, 1>},
+    {"mnuSaveName", "mnuFileSaveName_2", "To Clip&board", Run<&frmVTM::mnuFileSaveName_Click, 2>},
     {"mnuSave", "mnuSaveAni", "&Animation", nullptr},
-    {"mnuSaveAni", "mnuFileSaveAni_0", "To &Script File",
-     [](frmVTM& w) {
-         w.mnuFileSaveAni_Click();
-     }},
+    {"mnuSaveAni", "mnuFileSaveAni_0", "To &Script File", Run<&frmVTM::mnuFileSaveAni_Click>},
     {"mnuSave", "mnuSaveMessages", "&Messages", nullptr},
-    {"mnuSaveMessages", "mnuFileSaveMessage", "To &Script File",
-     [](frmVTM& w) {
-         w.mnuFileSaveMessage_Click();
-     }},
+    {"mnuSaveMessages", "mnuFileSaveMessage", "To &Script File", Run<&frmVTM::mnuFileSaveMessage_Click>},
     {"mnuFile", nullptr, nullptr, nullptr},
     {"mnuFile", "mnuFileRecentName", "&Recent Name", nullptr},
-    {"mnuFileRecentName", "mnuRecentNameFiles_0", "",
-     [](frmVTM& w) {
-         w.mnuRecentNameFiles_Click(0);
-     }},
-    {"mnuFileRecentName", "mnuRecentNameFiles_1", "",
-     [](frmVTM& w) {
-         w.mnuRecentNameFiles_Click(1);
-     }},
-    {"mnuFileRecentName", "mnuRecentNameFiles_2", "",
-     [](frmVTM& w) {
-         w.mnuRecentNameFiles_Click(2);
-     }},
-    {"mnuFileRecentName", "mnuRecentNameFiles_3", "",
-     [](frmVTM& w) {
-         w.mnuRecentNameFiles_Click(3);
-     }},
+    {"mnuFileRecentName", "mnuRecentNameFiles_0", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 0>},
+    {"mnuFileRecentName", "mnuRecentNameFiles_1", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 1>},
+    {"mnuFileRecentName", "mnuRecentNameFiles_2", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 2>},
+    {"mnuFileRecentName", "mnuRecentNameFiles_3", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 3>},
     {"mnuFile", "mnuFileRecentAni", "Recent &Animation", nullptr},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_0", "",
-     [](frmVTM& w) {
-         w.mnuRecentAniFiles_Click(0);
-     }},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_1", "",
-     [](frmVTM& w) {
-         w.mnuRecentAniFiles_Click(1);
-     }},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_2", "",
-     [](frmVTM& w) {
-         w.mnuRecentAniFiles_Click(2);
-     }},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_3", "",
-     [](frmVTM& w) {
-         w.mnuRecentAniFiles_Click(3);
-     }},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_0", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 0>},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_1", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 1>},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_2", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 2>},
+    {"mnuFileRecentAni", "mnuRecentAniFiles_3", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 3>},
     {"mnuFile", "mnuFileRecentMacro", "Recent &Macro", nullptr},
     {"mnuFileRecentMacro", "mnuRecentMacroFiles_0", "",
-     [](frmVTM& w) {
-         w.mnuRecentMacroFiles_Click(0);
-     }},
+     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 0>},
     {"mnuFileRecentMacro", "mnuRecentMacroFiles_1", "",
-     [](frmVTM& w) {
-         w.mnuRecentMacroFiles_Click(1);
-     }},
+     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 1>},
     {"mnuFileRecentMacro", "mnuRecentMacroFiles_2", "",
-     [](frmVTM& w) {
-         w.mnuRecentMacroFiles_Click(2);
-     }},
+     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 2>},
     {"mnuFileRecentMacro", "mnuRecentMacroFiles_3", "",
-     [](frmVTM& w) {
-         w.mnuRecentMacroFiles_Click(3);
-     }},
+     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 3>},
     {"mnuFile", nullptr, nullptr, nullptr},
-    {"mnuFile", "mnuFileExit", "E&xit",
-     [](frmVTM& w) {
-         w.mnuFileExit_Click();
-     }},
+    {"mnuFile", "mnuFileExit", "E&xit", Run<&frmVTM::mnuFileExit_Click>},
     {"", "mnuEdit", "&Edit", nullptr},
-    {"mnuEdit", "mnuEditCut", "Cu&t",
-     [](frmVTM& w) {
-         w.mnuEditCut_Click();
-     }},
-    {"mnuEdit", "mnuEditCopy", "&Copy",
-     [](frmVTM& w) {
-         w.mnuEditCopy_Click();
-     }},
-    {"mnuEdit", "mnuEditPaste", "&Paste",
-     [](frmVTM& w) {
-         w.mnuEditPaste_Click();
-     }},
+    {"mnuEdit", "mnuEditCut", "Cu&t", Run<&frmVTM::mnuEditCut_Click>},
+    {"mnuEdit", "mnuEditCopy", "&Copy", Run<&frmVTM::mnuEditCopy_Click>},
+    {"mnuEdit", "mnuEditPaste", "&Paste", Run<&frmVTM::mnuEditPaste_Click>},
     {"", "mnuFormat", "F&ormat", nullptr},
     {"mnuFormat", "mnuFormatAlignLeft", "Align &Left",
-     [](frmVTM& w) {
-         w.mnuFormatAlignLeft_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::AlignLeft>},
     {"mnuFormat", "mnuFormatAlignCenter", "Align &Center",
-     [](frmVTM& w) {
-         w.mnuFormatAlignCenter_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::AlignCenter>},
     {"mnuFormat", "mnuFormatAlignRight", "Align &Right",
-     [](frmVTM& w) {
-         w.mnuFormatAlignRight_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::AlignRight>},
     {"mnuFormat", nullptr, nullptr, nullptr},
     {"mnuFormat", "mnuFormatUpperToLowerCase", "Upper To Lo&wer Case",
-     [](frmVTM& w) {
-         w.mnuFormatUpperToLowerCase_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::ToLowerCase>},
     {"mnuFormat", "mnuFormatLowerToUpperCase", "Lower To &Upper Case",
-     [](frmVTM& w) {
-         w.mnuFormatLowerToUpperCase_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::ToUpperCase>},
     {"mnuFormat", "mnuFormatSwitchCase", "Switch C&ase",
-     [](frmVTM& w) {
-         w.mnuFormatSwitchCase_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::SwitchCase>},
     {"mnuFormat", nullptr, nullptr, nullptr},
     {"mnuFormat", "mnuFormatColor1ToColor2", "Color&1 To Color2",
-     [](frmVTM& w) {
-         w.mnuFormatColor1ToColor2_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::Color1ToColor2>},
     {"mnuFormat", "mnuFormatColor2ToColor1", "Color&2 To Color1",
-     [](frmVTM& w) {
-         w.mnuFormatColor2ToColor1_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::Color2ToColor1>},
     {"mnuFormat", "mnuFormatSwitchColor", "&Switch Color",
-     [](frmVTM& w) {
-         w.mnuFormatSwitchColor_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::SwitchColor>},
     {"mnuFormat", nullptr, nullptr, nullptr},
     {"mnuFormat", "mnuFormatReverseCharacters", "Re&verse Character Order",
-     [](frmVTM& w) {
-         w.mnuFormatReverseCharacters_Click();
-     }},
+     Run<&frmVTM::mnuFormat_Click, FormatOperation::ReverseCharacters>},
     {"mnuFormat", "mnuFormatReverseNameOrder", "Reverse &Name Order",
-     [](frmVTM& w) {
-         w.mnuFormatReverseNameOrder_Click();
-     }},
+     Run<&frmVTM::mnuFormatReverseNameOrder_Click>},
     {"", "mnuView", "&View", nullptr},
-    {"mnuView", "mnuView_0", "&Name",
-     [](frmVTM& w) {
-         w.mnuView_Click(0);
-     }},
-    {"mnuView", "mnuView_1", "&Animation",
-     [](frmVTM& w) {
-         w.mnuView_Click(1);
-     }},
-    {"mnuView", "mnuView_2", "&Messages",
-     [](frmVTM& w) {
-         w.mnuView_Click(2);
-     }},
+    {"mnuView", "mnuView_0", "&Name", Run<&frmVTM::mnuView_Click, 0>},
+    {"mnuView", "mnuView_1", "&Animation", Run<&frmVTM::mnuView_Click, 1>},
+    {"mnuView", "mnuView_2", "&Messages", Run<&frmVTM::mnuView_Click, 2>},
     {"", "mnuTools", "&Tools", nullptr},
-    {"mnuTools", "mnuToolsAnimationWizard", "&Animation Wizard",
-     [](frmVTM& w) {
-         w.mnuToolsAnimationWizard_Click();
-     }},
+    {"mnuTools", "mnuToolsAnimationWizard", "&Animation Wizard", Run<&frmVTM::mnuToolsAnimationWizard_Click>},
     {"mnuTools", "mnuToolsAnimationViewer", "&Full Screen Preview",
-     [](frmVTM& w) {
-         w.mnuToolsAnimationViewer_Click();
-     }},
-    {"mnuTools", "mnuToolsBindingWizard", "&Binding Wizard",
-     [](frmVTM& w) {
-         w.mnuToolsBindingWizard_Click();
-     }},
+     Run<&frmVTM::mnuToolsAnimationViewer_Click>},
+    {"mnuTools", "mnuToolsBindingWizard", "&Binding Wizard", Run<&frmVTM::mnuToolsBindingWizard_Click>},
     {"mnuTools", nullptr, nullptr, nullptr},
-    {"mnuTools", "mnuToolsSettings", "&Configure",
-     [](frmVTM& w) {
-         w.mnuToolsSettings_Click();
-     }},
+    {"mnuTools", "mnuToolsSettings", "&Configure", Run<&frmVTM::mnuToolsSettings_Click>},
     {"", "mnuHelpMenu", "&Help", nullptr},
-    {"mnuHelpMenu", "mnuHelp", "VTM &Help",
-     [](frmVTM& w) {
-         w.mnuHelp_Click();
-     }},
-    {"mnuHelpMenu", "mnuAboutVTM", "&About VTM",
-     [](frmVTM& w) {
-         w.mnuAboutVTM_Click();
-     }},
+    {"mnuHelpMenu", "mnuHelp", "VTM &Help", Run<&frmVTM::mnuHelp_Click>},
+    {"mnuHelpMenu", "mnuAboutVTM", "&About VTM", Run<&frmVTM::mnuAboutVTM_Click>},
 }};
 
 // The page buttons are buttons 5 to 7, so a separator stands before them. The tooltips of the two colour

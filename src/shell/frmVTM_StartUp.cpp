@@ -42,9 +42,9 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         notices.push_back(keys.status.failure().message);
     }
 
-    editing::NewAnimation(m_workspace.documents.animation);
-    editing::ClearName(m_workspace.documents.name);
-    editing::ClearMessages(m_workspace.documents.messages);
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        editing::NewDocument(m_workspace.documents, page);
+    }
 
     if (auto loaded = loadSettings(); !loaded) {
         return loaded;

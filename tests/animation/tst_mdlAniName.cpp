@@ -47,14 +47,14 @@ TEST(AnimationDocument, StartsWithFifteenBlankNamesOfTwoTicks) {
     }
 }
 
-TEST(NewAnimation, BlanksAllRowsAndLeavesNumberAndCursor) {
+TEST(NewDocument, BlanksAllNamesAndLeavesNumberAndCursor) {
     AnimationDesk desk;
     desk.fillNames(90);
     numberTicks(desk.animation());
     desk.animation().nameCount = 40;
     desk.animation().currentName = 33;
     desk.animation().cursorPos = 7;
-    editing::NewAnimation(desk.animation());
+    editing::NewDocument(desk.documents, editing::Page::Animation);
     for (int name = 1; name <= 90; ++name) {
         EXPECT_EQ(desk.name(name), "") << "row " << name;
         EXPECT_EQ(desk.animation().ticks(name), 2) << "row " << name;

@@ -95,14 +95,15 @@ TEST(CursorOf, BelongsToThePage) {
     EXPECT_EQ(documents.messages.currentMessage, 2);
 }
 
-TEST(NewAnimation, BlanksEveryRowAndLeavesTheCursor) {
-    AnimationDocument animation;
+TEST(NewDocument, BlanksEveryRowOfTheAnimationAndLeavesTheCursor) {
+    Documents documents;
+    AnimationDocument& animation = documents.animation;
     animation.nameGlyphs.fill(65);
     animation.nameTicks.fill(9);
     animation.nameCount = 40;
     animation.currentName = 30;
     animation.cursorPos = 5;
-    NewAnimation(animation);
+    NewDocument(documents, Page::Animation);
     for (const GlyphCode code : animation.nameGlyphs) {
         ASSERT_EQ(code, 32);
     }
@@ -114,21 +115,23 @@ TEST(NewAnimation, BlanksEveryRowAndLeavesTheCursor) {
     EXPECT_EQ(animation.cursorPos, 5);
 }
 
-TEST(ClearName, BlanksTheCellsAndLeavesTheCursor) {
-    NameDocument name;
+TEST(NewDocument, BlanksTheNameAndLeavesTheCursor) {
+    Documents documents;
+    NameDocument& name = documents.name;
     name.cells.fill(65);
     name.cursorPos = 5;
-    ClearName(name);
+    NewDocument(documents, Page::Name);
     EXPECT_EQ(std::count(name.cells.begin(), name.cells.end(), 32), 15);
     EXPECT_EQ(name.cursorPos, 5);
 }
 
-TEST(ClearMessages, BlanksTheCellsAndLeavesTheCursor) {
-    MessageDocument messages;
+TEST(NewDocument, BlanksTheMessagesAndLeavesTheCursor) {
+    Documents documents;
+    MessageDocument& messages = documents.messages;
     messages.cells.fill(65);
     messages.cursorPos = 30;
     messages.currentMessage = 3;
-    ClearMessages(messages);
+    NewDocument(documents, Page::Messages);
     EXPECT_EQ(std::count(messages.cells.begin(), messages.cells.end(), 32), 93);
     EXPECT_EQ(messages.cursorPos, 30);
     EXPECT_EQ(messages.currentMessage, 3);

@@ -99,8 +99,7 @@ void AddScripts(std::vector<Operation>& operations) {
             "save an animation", "a.vta", place, "// Animation File Created by Vortigo\r\n",
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
-                editing::AnimationDocument animation;
-                editing::NewAnimation(animation);
+                const editing::AnimationDocument animation;
                 const auto saved = animation::SaveAnimationScript(
                     animation, world.game.path(), [] {}, answers, world.files);
                 return answers.report(saved.statusText);
