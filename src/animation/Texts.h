@@ -8,8 +8,6 @@
 namespace animation {
 
 constexpr std::string_view GameQuestion = "Is this animation to be used in Quake2?";
-constexpr std::string_view OpenScriptTitle = "Select the Script file";
-constexpr std::string_view ScriptFilterText = "VTM Animation Script (*.vta;*.scr)";
 constexpr std::string_view PatternsMissing = "The Animation Data file/s needed by VTM 'vtmani01.dat or "
                                              "vtmani02.dat' is not in the programs directory!\n"
                                              "Automatic animation has been disabled.";

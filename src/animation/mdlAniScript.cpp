@@ -4,8 +4,6 @@
 
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
-#include "editing/ScriptFile.h"
-#include "ui/FileWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -20,7 +18,7 @@ using editing::MinNames;
 
 namespace {
 
-constexpr std::string_view Header = "Animation File Created by Vortigo";
+const editing::Kind& TheAnimation = editing::KindOf(editing::Page::Animation);
 constexpr std::string_view CountLine = "Names In The Animation Sequence";
 constexpr int MaxTicks = std::numeric_limits<std::int16_t>::max();
 
@@ -200,15 +198,6 @@ std::string LossText(const AnimationDocument& animation) {
     return text;
 }
 
-ui::FileDialogRequest ScriptRequest(const ui::Path& folder) {
-    ui::FileDialogRequest request;
-    request.initialName = "*.vta";
-    request.filters = {{std::string(ScriptFilterText), {"*.vta", "*.scr"}}};
-    request.folder = folder;
-    request.extension = ".vta";
-    return request;
-}
-
 } // namespace
 
 ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand command) {
@@ -216,7 +205,7 @@ ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand 
     const auto addLine = [&bytes](std::string_view line) {
         bytes.append(line).append("\r\n");
     };
-    addLine("// " + std::string(Header));
+    addLine("// " + std::string(TheAnimation.header));
     addLine("// " + std::to_string(animation.nameCount) + " " + std::string(CountLine));
     for (int name = 1; name <= animation.nameCount; ++name) {
         addLine(glyphs::NameLine(command, animation.name(name)));
@@ -234,7 +223,7 @@ ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand 
 DecodedScript DecodeAnimationScript(std::string_view bytes, AnimationDocument& animation) {
     DecodedScript script;
     glyphs::ByteLines lines(bytes);
-    if (!Contains(lines.next(), Header)) {
+    if (!Contains(lines.next(), TheAnimation.header)) {
         script.end = ScriptEnd::NotRecognised;
         return script;
     }
@@ -266,84 +255,30 @@ DecodedScript DecodeAnimationScript(std::string_view bytes, AnimationDocument& a
     return script;
 }
 
-AnimationWritten WriteAnimationScript(
-    const AnimationDocument& animation, const ui::Path& path, ui::Dialogs& dialogs, ui::Files& files) {
-    // The pairing looks reversed and is how these scripts are made: Yes gives the plain command.
-    const NameCommand command =
-        dialogs.askYesNo(std::string(GameQuestion)) ? NameCommand::Name : NameCommand::SetName;
-    if (const ui::Status done = ui::WriteFile(files, path, EncodeAnimationScript(animation, command));
-        !done) {
-        std::string text = done.failure().message;
-        std::ranges::replace(text, '\n', ' ');
-        return {.written = false, .statusText = std::move(text)};
-    }
-    dialogs.inform("Done! The script file, " + ui::PathText(path) + ", was written.");
-    return {.written = true, .statusText = LossText(animation)};
-}
-
-AnimationSaved SaveAnimationScript(
-    const AnimationDocument& animation, const ui::Path& folder, const std::function<void()>& accepted,
-    ui::Dialogs& dialogs, ui::Files& files) {
-    const std::optional<ui::Path> path = dialogs.chooseFileToSave(AnimationSaveRequest(folder));
-    if (!path) {
-        return {};
-    }
-    accepted();
-    if (!editing::MayReplaceFile(dialogs, files, *path, Header)) {
-        return {};
-    }
-    AnimationWritten written = WriteAnimationScript(animation, *path, dialogs, files);
+editing::ScriptWriter AnimationWriter(const AnimationDocument& animation) {
     return {
-        .kind = written.written ? AnimationSaved::Kind::Written : AnimationSaved::Kind::Failed,
-        .path = *path,
-        .statusText = std::move(written.statusText)};
+        .kind = TheAnimation,
+        .encode = [&animation](NameCommand command) { return EncodeAnimationScript(animation, command); },
+        .gameQuestion = GameQuestion,
+        .lossText = LossText(animation)};
 }
 
-AnimationRead ReadAnimationScript(
-    AnimationDocument& animation, const ui::Path& path, bool quiet, OpenFailure openFailure,
-    const std::function<void()>& repaintPage, ui::Dialogs& dialogs, const ui::Files& files) {
-    const auto reportError = [&] {
-        dialogs.inform("Error reading animation from " + ui::PathText(path) + ".");
-    };
-    const ui::Result<ui::Bytes> bytes = files.read(path);
-    if (!bytes) {
-        if (openFailure == OpenFailure::MessageBox) {
-            reportError();
+editing::ScriptReader AnimationReader(AnimationDocument& animation, const ui::Path& path) {
+    const auto decode = [&animation, path](std::string_view bytes) {
+        const AnimationDocument before = animation;
+        const DecodedScript script = DecodeAnimationScript(bytes, animation);
+        if (script.end != ScriptEnd::Abandoned) {
+            const bool isRead = script.end == ScriptEnd::Read;
+            return editing::ScriptRead{script.end, isRead ? KeptText(script, animation) : ""};
         }
-        return {.end = ScriptEnd::NotRecognised, .statusText = bytes.failure().message};
-    }
-    const AnimationDocument before = animation;
-    const DecodedScript script = DecodeAnimationScript(bytes.value(), animation);
-    AnimationRead read{.end = script.end, .statusText = {}};
-    switch (script.end) {
-    case ScriptEnd::NotRecognised:
-        reportError();
-        break;
-    case ScriptEnd::Abandoned: {
         const std::vector<int> unshown = ChangedNames(animation, before);
-        read.hasUnshownNames = !unshown.empty();
-        read.statusText = AbandonedText(script, path, unshown);
-        break;
-    }
-    case ScriptEnd::Read:
-        read.statusText = KeptText(script, animation);
-        repaintPage();
-        if (!quiet) {
-            dialogs.inform("Done! " + ui::PathText(path) + " was read succesfully.");
-        }
-        break;
-    }
-    return read;
-}
-
-ui::FileDialogRequest AnimationOpenRequest(const ui::Path& folder) {
-    ui::FileDialogRequest request = ScriptRequest(folder);
-    request.title = OpenScriptTitle;
-    return request;
-}
-
-ui::FileDialogRequest AnimationSaveRequest(const ui::Path& folder) {
-    return ScriptRequest(folder);
+        return editing::ScriptRead{script.end, AbandonedText(script, path, unshown), !unshown.empty()};
+    };
+    return {
+        .kind = TheAnimation,
+        .path = path,
+        .decode = decode,
+        .failureText = "Error reading animation from " + ui::PathText(path) + "."};
 }
 
 } // namespace animation

@@ -9,14 +9,6 @@
 /// The fixed texts of the room, as they are shown. Lines end with '\n'.
 namespace scripts::texts {
 
-inline std::string ScriptWritten(const ui::Path& path) {
-    return "Done! The script file, " + ui::PathText(path) + ", was written.";
-}
-
-inline std::string ScriptRead(const ui::Path& path) {
-    return "Done! " + ui::PathText(path) + " was read succesfully.";
-}
-
 inline std::string NameNotRead(const ui::Path& path) {
     return "Error reading name from " + ui::PathText(path) + ".";
 }

@@ -33,9 +33,8 @@ void frmSaveMessages::cmdOK_Click() {
     choice.selected = {
         m_form->chkMess_0->isChecked(), m_form->chkMess_1->isChecked(), m_form->chkMess_2->isChecked()};
     choice.command = m_form->optSay_0->isChecked() ? SayCommand::Say : SayCommand::SayTeam;
-    const SaveOutcome outcome = SaveMessageScript(m_dialogs, m_files, choice, m_messages);
-    if (outcome.kind == SaveOutcome::Kind::Written) {
-        m_savedPath = outcome.path;
+    m_outcome = SaveMessageScript(m_dialogs, m_files, choice, m_messages);
+    if (m_outcome.kind == editing::SaveOutcome::Kind::Written) {
         accept();
     }
 }

@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
-#include "ui/Dialogs.h"
+#include "editing/ScriptFlow.h"
 
 #include <QDialog>
 
 #include <memory>
-#include <optional>
 
 namespace scripts {
 
@@ -27,8 +25,8 @@ public:
         QWidget* parent = nullptr);
     ~frmSaveMessages() override;
 
-    /// The script that was written: for the recent files and as the script to bind.
-    [[nodiscard]] const std::optional<ui::Path>& savedPath() const { return m_savedPath; }
+    /// What came of it in the end.
+    [[nodiscard]] const editing::SaveOutcome& outcome() const { return m_outcome; }
 
 private:
     void connectControls();
@@ -39,7 +37,7 @@ private:
     ui::Dialogs& m_dialogs;
     ui::Files& m_files;
     const editing::MessageDocument& m_messages;
-    std::optional<ui::Path> m_savedPath;
+    editing::SaveOutcome m_outcome;
 };
 
 } // namespace scripts

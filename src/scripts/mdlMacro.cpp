@@ -4,7 +4,6 @@
 
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
-#include "scripts/ScriptFlow.h"
 #include "scripts/Texts.h"
 
 #include <algorithm>
@@ -15,13 +14,11 @@ namespace scripts {
 
 namespace {
 
+const editing::Kind& TheMessages = editing::KindOf(editing::Page::Messages);
+
 /// "say_team" holds "say", so one test serves both commands.
 bool IsMessageLine(std::string_view line) {
     return Holds(line, "say");
-}
-
-ui::FileFilter MessageScriptFilter() {
-    return {"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}};
 }
 
 } // namespace
@@ -35,7 +32,7 @@ std::string MessageText(const editing::MessageDocument& messages, int number) {
 
 ui::Bytes WriteMessageScript(const MessageChoice& choice, const editing::MessageDocument& messages) {
     ui::Bytes script = "// ";
-    script += MessageScriptHeader;
+    script += TheMessages.header;
     script += LineEnd;
     for (int number = 1; number <= editing::MessageCount; ++number) {
         if (!choice.selected[static_cast<std::size_t>(number - 1)]) {
@@ -51,7 +48,7 @@ ui::Bytes WriteMessageScript(const MessageChoice& choice, const editing::Message
 
 int CountMessages(std::string_view script) {
     glyphs::ByteLines lines(script);
-    if (!Holds(lines.next(), MessageScriptHeader)) {
+    if (!Holds(lines.next(), TheMessages.header)) {
         return 0;
     }
     int count = 0;
@@ -64,61 +61,39 @@ int CountMessages(std::string_view script) {
     return count;
 }
 
-ReadOutcome ReadMessageScript(std::string_view script, editing::MessageDocument& messages) {
+ScriptEnd ReadMessageScript(std::string_view script, editing::MessageDocument& messages) {
     const int count = CountMessages(script);
     if (count == 0) {
-        return ReadOutcome::NotRecognised;
+        return ScriptEnd::NotRecognised;
     }
     glyphs::ByteLines lines(script);
     (void)lines.next();
     for (int number = 1; number <= count; ++number) {
         if (!glyphs::ParseQuotedLine(lines.next(), messages.rows().row(number))) {
-            return ReadOutcome::TooLong;
+            return ScriptEnd::TooLong;
         }
     }
-    return ReadOutcome::Read;
+    return ScriptEnd::Read;
 }
 
-ui::FileDialogRequest SaveMessageScriptRequest() {
-    ui::FileDialogRequest request;
-    request.title = "Save as a Script File";
-    request.initialName = "*.vtm";
-    request.filters = {MessageScriptFilter()};
-    request.extension = ".vtm";
-    return request;
-}
-
-ui::FileDialogRequest LoadMessageScriptRequest() {
-    ui::FileDialogRequest request;
-    request.title = "Select the Script file";
-    request.initialName = "*.vtm";
-    request.filters = {MessageScriptFilter()};
-    return request;
-}
-
-SaveOutcome SaveMessageScript(
+editing::SaveOutcome SaveMessageScript(
     ui::Dialogs& dialogs, ui::Files& files, const MessageChoice& choice,
     const editing::MessageDocument& messages) {
     if (std::find(choice.selected.begin(), choice.selected.end(), true) == choice.selected.end()) {
         dialogs.inform(texts::NoMessageSelected);
         return {};
     }
-    return SaveScript(dialogs, files, SaveMessageScriptRequest(), MessageScriptHeader, [&] {
-        return WriteMessageScript(choice, messages);
-    });
+    return editing::SaveScript(dialogs, files, {.kind = TheMessages, .encode = [&](auto /*command*/) {
+                                                    return WriteMessageScript(choice, messages);
+                                                }});
 }
 
-std::optional<ui::Path> ChooseMessageScript(ui::Dialogs& dialogs) {
-    return dialogs.chooseFileToOpen(LoadMessageScriptRequest());
-}
-
-LoadOutcome LoadMessageScript(
-    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
-    editing::MessageDocument& messages, const Repaint& repaint) {
-    const ScriptReader reader{
-        [&](std::string_view script) { return ReadMessageScript(script, messages); }, texts::MessagesNotRead,
-        texts::MessageTooLong};
-    return LoadScript(dialogs, files, path, quiet, reader, repaint);
+editing::ScriptReader MessageReader(editing::MessageDocument& messages, const ui::Path& path) {
+    const auto decode = [&messages](std::string_view script) {
+        const ScriptEnd end = ReadMessageScript(script, messages);
+        return editing::ScriptRead{end, end == ScriptEnd::TooLong ? texts::MessageTooLong : ""};
+    };
+    return {.kind = TheMessages, .path = path, .decode = decode, .failureText = texts::MessagesNotRead};
 }
 
 } // namespace scripts

@@ -2,18 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
-#include "scripts/Outcome.h"
-#include "ui/Dialogs.h"
+#include "editing/ScriptFlow.h"
 
 #include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace scripts {
 
-constexpr std::string_view MessageScriptHeader = "Macro File Created by Vortigo";
+using editing::ScriptEnd;
 
 /// The console command that sends a message: `say` to everyone, `say_team` to the team.
 enum class SayCommand { Say, SayTeam };
@@ -37,25 +34,15 @@ WriteMessageScript(const MessageChoice& choice, const editing::MessageDocument& 
 
 /// Reads a script's messages into messages 1, 2, 3 in order; the others stay as they are. Nothing changes
 /// unless the script is recognised. Reading ends with a message that is too long.
-[[nodiscard]] ReadOutcome ReadMessageScript(std::string_view script, editing::MessageDocument& messages);
+[[nodiscard]] ScriptEnd ReadMessageScript(std::string_view script, editing::MessageDocument& messages);
 
-/// What the file dialogs of the message script are opened with.
-[[nodiscard]] ui::FileDialogRequest SaveMessageScriptRequest();
-[[nodiscard]] ui::FileDialogRequest LoadMessageScriptRequest();
+/// How the messages are loaded from `path`. They outlive it.
+[[nodiscard]] editing::ScriptReader MessageReader(editing::MessageDocument& messages, const ui::Path& path);
 
 /// Asks for the path, writes the script and says so, or why not. A choice of no message is refused with a
 /// message and counts as cancelled.
-[[nodiscard]] SaveOutcome SaveMessageScript(
+[[nodiscard]] editing::SaveOutcome SaveMessageScript(
     ui::Dialogs& dialogs, ui::Files& files, const MessageChoice& choice,
     const editing::MessageDocument& messages);
-
-/// The message script to load; nothing when cancelled.
-[[nodiscard]] std::optional<ui::Path> ChooseMessageScript(ui::Dialogs& dialogs);
-
-/// Reads the message script `path` into the messages, repaints what changed and tells the user. `quiet`
-/// leaves out the message of success, never that of a failure.
-LoadOutcome LoadMessageScript(
-    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
-    editing::MessageDocument& messages, const Repaint& repaint);
 
 } // namespace scripts

@@ -2,19 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
-#include "glyphs/RowText.h"
-#include "scripts/Outcome.h"
+#include "editing/ScriptFlow.h"
 #include "ui/Platform.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace scripts {
 
-constexpr std::string_view NameScriptHeader = "Name File Created by Vortigo";
-
+using editing::ScriptEnd;
 using glyphs::NameCommand;
 
 /// The name's cells as bytes, without the blanks at its right end.
@@ -27,31 +23,17 @@ using glyphs::NameCommand;
 [[nodiscard]] ui::Bytes WriteNameScript(NameCommand command, const editing::NameDocument& name);
 
 /// Reads a name script. The name is unchanged unless the script is recognised; the cursor never moves.
-[[nodiscard]] ReadOutcome ReadNameScript(std::string_view script, editing::NameDocument& name);
+[[nodiscard]] ScriptEnd ReadNameScript(std::string_view script, editing::NameDocument& name);
 
-/// What the file dialogs of the name script are opened with. Saving starts in `folder`: the program's own, if
-/// it is writable.
-[[nodiscard]] ui::FileDialogRequest SaveNameScriptRequest(const ui::Path& folder);
-[[nodiscard]] ui::FileDialogRequest LoadNameScriptRequest();
-
-/// Asks for the path, starting in `folder`, and for the game; writes the script and says so, or why not.
-[[nodiscard]] SaveOutcome SaveNameScript(
-    ui::Dialogs& dialogs, ui::Files& files, const ui::Path& folder, const editing::NameDocument& name);
-
-/// The name script to load; nothing when cancelled.
-[[nodiscard]] std::optional<ui::Path> ChooseNameScript(ui::Dialogs& dialogs);
-
-/// Reads the name script `path` into the name, repaints what changed and tells the user. `quiet` leaves out
-/// the message of success, never that of a failure.
-LoadOutcome LoadNameScript(
-    ui::Dialogs& dialogs, const ui::Files& files, const ui::Path& path, bool quiet,
-    editing::NameDocument& name, const Repaint& repaint);
+/// How a name is saved, and loaded from `path`. The name outlives both.
+[[nodiscard]] editing::ScriptWriter NameWriter(const editing::NameDocument& name);
+[[nodiscard]] editing::ScriptReader NameReader(editing::NameDocument& name, const ui::Path& path);
 
 /// Puts the name text on the clipboard and says so.
 void CopyNameToClipboard(ui::Clipboard& clipboard, ui::Dialogs& dialogs, const editing::NameDocument& name);
 
 /// Whether a save command is followed by the question of AskToBind(): written or cancelled, but not failed.
-[[nodiscard]] bool OffersBinding(const SaveOutcome& outcome);
+[[nodiscard]] bool OffersBinding(const editing::SaveOutcome& outcome);
 
 /// Asks whether to open the binding wizard; true for Yes. Asked only while the setting for it is on.
 [[nodiscard]] bool AskToBind(ui::Dialogs& dialogs);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "animation/mdlAniScript.h"
+#include "editing/ScriptFlow.h"
 #include "shell/CtrlNotice.h"
 #include "shell/Workspace.h"
 #include "ui/KeyStroke.h"
@@ -122,12 +122,12 @@ private:
     void showWork(const WorkState& state);
     /// Reads a script into its page and tells of it. Whether it was read to its end.
     bool loadScript(
-        editing::Page kind, const ui::Path& path,
-        animation::OpenFailure openFailure = animation::OpenFailure::StatusLine);
+        editing::Page page, const ui::Path& path,
+        editing::OpenFailure openFailure = editing::OpenFailure::StatusLine);
     void rebuildRecentMenus();
     void scriptSaved(editing::Page kind, const ui::Path& path);
     void offerBinding();
-    void saveNameToConfigFile();
+    [[nodiscard]] editing::SaveOutcome saveScript(const editing::Kind& kind);
     void repaintPage(editing::Page page);
     void showReadNames();
     [[nodiscard]] ui::Path dialogFolder() const;
@@ -166,13 +166,11 @@ private:
 
     // Menu and toolbar commands
     void mnuNew_Click(editing::Page page);
-    void mnuFileLoadNameFromScriptFile_Click();
+    void mnuLoad_Click(editing::Page page);
     void mnuFileLoadNameFromConfigFile_Click();
-    void mnuFileLoadAniFromScriptFile_Click();
-    void mnuFileLoadMessagesFromScriptFile_Click();
-    void mnuFileSaveName_Click(int index);
-    void mnuFileSaveAni_Click();
-    void mnuFileSaveMessage_Click();
+    void mnuSave_Click(editing::Page page);
+    void mnuFileSaveNameToConfigFile_Click();
+    void mnuFileSaveNameToClipboard_Click();
     void mnuRecentFiles_Click(editing::Page kind, int index);
     void mnuFileExit_Click();
     void mnuEditCut_Click();

@@ -4,7 +4,6 @@
 #include "animation/frmRankings.h"
 #include "editing/PagePanel.h"
 #include "scripts/frmBindWiz.h"
-#include "scripts/frmSaveMessages.h"
 #include "shell/GlyphColumn.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
@@ -77,16 +76,6 @@ void frmVTM::mnuToolsBindingWizard_Click() {
     m_workspace.rememberedConfig = wizard.remembered().config;
     m_workspace.rememberedScript = wizard.remembered().script;
     showStatus(wizard.statusText());
-    Refresh();
-}
-
-void frmVTM::mnuFileSaveMessage_Click() {
-    scripts::frmSaveMessages wizard(
-        m_platform.dialogs, m_platform.files, m_workspace.documents.messages, this);
-    wizard.exec();
-    if (wizard.savedPath()) {
-        scriptSaved(Page::Messages, *wizard.savedPath());
-    }
     Refresh();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "animation/mdlAniScript.h"
 #include "editing/PagePanel.h"
+#include "scripts/frmSaveMessages.h"
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlMacro.h"
 #include "scripts/mdlName.h"
@@ -22,6 +23,40 @@ namespace {
 
 /// How much of a path a menu shows, in average characters; the middle of a longer one is left out.
 constexpr int RecentPathLength = 70;
+
+/// How the scripts of a kind are read and written. A table of its own, in the order of Page: the one in
+/// `editing` cannot name the rooms above it.
+struct ScriptRoom {
+    editing::ScriptReader (*reader)(editing::Documents&, const ui::Path&);
+    editing::ScriptWriter (*writer)(const editing::Documents&); ///< null: a wizard writes them
+};
+
+constexpr std::array ScriptRooms{
+    ScriptRoom{
+        [](editing::Documents& documents, const ui::Path& path) {
+            return scripts::NameReader(documents.name, path);
+        },
+        [](const editing::Documents& documents) {
+            return scripts::NameWriter(documents.name);
+        }},
+    ScriptRoom{
+        [](editing::Documents& documents, const ui::Path& path) {
+            return animation::AnimationReader(documents.animation, path);
+        },
+        [](const editing::Documents& documents) {
+            return animation::AnimationWriter(documents.animation);
+        }},
+    ScriptRoom{
+        [](editing::Documents& documents, const ui::Path& path) {
+            return scripts::MessageReader(documents.messages, path);
+        },
+        nullptr},
+};
+static_assert(ScriptRooms.size() == editing::Kinds.size());
+
+const ScriptRoom& ScriptRoomOf(Page page) {
+    return ScriptRooms.at(static_cast<std::size_t>(page));
+}
 
 } // namespace
 
@@ -46,45 +81,28 @@ void frmVTM::mnuNew_Click(Page page) {
     Refresh();
 }
 
-bool frmVTM::loadScript(Page kind, const ui::Path& path, animation::OpenFailure openFailure) {
-    const auto repaint = [this, kind] {
-        repaintPage(kind);
-        panel(kind).refresh();
+bool frmVTM::loadScript(Page page, const ui::Path& path, editing::OpenFailure openFailure) {
+    const auto repaint = [this, page] {
+        repaintPage(page);
+        panel(page).refresh();
     };
-    switch (kind) {
-    case Page::Name: {
-        const auto outcome = scripts::LoadNameScript(
-            m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.name, repaint);
-        showStatus(outcome.statusText);
-        return outcome.loaded;
+    editing::AnimationDocument& animation = m_workspace.documents.animation;
+    auto before = animation.nameGlyphs;
+    const editing::ScriptRead read = editing::LoadScript(
+        m_platform.dialogs, m_platform.files, ScriptRoomOf(page).reader(m_workspace.documents, path),
+        m_isStartingUp, openFailure, repaint);
+    if (read.end == editing::ScriptEnd::Abandoned) {
+        // The number of names may have changed all the same. The names that come into use by it are
+        // painted as they were, since the page does not show what was read.
+        std::swap(animation.nameGlyphs, before);
+        panel(page).refresh();
+        std::swap(animation.nameGlyphs, before);
     }
-    case Page::Animation: {
-        editing::AnimationDocument& animation = m_workspace.documents.animation;
-        auto before = animation.nameGlyphs;
-        const auto outcome = animation::ReadAnimationScript(
-            animation, path, m_isStartingUp, openFailure, repaint, m_platform.dialogs, m_platform.files);
-        if (outcome.end == animation::ScriptEnd::Abandoned) {
-            // The number of names may have changed all the same. The names that come into use by it are
-            // painted as they were, since the page does not show what was read.
-            std::swap(animation.nameGlyphs, before);
-            panel(kind).refresh();
-            std::swap(animation.nameGlyphs, before);
-        }
-        showStatus(outcome.statusText);
-        if (outcome.hasUnshownNames) {
-            m_statusLine->offerShow();
-        }
-        return outcome.end == animation::ScriptEnd::Read;
+    showStatus(read.statusText);
+    if (read.hasUnshownNames) {
+        m_statusLine->offerShow();
     }
-    case Page::Messages: {
-        const auto outcome = scripts::LoadMessageScript(
-            m_platform.dialogs, m_platform.files, path, m_isStartingUp, m_workspace.documents.messages,
-            repaint);
-        showStatus(outcome.statusText);
-        return outcome.loaded;
-    }
-    }
-    return false;
+    return read.loaded();
 }
 
 /// Paints the animation after a reading that was abandoned.
@@ -95,10 +113,11 @@ void frmVTM::showReadNames() {
     Refresh();
 }
 
-void frmVTM::mnuFileLoadNameFromScriptFile_Click() {
-    if (const auto path = scripts::ChooseNameScript(m_platform.dialogs)) {
-        switchPageFor(Page::Name);
-        loadScript(Page::Name, *path);
+void frmVTM::mnuLoad_Click(Page page) {
+    if (const auto path = m_platform.dialogs.chooseFileToOpen(
+            editing::OpenScriptRequest(editing::KindOf(page), dialogFolder()))) {
+        switchPageFor(page);
+        loadScript(page, *path);
     }
     Refresh();
 }
@@ -115,29 +134,18 @@ void frmVTM::mnuFileLoadNameFromConfigFile_Click() {
     Refresh();
 }
 
-void frmVTM::saveNameToConfigFile() {
+void frmVTM::mnuFileSaveNameToConfigFile_Click() {
     if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs, m_platform.files)) {
         m_workspace.rememberedConfig = *path;
         const auto outcome = scripts::SaveNameToConfig(
             m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);
         showStatus(outcome.statusText);
     }
-}
-
-void frmVTM::mnuFileLoadAniFromScriptFile_Click() {
-    if (const auto path =
-            m_platform.dialogs.chooseFileToOpen(animation::AnimationOpenRequest(dialogFolder()))) {
-        switchPageFor(Page::Animation);
-        loadScript(Page::Animation, *path);
-    }
     Refresh();
 }
 
-void frmVTM::mnuFileLoadMessagesFromScriptFile_Click() {
-    if (const auto path = scripts::ChooseMessageScript(m_platform.dialogs)) {
-        switchPageFor(Page::Messages);
-        loadScript(Page::Messages, *path);
-    }
+void frmVTM::mnuFileSaveNameToClipboard_Click() {
+    scripts::CopyNameToClipboard(m_platform.clipboard, m_platform.dialogs, m_workspace.documents.name);
     Refresh();
 }
 
@@ -157,37 +165,31 @@ void frmVTM::offerBinding() {
     }
 }
 
-void frmVTM::mnuFileSaveName_Click(int index) {
-    switch (index) {
-    case 0: {
-        const auto outcome = scripts::SaveNameScript(
-            m_platform.dialogs, m_platform.files, dialogFolder(), m_workspace.documents.name);
-        if (outcome.kind == scripts::SaveOutcome::Kind::Written) {
-            scriptSaved(Page::Name, outcome.path);
-        }
-        if (scripts::OffersBinding(outcome)) {
-            offerBinding();
-        }
-        break;
+editing::SaveOutcome frmVTM::saveScript(const editing::Kind& kind) {
+    const auto writer = ScriptRoomOf(kind.page).writer;
+    if (writer == nullptr) {
+        scripts::frmSaveMessages wizard(
+            m_platform.dialogs, m_platform.files, m_workspace.documents.messages, this);
+        wizard.exec();
+        return wizard.outcome();
     }
-    case 1:
-        saveNameToConfigFile();
-        break;
-    default:
-        scripts::CopyNameToClipboard(m_platform.clipboard, m_platform.dialogs, m_workspace.documents.name);
-    }
-    Refresh();
+    const auto accepted = [&] {
+        if (kind.showsPageWhenSaved) {
+            switchPageFor(kind.page);
+        }
+    };
+    return editing::SaveScript(
+        m_platform.dialogs, m_platform.files, writer(m_workspace.documents), dialogFolder(), accepted);
 }
 
-void frmVTM::mnuFileSaveAni_Click() {
-    const auto outcome = animation::SaveAnimationScript(
-        m_workspace.documents.animation, dialogFolder(), [this] { switchPageFor(Page::Animation); },
-        m_platform.dialogs, m_platform.files);
+void frmVTM::mnuSave_Click(Page page) {
+    const editing::Kind& kind = editing::KindOf(page);
+    const editing::SaveOutcome outcome = saveScript(kind);
     showStatus(outcome.statusText);
-    if (outcome.kind == animation::AnimationSaved::Kind::Written) {
-        scriptSaved(Page::Animation, outcome.path);
+    if (outcome.kind == editing::SaveOutcome::Kind::Written) {
+        scriptSaved(page, outcome.path);
     }
-    if (outcome.kind != animation::AnimationSaved::Kind::Failed) {
+    if (kind.offersBinding && scripts::OffersBinding(outcome)) {
         offerBinding();
     }
     Refresh();
@@ -232,7 +234,7 @@ void frmVTM::rebuildRecentMenus() {
 void frmVTM::mnuRecentFiles_Click(Page kind, int index) {
     const std::vector<std::string>& paths = m_workspace.recent.of(kind);
     if (static_cast<std::size_t>(index) < paths.size()) {
-        loadScript(kind, paths[static_cast<std::size_t>(index)], animation::OpenFailure::MessageBox);
+        loadScript(kind, paths[static_cast<std::size_t>(index)], editing::OpenFailure::MessageBox);
         mnuView_Click(static_cast<int>(kind));
     }
 }

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "animation/mdlAniScript.h"
 #include "editing/PagePanel.h"
 #include "shell/CommandLine.h"
 #include "shell/GlyphColumn.h"

@@ -17,6 +17,9 @@
 namespace animation {
 namespace {
 
+using editing::OpenFailure;
+using editing::SaveOutcome;
+using editing::ScriptRead;
 using support::AnimationDesk;
 
 const std::string Header = "// Animation File Created by Vortigo\r\n";
@@ -69,14 +72,15 @@ struct ScriptFiles : testing::Test {
 
     [[nodiscard]] ui::Path path() const { return platform.directory.files / "a.vta"; }
 
-    AnimationWritten write() {
-        return WriteAnimationScript(desk.animation(), path(), platform.dialogs, platform.files);
+    SaveOutcome write() {
+        return editing::WriteScript(
+            platform.dialogs, platform.files, AnimationWriter(desk.animation()), path());
     }
 
-    AnimationRead read(bool quiet = false, OpenFailure openFailure = OpenFailure::StatusLine) {
-        return ReadAnimationScript(
-            desk.animation(), path(), quiet, openFailure, [this] { ++repaints; }, platform.dialogs,
-            platform.files);
+    ScriptRead read(bool quiet = false, OpenFailure openFailure = OpenFailure::StatusLine) {
+        return editing::LoadScript(
+            platform.dialogs, platform.files, AnimationReader(desk.animation(), path()), quiet, openFailure,
+            [this] { ++repaints; });
     }
 };
 
@@ -464,8 +468,8 @@ TEST_F(ScriptFiles, AreWrittenWithThePlainCommandOnYes) {
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.", [this] {
         EXPECT_TRUE(platform.files.exists(path()));
     });
-    const AnimationWritten outcome = write();
-    EXPECT_TRUE(outcome.written);
+    const SaveOutcome outcome = write();
+    EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Written);
     EXPECT_EQ(outcome.statusText, "");
     EXPECT_EQ(
         platform.directory.files.content("a.vta"),
@@ -478,7 +482,7 @@ TEST_F(ScriptFiles, AreWrittenWithTheSetCommandOnNoOverAnyOldFile) {
     platform.directory.files.put("a.vta", repeated("an older and longer file ", 1000));
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::No);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
-    EXPECT_TRUE(write().written);
+    EXPECT_EQ(write().kind, SaveOutcome::Kind::Written);
     EXPECT_EQ(
         platform.directory.files.content("a.vta"),
         "// Animation File Created by Vortigo\r\n// 15 Names In The Animation Sequence\r\n" +
@@ -501,8 +505,8 @@ TEST_F(ScriptFiles, SayInTheStatusLineWhatWillNotComeBack) {
 TEST_F(ScriptFiles, ThatCannotBeMadeAreSilentButForTheStatusLine) {
     platform.files.failOnce(support::FailingFiles::Step::Create);
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
-    const AnimationWritten outcome = write();
-    EXPECT_FALSE(outcome.written);
+    const SaveOutcome outcome = write();
+    EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
     EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
     EXPECT_FALSE(platform.directory.files.has("a.vta"));
 }
@@ -511,8 +515,8 @@ TEST_F(ScriptFiles, ThatCannotBeWrittenWholeAreNotDone) {
     for (const auto step : {support::FailingFiles::Step::Write, support::FailingFiles::Step::Close}) {
         platform.files.failOnce(step);
         platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
-        const AnimationWritten outcome = write();
-        EXPECT_FALSE(outcome.written);
+        const SaveOutcome outcome = write();
+        EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
         EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
         EXPECT_FALSE(platform.directory.files.has("a.vta"));
     }
@@ -534,7 +538,7 @@ TEST_F(ScriptFiles, AreReadShownAndReported) {
     platform.dialogs.expectInform("Done! " + path().string() + " was read succesfully.", [this] {
         EXPECT_EQ(repaints, 1) << "the page shows the script before the box comes up";
     });
-    const AnimationRead outcome = read();
+    const ScriptRead outcome = read();
     EXPECT_EQ(outcome.end, ScriptEnd::Read);
     EXPECT_EQ(outcome.statusText, "");
     EXPECT_EQ(repaints, 1);
@@ -543,7 +547,7 @@ TEST_F(ScriptFiles, AreReadShownAndReported) {
 
 TEST_F(ScriptFiles, AreReadQuietlyAtStart) {
     platform.directory.files.put("a.vta", script(repeated("name \"AB\"\r\nwait; \r\n", 15)));
-    const AnimationRead outcome = read(true, OpenFailure::MessageBox);
+    const ScriptRead outcome = read(true, OpenFailure::MessageBox);
     EXPECT_EQ(outcome.end, ScriptEnd::Read);
     EXPECT_EQ(repaints, 1);
     EXPECT_TRUE(platform.dialogs.calls().empty());
@@ -572,7 +576,7 @@ TEST_F(ScriptFiles, ThatAreForeignAreReportedAlsoQuietly) {
 
 TEST_F(ScriptFiles, ThatAreAbandonedShowNothingButTheStatusLine) {
     platform.directory.files.put("a.vta", script("name \"A\"\r\nname \"abcdefghijklmnop\"\r\n"));
-    AnimationRead outcome = read();
+    ScriptRead outcome = read();
     EXPECT_EQ(outcome.end, ScriptEnd::Abandoned);
     EXPECT_EQ(
         outcome.statusText, "Reading \"" + path().string() +
@@ -593,7 +597,7 @@ TEST_F(ScriptFiles, ThatAreAbandonedShowNothingButTheStatusLine) {
 TEST_F(ScriptFiles, ThatAreAbandonedTellExactlyWhichNamesAreNotShown) {
     const auto told = [this](const std::string& lines) {
         platform.directory.files.put("a.vta", script(lines + "name \"much too long for a name\"\r\n"));
-        const AnimationRead outcome = read();
+        const ScriptRead outcome = read();
         const std::size_t start = outcome.statusText.find("glyphs.");
         EXPECT_EQ(outcome.hasUnshownNames, start + 7 < outcome.statusText.size());
         return outcome.statusText.substr(std::min(start + 8, outcome.statusText.size()));
@@ -621,7 +625,7 @@ TEST_F(ScriptFiles, ThatAreAbandonedTellExactlyWhichNamesAreNotShown) {
 
 TEST_F(ScriptFiles, ThatCannotBeOpenedAreNamedInTheStatusLine) {
     const AnimationDocument before = desk.animation();
-    const AnimationRead outcome = read();
+    const ScriptRead outcome = read();
     EXPECT_EQ(outcome.end, ScriptEnd::NotRecognised);
     EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
     EXPECT_TRUE(platform.dialogs.calls().empty());
@@ -638,9 +642,9 @@ TEST_F(ScriptFiles, ThatCannotBeOpenedAreReportedWhenNotChosenInADialog) {
 TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
     int accepted = 0;
     const auto save = [&] {
-        return SaveAnimationScript(
-            desk.animation(), platform.directory.folder(), [&accepted] { ++accepted; }, platform.dialogs,
-            platform.files);
+        return editing::SaveScript(
+            platform.dialogs, platform.files, AnimationWriter(desk.animation()), platform.directory.folder(),
+            [&accepted] { ++accepted; });
     };
     const support::ExpectedFileDialog dialog{
         .title = "",
@@ -649,15 +653,15 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
         .folder = platform.directory.folder()};
 
     platform.dialogs.expectSave(dialog, std::nullopt);
-    EXPECT_EQ(save().kind, AnimationSaved::Kind::Cancelled);
+    EXPECT_EQ(save().kind, SaveOutcome::Kind::Cancelled);
     EXPECT_EQ(accepted, 0);
 
     platform.dialogs.expectSave(dialog, path());
     platform.dialogs.expectYesNo(
         "Is this animation to be used in Quake2?", ui::Answer::Yes, [&accepted] { EXPECT_EQ(accepted, 1); });
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
-    AnimationSaved outcome = save();
-    EXPECT_EQ(outcome.kind, AnimationSaved::Kind::Written);
+    SaveOutcome outcome = save();
+    EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Written);
     EXPECT_EQ(outcome.path, path());
     platform.dialogs.expectAllAsked();
 
@@ -665,7 +669,7 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
     platform.dialogs.expectSave(dialog, path());
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     outcome = save();
-    EXPECT_EQ(outcome.kind, AnimationSaved::Kind::Failed);
+    EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
     EXPECT_NE(outcome.statusText, "");
 }
 
@@ -682,29 +686,30 @@ TEST_F(ScriptFiles, AreNotSavedOverAForeignFileUnlessTheUserSaysSo) {
             path());
     };
     const auto save = [this] {
-        return SaveAnimationScript(
-            desk.animation(), platform.directory.folder(), [] {}, platform.dialogs, platform.files);
+        return editing::SaveScript(
+            platform.dialogs, platform.files, AnimationWriter(desk.animation()), platform.directory.folder());
     };
     expectDialog();
     platform.dialogs.expectBox(question, ui::Answer::No);
-    EXPECT_EQ(save().kind, AnimationSaved::Kind::Cancelled);
+    EXPECT_EQ(save().kind, SaveOutcome::Kind::Cancelled);
     EXPECT_EQ(platform.directory.files.content("a.vta"), "bind q quit\n");
 
     expectDialog();
     platform.dialogs.expectBox(question, ui::Answer::Yes);
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
-    EXPECT_EQ(save().kind, AnimationSaved::Kind::Written);
+    EXPECT_EQ(save().kind, SaveOutcome::Kind::Written);
 
     // Over an animation script there is no extra question.
     expectDialog();
     platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
-    EXPECT_EQ(save().kind, AnimationSaved::Kind::Written);
+    EXPECT_EQ(save().kind, SaveOutcome::Kind::Written);
 }
 
 TEST(AnimationRequests, AskForScripts) {
-    const ui::FileDialogRequest open = AnimationOpenRequest("/program");
+    const editing::Kind& kind = editing::KindOf(editing::Page::Animation);
+    const ui::FileDialogRequest open = editing::OpenScriptRequest(kind, "/program");
     EXPECT_EQ(open.title, "Select the Script file");
     EXPECT_EQ(open.initialName, "*.vta");
     EXPECT_EQ(open.folder, ui::Path("/program"));
@@ -712,7 +717,7 @@ TEST(AnimationRequests, AskForScripts) {
     EXPECT_EQ(open.filters[0].text, "VTM Animation Script (*.vta;*.scr)");
     EXPECT_EQ(open.filters[0].patterns, (std::vector<std::string>{"*.vta", "*.scr"}));
 
-    const ui::FileDialogRequest save = AnimationSaveRequest("/program");
+    const ui::FileDialogRequest save = editing::SaveScriptRequest(kind, "/program");
     EXPECT_EQ(save.title, "") << "the platform's own title";
     EXPECT_EQ(save.initialName, "*.vta");
     EXPECT_EQ(save.folder, ui::Path("/program"));

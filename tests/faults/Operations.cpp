@@ -90,7 +90,8 @@ void AddScripts(std::vector<Operation>& operations) {
             "save a name script", "a.vtn", place, "// Name File Created by Vortigo\r\nname \"old\"\r\n",
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
-                (void)scripts::SaveNameScript(answers, world.files, world.game.path(), PlayersName());
+                const editing::NameDocument name = PlayersName();
+                (void)editing::SaveScript(answers, world.files, scripts::NameWriter(name), world.game.path());
                 return answers.report();
             }));
     }
@@ -100,8 +101,8 @@ void AddScripts(std::vector<Operation>& operations) {
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
                 const editing::AnimationDocument animation;
-                const auto saved = animation::SaveAnimationScript(
-                    animation, world.game.path(), [] {}, answers, world.files);
+                const auto saved = editing::SaveScript(
+                    answers, world.files, animation::AnimationWriter(animation), world.game.path());
                 return answers.report(saved.statusText);
             }));
         operations.push_back(OnFile(

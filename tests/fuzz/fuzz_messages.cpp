@@ -6,8 +6,8 @@
 #include <algorithm>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using scripts::ReadOutcome;
     using scripts::SayCommand;
+    using scripts::ScriptEnd;
 
     const auto script = fuzz::Bytes(data, size);
     const int count = scripts::CountMessages(script);
@@ -18,11 +18,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     messages.cursorPos = 7;
     messages.currentMessage = 3;
     const editing::MessageDocument before = messages;
-    const ReadOutcome outcome = scripts::ReadMessageScript(script, messages);
+    const ScriptEnd outcome = scripts::ReadMessageScript(script, messages);
 
     fuzz::Require(messages.cursorPos == 7 && messages.currentMessage == 3, "reading leaves the cursor alone");
     fuzz::Require(
-        (outcome == ReadOutcome::NotRecognised) == (count == 0), "a script with messages is recognised");
+        (outcome == ScriptEnd::NotRecognised) == (count == 0), "a script with messages is recognised");
     const auto kept = messages.cells.begin() + static_cast<std::ptrdiff_t>(count) * editing::MessageLength;
     fuzz::Require(
         std::all_of(kept, messages.cells.end(), [](int code) { return code == 'x'; }),
@@ -39,7 +39,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         fuzz::Require(
             scripts::ReadMessageScript(
                 scripts::WriteMessageScript({{true, true, true}, command}, messages), again) ==
-                    ReadOutcome::Read &&
+                    ScriptEnd::Read &&
                 again.cells == messages.cells,
             "a script reads back as the messages that it was written from");
     }

@@ -7,16 +7,16 @@
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using scripts::NameCommand;
-    using scripts::ReadOutcome;
+    using scripts::ScriptEnd;
 
     editing::NameDocument name;
     name.cells.fill('x');
     name.cursorPos = 7;
     const editing::NameDocument before = name;
-    const ReadOutcome outcome = scripts::ReadNameScript(fuzz::Bytes(data, size), name);
+    const ScriptEnd outcome = scripts::ReadNameScript(fuzz::Bytes(data, size), name);
 
     fuzz::Require(name.cursorPos == 7 && name.currentRow == 1, "reading leaves the cursor alone");
-    if (outcome == ReadOutcome::NotRecognised) {
+    if (outcome == ScriptEnd::NotRecognised) {
         fuzz::Require(name.cells == before.cells, "a foreign file changes nothing");
         return 0;
     }
@@ -30,7 +30,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const NameCommand command : {NameCommand::Name, NameCommand::SetName}) {
         editing::NameDocument again = before;
         fuzz::Require(
-            scripts::ReadNameScript(scripts::WriteNameScript(command, name), again) == ReadOutcome::Read &&
+            scripts::ReadNameScript(scripts::WriteNameScript(command, name), again) == ScriptEnd::Read &&
                 again.cells == name.cells,
             "a script reads back as the name that it was written from");
     }

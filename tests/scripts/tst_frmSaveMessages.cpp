@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using editing::SaveOutcome;
+
 namespace {
 
 constexpr auto Header = "// Macro File Created by Vortigo\r\n";
@@ -83,7 +85,7 @@ TEST_F(SaveMessages, StaysOpenWithoutAMessage) {
     fake.dialogs.expectInform("You need to select at least 1 message to display!");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(std::nullopt, form->savedPath());
+    EXPECT_NE(SaveOutcome::Kind::Written, form->outcome().kind);
 }
 
 TEST_F(SaveMessages, WritesTheTickedMessagesAndCloses) {
@@ -95,7 +97,8 @@ TEST_F(SaveMessages, WritesTheTickedMessagesAndCloses) {
     click("cmdOK");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(QDialog::Accepted, form->result());
-    EXPECT_EQ(path, form->savedPath());
+    EXPECT_EQ(SaveOutcome::Kind::Written, form->outcome().kind);
+    EXPECT_EQ(path, form->outcome().path);
     EXPECT_EQ(
         std::string(Header) + "say_team \"1\"\r\nsay_team \"3\"\r\n", fake.directory.files.content("a.vtm"));
 }
@@ -125,7 +128,7 @@ TEST_F(SaveMessages, StaysOpenAfterAFailure) {
     fake.dialogs.expectWarning("Could not create \"" + path.native() + "\": injected failure.");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(std::nullopt, form->savedPath());
+    EXPECT_NE(SaveOutcome::Kind::Written, form->outcome().kind);
 }
 
 TEST_F(SaveMessages, IsCancelledByItsButtonAndByEscape) {
@@ -136,7 +139,7 @@ TEST_F(SaveMessages, IsCancelledByItsButtonAndByEscape) {
     form->show();
     QTest::keyClick(form.get(), Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(std::nullopt, form->savedPath());
+    EXPECT_NE(SaveOutcome::Kind::Written, form->outcome().kind);
     EXPECT_TRUE(fake.dialogs.calls().empty());
 }
 

@@ -8,9 +8,9 @@
 #include <gtest/gtest.h>
 
 using editing::MessageDocument;
+using editing::SaveOutcome;
+using editing::ScriptEnd;
 using scripts::MessageChoice;
-using scripts::ReadOutcome;
-using scripts::SaveOutcome;
 using scripts::SayCommand;
 using Step = support::FailingFiles::Step;
 
@@ -62,9 +62,15 @@ protected:
         return scripts::SaveMessageScript(fake.dialogs, fake.files, choice, messages);
     }
 
-    scripts::LoadOutcome load(const ui::Path& path, bool quiet = false) {
-        return scripts::LoadMessageScript(
-            fake.dialogs, fake.files, path, quiet, messages, [this] { ++repaints; });
+    std::optional<ui::Path> choose() {
+        return fake.dialogs.chooseFileToOpen(
+            editing::OpenScriptRequest(editing::KindOf(editing::Page::Messages), fake.directory.folder()));
+    }
+
+    editing::ScriptRead load(const ui::Path& path, bool quiet = false) {
+        return editing::LoadScript(
+            fake.dialogs, fake.files, scripts::MessageReader(messages, path), quiet,
+            editing::OpenFailure::StatusLine, [this] { ++repaints; });
     }
 };
 
@@ -137,14 +143,14 @@ TEST(ReadMessageScript, FillsTheMessagesFromTheTopAndLeavesTheOthers) {
     const auto script = scripts::WriteMessageScript({{false, true, false}, SayCommand::SayTeam}, source);
     EXPECT_EQ(std::string(MacroHeader) + "say_team \"two\"\r\n", script);
     MessageDocument messages = Messages("old message one", "old two", "old three");
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(script, messages));
+    EXPECT_EQ(ScriptEnd::Read, scripts::ReadMessageScript(script, messages));
     EXPECT_EQ(TextList({"two", "old two", "old three"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, IgnoresAFourthLine) {
     MessageDocument messages;
     const std::string script = "say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nsay \"d\"\r\n";
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
+    EXPECT_EQ(ScriptEnd::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
     EXPECT_EQ(TextList({"a", "b", "c"}), Texts(messages));
 }
 
@@ -152,21 +158,21 @@ TEST(ReadMessageScript, ReadsBackWhatWasWritten) {
     const MessageDocument source = Messages(Full, "", std::string(" \x80\xFF\x01\0x", 6));
     MessageDocument messages = Messages("old", "old", "old");
     const auto script = scripts::WriteMessageScript({{true, true, true}, SayCommand::Say}, source);
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(script, messages));
+    EXPECT_EQ(ScriptEnd::Read, scripts::ReadMessageScript(script, messages));
     EXPECT_EQ(source.cells, messages.cells);
 }
 
 TEST(ReadMessageScript, FollowsTheQuotesAndNotTheCommand) {
     MessageDocument messages;
     const std::string script = "say \"a\" \r\nsay abc\r\nalias x essay \"b\"\r\n";
-    EXPECT_EQ(ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
+    EXPECT_EQ(ScriptEnd::Read, scripts::ReadMessageScript(MacroHeader + script, messages));
     EXPECT_EQ(TextList({"a\"", "say ab", "b"}), Texts(messages));
 }
 
 TEST(ReadMessageScript, LeavesTheMessagesAloneWhenTheScriptIsNotOne) {
     for (const std::string lines : {"", "SAY \"a\"\r\n", "say \"a\"\r\nfoo\r\nsay \"b\"\r\n"}) {
         MessageDocument messages = Messages("one", "two", "three");
-        EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadMessageScript(MacroHeader + lines, messages));
+        EXPECT_EQ(ScriptEnd::NotRecognised, scripts::ReadMessageScript(MacroHeader + lines, messages));
         EXPECT_EQ(TextList({"one", "two", "three"}), Texts(messages));
     }
 }
@@ -174,7 +180,7 @@ TEST(ReadMessageScript, LeavesTheMessagesAloneWhenTheScriptIsNotOne) {
 TEST(ReadMessageScript, EndsAtAMessageThatIsTooLong) {
     MessageDocument messages = Messages("one", "two", "three");
     EXPECT_EQ(
-        ReadOutcome::TooLong,
+        ScriptEnd::TooLong,
         scripts::ReadMessageScript(
             MacroHeader + ("say \"a\"\r\nsay \"" + Full) + "6\"\r\nsay \"c\"\r\n", messages));
     EXPECT_EQ(TextList({"a", Full, "three"}), Texts(messages));
@@ -185,7 +191,7 @@ TEST(ReadMessageScript, LeavesTheCursorWhereItIs) {
     messages.cursorPos = 20;
     messages.currentMessage = 3;
     ASSERT_EQ(
-        ReadOutcome::Read, scripts::ReadMessageScript(MacroHeader + std::string("say \"a\"\r\n"), messages));
+        ScriptEnd::Read, scripts::ReadMessageScript(MacroHeader + std::string("say \"a\"\r\n"), messages));
     EXPECT_EQ(20, messages.cursorPos);
     EXPECT_EQ(3, messages.currentMessage);
 }
@@ -249,10 +255,10 @@ TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
 TEST_F(MessageScript, IsChosenInTheDefaultFolder) {
     fake.dialogs.expectOpen(
         {"Select the Script file", "*.vtm", MessageScriptFilter, ui::Path()}, std::nullopt);
-    EXPECT_EQ(std::nullopt, scripts::ChooseMessageScript(fake.dialogs));
+    EXPECT_EQ(std::nullopt, choose());
     fake.dialogs.expectOpen(
         {"Select the Script file", "*.vtm", MessageScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
-    EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseMessageScript(fake.dialogs));
+    EXPECT_EQ(ui::Path("/a/b.scr"), choose());
 }
 
 TEST_F(MessageScript, IsShownBeforeTheLoadIsReported) {
@@ -261,12 +267,12 @@ TEST_F(MessageScript, IsShownBeforeTheLoadIsReported) {
         EXPECT_EQ(1, repaints);
         EXPECT_EQ(TextList({"x", "two", "three"}), Texts(messages));
     });
-    EXPECT_TRUE(load(path).loaded);
+    EXPECT_TRUE(load(path).loaded());
 }
 
 TEST_F(MessageScript, IsLoadedWithoutASuccessMessageWhileTheProgramStarts) {
     const ui::Path path = fake.directory.files.put("a.vtm", std::string(MacroHeader) + "say \"x\"\r\n");
-    EXPECT_TRUE(load(path, true).loaded);
+    EXPECT_TRUE(load(path, true).loaded());
     EXPECT_EQ(1, repaints);
 }
 
@@ -274,7 +280,7 @@ TEST_F(MessageScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     const ui::Path path = fake.directory.files.put("a.vtm", "say \"x\"\r\n");
     for (const bool quiet : {false, true}) {
         fake.dialogs.expectInform("Error retrieving Macro from script file.");
-        EXPECT_FALSE(load(path, quiet).loaded);
+        EXPECT_FALSE(load(path, quiet).loaded());
     }
     EXPECT_EQ(0, repaints);
     EXPECT_EQ(TextList({"one", "two", "three"}), Texts(messages));
@@ -283,7 +289,7 @@ TEST_F(MessageScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
 TEST_F(MessageScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     fake.dialogs.expectInform("Error retrieving Macro from script file.");
     const auto outcome = load("not-there.vtm");
-    EXPECT_FALSE(outcome.loaded);
+    EXPECT_FALSE(outcome.loaded());
     EXPECT_EQ("Could not open \"not-there.vtm\": No such file or directory.", outcome.statusText);
     EXPECT_EQ(0, repaints);
 }
@@ -292,6 +298,6 @@ TEST_F(MessageScript, WithAMessageThatIsTooLongIsReportedAndShownAsFarAsItWasRea
     const ui::Path path =
         fake.directory.files.put("a.vtm", MacroHeader + ("say \"x\"\r\nsay \"" + Full) + "6\"\r\n");
     fake.dialogs.expectInform("Error retrieving Macro from script file.", [&] { EXPECT_EQ(1, repaints); });
-    EXPECT_FALSE(load(path).loaded);
+    EXPECT_FALSE(load(path).loaded());
     EXPECT_EQ(TextList({"x", Full, "three"}), Texts(messages));
 }

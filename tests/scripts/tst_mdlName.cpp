@@ -9,9 +9,9 @@
 #include <gtest/gtest.h>
 
 using editing::NameDocument;
+using editing::SaveOutcome;
+using editing::ScriptEnd;
 using scripts::NameCommand;
-using scripts::ReadOutcome;
-using scripts::SaveOutcome;
 using support::Cells;
 using support::Name;
 using Step = support::FailingFiles::Step;
@@ -60,12 +60,20 @@ protected:
             answer);
     }
 
-    SaveOutcome save() {
-        return scripts::SaveNameScript(fake.dialogs, fake.files, fake.directory.folder(), name);
+    std::optional<ui::Path> choose() {
+        return fake.dialogs.chooseFileToOpen(
+            editing::OpenScriptRequest(editing::KindOf(editing::Page::Name), fake.directory.folder()));
     }
 
-    scripts::LoadOutcome load(const ui::Path& path, bool quiet = false) {
-        return scripts::LoadNameScript(fake.dialogs, fake.files, path, quiet, name, [this] { ++repaints; });
+    SaveOutcome save() {
+        return editing::SaveScript(
+            fake.dialogs, fake.files, scripts::NameWriter(name), fake.directory.folder());
+    }
+
+    editing::ScriptRead load(const ui::Path& path, bool quiet = false) {
+        return editing::LoadScript(
+            fake.dialogs, fake.files, scripts::NameReader(name, path), quiet,
+            editing::OpenFailure::StatusLine, [this] { ++repaints; });
     }
 };
 
@@ -111,7 +119,7 @@ TEST(ReadNameScript, ReadsBackWhatWasWritten) {
         }
         NameDocument name = Name("old");
         EXPECT_EQ(
-            ReadOutcome::Read,
+            ScriptEnd::Read,
             scripts::ReadNameScript(scripts::WriteNameScript(NameCommand::SetName, Name(glyphs)), name));
         EXPECT_EQ(Cells(Name(glyphs)), Cells(name));
     }
@@ -121,7 +129,7 @@ TEST(ReadNameScript, TakesBothCommandsForTheSame) {
     for (const std::string command : {"name", "set name", "alias name", "nameless"}) {
         NameDocument name = Name("replaced whole");
         EXPECT_EQ(
-            ReadOutcome::Read,
+            ScriptEnd::Read,
             scripts::ReadNameScript("// Name File Created by Vortigo\r\n" + command + " \" ab\"\r\n", name));
         EXPECT_EQ(" ab            ", Cells(name));
     }
@@ -132,8 +140,8 @@ TEST(ReadNameScript, ReadsEveryLineEndAndAnUnterminatedLine) {
         for (const std::string& last : {end, std::string()}) {
             NameDocument name;
             EXPECT_EQ(
-                ReadOutcome::Read, scripts::ReadNameScript(
-                                       "// Name File Created by Vortigo" + end + "name \"ab\"" + last, name));
+                ScriptEnd::Read, scripts::ReadNameScript(
+                                     "// Name File Created by Vortigo" + end + "name \"ab\"" + last, name));
             EXPECT_EQ("ab             ", Cells(name));
         }
     }
@@ -142,7 +150,7 @@ TEST(ReadNameScript, ReadsEveryLineEndAndAnUnterminatedLine) {
 TEST(ReadNameScript, DropsTheLastByteOfTheLineWhateverItIs) {
     NameDocument name;
     EXPECT_EQ(
-        ReadOutcome::Read,
+        ScriptEnd::Read,
         scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"ab\" \r\n", name));
     EXPECT_EQ("ab\"            ", Cells(name));
 }
@@ -150,14 +158,14 @@ TEST(ReadNameScript, DropsTheLastByteOfTheLineWhateverItIs) {
 TEST(ReadNameScript, ReadsALineWithoutQuotesFromItsStart) {
     NameDocument name;
     EXPECT_EQ(
-        ReadOutcome::Read, scripts::ReadNameScript("// Name File Created by Vortigo\r\nname abc\r\n", name));
+        ScriptEnd::Read, scripts::ReadNameScript("// Name File Created by Vortigo\r\nname abc\r\n", name));
     EXPECT_EQ("name ab        ", Cells(name));
 }
 
 TEST(ReadNameScript, FindsItsHeaderAnywhereInTheFirstLine) {
     NameDocument name;
     EXPECT_EQ(
-        ReadOutcome::Read, scripts::ReadNameScript("xx Name File Created by Vortigo 2\r\nname \"a\"", name));
+        ScriptEnd::Read, scripts::ReadNameScript("xx Name File Created by Vortigo 2\r\nname \"a\"", name));
 }
 
 TEST(ReadNameScript, LeavesTheNameAloneWhenTheScriptIsNotOne) {
@@ -175,7 +183,7 @@ TEST(ReadNameScript, LeavesTheNameAloneWhenTheScriptIsNotOne) {
              "name \"a\"\r\n",
          }) {
         NameDocument name = Name("old");
-        EXPECT_EQ(ReadOutcome::NotRecognised, scripts::ReadNameScript(script, name)) << script;
+        EXPECT_EQ(ScriptEnd::NotRecognised, scripts::ReadNameScript(script, name)) << script;
         EXPECT_EQ("old            ", Cells(name)) << script;
     }
 }
@@ -183,7 +191,7 @@ TEST(ReadNameScript, LeavesTheNameAloneWhenTheScriptIsNotOne) {
 TEST(ReadNameScript, KeepsTheFirstFifteenGlyphsOfALongerName) {
     NameDocument name = Name("old");
     EXPECT_EQ(
-        ReadOutcome::TooLong,
+        ScriptEnd::TooLong,
         scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n", name));
     EXPECT_EQ("123456789012345", Cells(name));
 }
@@ -192,7 +200,7 @@ TEST(ReadNameScript, LeavesTheCursorWhereItIs) {
     NameDocument name;
     name.cursorPos = 7;
     ASSERT_EQ(
-        ReadOutcome::Read,
+        ScriptEnd::Read,
         scripts::ReadNameScript("// Name File Created by Vortigo\r\nname \"abc\"\r\n", name));
     EXPECT_EQ(7, name.cursorPos);
 }
@@ -312,10 +320,10 @@ TEST_F(NameScript, ThatCannotReplaceAnotherLeavesThatOneWhole) {
 
 TEST_F(NameScript, IsChosenInTheDefaultFolder) {
     fake.dialogs.expectOpen({"Select the Script file", "*.vtn", NameScriptFilter, ui::Path()}, std::nullopt);
-    EXPECT_EQ(std::nullopt, scripts::ChooseNameScript(fake.dialogs));
+    EXPECT_EQ(std::nullopt, choose());
     fake.dialogs.expectOpen(
         {"Select the Script file", "*.vtn", NameScriptFilter, ui::Path()}, ui::Path("/a/b.scr"));
-    EXPECT_EQ(ui::Path("/a/b.scr"), scripts::ChooseNameScript(fake.dialogs));
+    EXPECT_EQ(ui::Path("/a/b.scr"), choose());
 }
 
 TEST_F(NameScript, IsShownBeforeTheLoadIsReported) {
@@ -324,13 +332,13 @@ TEST_F(NameScript, IsShownBeforeTheLoadIsReported) {
         EXPECT_EQ(1, repaints);
         EXPECT_EQ("Player         ", Cells(name));
     });
-    EXPECT_TRUE(load(path).loaded);
+    EXPECT_TRUE(load(path).loaded());
     EXPECT_EQ(1, repaints);
 }
 
 TEST_F(NameScript, IsLoadedWithoutASuccessMessageWhileTheProgramStarts) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
-    EXPECT_TRUE(load(path, true).loaded);
+    EXPECT_TRUE(load(path, true).loaded());
     EXPECT_EQ(1, repaints);
     EXPECT_EQ("Player         ", Cells(name));
 }
@@ -340,7 +348,7 @@ TEST_F(NameScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     const ui::Path path = put("a.vtn", "// name file created by vortigo\r\nname \"a\"\r\n");
     for (const bool quiet : {false, true}) {
         fake.dialogs.expectInform("Error reading name from " + path.native() + ".");
-        EXPECT_FALSE(load(path, quiet).loaded);
+        EXPECT_FALSE(load(path, quiet).loaded());
     }
     EXPECT_EQ(0, repaints);
     EXPECT_EQ("old            ", Cells(name));
@@ -351,7 +359,7 @@ TEST_F(NameScript, ThatIsNotThereIsReportedWithTheReasonForTheStatusLine) {
     // Paths are shown as they were given: the start-up gives the file's name alone.
     fake.dialogs.expectInform("Error reading name from not-there.vtn.");
     const auto outcome = load("not-there.vtn");
-    EXPECT_FALSE(outcome.loaded);
+    EXPECT_FALSE(outcome.loaded());
     EXPECT_EQ("Could not open \"not-there.vtn\": No such file or directory.", outcome.statusText);
     EXPECT_EQ(0, repaints);
     EXPECT_EQ("old            ", Cells(name));
@@ -362,7 +370,7 @@ TEST_F(NameScript, ThatIsTooLongIsReportedAndShownAsFarAsItFits) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n");
     fake.dialogs.expectInform(
         "Error reading name from " + path.native() + ".", [&] { EXPECT_EQ(1, repaints); });
-    EXPECT_FALSE(load(path).loaded);
+    EXPECT_FALSE(load(path).loaded());
     EXPECT_EQ("123456789012345", Cells(name));
     EXPECT_EQ(1, repaints);
 }
@@ -375,7 +383,7 @@ TEST_F(NameScript, IsSavedAndLoadedUnderAnyFileName) {
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     (void)save();
     name = {};
-    EXPECT_TRUE(load(path, true).loaded);
+    EXPECT_TRUE(load(path, true).loaded());
     EXPECT_EQ("Player         ", Cells(name));
 }
 

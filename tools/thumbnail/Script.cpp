@@ -13,21 +13,23 @@ namespace thumbnail {
 ui::Result<Script> ReadScript(std::string_view bytes) {
     editing::NameDocument name;
     switch (scripts::ReadNameScript(bytes, name)) {
-    case scripts::ReadOutcome::Read:
+    case editing::ScriptEnd::Read:
         return Script(name);
-    case scripts::ReadOutcome::TooLong:
+    case editing::ScriptEnd::TooLong:
         return ui::Failure{"its name has more than 15 glyphs"};
-    case scripts::ReadOutcome::NotRecognised:
+    case editing::ScriptEnd::Abandoned:
+    case editing::ScriptEnd::NotRecognised:
         break;
     }
 
     editing::MessageDocument messages;
     switch (scripts::ReadMessageScript(bytes, messages)) {
-    case scripts::ReadOutcome::Read:
+    case editing::ScriptEnd::Read:
         return Script(messages);
-    case scripts::ReadOutcome::TooLong:
+    case editing::ScriptEnd::TooLong:
         return ui::Failure{"a message has more than 31 glyphs"};
-    case scripts::ReadOutcome::NotRecognised:
+    case editing::ScriptEnd::Abandoned:
+    case editing::ScriptEnd::NotRecognised:
         break;
     }
 
@@ -35,11 +37,12 @@ ui::Result<Script> ReadScript(std::string_view bytes) {
     animation.nameTicks.fill(0);
     const animation::DecodedScript decoded = animation::DecodeAnimationScript(bytes, animation);
     switch (decoded.end) {
-    case animation::ScriptEnd::Read:
+    case editing::ScriptEnd::Read:
         return Script(animation);
-    case animation::ScriptEnd::Abandoned:
+    case editing::ScriptEnd::Abandoned:
         return ui::Failure{"line " + std::to_string(decoded.line) + ": " + decoded.cause};
-    case animation::ScriptEnd::NotRecognised:
+    case editing::ScriptEnd::TooLong:
+    case editing::ScriptEnd::NotRecognised:
         break;
     }
     return ui::Failure{"it is not a name, animation or message script"};
