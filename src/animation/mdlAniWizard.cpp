@@ -224,7 +224,10 @@ WizardOptions LoadWizardOptions(const ui::Files& files, const ui::ProgramDirecto
     const auto positions = ReadPatternFile(files, directory, PositionPatternsName);
     const auto changes = ReadPatternFile(files, directory, ChangePatternsName);
     if (!positions || !changes) {
-        options.message = (positions ? changes : positions).failure().message;
+        options.message = ui::Consequence(
+                              "Automatic animation has been disabled, because its patterns cannot be read.",
+                              (positions ? changes : positions).failure())
+                              .message;
         return options;
     }
     options.positions = ReadPatternTitles(positions.value());

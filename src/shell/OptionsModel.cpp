@@ -103,6 +103,15 @@ AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& 
     return applied;
 }
 
+std::string CharSetStaysText(
+    const std::string& chosen, const std::string& before, const char* stays, const ui::Failure& cause) {
+    return ui::Consequence(
+               "The character set \"" + glyphs::ShownText(chosen) + "\" cannot be read, so \"" +
+                   glyphs::ShownText(before) + "\" stays " + stays + ".",
+               cause)
+        .message;
+}
+
 ui::FileDialogRequest ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder) {
     // An absolute path replaces the folder that it is joined to.
     const ui::Path current = programFolder / screenshot;

@@ -75,6 +75,11 @@ private:
     std::array<bool, OptionsPageCount> m_changed{};
 };
 
+/// What to tell when a character set that was chosen cannot be read: the one before stays "chosen" or "in
+/// use". Takes the names as the records hold them.
+[[nodiscard]] std::string CharSetStaysText(
+    const std::string& chosen, const std::string& before, const char* stays, const ui::Failure& cause);
+
 /// How the file chooser for the screenshot is opened. A relative path belongs to the program's folder.
 [[nodiscard]] ui::FileDialogRequest
 ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder);

@@ -205,6 +205,11 @@ std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreada
     return text + ".";
 }
 
+std::string UnreadableStoreText(const ui::Failure& cause) {
+    return "Your settings cannot be read, so the defaults are used and the file is left as it is. " +
+           cause.message;
+}
+
 std::int32_t PackedColour(ui::Pixel colour) {
     const ui::Pixel red = (colour >> 16U) & 0xFFU;
     const ui::Pixel green = (colour >> 8U) & 0xFFU;

@@ -103,6 +103,9 @@ Save(ui::SettingsStore& store, const Settings& settings, const std::optional<Set
 /// One sentence that names the settings that could not be read; empty when there is none.
 [[nodiscard]] std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreadable);
 
+/// That the whole store could not be read, and why.
+[[nodiscard]] std::string UnreadableStoreText(const ui::Failure& cause);
+
 /// A colour as it is stored: red + 256 x green + 65536 x blue.
 [[nodiscard]] std::int32_t PackedColour(ui::Pixel colour);
 

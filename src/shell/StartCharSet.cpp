@@ -18,6 +18,8 @@ ui::Status Remember(ui::SettingsStore& store, const std::string& told) {
     return store.save();
 }
 
+constexpr auto NoCharSet = "VTM cannot start, because no character set can be read.";
+
 std::string Quoted(const glyphs::CharSetRecord& record) {
     return '"' + glyphs::ShownText(record.name) + '"';
 }
@@ -28,7 +30,7 @@ ui::Result<StartCharSet> LoadStartCharSet(
     ui::Files& files, const ui::ProgramDirectory& directory, ui::SettingsStore& store, int place) {
     const auto record = glyphs::ReadCharSetRecord(files, directory, place + 1);
     if (!record) {
-        return record.failure();
+        return ui::Consequence(NoCharSet, record.failure());
     }
     const std::string asked = std::to_string(place);
     const bool wasTold = store.read(ToldSection, ToldKey) == asked;
@@ -41,11 +43,11 @@ ui::Result<StartCharSet> LoadStartCharSet(
     }
     const auto readable = glyphs::FirstReadableCharSet(files, directory);
     if (!readable) {
-        return set.failure();
+        return ui::Consequence(NoCharSet, set.failure());
     }
     auto other = glyphs::LoadCharSet(files, directory, *readable + 1);
     if (!other) {
-        return set.failure();
+        return ui::Consequence(NoCharSet, set.failure());
     }
     const std::string unreadable = "The character set " + Quoted(record.value()) + " cannot be read";
     const std::string standIn = Quoted(other.value().record);
@@ -53,12 +55,11 @@ ui::Result<StartCharSet> LoadStartCharSet(
         return StartCharSet{
             *readable, std::move(other).value(), unreadable + "; " + standIn + " is shown instead."};
     }
-    if (!Remember(store, asked)) {
-        return set.failure();
+    std::string meaning = unreadable + ", so the program ends.";
+    if (Remember(store, asked)) {
+        meaning += "\nThe next start takes the first one that can be read, " + standIn + ".";
     }
-    return ui::Failure{
-        unreadable + ", so the program ends.\nThe next start takes the first one that can be read, " +
-        standIn + ".\n\n" + set.failure().message};
+    return ui::Consequence(std::move(meaning), set.failure());
 }
 
 } // namespace shell

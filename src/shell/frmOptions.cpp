@@ -309,7 +309,9 @@ void frmOptions::GridList_Click(int row) {
     }
     auto conversion = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
     if (!conversion) {
-        keepConversion(conversion.failure().message);
+        const QByteArray chosen = m_form->GridList->item(row)->text().toLatin1();
+        keepConversion(CharSetStaysText(
+            chosen.toStdString(), m_model.characterSet().name, "chosen", conversion.failure()));
         return;
     }
     m_model.setCharacterSet(row, conversion.value().record);

@@ -217,7 +217,10 @@ void frmVTM::tmrCursor_Timer() {
 
 void frmVTM::closeEvent(QCloseEvent* event) {
     if (const ui::Status saved = Form_Unload(); !saved) {
-        m_platform.dialogs.warn(saved.failure().message);
+        m_platform.dialogs.warn(
+            ui::Consequence(
+                "Your options were not saved: the next start has those of before.", saved.failure())
+                .message);
     }
     event->accept();
 }

@@ -99,6 +99,7 @@ void frmVTM::applyOptions(const OptionsModel& model) {
     if (applied.cursors) {
         applyCursors();
     }
+    const std::string chosen = m_workspace.charSet.name;
     ui::Status selected;
     if (model.isChanged(OptionsPage::ConversionList)) {
         selected = SelectCharSet(m_workspace.charSet.listIndex + 1);
@@ -111,13 +112,17 @@ void frmVTM::applyOptions(const OptionsModel& model) {
         RefreshCharSet();
     }
     if (!selected) {
-        m_platform.dialogs.warn(selected.failure().message);
+        m_platform.dialogs.warn(CharSetStaysText(chosen, before.name, "in use", selected.failure()));
     }
     if (applied.keyMap) {
         if (const ui::Status written =
                 editing::WriteKeyMap(m_platform.files, m_platform.directory, m_workspace.keys);
             !written) {
-            m_platform.dialogs.warn(written.failure().message);
+            m_platform.dialogs.warn(ui::Consequence(
+                                        "The keys type what you chose, but only until the program ends: "
+                                        "the key map could not be stored.",
+                                        written.failure())
+                                        .message);
         }
     }
 }

@@ -110,7 +110,9 @@ ui::Status frmVTM::loadSettings() {
         LoadedSettings loaded = Load(m_platform.settings, folder);
         settings = loaded.settings;
         m_workspace.loadedSettings = loaded.settings;
-        m_startNotice = UnreadableSettingsText(loaded.unreadable);
+        const ui::Status readable = m_platform.settings.readable();
+        m_startNotice =
+            readable ? UnreadableSettingsText(loaded.unreadable) : UnreadableStoreText(readable.failure());
     } else {
         Defaults(settings, folder);
     }

@@ -76,7 +76,11 @@ public:
     /// Takes over what other programs have saved since. What was written here and is not saved yet stays.
     virtual void refresh() = 0;
 
-    /// Makes what was written last; the store survives a crash at any instant.
+    /// Why the store could not be read when that was last tried, if it could not.
+    [[nodiscard]] virtual Status readable() const = 0;
+
+    /// Makes what was written last; the store survives a crash at any instant. Fails while the store cannot
+    /// be read: who has not seen what it holds does not know what to change.
     virtual Status save() = 0;
 };
 

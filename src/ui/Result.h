@@ -15,6 +15,11 @@ struct Failure {
     std::string message;
 };
 
+/// A failure as a user is told of it: first what it means, and below that the cause.
+[[nodiscard]] inline Failure Consequence(std::string meaning, const Failure& cause) {
+    return {std::move(meaning) + "\n\n" + cause.message};
+}
+
 /// Either the value of an operation that succeeded or the reason why it failed.
 template <class T>
 class [[nodiscard]] Result {

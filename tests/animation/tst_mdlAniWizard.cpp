@@ -472,7 +472,10 @@ TEST_F(WizardBuild, NamesAFileThatCannotBeRead) {
     platform.files.failOnce(support::FailingFiles::Step::Read, 2);
     const WizardOptions options = LoadWizardOptions(platform.files, platform.directory);
     EXPECT_FALSE(options.available);
-    EXPECT_NE(options.message.find("vtmani02.dat"), std::string::npos) << options.message;
+    EXPECT_EQ(
+        options.message, "Automatic animation has been disabled, because its patterns cannot be read.\n\n"
+                         "Could not read \"" +
+                             (platform.directory.files / "vtmani02.dat").native() + "\": injected failure.");
 }
 
 } // namespace animation

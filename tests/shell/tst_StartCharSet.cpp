@@ -125,7 +125,10 @@ TEST_F(StartSets, FailEveryTimeWhenNoneCanBeRead) {
     for (int attempt = 0; attempt < 3; ++attempt) {
         const auto started = start(1);
         ASSERT_FALSE(started);
-        EXPECT_EQ(started.failure().message, reason(1)) << "no promise";
+        EXPECT_EQ(
+            started.failure().message,
+            "VTM cannot start, because no character set can be read.\n\n" + reason(1))
+            << "no promise";
     }
     EXPECT_EQ(fake.settings.saves, 0);
 }
@@ -134,7 +137,10 @@ TEST_F(StartSets, FailWithoutTheList) {
     fake.directory.files.put("vtmtc.dat", "");
     const auto started = start(0);
     ASSERT_FALSE(started);
-    EXPECT_NE(started.failure().message.find("holds no record"), std::string::npos);
+    EXPECT_EQ(
+        started.failure().message,
+        "VTM cannot start, because no character set can be read.\n\nThe character-set list \"" +
+            (fake.directory.files / "vtmtc.dat").native() + "\" holds no record.");
 }
 
 TEST_F(StartSets, PromiseNothingThatCannotBeKept) {
@@ -142,5 +148,7 @@ TEST_F(StartSets, PromiseNothingThatCannotBeKept) {
     fake.settings.saveFailure = "no room";
     const auto started = start(1);
     ASSERT_FALSE(started);
-    EXPECT_EQ(started.failure().message, reason(1));
+    EXPECT_EQ(
+        started.failure().message,
+        "The character set \"Quake2 Steel\" cannot be read, so the program ends.\n\n" + reason(1));
 }

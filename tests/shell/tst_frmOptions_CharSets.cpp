@@ -109,7 +109,9 @@ TEST_F(OptionsCharSets, ASetThatCannotBeLoadedIsReportedOnceAndTheOldOneStays) {
         fake.directory.files.put("vtmgrid.dat", "");
         const auto failure = glyphs::LoadCharSet(fake.files, fake.directory, 2);
         ASSERT_FALSE(failure);
-        fake.dialogs.expectWarning(failure.failure().message);
+        fake.dialogs.expectWarning(
+            "The character set \"Quake2 Steel\" cannot be read, so \"Classic Stone\" stays chosen.\n\n" +
+            failure.failure().message);
         if (withTheMouse) {
             click(list, 1);
         } else {
@@ -131,7 +133,9 @@ TEST_F(OptionsCharSets, ASetThatCannotBeLoadedLeavesTheOneThatWasChosenBefore) {
     click(list, 1);
     const auto failure = glyphs::LoadCharSet(fake.files, fake.directory, list.count());
     ASSERT_FALSE(failure);
-    fake.dialogs.expectWarning(failure.failure().message);
+    fake.dialogs.expectWarning(
+        "The character set \"\" cannot be read, so \"Quake2 Steel\" stays chosen.\n\n" +
+        failure.failure().message);
     click(list, list.count() - 1);
     waitForWarning();
     EXPECT_EQ(highlighted(list), std::vector<int>{1});
@@ -151,7 +155,9 @@ TEST_F(OptionsCharSets, TheSetInUseIsShownWhenItsFileIsGone) {
     EXPECT_EQ(highlighted(list), std::vector<int>{1});
     EXPECT_EQ(shownGrid(), inUse);
     EXPECT_TRUE(fake.dialogs.calls().empty());
-    fake.dialogs.expectWarning(glyphs::LoadCharSet(fake.files, fake.directory, 1).failure().message);
+    fake.dialogs.expectWarning(
+        "The character set \"Classic Stone\" cannot be read, so \"Quake2 Steel\" stays chosen.\n\n" +
+        glyphs::LoadCharSet(fake.files, fake.directory, 1).failure().message);
     click(list, 0);
     waitForWarning();
     list.clearFocus();

@@ -72,7 +72,9 @@ TEST_F(WindowOptions, ASetThatIsGoneByOkLeavesTheOldOneOnTheNewBackground) {
         chooseSecondSet(options);
         chooseBackground(options);
         std::filesystem::remove(fake.directory.files / "vtmgrid.dat");
-        fake.dialogs.expectWarning(glyphs::LoadCharSet(fake.disk, fake.directory, 2).failure().message);
+        fake.dialogs.expectWarning(
+            "The character set \"Quake2 Steel\" cannot be read, so \"Classic Stone\" stays in use.\n\n" +
+            glyphs::LoadCharSet(fake.disk, fake.directory, 2).failure().message);
         press(options, "cmdOK");
     });
     EXPECT_EQ(fake.dialogs.left(), 0U);
@@ -133,7 +135,10 @@ TEST_F(WindowOptions, AKeyMapThatCannotBeWrittenIsReported) {
             QTest::keyClick(picker, Qt::Key_Return);
         });
         QTest::mouseClick(options.findChild<QWidget*>(QStringLiteral("picKey_0")), Qt::LeftButton);
-        fake.dialogs.expectWarning(failure);
+        fake.dialogs.expectWarning(
+            "The keys type what you chose, but only until the program ends: the key map could not be "
+            "stored.\n\n" +
+            failure);
         press(options, "cmdOK");
     });
     EXPECT_EQ(fake.dialogs.left(), 0U);

@@ -142,6 +142,16 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The config file, path, may end with a part of the new line now.",
             "It would become too large.",
             "An older copy is kept as \"path\".",
+            "VTM cannot start, because no character set can be read.",
+            ("The character set \"name\" cannot be read, so the program ends. The next start takes the first "
+             "one that can be read, \"name\"."),
+            "The character set \"name\" cannot be read, so \"name\" stays chosen.",
+            "The character set \"name\" cannot be read, so \"name\" stays in use.",
+            ("The keys type what you chose, but only until the program ends: the key map could not be "
+             "stored."),
+            "Your options were not saved: the next start has those of before.",
+            "Automatic animation has been disabled, because its patterns cannot be read.",
+            "Your settings cannot be read, so the defaults are used and the file is left as it is.",
             "Every key types its default glyph, because the key map cannot be used.",
             "Before the options replace it, it is kept as \"path\".",
             "The key map \"path\" is damaged:",

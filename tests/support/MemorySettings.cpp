@@ -35,6 +35,10 @@ void MemorySettings::refresh() {
     }
 }
 
+ui::Status MemorySettings::readable() const {
+    return readFailure.empty() ? ui::Status() : ui::Failure{readFailure};
+}
+
 ui::Status MemorySettings::save() {
     ++saves;
     if (!saveFailure.empty()) {

@@ -24,6 +24,7 @@ public:
     [[nodiscard]] std::vector<std::pair<std::string, std::string>>
     list(const std::string& section) const override;
     void refresh() override;
+    [[nodiscard]] ui::Status readable() const override;
     ui::Status save() override;
 
     /// What lies in the store; a test may put values here.
@@ -43,6 +44,9 @@ public:
 
     /// What other programs have done to the store when it is refreshed.
     std::function<void()> onRefresh;
+
+    /// When it is not empty, the store could not be read for this reason.
+    std::string readFailure;
 
     /// When it is not empty, save() fails with it.
     std::string saveFailure;

@@ -277,6 +277,49 @@ TEST(IniSettingsStore, KeepsWhatItKnowsOfAFileThatCannotBeReadNow) {
     EXPECT_EQ(store.read("options", "color1"), std::nullopt);
 }
 
+TEST(IniSettingsStore, SavesNothingToAFileThatItCouldNotRead) {
+    const TempFolder folder;
+    const std::string old = "[options]\ncolor1=1\n";
+    folder.put("VTM.ini", old);
+    ui::DiskFiles disk;
+    support::FailingFiles files(disk);
+    files.failOnce(support::FailingFiles::Step::Read);
+    IniSettingsStore store(files, folder / "VTM.ini");
+    const std::string reason = "Could not read \"" + (folder / "VTM.ini").native() + "\": injected failure.";
+    ASSERT_FALSE(store.readable());
+    EXPECT_EQ(store.readable().failure().message, reason);
+    EXPECT_EQ(store.read("options", "color1"), std::nullopt);
+    store.write("options", "color2", "2");
+    const auto saved = store.save();
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(
+        saved.failure().message,
+        "Could not write the settings \"" + (folder / "VTM.ini").native() + "\".\n" + reason);
+    EXPECT_EQ(folder.content("VTM.ini"), old);
+    store.refresh();
+    EXPECT_TRUE(store.readable());
+    EXPECT_EQ(store.read("options", "color1"), "1");
+    EXPECT_TRUE(store.save());
+    EXPECT_EQ(folder.content("VTM.ini"), "[options]\ncolor1=1\ncolor2=2\n");
+}
+
+TEST(IniSettingsStore, CanReadAFileThatIsNotThere) {
+    ui::DiskFiles files;
+    const TempFolder folder;
+    EXPECT_TRUE(IniSettingsStore(files, folder / "VTM/VTM.ini").readable());
+}
+
+TEST(IniSettingsStore, CannotReadAFolder) {
+    ui::DiskFiles files;
+    const TempFolder folder;
+    std::filesystem::create_directory(folder / "VTM.ini");
+    const IniSettingsStore store(files, folder / "VTM.ini");
+    ASSERT_FALSE(store.readable());
+    EXPECT_EQ(
+        store.readable().failure().message,
+        "Could not read \"" + (folder / "VTM.ini").native() + "\": Is a directory.");
+}
+
 TEST(IniSettingsStore, KeepsACopyOfADamagedFile) {
     ui::DiskFiles files;
     const TempFolder folder;

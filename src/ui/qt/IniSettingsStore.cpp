@@ -59,17 +59,39 @@ std::vector<std::pair<std::string, std::string>> IniSettingsStore::list(const st
 }
 
 void IniSettingsStore::refresh() {
+    auto values = load();
+    m_readable = values ? Status() : values.failure();
     // What cannot be read now keeps the values that it had.
-    if (auto values = ReadIniFile(m_file)) {
-        m_saved = std::move(*values);
+    if (values) {
+        m_saved = std::move(values).value();
     }
+}
+
+Result<IniValues> IniSettingsStore::load() const {
+    if (m_files.kindOf(m_file) == PathKind::Nothing) {
+        return IniValues();
+    }
+    const auto bytes = m_files.read(m_file);
+    if (!bytes) {
+        return bytes.failure();
+    }
+    auto values = ReadIniFile(m_file);
+    // The toolkit takes what it fails to read for a file with nothing in it.
+    if (values && (!values->empty() || bytes.value().empty())) {
+        return std::move(*values);
+    }
+    const auto text = WithIniValues(bytes.value(), {});
+    return text ? Result<IniValues>(text.value().values) : text.failure();
 }
 
 Status IniSettingsStore::save() {
     if (m_written.empty()) {
         return {};
     }
-    Status done = m_files.makeFolder(FolderOf(m_file));
+    Status done = m_readable;
+    if (done) {
+        done = m_files.makeFolder(FolderOf(m_file));
+    }
     if (done) {
         done = saveLocked();
     }

@@ -27,15 +27,19 @@ public:
 
     void refresh() override;
 
+    [[nodiscard]] Status readable() const override { return m_readable; }
+
     /// Puts the written values into the file, as a whole or not at all. A file that is damaged is first kept
     /// as a copy beside it; one that cannot be read is left alone.
     Status save() override;
 
 private:
+    [[nodiscard]] Result<IniValues> load() const;
     [[nodiscard]] Status saveLocked();
 
     Files& m_files;
     Path m_file;
+    Status m_readable;
     IniValues m_saved;     ///< as the file was when it was last read
     IniSections m_written; ///< not yet in the file
 };
