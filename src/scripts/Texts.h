@@ -56,8 +56,7 @@ constexpr auto ConfigIsScript = "This is a script, not a config file.";
 constexpr auto ScriptNotThere = "There is no such file.";
 constexpr auto IsFolder = "This is a folder.";
 constexpr auto IsDevice = "This is not a file.";
-constexpr auto LongScriptName =
-    "Some games cannot run a script with more than 27 characters before the extension of its file name.";
+constexpr auto LongScriptName = "Some games run no script with more than 27 characters before its extension.";
 
 inline std::string NoGameRuns(const std::string& what) {
     return "Games cannot run a script with " + what + " in its file name.";

@@ -56,7 +56,7 @@ TEST_F(BindHints, NameWhatSomeGamesDoNotRunInTheNameOfAScript) {
         "Some games cannot run a script with an accented or foreign letter in its file name.",
         ofScript("m\xC3\xBCller.vtn"));
     EXPECT_EQ(
-        "Some games cannot run a script with more than 27 characters before the extension of its file name.",
+        "Some games run no script with more than 27 characters before its extension.",
         ofScript("abcdefghijklmnopqrstuvwxyz01.vtn"));
 }
 

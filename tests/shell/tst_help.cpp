@@ -123,8 +123,7 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "This file writes keys without quotes: its n bound keys are listed as free",
             "Games cannot run a script with a blank in its file name.",
             "Some games cannot run a script with a ( in its file name.",
-            "Some games cannot run a script with more than 27 characters before the extension of its file "
-            "name.",
+            "Some games run no script with more than 27 characters before its extension.",
             "Line n will be replaced: line",
             "A line will be added",
             "A line will be added; line n binds this key too and stays",
