@@ -130,6 +130,7 @@ void frmVTM::showPage(Page page) {
     panel(page).refresh();
     showDamage();
     updateCursorLabel();
+    record();
 }
 
 void frmVTM::showDamage() {
@@ -154,6 +155,11 @@ void frmVTM::switchPageFor(Page page) {
 
 void frmVTM::mnuView_Click(int index) {
     glyphs::PlaySoundResource(m_platform.sounds, m_workspace.settings.sounds, glyphs::PageSwitchedSound);
+    view(static_cast<Page>(index));
+}
+
+void frmVTM::view(Page page) {
+    const int index = static_cast<int>(page);
     m_workspace.settings.makeType = static_cast<std::int16_t>(index);
     for (std::size_t i = 0; i < picTab.size(); ++i) {
         picTab[i]->setActive(static_cast<int>(i) == index);

@@ -4,6 +4,7 @@
 
 #include "editing/ScriptFlow.h"
 #include "shell/CtrlNotice.h"
+#include "shell/History.h"
 #include "shell/Workspace.h"
 #include "ui/KeyStroke.h"
 #include "ui/Platform.h"
@@ -81,7 +82,7 @@ protected:
 private:
     struct MenuCommand;
     struct ToolCommand;
-    static const std::array<MenuCommand, 72> MenuCommands;
+    static const std::array<MenuCommand, 75> MenuCommands;
     static const std::array<ToolCommand, 31> ToolCommands;
 
     /// A menu entry's command: a handler with its arguments.
@@ -105,6 +106,11 @@ private:
     void showPage(editing::Page page);
     void showDamage();
     void switchPageFor(editing::Page page);
+    /// Brings a page into view.
+    void view(editing::Page page);
+    /// Keeps what the running command has changed, and says in the menu what can be taken back.
+    void record();
+    void showTakenBack(const std::vector<editing::Page>& pages);
     void describeKeys();
     [[nodiscard]] QSize firstSize() const;
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
@@ -176,6 +182,8 @@ private:
     void mnuEditCut_Click();
     void mnuEditCopy_Click();
     void mnuEditPaste_Click();
+    void mnuEditUndo_Click();
+    void mnuEditRedo_Click();
     void mnuFormat_Click(editing::FormatOperation operation);
     void mnuFormatReverseNameOrder_Click();
     void mnuView_Click(int index);
@@ -191,6 +199,8 @@ private:
     Workspace m_workspace;
     ui::qt::KeyReader m_keys;
     CtrlNotice m_ctrlNotice;
+    History m_history;
+    std::string m_command; ///< the one that runs, as Undo names it
     bool m_isStartingUp = false;
     bool m_isUnloaded = false;
     bool m_hasRegistered = false; ///< the file types, in this run
@@ -198,6 +208,8 @@ private:
 
     std::vector<QMenu*> m_menus;
     QList<QAction*> m_pageActions;
+    QAction* mnuEditUndo = nullptr;
+    QAction* mnuEditRedo = nullptr;
     QToolBar* Toolbar1 = nullptr;
     ScrollingCentre* m_centre = nullptr;
     GlyphColumn* m_glyphColumn = nullptr;

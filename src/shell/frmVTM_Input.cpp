@@ -19,6 +19,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 
 namespace shell {
 
@@ -106,6 +107,7 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
             [](std::monostate) {},
             [this](const NameListAction& list) { cmdName_Click(list.index); },
             [this](const NavigationAction& navigation) {
+                const QScopedValueRollback<std::string> running(m_command, "Delete");
                 ShowChange(painter(), NavigateKey(cursor(), navigation.virtualKey));
                 imgDir->showKey(navigation.virtualKey);
                 Refresh();
@@ -145,12 +147,15 @@ bool frmVTM::openMenu(const ui::KeyStroke& stroke) {
 }
 
 void frmVTM::putGlyph(GlyphCode code) {
+    const QScopedValueRollback running(m_command, std::string(History::Typing));
     editing::ShowChange(painter(), editing::PutGlyph(cursor(), m_workspace.settings.modes, code));
+    Refresh();
 }
 
 void frmVTM::putGlyphWithMarker(GlyphCode code) {
+    const QScopedValueRollback running(m_command, std::string(History::Typing));
     if (code != 0) {
-        putGlyph(code);
+        editing::ShowChange(painter(), editing::PutGlyph(cursor(), m_workspace.settings.modes, code));
         // The glyph comes first: what follows it on the screen is only where things are.
         showDamage();
         QCoreApplication::sendPostedEvents(this, QEvent::UpdateRequest);
@@ -183,8 +188,7 @@ void frmVTM::runAltKey(const AltKey& key) {
     case AltCommand::PickGlyph:
         return putPickedGlyph();
     case AltCommand::PlaceRightGlyph:
-        putGlyph(rightGlyph);
-        return Refresh();
+        return putGlyph(rightGlyph);
     case AltCommand::ChangeRightGlyph:
         rightGlyph = pickGlyph(rightGlyph);
         return Refresh();
@@ -235,10 +239,10 @@ void frmVTM::cursor_Moved(Page page, int column, int row) {
 void frmVTM::PagePic_MouseDown(Page page, int x, int y, Qt::MouseButton button) {
     switchPageFor(page);
     editing::PlaceCursor(cursor(), x, y);
+    Refresh();
     if (button == Qt::RightButton) {
         putGlyph(m_workspace.rightButtonGlyph);
     }
-    Refresh();
 }
 
 void frmVTM::cmdKey_Click(int index, bool isOn) {
@@ -271,8 +275,8 @@ void frmVTM::cmdFavorite_MouseDown(int index, Qt::MouseButton button) {
         favourite = pickGlyph(favourite);
         m_glyphColumn->showGlyphs();
         m_platform.clipboard.setPicture(m_glyphColumn->favouritePicture(index));
+        Refresh();
     }
-    Refresh();
 }
 
 void frmVTM::cmdFrequent_MouseDown(int index) {
@@ -287,19 +291,32 @@ void frmVTM::cmdCalcFrequent_Click() {
 
 void frmVTM::cmdName_Click(int index) {
     switchPageFor(Page::Animation);
-    constexpr std::array<editing::Change (*)(editing::AnimationDocument&), 4> Operations{
-        animation::InsertName, animation::DeleteName, animation::MoveNameUp, animation::MoveNameDown};
-    editing::ShowChange(
-        painter(), Operations[static_cast<std::size_t>(index)](m_workspace.documents.animation));
+
+    struct Operation {
+        const char* name;
+        editing::Change (*run)(editing::AnimationDocument&);
+    };
+
+    constexpr std::array<Operation, 4> Operations{{
+        {"Insert Name", animation::InsertName},
+        {"Delete Name", animation::DeleteName},
+        {"Move Name", animation::MoveNameUp},
+        {"Move Name", animation::MoveNameDown},
+    }};
+    const Operation& operation = Operations[static_cast<std::size_t>(index)];
+    const QScopedValueRollback<std::string> running(m_command, operation.name);
+    editing::ShowChange(painter(), operation.run(m_workspace.documents.animation));
     Refresh();
 }
 
 void frmVTM::total_Chosen(int count) {
+    const QScopedValueRollback<std::string> running(m_command, "Total");
     animation::SetNameCount(m_workspace.documents.animation, count);
     showPage(Page::Animation);
 }
 
 void frmVTM::ticks_Chosen(int count, bool forAllNames) {
+    const QScopedValueRollback<std::string> running(m_command, "Ticks");
     editing::AnimationDocument& animation = m_workspace.documents.animation;
     const auto ticks = static_cast<std::int16_t>(count);
     if (forAllNames) {

@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -40,7 +41,7 @@ struct frmVTM::ToolCommand {
     const char* entry; ///< objectName of the submenu that it pops up or of the menu entry that it chooses
 };
 
-const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
+const std::array<frmVTM::MenuCommand, 75> frmVTM::MenuCommands{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
     {"mnuFileNew", "mnuNewName", "&Name", Run<&frmVTM::mnuNew_Click, Page::Name>},
@@ -94,6 +95,9 @@ const std::array<frmVTM::MenuCommand, 72> frmVTM::MenuCommands{{
     {"mnuEdit", "mnuEditCut", "Cu&t", Run<&frmVTM::mnuEditCut_Click>},
     {"mnuEdit", "mnuEditCopy", "&Copy", Run<&frmVTM::mnuEditCopy_Click>},
     {"mnuEdit", "mnuEditPaste", "&Paste", Run<&frmVTM::mnuEditPaste_Click>},
+    {"mnuEdit", nullptr, nullptr, nullptr},
+    {"mnuEdit", "mnuEditUndo", "&Undo", Run<&frmVTM::mnuEditUndo_Click>},
+    {"mnuEdit", "mnuEditRedo", "&Redo", Run<&frmVTM::mnuEditRedo_Click>},
     {"", "mnuFormat", "F&ormat", nullptr},
     {"mnuFormat", "mnuFormatAlignLeft", "Align &Left",
      Run<&frmVTM::mnuFormat_Click, FormatOperation::AlignLeft>},
@@ -183,6 +187,20 @@ bool IsForgetful(const QMenu& menu) {
                                    menu.objectName() == QLatin1String("mnuTools");
 }
 
+/// What Undo calls a command: what its menu says, but for those that stand in several places.
+std::string CommandName(const QMenu& menu, const QAction& entry) {
+    if (menu.objectName().startsWith(QLatin1String("mnuLoad")) ||
+        menu.objectName().startsWith(QLatin1String("mnuFileRecent"))) {
+        return "Load";
+    }
+    if (menu.objectName() == QLatin1String("mnuFileNew")) {
+        return "New";
+    }
+    return entry.objectName() == QLatin1String("mnuToolsAnimationWizard")
+               ? "Wizard"
+               : entry.text().remove(QLatin1Char('&')).toStdString();
+}
+
 } // namespace
 
 void frmVTM::buildMenus() {
@@ -196,16 +214,25 @@ void frmVTM::buildMenus() {
             submenu->setObjectName(QLatin1String(entry.name));
             m_menus.push_back(submenu);
         } else {
-            QAction* action = parent->addAction(
-                tr(entry.caption), this, [this, run = entry.run, forgets = IsForgetful(*parent)] {
+            QAction* action = parent->addAction(tr(entry.caption));
+            action->setObjectName(QLatin1String(entry.name));
+            connect(
+                action, &QAction::triggered, this,
+                [this, run = entry.run, forgets = IsForgetful(*parent),
+                 name = CommandName(*parent, *action)] {
+                    const QScopedValueRollback running(m_command, name);
                     if (forgets) {
                         statusBar()->clearMessage();
                     }
                     run(*this);
                 });
-            action->setObjectName(QLatin1String(entry.name));
         }
     }
+    // No key with Ctrl is free: they type.
+    mnuEditUndo = findChild<QAction*>(QStringLiteral("mnuEditUndo"));
+    mnuEditUndo->setShortcut(Qt::ALT | Qt::Key_Backspace);
+    mnuEditRedo = findChild<QAction*>(QStringLiteral("mnuEditRedo"));
+    mnuEditRedo->setShortcut(Qt::ALT | Qt::SHIFT | Qt::Key_Backspace);
     auto* pages = new QActionGroup(this);
     for (QAction* action : menu("mnuView")->actions()) {
         action->setCheckable(true);

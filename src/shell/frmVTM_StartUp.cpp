@@ -11,6 +11,7 @@
 #include "shell/mdlRegistry.h"
 #include "ui/CopyNotes.h"
 
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <chrono>
 #include <filesystem>
@@ -145,6 +146,7 @@ void frmVTM::restoreWindow() {
 }
 
 void frmVTM::showWork(const WorkState& state) {
+    const QScopedValueRollback<std::string> running(m_command, "Restore");
     m_workspace.documents = state.documents;
     m_workspace.settings.makeType = static_cast<std::int16_t>(state.page);
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {

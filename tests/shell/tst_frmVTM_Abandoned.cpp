@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "shell/MainWindow.h"
+#include "support/PaintedPages.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -30,22 +31,7 @@ protected:
 
     /// Whether the painted names are those of the animation.
     [[nodiscard]] bool isShown() const {
-        const editing::AnimationDocument& animation = workspace().documents.animation;
-        const ui::Picture& shown = workspace().pictures.animation.pixels();
-        ui::Picture expected(shown.width(), shown.height());
-        for (int row = 1; row <= animation.nameCount; ++row) {
-            for (int column = 1; column <= editing::NameLength; ++column) {
-                glyphs::PaintGlyph(
-                    expected, workspace().atlas, animation.name(row)[static_cast<std::size_t>(column - 1)],
-                    column, row);
-            }
-        }
-        const int height = animation.nameCount * glyphs::CellSide;
-        ui::Picture part(shown.width(), height);
-        ui::Picture expectedPart(shown.width(), height);
-        glyphs::BlitCells(part, 0, 0, part.width(), height, shown, 0, 0);
-        glyphs::BlitCells(expectedPart, 0, 0, part.width(), height, expected, 0, 0);
-        return part == expectedPart;
+        return support::ArePaintedLike(workspace().documents, workspace().pictures, workspace().atlas);
     }
 };
 
@@ -113,4 +99,22 @@ TEST_F(Abandoned, ATextThatIsTooLongIsWrapped) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return (window->statusBar()->height() > height) == isLong; }))
             << "a second line moves nothing";
     }
+}
+
+TEST_F(Abandoned, UndoTakesWhatWasReadAwayAndTheOfferWithIt) {
+    load();
+    const editing::AnimationDocument read = workspace().documents.animation;
+    ASSERT_TRUE(link().isVisible());
+    choose("mnuEditUndo");
+    EXPECT_EQ(workspace().documents.animation, editing::AnimationDocument());
+    EXPECT_EQ(find<QScrollBar>("AniTotalScroll")->value(), 15);
+    EXPECT_TRUE(isShown());
+    EXPECT_FALSE(link().isVisible());
+    EXPECT_EQ(status(), "");
+    choose("mnuEditRedo");
+    EXPECT_EQ(workspace().documents.animation, read);
+    EXPECT_EQ(find<QScrollBar>("AniTotalScroll")->value(), 20);
+    EXPECT_TRUE(isShown());
+    EXPECT_FALSE(link().isVisible());
+    EXPECT_TRUE(fake.sounds.waves.empty());
 }

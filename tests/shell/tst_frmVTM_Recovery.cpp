@@ -102,6 +102,19 @@ TEST_F(Recovery, TheLinkPutsTheWorkBackOnThePages) {
     EXPECT_TRUE(fake.disk.list(state.path()).empty());
 }
 
+TEST_F(Recovery, RestoredWorkIsTakenBackAtOnce) {
+    startWithOffer();
+    const editing::Documents before = workspace().documents;
+    followLink("lblRestore");
+    EXPECT_EQ(workspace().documents, left.documents);
+    EXPECT_EQ(find<QAction>("mnuEditUndo")->text().toStdString(), "&Undo Restore");
+    choose("mnuEditUndo");
+    EXPECT_EQ(workspace().documents, before);
+    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
+        EXPECT_TRUE(isShown(page));
+    }
+}
+
 TEST_F(Recovery, AltUPutsTheWorkBackAndAltShiftUForgetsIt) {
     startWithOffer();
     press(Qt::Key_U, Qt::AltModifier);

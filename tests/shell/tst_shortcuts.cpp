@@ -206,6 +206,11 @@ TEST_F(Shortcuts, EveryControlOfTheWindowHasItsKey) {
 TEST_F(Shortcuts, EveryEntryOfTheMenusIsReachedWithTheKeys) {
     fake.settings.write("NameFiles", "RecentFile1", "/tmp/one.vtn");
     startOn(Page::Name);
+    // One step is to be taken back and another to be done again.
+    type("b");
+    press(Qt::Key_Left);
+    press(Qt::Key_Delete);
+    press(Qt::Key_Backspace, Qt::AltModifier);
     int count = 0;
     for (const auto* entry : window->findChildren<QAction*>()) {
         const bool isInMenu = entry->objectName().startsWith(QLatin1String("mnu"));
