@@ -279,7 +279,7 @@ bool AnimationPage::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         if (watched == ThisTickList || watched == TickList) {
-            // A turn of the wheel in passing would change ticks, which cannot be undone.
+            // A turn of the wheel in passing would change ticks, and few would notice.
             event->ignore();
             return true;
         }

@@ -5,6 +5,7 @@
 #include "EditWorld.h"
 #include "editing/mdlKey.h"
 #include "support/FakePlatform.h"
+#include "support/PaintedPages.h"
 
 #include <gtest/gtest.h>
 
@@ -46,13 +47,8 @@ protected:
         const PagePainter other{followed, atlas, fresh, sounds, soundOptions, progress};
         PaintRowsFrom(other, page, 1);
         const int height = CursorOf(documents, page).rowsInUse * glyphs::CellSide;
-        return rowsOf(pictures.of(page).pixels(), height) == rowsOf(fresh.of(page).pixels(), height);
-    }
-
-    static ui::Picture rowsOf(const ui::Picture& picture, int height) {
-        ui::Picture part(picture.width(), height);
-        glyphs::BlitCells(part, 0, 0, picture.width(), height, picture, 0, 0);
-        return part;
+        return support::TopOf(pictures.of(page).pixels(), height) ==
+               support::TopOf(fresh.of(page).pixels(), height);
     }
 
     /// The pixels of a block of cells.
