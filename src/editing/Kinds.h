@@ -17,6 +17,8 @@ struct Kind {
     const char* caption;     ///< of its tab and, with '&' before it, of its menu entries
     const char* windowTitle; ///< while its page is in view
 
+    const char* formatQuestion; ///< before all its rows are formatted; empty: it has only one
+
     // Its scripts and the dialogs that ask for them
     std::string_view header; ///< what the first line of a script holds, behind "// "
     const char* extension;   ///< with its dot
@@ -61,6 +63,7 @@ inline constexpr std::array Kinds{
         .page = Page::Name,
         .caption = "Name",
         .windowTitle = "Vortigo [Name]",
+        .formatQuestion = "",
         .header = "Name File Created by Vortigo",
         .extension = ".vtn",
         .filter = "VTM Name Script",
@@ -93,6 +96,7 @@ inline constexpr std::array Kinds{
         .page = Page::Animation,
         .caption = "Animation",
         .windowTitle = "Vortigo [Animation]",
+        .formatQuestion = "Do you wish to format all names?",
         .header = "Animation File Created by Vortigo",
         .extension = ".vta",
         .filter = "VTM Animation Script",
@@ -125,6 +129,7 @@ inline constexpr std::array Kinds{
         .page = Page::Messages,
         .caption = "Messages",
         .windowTitle = "Vortigo [Messages]",
+        .formatQuestion = "Do you wish to format all macros?",
         .header = "Macro File Created by Vortigo",
         .extension = ".vtm",
         .filter = "VTM Macro Script",
@@ -154,6 +159,11 @@ inline constexpr std::array Kinds{
         .pointer = 3,
     },
 };
+
+/// The kinds in the order in which the command line is searched for their switches and intro files are
+/// loaded.
+inline constexpr std::array StartOrder{Page::Animation, Page::Name, Page::Messages};
+static_assert(StartOrder.size() == Kinds.size());
 
 /// The row of a page's kind.
 [[nodiscard]] constexpr const Kind& KindOf(Page page) {

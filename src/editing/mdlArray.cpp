@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "editing/mdlArray.h"
 
+#include "editing/Kinds.h"
+
 #include <algorithm>
 #include <cassert>
 #include <span>
@@ -53,21 +55,13 @@ void MoveText(Row row, Offset offset) {
 
 /// Whether every row of the page in view is to be formatted.
 bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& settings) {
-    const auto answer = [&](bool asks, const char* question) {
-        return !asks || dialogs.box(
-                            {.text = question,
-                             .buttons = ui::Buttons::YesNoCancel,
-                             .detail = "No or Cancel: only the current one."}) == ui::Answer::Yes;
-    };
-    switch (page) {
-    case Page::Animation:
-        return answer(settings.asksForNames, "Do you wish to format all names?");
-    case Page::Messages:
-        return answer(settings.asksForMessages, "Do you wish to format all macros?");
-    case Page::Name:
-        break;
-    }
-    return false;
+    const char* const question = KindOf(page).formatQuestion;
+    const bool asks = page == Page::Animation ? settings.asksForNames : settings.asksForMessages;
+    return *question != '\0' &&
+           (!asks || dialogs.box(
+                         {.text = question,
+                          .buttons = ui::Buttons::YesNoCancel,
+                          .detail = "No or Cancel: only the current one."}) == ui::Answer::Yes);
 }
 
 } // namespace

@@ -8,28 +8,12 @@
 
 namespace shell {
 
+using editing::Kind;
+
 namespace {
 
-struct Switch {
-    std::string_view text;
-    editing::Page kind;
-    editing::Page shown;
-};
-
-// Tried in this order. An animation file is followed by the Name page and a name file by the Animation page,
-// which is meant.
-constexpr std::array<Switch, 3> Switches{{
-    {" /animation ", editing::Page::Animation, editing::Page::Name},
-    {" /name ", editing::Page::Name, editing::Page::Animation},
-    {" /macro ", editing::Page::Messages, editing::Page::Messages},
-}};
-
-constexpr auto Usage =
-    R"(Usage: vtm
-       vtm " /name FILE"
-       vtm " /animation FILE"
-       vtm " /macro FILE"
-
+constexpr auto UsageText =
+    R"(
 Edits the names, name animations and messages of Quake and Quake2 players. A FILE
 that is given is loaded: a name script, an animation or messages. The blank before
 the switch is a part of the argument.
@@ -38,23 +22,31 @@ the switch is a part of the argument.
   --version  print the version, and end
 )";
 
-/// The switch that an argument of its own is: with the blank before it, the blank after it being the one that
-/// arguments are joined by.
-const Switch* SwitchOf(std::string_view argument) {
-    const auto* const found =
-        std::find_if(Switches.begin(), Switches.end(), [argument](const Switch& candidate) {
-            return candidate.text.substr(0, candidate.text.size() - 1) == argument;
-        });
-    return found == Switches.end() ? nullptr : found;
+std::string Usage() {
+    std::string text = "Usage: vtm\n";
+    for (const Kind& kind : editing::Kinds) {
+        text.append("       vtm \"").append(kind.commandSwitch).append("FILE\"\n");
+    }
+    return text + UsageText;
 }
 
-CommandLineFile FileOf(const Switch& given, std::string_view path) {
+/// The kind whose switch an argument of its own is: with the blank before it, the blank after it being the
+/// one that arguments are joined by.
+const Kind* KindOfSwitch(std::string_view argument) {
+    const auto* const found =
+        std::find_if(editing::Kinds.begin(), editing::Kinds.end(), [argument](const Kind& kind) {
+            return kind.commandSwitch.substr(0, kind.commandSwitch.size() - 1) == argument;
+        });
+    return found == editing::Kinds.end() ? nullptr : found;
+}
+
+CommandLineFile FileOf(const Kind& kind, std::string_view path) {
     const auto slash = path.rfind('/');
     if (slash == std::string_view::npos) {
-        return {given.kind, {}, ui::Path(path), given.shown};
+        return {kind.page, {}, ui::Path(path), kind.shownAfterSwitch};
     }
     const std::string_view folder = slash == 0 ? std::string_view("/") : path.substr(0, slash);
-    return {given.kind, ui::Path(folder), ui::Path(path.substr(slash + 1)), given.shown};
+    return {kind.page, ui::Path(folder), ui::Path(path.substr(slash + 1)), kind.shownAfterSwitch};
 }
 
 std::string_view BetweenQuotes(std::string_view text) {
@@ -70,7 +62,7 @@ std::string_view BetweenQuotes(std::string_view text) {
 
 std::optional<std::string> TextToPrint(std::span<const std::string> arguments) {
     if (arguments.size() == 1 && arguments[0] == "--help") {
-        return Usage;
+        return Usage();
     }
     if (arguments.size() == 1 && arguments[0] == "--version") {
         return std::string("vtm ") + ProductVersion + '\n';
@@ -79,9 +71,7 @@ std::optional<std::string> TextToPrint(std::span<const std::string> arguments) {
 }
 
 std::string ReadAtStartText(const std::string& name, editing::Page kind) {
-    constexpr std::array<const char*, 3> Pages{"Name", "Animation", "Messages"};
-    return ui::PathText(name) + " was read and is on the page " + Pages.at(static_cast<std::size_t>(kind)) +
-           '.';
+    return ui::PathText(name) + " was read and is on the page " + editing::KindOf(kind).caption + '.';
 }
 
 std::string JoinArguments(std::span<const std::string> arguments) {
@@ -97,12 +87,13 @@ std::string JoinArguments(std::span<const std::string> arguments) {
 
 std::optional<CommandLineFile> ParseCommandLine(std::string_view commandLine) {
     const std::string_view text = BetweenQuotes(commandLine);
-    for (const auto& given : Switches) {
-        const auto place = text.find(given.text);
+    for (const editing::Page page : editing::StartOrder) {
+        const Kind& kind = editing::KindOf(page);
+        const auto place = text.find(kind.commandSwitch);
         if (place != std::string_view::npos) {
             std::string path(text.substr(0, place));
-            path += text.substr(place + given.text.size());
-            return FileOf(given, path);
+            path += text.substr(place + kind.commandSwitch.size());
+            return FileOf(kind, path);
         }
     }
     return std::nullopt;
@@ -112,14 +103,14 @@ StartFiles ReadArguments(std::span<const std::string> arguments) {
     // The desktop starts the program with two arguments. The path is taken as it is: its name may hold quotes
     // or even a switch.
     if (arguments.size() == 2) {
-        if (const auto* given = SwitchOf(arguments[0])) {
-            return {false, FileOf(*given, arguments[1])};
+        if (const Kind* kind = KindOfSwitch(arguments[0])) {
+            return {false, FileOf(*kind, arguments[1])};
         }
     }
     // Where there is no desktop, its opener splits the quoted switch at its blank and leaves the quotes in.
     if (arguments.size() == 3 && arguments[0] == "\"" && arguments[1].ends_with('"')) {
-        if (const auto* given = SwitchOf(" " + arguments[1].substr(0, arguments[1].size() - 1))) {
-            return {false, FileOf(*given, arguments[2])};
+        if (const Kind* kind = KindOfSwitch(" " + arguments[1].substr(0, arguments[1].size() - 1))) {
+            return {false, FileOf(*kind, arguments[2])};
         }
     }
     const std::string commandLine = JoinArguments(arguments);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
+#include "editing/Kinds.h"
 #include "ui/Files.h"
 
 #include <array>
@@ -26,19 +26,6 @@ struct StartFiles {
     bool intro = false; ///< load the intro files that exist
     std::optional<CommandLineFile> file;
 };
-
-/// An intro file: loaded at start from the program's directory when nothing is asked for.
-struct IntroFile {
-    editing::Page kind;
-    std::string_view name;
-};
-
-/// The intro files in the order in which they are loaded.
-constexpr std::array<IntroFile, 3> IntroFiles{{
-    {editing::Page::Animation, "intro.vta"},
-    {editing::Page::Name, "intro.vtn"},
-    {editing::Page::Messages, "intro.vtm"},
-}};
 
 /// How a command line is written that loads a script, for people who wrote one that loads nothing.
 constexpr std::string_view HowToLoad =

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/History.h"
 
+#include "editing/Kinds.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -42,8 +44,8 @@ void History::record(Documents& documents, Page page, std::string_view command) 
         return;
     }
     Step step{std::string(command), {}};
-    for (const Page each : {Page::Name, Page::Animation, Page::Messages}) {
-        if (PageChange change = compare(documents, each);
+    for (const editing::Kind& kind : editing::Kinds) {
+        if (PageChange change = compare(documents, kind.page);
             !change.rows.empty() || change.before.rowsInUse != change.after.rowsInUse) {
             step.pages.push_back(std::move(change));
         }

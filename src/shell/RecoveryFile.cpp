@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/RecoveryFile.h"
 
+#include "editing/Kinds.h"
 #include "ui/FileWriter.h"
 
 #include <chrono>
@@ -121,7 +122,7 @@ std::optional<WorkState> DecodeWorkState(std::string_view bytes) {
     VisitContent(state.documents, std::ref(read));
     VisitCursors(state.documents, std::ref(read));
     int page = 0;
-    read(page, 0, static_cast<int>(editing::Page::Messages));
+    read(page, 0, static_cast<int>(editing::Kinds.size()) - 1);
     state.page = static_cast<editing::Page>(page);
     for (int i = 0; i < TimeNumbers; ++i) {
         state.time |= static_cast<std::int64_t>(read.next()) << 16 * i;

@@ -28,17 +28,12 @@ constexpr std::size_t SettingCount = 34;
 constexpr std::size_t ColourCount = 5;
 constexpr std::size_t CursorCount = 4;
 
-/// Places in Settings::colours.
-enum SettingColour : std::size_t {
-    BackgroundColour,
-    GridMarkerColour,
-    NameMarkerColour,
-    AnimationMarkerColour,
-    MessagesMarkerColour,
-};
+/// Places in Settings::colours; those behind them are the kinds' own (editing::Kind::markerColour).
+enum SettingColour : std::size_t { BackgroundColour, GridMarkerColour };
 
-/// Places in Settings::cursors.
-enum SettingCursor : std::size_t { GridCursor, NameCursor, AnimationCursor, MessagesCursor };
+/// The place of the glyph grid in Settings::cursors; those behind it are the kinds' own
+/// (editing::Kind::pointer).
+constexpr std::size_t GridCursor = 0;
 
 /// Everything that is kept between runs. A new object holds the defaults, but no screenshot and frequent
 /// glyphs 0.

@@ -4,9 +4,8 @@
 
 #include "animation/AnimationPage.h"
 #include "editing/DirectionPad.h"
-#include "editing/NamePage.h"
+#include "editing/PagePanel.h"
 #include "editing/mdlKey.h"
-#include "scripts/MessagesPage.h"
 #include "shell/GlyphColumn.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/Recovery.h"
@@ -30,7 +29,6 @@ using editing::Page;
 namespace {
 
 constexpr int BlinkInterval = 500; // milliseconds
-constexpr std::array<Page, 3> AllPages{Page::Name, Page::Animation, Page::Messages};
 
 } // namespace
 
@@ -59,8 +57,8 @@ frmVTM::~frmVTM() {
 }
 
 void frmVTM::connectControls() {
-    for (int i = 0; i < static_cast<int>(AllPages.size()); ++i) {
-        const Page page = AllPages[static_cast<std::size_t>(i)];
+    for (std::size_t i = 0; i < picTab.size(); ++i) {
+        const Page page = editing::Kinds.at(i).page;
         editing::PagePanel& shown = panel(page);
         connect(&shown, &editing::PagePanel::userActed, this, [this, page] { switchPageFor(page); });
         connect(&shown, &editing::PagePanel::cursorMoved, this, [this, page](int column, int row) {
@@ -69,11 +67,7 @@ void frmVTM::connectControls() {
         connect(
             &shown, &editing::PagePanel::picturePressed, this,
             [this, page](int x, int y, Qt::MouseButton button) { PagePic_MouseDown(page, x, y, button); });
-        connect(picTab[static_cast<std::size_t>(i)], &TabPicture::pressed, this, [this, i] {
-            if (i != static_cast<int>(m_workspace.page())) {
-                mnuView_Click(i);
-            }
-        });
+        connect(picTab[i], &TabPicture::pressed, this, [this, page] { switchPageFor(page); });
     }
     m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
     connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
@@ -93,15 +87,7 @@ void frmVTM::connectControls() {
 }
 
 editing::PagePanel& frmVTM::panel(Page page) const {
-    switch (page) {
-    case Page::Animation:
-        return *m_animationPage;
-    case Page::Messages:
-        return *m_messagesPage;
-    case Page::Name:
-        break;
-    }
-    return *m_namePage;
+    return *static_cast<editing::PagePanel*>(m_pages->widget(static_cast<int>(page)));
 }
 
 editing::PageCursor frmVTM::cursor() {
@@ -134,8 +120,8 @@ void frmVTM::showPage(Page page) {
 }
 
 void frmVTM::showDamage() {
-    for (const Page page : AllPages) {
-        panel(page).showDamage();
+    for (const editing::Kind& kind : editing::Kinds) {
+        panel(kind.page).showDamage();
     }
 }
 
@@ -149,13 +135,13 @@ void frmVTM::updateCursorLabel() {
 
 void frmVTM::switchPageFor(Page page) {
     if (page != m_workspace.page()) {
-        mnuView_Click(static_cast<int>(page));
+        mnuView_Click(page);
     }
 }
 
-void frmVTM::mnuView_Click(int index) {
+void frmVTM::mnuView_Click(Page page) {
     glyphs::PlaySoundResource(m_platform.sounds, m_workspace.settings.sounds, glyphs::PageSwitchedSound);
-    view(static_cast<Page>(index));
+    view(page);
 }
 
 void frmVTM::view(Page page) {
@@ -167,10 +153,7 @@ void frmVTM::view(Page page) {
     m_pageActions.at(index)->setChecked(true);
     menu("mnuView")->actions().at(index)->setChecked(true);
     m_pages->setCurrentIndex(index);
-    const std::array<QString, 3> titles{
-        QStringLiteral("Vortigo [Name]"), QStringLiteral("Vortigo [Animation]"),
-        QStringLiteral("Vortigo [Messages]")};
-    setWindowTitle(titles[static_cast<std::size_t>(index)]);
+    setWindowTitle(QLatin1String(editing::KindOf(page).windowTitle));
     Refresh();
 }
 
@@ -196,17 +179,17 @@ void frmVTM::buildAtlas(const ui::Picture& artwork) {
 void frmVTM::applyColours() {
     const auto& colours = m_workspace.settings.colours;
     m_glyphColumn->showColours();
-    m_namePage->setMarkerColour(colours[NameMarkerColour]);
-    m_animationPage->setMarkerColour(colours[AnimationMarkerColour]);
-    m_messagesPage->setMarkerColour(colours[MessagesMarkerColour]);
+    for (const editing::Kind& kind : editing::Kinds) {
+        panel(kind.page).setMarkerColour(colours.at(kind.markerColour));
+    }
 }
 
 void frmVTM::applyCursors() {
     const auto& cursors = m_workspace.settings.cursors;
     m_glyphColumn->showPointer();
-    m_namePage->setPointer(cursors[NameCursor]);
-    m_animationPage->setPointer(cursors[AnimationCursor]);
-    m_messagesPage->setPointer(cursors[MessagesCursor]);
+    for (const editing::Kind& kind : editing::Kinds) {
+        panel(kind.page).setPointer(cursors.at(kind.pointer));
+    }
 }
 
 void frmVTM::applyModes() {

@@ -13,6 +13,7 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <array>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -26,17 +27,12 @@ class QToolBar;
 
 namespace editing {
 class DirectionPad;
-class NamePage;
 class PagePanel;
 } // namespace editing
 
 namespace animation {
 class AnimationPage;
 } // namespace animation
-
-namespace scripts {
-class MessagesPage;
-} // namespace scripts
 
 namespace shell {
 
@@ -82,7 +78,7 @@ protected:
 private:
     struct MenuCommand;
     struct ToolCommand;
-    static const std::array<MenuCommand, 75> MenuCommands;
+    static const std::array<MenuCommand, 43> MenuCommands;
     static const std::array<ToolCommand, 31> ToolCommands;
 
     /// A menu entry's command: a handler with its arguments.
@@ -93,6 +89,9 @@ private:
 
     // Building the window
     void buildMenus();
+    QMenu* addMenu(QMenu* parent, const char* name, const QString& caption);
+    QAction* addEntry(QMenu& menu, const QString& name, const QString& caption, std::function<void()> run);
+    void addEntriesOf(const editing::Kind& kind);
     void buildToolbar();
     /// The menu of that name, or nullptr.
     [[nodiscard]] QMenu* menu(const char* name) const;
@@ -186,7 +185,7 @@ private:
     void mnuEditRedo_Click();
     void mnuFormat_Click(editing::FormatOperation operation);
     void mnuFormatReverseNameOrder_Click();
-    void mnuView_Click(int index);
+    void mnuView_Click(editing::Page page);
     void mnuToolsAnimationWizard_Click();
     void mnuToolsAnimationViewer_Click();
     void mnuToolsBindingWizard_Click();
@@ -215,11 +214,9 @@ private:
     GlyphColumn* m_glyphColumn = nullptr;
     editing::DirectionPad* imgDir = nullptr;
     QLabel* lblCurPos = nullptr;
-    std::array<TabPicture*, 3> picTab{};
+    std::array<TabPicture*, editing::Kinds.size()> picTab{};
     QStackedWidget* m_pages = nullptr;
-    editing::NamePage* m_namePage = nullptr;
     animation::AnimationPage* m_animationPage = nullptr;
-    scripts::MessagesPage* m_messagesPage = nullptr;
     StatusLine* m_statusLine = nullptr;
     Recovery* m_recovery = nullptr;
     ProgressIndicator* picProgress = nullptr;

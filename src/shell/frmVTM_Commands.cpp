@@ -131,8 +131,8 @@ void frmVTM::applyOptions(const OptionsModel& model) {
 void frmVTM::RefreshCharSet() {
     buildAtlas(ui::Picture(m_workspace.atlas.artwork));
     m_glyphColumn->showGlyphs();
-    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        repaintPage(page);
+    for (const editing::Kind& kind : editing::Kinds) {
+        repaintPage(kind.page);
     }
 }
 

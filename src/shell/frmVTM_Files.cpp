@@ -197,21 +197,9 @@ void frmVTM::mnuSave_Click(Page page) {
 
 void frmVTM::rebuildRecentMenus() {
     LoadRecentMenus(m_workspace.recent, m_platform.settings);
-
-    struct Group {
-        Page kind;
-        const char* heading;
-        const char* entry;
-    };
-
-    constexpr std::array<Group, 3> Groups{{
-        {Page::Name, "mnuFileRecentName", "mnuRecentNameFiles"},
-        {Page::Animation, "mnuFileRecentAni", "mnuRecentAniFiles"},
-        {Page::Messages, "mnuFileRecentMacro", "mnuRecentMacroFiles"},
-    }};
-    for (const Group& group : Groups) {
-        const std::vector<std::string>& paths = m_workspace.recent.of(group.kind);
-        QMenu* heading = menu(group.heading);
+    for (const editing::Kind& kind : editing::Kinds) {
+        const std::vector<std::string>& paths = m_workspace.recent.of(kind.page);
+        QMenu* heading = menu(kind.recentMenu);
         heading->setToolTipsVisible(true);
         heading->menuAction()->setVisible(!paths.empty());
         const QList<QAction*> entries = heading->actions();
@@ -235,7 +223,7 @@ void frmVTM::mnuRecentFiles_Click(Page kind, int index) {
     const std::vector<std::string>& paths = m_workspace.recent.of(kind);
     if (static_cast<std::size_t>(index) < paths.size()) {
         loadScript(kind, paths[static_cast<std::size_t>(index)], editing::OpenFailure::MessageBox);
-        mnuView_Click(static_cast<int>(kind));
+        mnuView_Click(kind);
     }
 }
 

@@ -46,24 +46,21 @@ QWidget* frmVTM::buildPageColumn() {
 
     auto* tabs = new QHBoxLayout;
     tabs->setSpacing(2);
-    const std::array<QString, 3> captions{tr("Name"), tr("Animation"), tr("Messages")};
     for (std::size_t i = 0; i < picTab.size(); ++i) {
-        picTab[i] = new TabPicture(captions[i], column);
+        picTab[i] = new TabPicture(tr(editing::Kinds.at(i).caption), column);
         picTab[i]->setObjectName(Member("picTab", i));
         tabs->addWidget(picTab[i]);
     }
     layout->addLayout(tabs);
 
-    m_namePage = new editing::NamePage(m_workspace.documents.name, m_workspace.pictures.name, this);
     m_animationPage =
         new animation::AnimationPage(m_workspace.documents.animation, m_workspace.pictures.animation, this);
-    m_messagesPage =
-        new scripts::MessagesPage(m_workspace.documents.messages, m_workspace.pictures.messages, this);
     m_pages = new QStackedWidget(column);
     m_pages->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-    m_pages->addWidget(m_namePage);
+    m_pages->addWidget(new editing::NamePage(m_workspace.documents.name, m_workspace.pictures.name, this));
     m_pages->addWidget(m_animationPage);
-    m_pages->addWidget(m_messagesPage);
+    m_pages->addWidget(
+        new scripts::MessagesPage(m_workspace.documents.messages, m_workspace.pictures.messages, this));
     layout->addWidget(m_pages, 1);
     layout->addSpacing(Spacing);
 

@@ -24,9 +24,12 @@ namespace {
 
 constexpr int IconSide = 24;
 
+/// The row of the menus at which every kind adds its entries.
+constexpr auto EachKind = "EachKind";
+
 } // namespace
 
-/// An entry of a menu. Without an action it is a submenu; without a caption it is a separator.
+/// An entry of a menu. Without an action it is a submenu; without a caption it is a separator or EachKind.
 struct frmVTM::MenuCommand {
     const char* menu; ///< objectName of the menu that it stands in; empty: the menu bar
     const char* name; ///< objectName
@@ -41,54 +44,18 @@ struct frmVTM::ToolCommand {
     const char* entry; ///< objectName of the submenu that it pops up or of the menu entry that it chooses
 };
 
-const std::array<frmVTM::MenuCommand, 75> frmVTM::MenuCommands{{
+const std::array<frmVTM::MenuCommand, 43> frmVTM::MenuCommands{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
-    {"mnuFileNew", "mnuNewName", "&Name", Run<&frmVTM::mnuNew_Click, Page::Name>},
-    {"mnuFileNew", "mnuNewAni", "&Animation", Run<&frmVTM::mnuNew_Click, Page::Animation>},
-    {"mnuFileNew", "mnuNewMessages", "&Messages", Run<&frmVTM::mnuNew_Click, Page::Messages>},
     {"mnuFile", "mnuLoad", "&Load", nullptr},
-    {"mnuLoad", "mnuLoadName", "&Name", nullptr},
-    {"mnuLoadName", "mnuFileLoadNameFromScriptFile", "From &Script File",
-     Run<&frmVTM::mnuLoad_Click, Page::Name>},
+    {"mnuFile", "mnuSave", "&Save", nullptr},
+    {"mnuFile", nullptr, nullptr, nullptr},
+    {"mnuFile", EachKind, nullptr, nullptr},
     {"mnuLoadName", "mnuFileLoadNameFromConfigFile", "From &Config File",
      Run<&frmVTM::mnuFileLoadNameFromConfigFile_Click>},
-    {"mnuLoad", "mnuLoadAni", "&Animation", nullptr},
-    {"mnuLoadAni", "mnuFileLoadAniFromScriptFile", "From &Script File",
-     Run<&frmVTM::mnuLoad_Click, Page::Animation>},
-    {"mnuLoad", "mnuLoadMessages", "&Messages", nullptr},
-    {"mnuLoadMessages", "mnuFileLoadMessagesFromScriptFile", "From &Script File",
-     Run<&frmVTM::mnuLoad_Click, Page::Messages>},
-    {"mnuFile", "mnuSave", "&Save", nullptr},
-    {"mnuSave", "mnuSaveName", "&Name", nullptr},
-    {"mnuSaveName", "mnuFileSaveName_0", "To &Script File", Run<&frmVTM::mnuSave_Click, Page::Name>},
     {"mnuSaveName", "mnuFileSaveName_1", "To A &Config File",
      Run<&frmVTM::mnuFileSaveNameToConfigFile_Click>},
     {"mnuSaveName", "mnuFileSaveName_2", "To Clip&board", Run<&frmVTM::mnuFileSaveNameToClipboard_Click>},
-    {"mnuSave", "mnuSaveAni", "&Animation", nullptr},
-    {"mnuSaveAni", "mnuFileSaveAni_0", "To &Script File", Run<&frmVTM::mnuSave_Click, Page::Animation>},
-    {"mnuSave", "mnuSaveMessages", "&Messages", nullptr},
-    {"mnuSaveMessages", "mnuFileSaveMessage", "To &Script File", Run<&frmVTM::mnuSave_Click, Page::Messages>},
-    {"mnuFile", nullptr, nullptr, nullptr},
-    {"mnuFile", "mnuFileRecentName", "&Recent Name", nullptr},
-    {"mnuFileRecentName", "mnuRecentNameFiles_0", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 0>},
-    {"mnuFileRecentName", "mnuRecentNameFiles_1", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 1>},
-    {"mnuFileRecentName", "mnuRecentNameFiles_2", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 2>},
-    {"mnuFileRecentName", "mnuRecentNameFiles_3", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Name, 3>},
-    {"mnuFile", "mnuFileRecentAni", "Recent &Animation", nullptr},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_0", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 0>},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_1", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 1>},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_2", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 2>},
-    {"mnuFileRecentAni", "mnuRecentAniFiles_3", "", Run<&frmVTM::mnuRecentFiles_Click, Page::Animation, 3>},
-    {"mnuFile", "mnuFileRecentMacro", "Recent &Macro", nullptr},
-    {"mnuFileRecentMacro", "mnuRecentMacroFiles_0", "",
-     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 0>},
-    {"mnuFileRecentMacro", "mnuRecentMacroFiles_1", "",
-     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 1>},
-    {"mnuFileRecentMacro", "mnuRecentMacroFiles_2", "",
-     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 2>},
-    {"mnuFileRecentMacro", "mnuRecentMacroFiles_3", "",
-     Run<&frmVTM::mnuRecentFiles_Click, Page::Messages, 3>},
     {"mnuFile", nullptr, nullptr, nullptr},
     {"mnuFile", "mnuFileExit", "E&xit", Run<&frmVTM::mnuFileExit_Click>},
     {"", "mnuEdit", "&Edit", nullptr},
@@ -125,9 +92,6 @@ const std::array<frmVTM::MenuCommand, 75> frmVTM::MenuCommands{{
     {"mnuFormat", "mnuFormatReverseNameOrder", "Reverse &Name Order",
      Run<&frmVTM::mnuFormatReverseNameOrder_Click>},
     {"", "mnuView", "&View", nullptr},
-    {"mnuView", "mnuView_0", "&Name", Run<&frmVTM::mnuView_Click, 0>},
-    {"mnuView", "mnuView_1", "&Animation", Run<&frmVTM::mnuView_Click, 1>},
-    {"mnuView", "mnuView_2", "&Messages", Run<&frmVTM::mnuView_Click, 2>},
     {"", "mnuTools", "&Tools", nullptr},
     {"mnuTools", "mnuToolsAnimationWizard", "&Animation Wizard", Run<&frmVTM::mnuToolsAnimationWizard_Click>},
     {"mnuTools", "mnuToolsAnimationViewer", "&Full Screen Preview",
@@ -178,6 +142,10 @@ const std::array<frmVTM::ToolCommand, 31> frmVTM::ToolCommands{{
 
 namespace {
 
+QString Numbered(const char* name, int number) {
+    return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(number);
+}
+
 /// Whether a menu's commands let the status line forget what an earlier one told.
 bool IsForgetful(const QMenu& menu) {
     const auto* const parent = qobject_cast<const QMenu*>(menu.parentWidget());
@@ -203,29 +171,61 @@ std::string CommandName(const QMenu& menu, const QAction& entry) {
 
 } // namespace
 
+QMenu* frmVTM::addMenu(QMenu* parent, const char* name, const QString& caption) {
+    QMenu* added = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
+    added->setObjectName(QLatin1String(name));
+    m_menus.push_back(added);
+    return added;
+}
+
+QAction*
+frmVTM::addEntry(QMenu& menu, const QString& name, const QString& caption, std::function<void()> run) {
+    QAction* action = menu.addAction(caption);
+    action->setObjectName(name);
+    connect(
+        action, &QAction::triggered, this,
+        [this, run = std::move(run), forgets = IsForgetful(menu), command = CommandName(menu, *action)] {
+            const QScopedValueRollback running(m_command, command);
+            if (forgets) {
+                statusBar()->clearMessage();
+            }
+            run();
+        });
+    return action;
+}
+
+/// The entries of the File menu that a kind has.
+void frmVTM::addEntriesOf(const editing::Kind& kind) {
+    const Page page = kind.page;
+    const QString caption = QLatin1Char('&') + tr(kind.caption);
+    addEntry(
+        *menu("mnuFileNew"), QLatin1String(kind.newEntry), caption, [this, page] { mnuNew_Click(page); });
+    addEntry(
+        *addMenu(menu("mnuLoad"), kind.loadMenu, caption), QLatin1String(kind.loadEntry),
+        tr("From &Script File"), [this, page] { mnuLoad_Click(page); });
+    addEntry(
+        *addMenu(menu("mnuSave"), kind.saveMenu, caption), QLatin1String(kind.saveEntry),
+        tr("To &Script File"), [this, page] { mnuSave_Click(page); });
+    QMenu* const recent = addMenu(menu("mnuFile"), kind.recentMenu, tr(kind.recentCaption));
+    for (int i = 0; i < static_cast<int>(MaxRecentFiles); ++i) {
+        addEntry(
+            *recent, Numbered(kind.recentEntry, i), {}, [this, page, i] { mnuRecentFiles_Click(page, i); });
+    }
+}
+
 void frmVTM::buildMenus() {
     for (const MenuCommand& entry : MenuCommands) {
         QMenu* parent = *entry.menu == '\0' ? nullptr : menu(entry.menu);
-        if (entry.caption == nullptr) {
+        if (QLatin1String(entry.name) == QLatin1String(EachKind)) {
+            std::ranges::for_each(editing::Kinds, [this](const editing::Kind& kind) { addEntriesOf(kind); });
+        } else if (entry.caption == nullptr) {
             parent->addSeparator();
         } else if (entry.run == nullptr) {
-            QMenu* submenu = parent == nullptr ? menuBar()->addMenu(tr(entry.caption))
-                                               : parent->addMenu(tr(entry.caption));
-            submenu->setObjectName(QLatin1String(entry.name));
-            m_menus.push_back(submenu);
+            addMenu(parent, entry.name, tr(entry.caption));
         } else {
-            QAction* action = parent->addAction(tr(entry.caption));
-            action->setObjectName(QLatin1String(entry.name));
-            connect(
-                action, &QAction::triggered, this,
-                [this, run = entry.run, forgets = IsForgetful(*parent),
-                 name = CommandName(*parent, *action)] {
-                    const QScopedValueRollback running(m_command, name);
-                    if (forgets) {
-                        statusBar()->clearMessage();
-                    }
-                    run(*this);
-                });
+            addEntry(*parent, QLatin1String(entry.name), tr(entry.caption), [this, run = entry.run] {
+                run(*this);
+            });
         }
     }
     // No key with Ctrl is free: they type.
@@ -234,7 +234,10 @@ void frmVTM::buildMenus() {
     mnuEditRedo = findChild<QAction*>(QStringLiteral("mnuEditRedo"));
     mnuEditRedo->setShortcut(Qt::ALT | Qt::SHIFT | Qt::Key_Backspace);
     auto* pages = new QActionGroup(this);
-    for (QAction* action : menu("mnuView")->actions()) {
+    for (const editing::Kind& kind : editing::Kinds) {
+        QAction* action = addEntry(
+            *menu("mnuView"), Numbered("mnuView", static_cast<int>(kind.page)),
+            QLatin1Char('&') + tr(kind.caption), [this, page = kind.page] { mnuView_Click(page); });
         action->setCheckable(true);
         pages->addAction(action);
     }
@@ -273,8 +276,8 @@ void frmVTM::buildToolbar() {
     rest->setToolTip(rest->accessibleName());
     rest->setFocusPolicy(Qt::NoFocus);
     auto* pages = new QActionGroup(this);
-    for (const char* key : {"sname", "sani", "smess"}) {
-        auto* action = Toolbar1->findChild<QAction*>(QLatin1String(key));
+    for (const editing::Kind& kind : editing::Kinds) {
+        auto* action = Toolbar1->findChild<QAction*>(QLatin1String(kind.toolButton));
         action->setCheckable(true);
         pages->addAction(action);
     }

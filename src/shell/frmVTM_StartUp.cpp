@@ -19,8 +19,6 @@
 
 namespace shell {
 
-using editing::Page;
-
 namespace {
 
 /// Where the window stood; apart from the options, of which every key has a meaning of its own.
@@ -42,24 +40,24 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         notices.push_back(keys.status.failure().message);
     }
 
-    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        editing::NewDocument(m_workspace.documents, page);
+    for (const editing::Kind& kind : editing::Kinds) {
+        editing::NewDocument(m_workspace.documents, kind.page);
     }
 
     if (auto loaded = loadSettings(); !loaded) {
         return loaded;
     }
-    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        editing::PaintRowsFrom(painter(), page, 1);
+    for (const editing::Kind& kind : editing::Kinds) {
+        editing::PaintRowsFrom(painter(), kind.page, 1);
     }
     m_glyphColumn->showGlyphs();
 
     const StartFiles start = ReadArguments(arguments);
     if (start.intro) {
-        for (const IntroFile& intro : IntroFiles) {
-            const ui::Path path = m_platform.directory.toRead(std::string(intro.name));
+        for (const editing::Page page : editing::StartOrder) {
+            const ui::Path path = m_platform.directory.toRead(editing::KindOf(page).introFile);
             if (m_platform.files.exists(path)) {
-                loadScript(intro.kind, path);
+                loadScript(page, path);
             }
         }
     } else if (start.file) {
@@ -84,10 +82,10 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     }
     rebuildRecentMenus();
 
-    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        panel(page).refresh();
+    for (const editing::Kind& kind : editing::Kinds) {
+        panel(kind.page).refresh();
     }
-    mnuView_Click(static_cast<int>(m_workspace.page()));
+    mnuView_Click(m_workspace.page());
     restoreWindow();
     show();
     m_isStartingUp = false;
@@ -149,11 +147,11 @@ void frmVTM::showWork(const WorkState& state) {
     const QScopedValueRollback<std::string> running(m_command, "Restore");
     m_workspace.documents = state.documents;
     m_workspace.settings.makeType = static_cast<std::int16_t>(state.page);
-    for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
-        editing::PaintRowsFrom(painter(), page, 1);
-        panel(page).refresh();
+    for (const editing::Kind& kind : editing::Kinds) {
+        editing::PaintRowsFrom(painter(), kind.page, 1);
+        panel(kind.page).refresh();
     }
-    mnuView_Click(static_cast<int>(state.page));
+    mnuView_Click(state.page);
 }
 
 ui::Status frmVTM::Form_Unload() {

@@ -11,15 +11,7 @@ namespace {
 using editing::Page;
 
 std::string SectionOf(Page kind) {
-    switch (kind) {
-    case Page::Name:
-        return "NameFiles";
-    case Page::Animation:
-        return "AnimFiles";
-    case Page::Messages:
-        break;
-    }
-    return "MacroFiles";
+    return editing::KindOf(kind).recentSection;
 }
 
 std::string KeyOf(std::size_t number) {
@@ -29,12 +21,12 @@ std::string KeyOf(std::size_t number) {
 } // namespace
 
 void LoadRecentMenus(RecentMenus& menus, const ui::SettingsStore& store) {
-    for (const Page kind : {Page::Name, Page::Animation, Page::Messages}) {
-        if (store.read(SectionOf(kind), KeyOf(1)).value_or("").empty()) {
+    for (const editing::Kind& row : editing::Kinds) {
+        if (store.read(row.recentSection, KeyOf(1)).value_or("").empty()) {
             continue;
         }
-        auto& entries = menus.of(kind);
-        const auto stored = store.list(SectionOf(kind));
+        auto& entries = menus.of(row.page);
+        const auto stored = store.list(row.recentSection);
         for (std::size_t i = 0; i < std::min(stored.size(), MaxRecentFiles); ++i) {
             if (i == entries.size()) {
                 entries.emplace_back();

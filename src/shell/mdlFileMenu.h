@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
+#include "editing/Kinds.h"
 #include "ui/Platform.h"
 
 #include <array>
@@ -14,7 +14,7 @@ namespace shell {
 /// The paths that a list of recent files keeps and the menu shows.
 constexpr std::size_t MaxRecentFiles = 4;
 
-/// The entries of the three recent-file menus: full paths, newest first. A menu without entries is hidden.
+/// The entries of the recent-file menus: full paths, newest first. A menu without entries is hidden.
 class RecentMenus {
 public:
     /// The entries of a kind; its page stands for the kind.
@@ -27,7 +27,7 @@ public:
     }
 
 private:
-    std::array<std::vector<std::string>, 3> m_entries;
+    std::array<std::vector<std::string>, editing::Kinds.size()> m_entries;
 };
 
 /// Takes the entries from the store. A list whose newest entry is missing or empty leaves its menu as it is.

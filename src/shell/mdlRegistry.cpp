@@ -2,48 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "shell/mdlRegistry.h"
 
-#include <array>
+#include "editing/Kinds.h"
+
 #include <string>
 
 namespace shell {
 
-namespace {
-
-struct Association {
-    const char* extension;
-    const char* className;
-    const char* description;
-    const char* switchText;
-    const char* mimeType;
-    const char* firstLine;
-};
-
-constexpr std::array<Association, 3> Associations{{
-    {".vtn", "VTM_Name", "Quake Name Script", " /name ", "application/x-vtm-name",
-     "// Name File Created by Vortigo"},
-    {".vta", "VTM_Ani", "Quake Animation Script", " /animation ", "application/x-vtm-animation",
-     "// Animation File Created by Vortigo"},
-    {".vtm", "VTM_Macro", "Quake Message Script", " /macro ", "application/x-vtm-message",
-     "// Macro File Created by Vortigo"},
-}};
-
-} // namespace
-
 std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder) {
     const std::string program = ui::PathText(programFolder / ProgramFileName);
     std::vector<ui::FileType> types;
-    for (const auto& row : Associations) {
+    for (const editing::Kind& kind : editing::Kinds) {
         ui::FileType type;
-        type.extension = row.extension;
-        type.className = row.className;
-        type.description = row.description;
-        type.switchText = row.switchText;
+        type.extension = kind.extension;
+        type.className = kind.className;
+        type.description = kind.description;
+        type.switchText = kind.commandSwitch;
         // The switch keeps its blanks and shares one pair of quotes with the path: that is what the start-up
         // looks for. The program's own path is never quoted.
-        type.commandValue = program + " \"" + row.switchText + "%1\"";
+        type.commandValue = program + " \"" + type.switchText + "%1\"";
         type.iconValue = program + ",0";
-        type.mimeType = row.mimeType;
-        type.firstLine = row.firstLine;
+        type.mimeType = kind.mimeType;
+        type.firstLine = "// " + std::string(kind.header);
         types.push_back(type);
     }
     return types;

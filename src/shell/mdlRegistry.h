@@ -11,7 +11,7 @@ namespace shell {
 /// The name of the program's file.
 constexpr const char* ProgramFileName = "VTM";
 
-/// The three script types as the desktop is to know them, for a program in `programFolder`.
+/// The script types as the desktop is to know them, for a program in `programFolder`.
 [[nodiscard]] std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder);
 
 /// Registers the script types. Done at every start, so that a program that was moved is found again.

@@ -199,11 +199,9 @@ TEST(CommandLine, SeveralArgumentsArePutTogetherAgain) {
 }
 
 TEST(CommandLine, TheIntroFilesAreLoadedAnimationFirst) {
-    ASSERT_EQ(shell::IntroFiles.size(), 3U);
-    EXPECT_EQ(shell::IntroFiles[0].name, "intro.vta");
-    EXPECT_EQ(shell::IntroFiles[0].kind, Page::Animation);
-    EXPECT_EQ(shell::IntroFiles[1].name, "intro.vtn");
-    EXPECT_EQ(shell::IntroFiles[1].kind, Page::Name);
-    EXPECT_EQ(shell::IntroFiles[2].name, "intro.vtm");
-    EXPECT_EQ(shell::IntroFiles[2].kind, Page::Messages);
+    std::vector<std::string> names;
+    for (const Page page : editing::StartOrder) {
+        names.emplace_back(editing::KindOf(page).introFile);
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"intro.vta", "intro.vtn", "intro.vtm"}));
 }
