@@ -5,6 +5,7 @@
 #include "animation/Texts.h"
 
 #include "ui/qt/DialogButtons.h"
+#include "ui/qt/Text.h"
 #include "ui_frmAniWiz.h"
 
 #include <QApplication>
@@ -18,15 +19,11 @@ namespace animation {
 
 namespace {
 
-QString Latin1(std::string_view bytes) {
-    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
-}
-
 /// Gives a list "No Change" and the titles of the patterns, with the first chosen.
 void FillOptions(QComboBox& list, const std::vector<std::string>& titles) {
     list.addItem(QStringLiteral("No Change"));
     for (const std::string& title : titles) {
-        list.addItem(Latin1(title));
+        list.addItem(ui::qt::FromLatin1(title));
     }
     list.setCurrentIndex(0);
 }

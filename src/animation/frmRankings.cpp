@@ -4,12 +4,12 @@
 
 #include "glyphs/GlyphWords.h"
 #include "ui/qt/PictureWidget.h"
+#include "ui/qt/Text.h"
 #include "ui/qt/WholePixels.h"
 #include "ui_frmRankings.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QScreen>
@@ -82,7 +82,7 @@ void frmRankings::loadScreenShot(const std::string& setting) {
     m_message = std::move(found.message);
     if (!found.path.empty()) {
         // A picture that cannot be read leaves the background empty.
-        m_screenShot = QImageReader(QFile::decodeName(found.path.c_str())).read();
+        m_screenShot = QImageReader(ui::qt::FromPath(found.path)).read();
     }
 }
 

@@ -42,7 +42,7 @@ std::string FileNameHint(const std::string& name) {
     if (const auto found = std::ranges::find_if(name, isTakenByNotAll); found != name.end()) {
         return texts::SomeGamesRun(NameOfByte(*found));
     }
-    return ui::Path(name).stem().native().size() > MaxStem ? texts::LongScriptName : "";
+    return ui::PathText(ui::Path(name).stem()).size() > MaxStem ? texts::LongScriptName : "";
 }
 
 /// The key that a line binds without quotes around its name, as some games write it.
@@ -77,7 +77,7 @@ std::string ScriptHint(const ui::Files& files, const ui::Path& script) {
     case ui::PathKind::File:
         break;
     }
-    return FileNameHint(script.filename().native());
+    return FileNameHint(ui::PathText(script.filename()));
 }
 
 std::string BindingForecast(std::string_view config, const BoundKeys& bound, int key) {

@@ -22,7 +22,7 @@ ui::Result<ui::Path> KeepOldCopy(ui::Files& files, const ui::Path& copy) {
     for (int number = 1; number <= MaxKeptCopies; ++number) {
         ui::Path kept = copy;
         kept.replace_filename(
-            copy.stem().native() + "-" + std::to_string(number) + copy.extension().native());
+            ui::PathText(copy.stem()) + "-" + std::to_string(number) + ui::PathText(copy.extension()));
         const auto renamed = files.renameNew(copy, kept);
         if (renamed) {
             ui::MoveCopyNote(files, copy, kept);

@@ -3,10 +3,10 @@
 #include "scripts/frmBindWiz.h"
 
 #include "ui/qt/DialogButtons.h"
+#include "ui/qt/Text.h"
 #include "ui_frmBindWiz.h"
 
 #include <QDir>
-#include <QFile>
 #include <QSignalBlocker>
 
 namespace scripts {
@@ -15,14 +15,10 @@ namespace {
 
 constexpr int KeyRole = Qt::UserRole;
 
-QString TextOf(const ui::Path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.native()));
-}
-
 /// The path of a typed text, which may begin in the user's home.
 ui::Path PathOf(const QString& text) {
     const bool isAtHome = text.startsWith(QLatin1String("~/"));
-    return QFile::encodeName(isAtHome ? QDir::homePath() + text.mid(1) : text).toStdString();
+    return ui::qt::ToPath(isAtHome ? QDir::homePath() + text.mid(1) : text);
 }
 
 /// Fills a list with the keys of which `isListed` is true, in the order of the table.
@@ -31,9 +27,7 @@ void Fill(QListWidget& list, Predicate isListed) {
     list.clear();
     for (std::size_t key = 0; key < KeyCount; ++key) {
         if (isListed(key)) {
-            const std::string_view name = KeyNames[key];
-            auto* const item = new QListWidgetItem(
-                QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())), &list);
+            auto* const item = new QListWidgetItem(ui::qt::FromLatin1(KeyNames[key]), &list);
             item->setData(KeyRole, static_cast<int>(key));
         }
     }
@@ -89,13 +83,13 @@ void frmBindWiz::Form_Load() {
 
 void frmBindWiz::setConfig(const ui::Path& path) {
     m_choice.config = path;
-    m_form->txtCFGFileName->setText(TextOf(path));
+    m_form->txtCFGFileName->setText(ui::qt::FromPath(path));
     showBoundKeys();
 }
 
 void frmBindWiz::setScript(const ui::Path& path) {
     m_choice.script = path;
-    m_form->txtSCRFileName->setText(TextOf(path));
+    m_form->txtSCRFileName->setText(ui::qt::FromPath(path));
     showScriptHint();
 }
 

@@ -99,7 +99,7 @@ std::string BindLine(int key, const ui::Path& script) {
     std::string line = "bind \"";
     line += NameOf(key);
     line += "\" \"exec ";
-    line += script.filename().native();
+    line += ui::PathText(script.filename());
     line += '"';
     return line;
 }

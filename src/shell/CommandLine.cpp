@@ -41,12 +41,8 @@ const Kind* KindOfSwitch(std::string_view argument) {
 }
 
 CommandLineFile FileOf(const Kind& kind, std::string_view path) {
-    const auto slash = path.rfind('/');
-    if (slash == std::string_view::npos) {
-        return {kind.page, {}, ui::Path(path), kind.shownAfterSwitch};
-    }
-    const std::string_view folder = slash == 0 ? std::string_view("/") : path.substr(0, slash);
-    return {kind.page, ui::Path(folder), ui::Path(path.substr(slash + 1)), kind.shownAfterSwitch};
+    const ui::Path whole(path);
+    return {kind.page, whole.parent_path(), whole.filename(), kind.shownAfterSwitch};
 }
 
 std::string_view BetweenQuotes(std::string_view text) {

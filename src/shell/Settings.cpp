@@ -150,7 +150,7 @@ void KeepUnchanged(SettingTexts& texts, const Settings& loaded, const ui::Settin
 } // namespace
 
 std::string DefaultScreenshot(const ui::Path& programFolder) {
-    return (programFolder / "quake00.bmp").native();
+    return ui::PathText(programFolder / "quake00.bmp");
 }
 
 void Defaults(Settings& settings, const ui::Path& programFolder) {

@@ -4,7 +4,6 @@
 
 #include "ui_frmOptions.h"
 
-#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -17,6 +16,7 @@
 #include "shell/mdlLaunch.h"
 #include "ui/qt/DialogButtons.h"
 #include "ui/qt/SmallPrint.h"
+#include "ui/qt/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,14 +25,13 @@ namespace shell {
 
 namespace {
 
+using ui::qt::FromLatin1;
+using ui::qt::FromPath;
+
 constexpr int SoundRowHeight = 16;
 
 QColor ColourOf(ui::Pixel pixel) {
     return QColor::fromRgb(pixel);
-}
-
-QString Latin1(const std::string& bytes) {
-    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 /// A glyph, large enough to be judged.
@@ -84,7 +83,7 @@ frmOptions::frmOptions(
     showSettings();
     listCharacterSets();
     for (const auto name : editing::KeyNames()) {
-        m_form->KeyListBox->addItem(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())));
+        m_form->KeyListBox->addItem(FromLatin1(name));
     }
     // Completion would put text into the box that the user has not chosen.
     m_form->KeyListBox->setCompleter(nullptr);
@@ -176,14 +175,13 @@ void frmOptions::showSettings() {
 }
 
 void frmOptions::showScreenshot() {
-    m_form->txtbmpScreenShotFileName->setText(
-        QFile::decodeName(QByteArray::fromStdString(m_model.settings().screenshot)));
+    m_form->txtbmpScreenShotFileName->setText(FromPath(m_model.settings().screenshot));
 }
 
 void frmOptions::listCharacterSets() {
     const auto names = glyphs::LoadCharSetNames(m_platform.files, m_platform.directory);
     for (const auto& name : names) {
-        m_form->GridList->addItem(Latin1(name));
+        m_form->GridList->addItem(FromLatin1(name));
     }
     m_form->cmdGotoTc->setEnabled(false);
     if (names.empty()) {
@@ -201,8 +199,8 @@ void frmOptions::showConversion(int row, glyphs::CharSet conversion) {
     m_conversionArtwork = std::move(conversion.artwork);
     paintConversion();
     const std::string address = glyphs::WebAddressText(conversion.record);
-    m_form->lblWebAddress->setText(Latin1(address));
-    m_form->lblWebAddress->setToolTip(Latin1(address));
+    m_form->lblWebAddress->setText(FromLatin1(address));
+    m_form->lblWebAddress->setToolTip(FromLatin1(address));
     m_form->lblWebAddress->setAccessibleName(address.empty() ? tr("No web address") : QString());
     m_form->cmdGotoTc->setEnabled(IsWebAddress(address));
 }
@@ -238,7 +236,7 @@ void frmOptions::showKey() {
     for (std::size_t i = 0; i < key.size(); ++i) {
         m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
         m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
-        const QString words = Latin1(glyphs::GlyphName(key[i]));
+        const QString words = FromLatin1(glyphs::GlyphName(key[i]));
         m_keyStrips[i]->setAccessibleDescription(words);
         m_keyPictures[i]->setAccessibleName(words);
     }
@@ -249,7 +247,7 @@ void frmOptions::chkCaseChoice_Click() {
 }
 
 void frmOptions::txtbmpScreenShotFileName_Change(const QString& text) {
-    m_model.setScreenshot(QFile::encodeName(text).toStdString());
+    m_model.setScreenshot(ui::PathText(ui::qt::ToPath(text)));
 }
 
 void frmOptions::cmdDefaultSS_Click() {

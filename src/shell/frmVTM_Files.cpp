@@ -8,10 +8,10 @@
 #include "scripts/mdlName.h"
 #include "shell/StatusLine.h"
 #include "shell/frmVTM.h"
+#include "ui/qt/Text.h"
 
 #include <QAction>
 #include <QDir>
-#include <QFile>
 #include <QMenu>
 #include <utility>
 
@@ -67,7 +67,7 @@ ui::Path frmVTM::dialogFolder() const {
     if (!m_workspace.lastFolder.empty()) {
         return m_workspace.lastFolder;
     }
-    return QFile::encodeName(QDir::homePath()).toStdString();
+    return ui::qt::ToPath(QDir::homePath());
 }
 
 void frmVTM::repaintPage(Page page) {
@@ -152,7 +152,8 @@ void frmVTM::mnuFileSaveNameToClipboard_Click() {
 void frmVTM::scriptSaved(Page kind, const ui::Path& path) {
     m_workspace.rememberedScript = path;
     m_workspace.lastFolder = path.parent_path();
-    if (const ui::Status added = AddRecentIfNew(m_workspace.recent, m_platform.settings, path.native(), kind);
+    if (const ui::Status added =
+            AddRecentIfNew(m_workspace.recent, m_platform.settings, ui::PathText(path), kind);
         !added) {
         showStatus(added.failure().message);
     }

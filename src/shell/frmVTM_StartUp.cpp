@@ -73,7 +73,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
         if (loadScript(start.file->kind, file)) {
             const std::string more = m_statusLine->currentMessage().toStdString();
             showStatus(
-                ReadAtStartText(file.filename().native(), start.file->kind) +
+                ReadAtStartText(ui::PathText(file.filename()), start.file->kind) +
                 (more.empty() ? "" : " " + more));
         }
         m_workspace.settings.makeType = static_cast<std::int16_t>(start.file->shown);

@@ -72,7 +72,7 @@ std::string FileAddress(const ui::Path& path) {
     std::error_code error;
     const ui::Path absolute = std::filesystem::absolute(path, error);
     std::string address = "file://";
-    for (const char character : (error ? path : absolute).native()) {
+    for (const char character : ui::PathText(error ? path : absolute)) {
         const auto byte = static_cast<unsigned char>(character);
         if (StandsForItself(byte)) {
             address += character;

@@ -22,7 +22,7 @@ struct Note {
 };
 
 Path NotePath(const Files& files, const Path& copy, std::string_view end) {
-    return files.spareFolder() / (copy.filename().native() + std::string(end));
+    return files.spareFolder() / (PathText(copy.filename()) + std::string(end));
 }
 
 /// A note holds the path of the file, a zero and the folder of the copy; the copy is called like the note.
@@ -74,7 +74,7 @@ std::unique_ptr<FileLock> NoteCopy(Files& files, const Path& file, const Path& c
     }
     ForgetCopy(files, copy);
     const Path note = NotePath(files, copy, UntoldEnd);
-    const Bytes bytes = Absolute(file).native() + '\0' + Absolute(FolderOf(copy)).native();
+    const Bytes bytes = PathText(Absolute(file)) + '\0' + PathText(Absolute(FolderOf(copy)));
     if (!WritePrivateCopy(files, note, bytes)) {
         return nullptr;
     }

@@ -46,7 +46,7 @@ std::size_t CommonStart(std::string_view first, std::string_view second) {
 /// A name for a copy: what the file's name ends with is kept, so that the copy can be used as it is.
 std::string NameOfCopy(const Path& file) {
     constexpr std::size_t MaxExtension = 16;
-    const std::string extension = file.extension().native();
+    const std::string extension = PathText(file.extension());
     return "vtm-copy-" + RandomName() + (extension.size() <= MaxExtension ? extension : "");
 }
 

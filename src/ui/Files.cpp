@@ -4,10 +4,6 @@
 
 namespace ui {
 
-std::string PathText(const Path& path) {
-    return path.native();
-}
-
 Path FolderOf(const Path& path) {
     const Path folder = path.parent_path();
     return folder.empty() ? Path(".") : folder;

@@ -161,7 +161,8 @@ public:
     [[nodiscard]] virtual Path spareFolder() const = 0;
 };
 
-/// A path as UTF-8 for messages; bytes that are not UTF-8 are kept as they are.
+/// A path as messages show it and files and settings keep it: UTF-8; bytes that are not UTF-8 are kept as
+/// they are. A Path made of it is the same path.
 [[nodiscard]] std::string PathText(const Path& path);
 
 /// The folder that a path lies in; of a bare name the current one.

@@ -32,7 +32,7 @@ void FolderHistory::add(const Path& folder) {
     m_folders.insert(m_folders.begin(), folder);
     m_folders.resize(std::min(m_folders.size(), Size));
     for (std::size_t i = 0; m_store != nullptr && i < m_folders.size(); ++i) {
-        m_store->write(Section, KeyOf(i + 1), m_folders[i].native());
+        m_store->write(Section, KeyOf(i + 1), PathText(m_folders[i]));
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include "ui/Files.h"
 
+#include <optional>
+
 namespace ui {
 
 /// The running program's own file; empty where the system does not tell.
@@ -18,5 +20,8 @@ namespace ui {
 
 /// Whether files can be made in a folder.
 [[nodiscard]] bool IsWritableFolder(const Path& folder);
+
+/// The width of the terminal that the program's output goes to; nothing where it goes elsewhere.
+[[nodiscard]] std::optional<int> TerminalColumns();
 
 } // namespace ui

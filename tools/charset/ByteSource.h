@@ -2,24 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/Files.h"
+#include "ui/ByteSource.h"
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 namespace charset {
 
-/// Bytes of which only parts are read: a game's archive may be hundreds of megabytes large.
-class ByteSource {
-public:
-    virtual ~ByteSource() = default;
-
-    [[nodiscard]] virtual std::uint64_t size() const = 0;
-
-    /// The bytes from `offset` on, `count` of them. Fails if they are not all there, or cannot be read.
-    [[nodiscard]] virtual ui::Result<ui::Bytes> read(std::uint64_t offset, std::size_t count) const = 0;
-};
+using ui::ByteSource;
+using ui::OpenSource;
 
 /// Bytes in memory, which outlive the object.
 class MemorySource final : public ByteSource {
@@ -34,9 +25,5 @@ public:
 private:
     std::string_view m_bytes;
 };
-
-/// Opens a file. Fails on a missing, unreadable or non-regular one; the failure says why, without the file's
-/// name.
-[[nodiscard]] ui::Result<std::unique_ptr<ByteSource>> OpenSource(const ui::Path& path);
 
 } // namespace charset

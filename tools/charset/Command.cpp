@@ -128,7 +128,7 @@ Outcome Run::list() {
     for (const CharSetRecord& record : records) {
         nameWidth = std::max(nameWidth, WidthOf(ShownText(record.name)));
     }
-    m_output << cli::TerminalText(path.native()) << ":\n"
+    m_output << cli::TerminalText(ui::PathText(path)) << ":\n"
              << "  No.   Slot  " << Filled("Name", nameWidth) << "  Address\n";
     for (std::size_t index = 0; index < records.size(); ++index) {
         const CharSetRecord& record = records[index];
@@ -190,7 +190,7 @@ ui::Result<Artwork> ArtworkIn(const ui::Path& file, const std::optional<Palette>
     if (!source) {
         return OfFile(file, source.failure());
     }
-    auto artwork = ReadArtwork(*source.value(), file.extension().native(), palette);
+    auto artwork = ReadArtwork(*source.value(), ui::PathText(file.extension()), palette);
     return artwork ? std::move(artwork) : OfFile(file, artwork.failure());
 }
 

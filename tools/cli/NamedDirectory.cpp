@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/NamedDirectory.h"
 
-#include <unistd.h>
+#include "ui/System.h"
+
 #include <utility>
 
 namespace cli {
@@ -11,7 +12,7 @@ NamedDirectory::NamedDirectory(ui::Path folder)
     : m_folder(std::move(folder)) {}
 
 bool NamedDirectory::writable() const {
-    return ::access(m_folder.c_str(), W_OK | X_OK) == 0;
+    return ui::IsWritableFolder(m_folder);
 }
 
 } // namespace cli

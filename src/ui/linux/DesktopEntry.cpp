@@ -66,7 +66,7 @@ std::string Dashed(std::string mimeType) {
 
 ExecPath ExecPathOf(const Path& path) {
     ExecPath kind = ExecPath::Plain;
-    for (const char character : path.native()) {
+    for (const char character : PathText(path)) {
         if (character < ' ' || character > '~' || character == '%' || character == '=') {
             return ExecPath::Doubtful;
         }
@@ -125,14 +125,14 @@ std::string DesktopEntryText(const FileType& type, const Path& program) {
     // The start-up joins its arguments by one blank: that is the blank which follows the switch. With the
     // file inside the same quotes, desktops would put the quotes of a shell around it.
     const std::string_view switchText = type.switchText;
-    const std::string exec = ExecArgument(program.native()) + ' ' +
+    const std::string exec = ExecArgument(PathText(program)) + ' ' +
                              ExecArgument(switchText.substr(0, switchText.size() - 1)) + " %f";
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Version=1.0\n"
            "Name=" +
            EntryValue(ProgramTitle) + "\nComment=" + EntryValue(type.description) +
-           "\nExec=" + EntryValue(exec) + "\nTryExec=" + EntryValue(program.native()) +
+           "\nExec=" + EntryValue(exec) + "\nTryExec=" + EntryValue(PathText(program)) +
            "\nIcon=" + EntryValue(Dashed(type.mimeType)) + "\nMimeType=" + EntryValue(type.mimeType) +
            ";\n"
            "NoDisplay=true\n"
@@ -140,7 +140,7 @@ std::string DesktopEntryText(const FileType& type, const Path& program) {
 }
 
 std::string ProgramEntryText(const Path& program) {
-    const std::string exec = ExecArgument(program.native());
+    const std::string exec = ExecArgument(PathText(program));
     return std::string(OwnEntryMark) +
            "[Desktop Entry]\n"
            "Type=Application\n"
@@ -150,7 +150,7 @@ std::string ProgramEntryText(const Path& program) {
            "\nGenericName=Player Name Editor\n"
            "Comment=Edit Quake and Quake2 player names, name animations and chat messages\n"
            "Exec=" +
-           EntryValue(exec) + "\nTryExec=" + EntryValue(program.native()) +
+           EntryValue(exec) + "\nTryExec=" + EntryValue(PathText(program)) +
            "\nIcon=vtm\n"
            "Terminal=false\n"
            "Categories=Game;\n"

@@ -330,7 +330,7 @@ std::vector<std::string> DiskFiles::list(const Path& folder) const {
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        names.push_back(entry->path().filename().native());
+        names.push_back(PathText(entry->path().filename()));
     }
     std::ranges::sort(names);
     return names;

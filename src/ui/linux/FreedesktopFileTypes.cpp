@@ -5,6 +5,7 @@
 #include "ui/FileWriter.h"
 #include "ui/System.h"
 #include "ui/linux/DesktopEntry.h"
+#include "ui/qt/Text.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -32,7 +33,7 @@ void RunInBackground(const char* program, const Path& argument) {
     }
     QProcess process;
     process.setProgram(path);
-    process.setArguments({QFile::decodeName(QByteArray::fromStdString(argument.native()))});
+    process.setArguments({qt::FromPath(argument)});
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -65,8 +66,7 @@ void RemoveLink(const Path& link) {
 
 FreedesktopFileTypes::FreedesktopFileTypes()
     : FreedesktopFileTypes(
-          QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))
-              .toStdString(),
+          qt::ToPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)),
           ExecutableFile()) {}
 
 FreedesktopFileTypes::FreedesktopFileTypes(Path dataHome, Path executable)
@@ -103,7 +103,7 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
 bool FreedesktopFileTypes::isInSystem(const Path& name) const {
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
     return std::any_of(folders.begin(), folders.end(), [this, &name](const QString& folder) {
-        const Path path = QFile::encodeName(folder).toStdString();
+        const Path path = qt::ToPath(folder);
         return path != m_dataHome && m_files.exists(path / name);
     });
 }
@@ -126,9 +126,7 @@ void FreedesktopFileTypes::putIcons() {
     QDirIterator icons(QLatin1String(IconResources), QDir::Files, QDirIterator::Subdirectories);
     while (icons.hasNext()) {
         QFile icon(icons.next());
-        const Path name =
-            theme /
-            QFile::encodeName(icon.fileName().mid(QLatin1String(IconResources).size() + 1)).toStdString();
+        const Path name = theme / qt::ToPath(icon.fileName().mid(QLatin1String(IconResources).size() + 1));
         if (!isInSystem(name) && icon.open(QFile::ReadOnly)) {
             isNew |= put(m_dataHome / name, icon.readAll().toStdString());
         }
@@ -150,7 +148,7 @@ Path FreedesktopFileTypes::link() const {
 Path FreedesktopFileTypes::startable(const Path& program) {
     // Between two doubtful paths the better one is that which stands in an entry as it is.
     const auto badness = [](const Path& path) {
-        return std::pair(ExecPathOf(path), ExecArgument(path.native()) != path.native());
+        return std::pair(ExecPathOf(path), ExecArgument(PathText(path)) != PathText(path));
     };
     return badness(link()) < badness(program) && PutLink(m_files, link(), program) ? link() : program;
 }

@@ -3,6 +3,7 @@
 #include "ui/System.h"
 
 #include <cstdlib>
+#include <sys/ioctl.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -29,6 +30,10 @@ Path UserFolder(const char* variable, const char* usual) {
 
 } // namespace
 
+std::string PathText(const Path& path) {
+    return path.native();
+}
+
 Path ExecutableFile() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);
@@ -44,6 +49,12 @@ Path StateHome() {
 
 bool IsWritableFolder(const Path& folder) {
     return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+std::optional<int> TerminalColumns() {
+    winsize size{};
+    const bool isTerminal = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isTerminal ? std::optional<int>(size.ws_col) : std::nullopt;
 }
 
 } // namespace ui

@@ -3,11 +3,11 @@
 #include "ui/qt/FileChooser.h"
 
 #include "ui/qt/LineLabel.h"
+#include "ui/qt/Text.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QGridLayout>
@@ -27,14 +27,6 @@ namespace {
 constexpr QLatin1String NameEditName("fileNameEdit");
 constexpr QLatin1String ListName("listView");
 constexpr QLatin1String FileModelName("qt_filesystem_model");
-
-QString FromPath(const Path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.native()));
-}
-
-Path ToPath(const QString& name) {
-    return QFile::encodeName(name).toStdString();
-}
 
 /// The filters as the toolkit reads them: what stands in the last brackets is matched, and hidden; what
 /// stands before it is shown, brackets of its own included.

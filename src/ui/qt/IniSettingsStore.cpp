@@ -3,8 +3,8 @@
 #include "ui/qt/IniSettingsStore.h"
 
 #include "ui/FileWriter.h"
+#include "ui/qt/Text.h"
 
-#include <QFile>
 #include <QStandardPaths>
 #include <utility>
 
@@ -17,9 +17,7 @@ IniSettingsStore::IniSettingsStore(Files& files, Path file)
 }
 
 Path IniSettingsStore::UsersFile() {
-    const Path home =
-        QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
-            .toStdString();
+    const Path home = ToPath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
     return home / "VTM" / "VTM.ini";
 }
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/IniText.h"
 
-#include <QFile>
+#include "ui/qt/Text.h"
+
 #include <QSettings>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -11,10 +12,6 @@
 namespace ui::qt {
 
 namespace {
-
-QString FileName(const Path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path.native()));
-}
 
 /// Text as it is stored: readable where it is UTF-8, otherwise its bytes.
 QVariant ToVariant(const std::string& value) {
@@ -69,7 +66,7 @@ Status MakeScratchFile(Files& files, const Path& path, std::string_view bytes) {
 
 /// Lets the toolkit put the values into a file that nobody else knows of and that holds `before`.
 Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSections& values) {
-    QSettings settings(FileName(file), QSettings::IniFormat);
+    QSettings settings(FromPath(file), QSettings::IniFormat);
     IniText text{.bytes = {}, .values = ValuesOf(settings), .wasDamaged = false};
     text.wasDamaged = settings.status() == QSettings::FormatError;
     if (text.values != before) {
@@ -91,7 +88,7 @@ Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSe
 } // namespace
 
 std::optional<IniValues> ReadIniFile(const Path& file) {
-    QSettings settings(FileName(file), QSettings::IniFormat);
+    QSettings settings(FromPath(file), QSettings::IniFormat);
     // Another one that was open before may have been left behind by the file.
     settings.sync();
     if (settings.status() == QSettings::AccessError) {
@@ -105,7 +102,7 @@ Result<IniText> WithIniValues(std::string_view before, const IniSections& values
     if (!folder.isValid()) {
         return Failure{"Could not make a temporary folder: " + folder.errorString().toStdString() + "."};
     }
-    const Path path = QFile::encodeName(folder.path()).toStdString();
+    const Path path = ToPath(folder.path());
     DiskFiles files;
     const Path original = path / "before.ini";
     if (auto made = MakeScratchFile(files, original, before); !made) {

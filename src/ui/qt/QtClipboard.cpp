@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/QtClipboard.h"
 
+#include "ui/qt/Text.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
@@ -10,8 +12,7 @@ namespace ui::qt {
 
 void QtClipboard::setText(std::string_view bytes) {
     // Latin-1, not the locale's encoding: only so does every byte arrive unchanged where it is pasted.
-    QGuiApplication::clipboard()->setText(
-        QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    QGuiApplication::clipboard()->setText(FromLatin1(bytes));
 }
 
 void QtClipboard::setPicture(const Picture& picture) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/SpareFont.h"
 
+#include "ui/qt/Text.h"
+
 #include <QFile>
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -10,7 +12,7 @@
 namespace ui::qt {
 
 void UseSpareFont(const Path& file) {
-    const QString name = QFile::decodeName(file.c_str());
+    const QString name = FromPath(file);
     // Not by the list of families: the toolkit's names for serif and sans serif are on it in any case.
     if (QFile::exists(name) && !QFontMetrics(QGuiApplication::font()).inFont(QLatin1Char('A'))) {
         QFontDatabase::addApplicationFont(name);

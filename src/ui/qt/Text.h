@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/Files.h"
+
+#include <QFile>
+#include <QString>
+#include <string_view>
+
+/// The toolkit's texts and the bytes that everything else is made of.
+namespace ui::qt {
+
+/// A path as the toolkit's files and texts have it; bytes that are not text come back as they were.
+[[nodiscard]] inline QString FromPath(const Path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(PathText(path)));
+}
+
+[[nodiscard]] inline Path ToPath(const QString& text) {
+    return QFile::encodeName(text).toStdString();
+}
+
+/// Text that has one character a byte: names of keys and files of the program's own.
+[[nodiscard]] inline QString FromLatin1(std::string_view bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+} // namespace ui::qt
