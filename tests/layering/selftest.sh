@@ -13,8 +13,9 @@ failures=0
 
 # A small tree in order.
 plant() {
-    rm -rf "$tree/src"
-    mkdir -p "$tree/src"/{ui/qt,glyphs,editing,animation,scripts,shell}
+    rm -rf "$tree"/{src,tools,bench,tests}
+    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,editing,animation,scripts,shell} "$tree/tools"/{cli,thumbnail,charset} \
+        "$tree"/{bench,tests/faults}
     echo '#include <string>' >"$tree/src/ui/Result.h"
     printf '#include "ui/Result.h"\n#include <QMessageBox>\n' >"$tree/src/ui/qt/QtDialogs.cpp"
     echo '#include "ui/Result.h"' >"$tree/src/glyphs/mdlPaint.h"
@@ -24,12 +25,23 @@ plant() {
     echo '#include "editing/mdlCommon.h"' >"$tree/src/scripts/mdlName.h"
     printf '#include "animation/frmAniWiz.h"\n#include "ui/qt/QtDialogs.h"\n#include <QWidget>\n' \
         >"$tree/src/shell/frmVTM.cpp"
-    printf '%s\n' ui/qt/QtDialogs.cpp animation/frmAniWiz.cpp shell/frmVTM.cpp >"$tree/forms"
+    printf '#include "ui/Result.h"\n#include <unistd.h>\n' >"$tree/src/ui/linux/DiskFiles.cpp"
+    printf '#include "ui/qt/QtDialogs.h"\n#include <QProcess>\n#include <X11/Xlib.h>\n' \
+        >"$tree/src/ui/linux/X11Keyboard.cpp"
+    printf '#include <png.h>\n#include "ui/Result.h"\n' >"$tree/tools/cli/PngPicture.h"
+    printf '#include "cli/PngPicture.h"\n#include "scripts/mdlName.h"\n' >"$tree/tools/thumbnail/Command.cpp"
+    printf '#include "cli/PngPicture.h"\n#include "glyphs/mdlPaint.h"\n' >"$tree/tools/charset/Command.cpp"
+    printf '#include <fstream>\n#include "cli/PngPicture.h"\n' >"$tree/tools/mkicons.cpp"
+    printf '#include <benchmark/benchmark.h>\n#include <csignal>\n' >"$tree/bench/bench_painting.cpp"
+    printf '#include <gtest/gtest.h>\n#include <dlfcn.h>\n' >"$tree/tests/faults/Injection.cpp"
+    printf '%s\n' src/ui/{qt/QtDialogs,linux/X11Keyboard}.cpp src/{animation/frmAniWiz,shell/frmVTM}.cpp \
+        >"$tree/forms"
+    printf '%s\n' '# why' 'tests/faults/ defines system calls' >"$tree/exceptions"
 }
 
 # accepts WHAT: the tree passes.
 accepts() {
-    if ! output=$("$layering" "$tree/src" "$tree/forms" "${libraries[@]}"); then
+    if ! output=$("$layering" "$tree" "$tree/forms" "$tree/exceptions" "${libraries[@]}"); then
         echo "FAILED: $1 is refused: $output"
         failures=$((failures + 1))
     fi
@@ -37,7 +49,7 @@ accepts() {
 
 # refuses WHAT TEXT: the tree fails, and the complaint holds TEXT.
 refuses() {
-    if output=$("$layering" "$tree/src" "$tree/forms" "${libraries[@]}"); then
+    if output=$("$layering" "$tree" "$tree/forms" "$tree/exceptions" "${libraries[@]}"); then
         echo "FAILED: $1 is not noticed"
         failures=$((failures + 1))
     elif [[ $output != *"$2"* ]]; then
@@ -77,6 +89,66 @@ refuses "a module including ui/qt" "scripts/mdlName.h:2: a toolkit-free file inc
 plant && echo '#include <X11/Xlib.h>' >>"$tree/src/shell/frmVTM.cpp"
 refuses "the window system outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes X11/Xlib.h"
 
+plant && echo '#include <unistd.h>' >>"$tree/src/scripts/mdlName.h"
+refuses "a POSIX header outside ui/linux" "scripts/mdlName.h:2: only ui/linux includes unistd.h"
+
+plant && echo '#include <sys/stat.h>' >>"$tree/src/ui/qt/QtDialogs.cpp"
+refuses "a POSIX header of a folder in ui/qt" "ui/qt/QtDialogs.cpp:3: only ui/linux includes sys/stat.h"
+
+plant && echo '#include <csignal>' >>"$tree/src/shell/frmVTM.cpp"
+refuses "signals outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes csignal"
+
+plant && echo '#include <X11/Xlib.h>' >>"$tree/tools/mkicons.cpp"
+refuses "the window system in a tool" "tools/mkicons.cpp:3: only ui/linux includes X11/Xlib.h"
+
+plant && echo '#include <wayland-client.h>' >>"$tree/bench/bench_painting.cpp"
+refuses "another window system in a benchmark" "bench_painting.cpp:3: only ui/linux includes wayland-client.h"
+
+plant && echo '#include <unistd.h>' >"$tree/tests/Some.cpp"
+refuses "a POSIX header in a test" "tests/Some.cpp:1: only ui/linux includes unistd.h"
+
+plant && echo 'tests/faults/' >"$tree/exceptions"
+refuses "an exception without a reason" "tests/faults/: an exception without a reason"
+
+plant && echo 'bench/ measures' >>"$tree/exceptions"
+refuses "an exception that is out of date" "bench/: an exception that nothing needs"
+
+plant && echo '#include "ui/linux/X11Keyboard.h"' >>"$tree/src/ui/qt/QtDialogs.cpp"
+refuses "ui/qt including ui/linux" "ui/qt/QtDialogs.cpp:3: ui/qt may not include ui/linux/X11Keyboard.h"
+
+plant && echo '#include "ui/linux/X11Keyboard.h"' >>"$tree/src/shell/frmVTM.cpp"
+refuses "shell including ui/linux" "shell/frmVTM.cpp:4: shell may not include ui/linux/X11Keyboard.h"
+
+plant && echo '#include <QString>' >>"$tree/src/ui/linux/DiskFiles.cpp"
+refuses "the toolkit in the toolkit-free part of ui/linux" "ui/linux/DiskFiles.cpp:3: a toolkit-free file includes QString"
+
+plant && echo 'const auto& text = path.native();' >>"$tree/src/scripts/mdlName.h"
+refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:2: .native() outside ui/linux"
+
+plant && echo "    const auto slash = path.rfind('/');" >>"$tree/src/scripts/mdlName.h"
+refuses "a path taken apart by hand" "scripts/mdlName.h:2: rfind('/') outside ui/linux"
+
+plant && echo '    std::ifstream file("/proc/self/status");' >>"$tree/src/shell/frmVTM.cpp"
+refuses "what only Linux has in its files" 'shell/frmVTM.cpp:4: "/proc outside ui/linux'
+
+plant && echo '    const char* home = std::getenv("HOME");' >>"$tree/src/shell/frmVTM.cpp"
+refuses "the environment outside ui/linux" "shell/frmVTM.cpp:4: getenv( outside ui/linux"
+
+plant && echo '#include "scripts/mdlName.h"' >>"$tree/tools/charset/Command.cpp"
+refuses "a shipped command including too much" "charset/Command.cpp:3: tools/charset may not include scripts/mdlName.h"
+
+plant && echo '#include "charset/Command.h"' >>"$tree/tools/thumbnail/Command.cpp"
+refuses "a shipped command including another" "thumbnail/Command.cpp:3: tools/thumbnail may not include charset/Command.h"
+
+plant && echo '#include "charset/Command.h"' >>"$tree/src/shell/frmVTM.cpp"
+refuses "the program including a command" "shell/frmVTM.cpp:4: shell may not include charset/Command.h"
+
+plant && echo '#include <QString>' >>"$tree/tools/charset/Command.cpp"
+refuses "a shipped command on the toolkit" "charset/Command.cpp:3: a toolkit-free file includes QString"
+
+plant && echo '    std::ofstream stream(path);' >>"$tree/tools/thumbnail/Command.cpp"
+refuses "a shipped command that writes past the writer" "thumbnail/Command.cpp:3: only ui/linux/DiskFiles writes files: ofstream"
+
 plant && echo '    QMessageBox::information(this, title, text);' >>"$tree/src/shell/frmVTM.cpp"
 refuses "a message box outside ui/qt" "shell/frmVTM.cpp:4: QMessageBox outside ui/qt"
 
@@ -105,10 +177,10 @@ plant && mkdir "$tree/src/helpers" && echo '#include <string>' >"$tree/src/helpe
 refuses "a room that nobody planned" "helpers/Text.h:1: no such room: helpers"
 
 plant && touch "$tree/src/scripts/mdlName.cpp" && echo '#include <string>' >"$tree/src/scripts/mdlName.cpp" &&
-    echo scripts/mdlName.cpp >>"$tree/forms"
+    echo src/scripts/mdlName.cpp >>"$tree/forms"
 refuses "a module built with the forms" "scripts/mdlName.cpp:1: a module is built on the toolkit"
 
-plant && rm -rf "$tree/src" && mkdir "$tree/src"
+plant && rm -rf "$tree"/{src,tools,bench,tests} && mkdir "$tree/src"
 refuses "an empty tree" "no files to look at"
 
 # Libraries: a symbol is enough, no header is needed.
