@@ -28,8 +28,8 @@ struct Change {
     Kind kind = Kind::Cells;
     Page page = Page::Name;
     CellBlock moved{};   ///< cells that only stand elsewhere now: where they stood
-    int byColumns = 0; ///< how far they moved to the right
-    int byRows = 0;    ///< how far they moved down
+    int byColumns = 0;   ///< how far they moved to the right
+    int byRows = 0;      ///< how far they moved down
     CellBlock changed{}; ///< cells to be taken from the document
 
     friend bool operator==(const Change&, const Change&) = default;

@@ -110,15 +110,14 @@ TEST(Help, ExplainsEveryMessage) {
 
 TEST(Help, TellsWhatBecomesOfAConfiguration) {
     expectAllIn(
-        text(page()),
-        {
-            "Quit the game first",
-            "all of them end with CR LF afterwards",
-            "A carriage return alone, in a file whose lines end with line feeds, ends no line",
-            "if the last line has no line end, your name is joined to it",
-            "write their keys without quotes. VTM lists such keys as free",
-            "The key ESC is in the list, but games do not know it by this name.",
-        });
+        text(page()), {
+                          "Quit the game first",
+                          "all of them end with CR LF afterwards",
+                          "A carriage return alone, in a file whose lines end with line feeds, ends no line",
+                          "if the last line has no line end, your name is joined to it",
+                          "write their keys without quotes. VTM lists such keys as free",
+                          "The key ESC is in the list, but games do not know it by this name.",
+                      });
 }
 
 TEST(Help, ExplainsTheMessagesAboutFiles) {
