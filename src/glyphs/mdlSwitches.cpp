@@ -11,25 +11,25 @@ namespace {
 constexpr GlyphCode CaseDistance = 32;
 constexpr GlyphCode ColorDistance = 128;
 
-constexpr bool Lies(GlyphCode code, GlyphCode first, GlyphCode last) {
+constexpr bool IsInRange(GlyphCode code, GlyphCode first, GlyphCode last) {
     return code >= first && code <= last;
 }
 
 // The braces and the bar (123 to 125) pair with the brackets and the backslash in colour 1 only.
 constexpr bool IsLower(GlyphCode code) {
-    return Lies(code, 97, 125) || Lies(code, 225, 250);
+    return IsInRange(code, 97, 125) || IsInRange(code, 225, 250);
 }
 
 constexpr bool IsUpper(GlyphCode code) {
-    return Lies(code, 65, 93) || Lies(code, 193, 218);
+    return IsInRange(code, 65, 93) || IsInRange(code, 193, 218);
 }
 
 constexpr bool IsColor1(GlyphCode code) {
-    return code == 11 || Lies(code, 33, 127);
+    return code == 11 || IsInRange(code, 33, 127);
 }
 
 constexpr bool IsColor2(GlyphCode code) {
-    return code == 139 || Lies(code, 161, 255);
+    return code == 139 || IsInRange(code, 161, 255);
 }
 
 struct PunctuationKey {

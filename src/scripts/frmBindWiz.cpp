@@ -23,7 +23,7 @@ ui::Path PathOf(const QString& text) {
 
 /// Fills a list with the keys of which `isListed` is true, in the order of the table.
 template <class Predicate>
-void Fill(QListWidget& list, Predicate isListed) {
+void ListKeys(QListWidget& list, Predicate isListed) {
     list.clear();
     for (std::size_t key = 0; key < KeyCount; ++key) {
         if (isListed(key)) {
@@ -76,7 +76,7 @@ void frmBindWiz::connectControls() {
 }
 
 void frmBindWiz::Form_Load() {
-    Fill(*m_form->BindList, [](std::size_t) { return true; });
+    ListKeys(*m_form->BindList, [](std::size_t) { return true; });
     setConfig(m_files.exists(m_remembered.config) ? m_remembered.config : ui::Path());
     setScript(m_files.exists(m_remembered.script) ? m_remembered.script : ui::Path());
 }
@@ -103,8 +103,8 @@ void frmBindWiz::showBoundKeys() {
     const QSignalBlocker quietPreBound(m_form->PreBound);
     m_form->NotBound->setEnabled(false);
     m_form->PreBound->setEnabled(false);
-    Fill(*m_form->NotBound, [this](std::size_t key) { return !m_keys.bound[key]; });
-    Fill(*m_form->PreBound, [this](std::size_t key) { return m_keys.bound[key]; });
+    ListKeys(*m_form->NotBound, [this](std::size_t key) { return !m_keys.bound[key]; });
+    ListKeys(*m_form->PreBound, [this](std::size_t key) { return m_keys.bound[key]; });
     m_form->NotBound->setEnabled(true);
     m_form->PreBound->setEnabled(true);
     if (focus != nullptr) {

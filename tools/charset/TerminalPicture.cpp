@@ -25,7 +25,7 @@ public:
         : m_text(text) {}
 
     /// Transparent pixels (0) show the terminal's own background.
-    void put(ui::Pixel upper, ui::Pixel lower) {
+    void addCell(ui::Pixel upper, ui::Pixel lower) {
         if (upper == 0 && lower == 0) {
             setBackground(0);
             m_text += ' ';
@@ -75,7 +75,7 @@ std::string TerminalPicture(const ui::Picture& picture, int columns) {
         for (int y = 0; y < picture.height(); y += 2) {
             Line line(text);
             for (int x = left; x < right; ++x) {
-                line.put(picture.pixel(x, y), y + 1 < picture.height() ? picture.pixel(x, y + 1) : 0);
+                line.addCell(picture.pixel(x, y), y + 1 < picture.height() ? picture.pixel(x, y + 1) : 0);
             }
             line.end();
         }

@@ -46,7 +46,7 @@ std::string finishedName() {
 void writeFile(const ui::Path& path, std::string_view bytes) {
     ui::DiskFiles files;
     if (const auto written = ui::WriteFile(files, path, bytes); !written) {
-        throw Surprise(written.failure().message);
+        throw TourFailure(written.failure().message);
     }
 }
 

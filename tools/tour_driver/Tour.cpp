@@ -67,11 +67,11 @@ void Tour::useCharSet(int number) {
     ui::DiskFiles files;
     const auto record = glyphs::ReadCharSetRecord(files, m_directory, number + 1);
     if (!record) {
-        throw Surprise(record.failure().message);
+        throw TourFailure(record.failure().message);
     }
     const auto artwork = glyphs::LoadArtwork(files, m_directory, record.value().artworkSlot);
     if (!artwork) {
-        throw Surprise(artwork.failure().message);
+        throw TourFailure(artwork.failure().message);
     }
     m_cells = glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells;
     m_reader.emplace(m_cells, m_options.scale);
@@ -82,7 +82,7 @@ void Tour::start(const std::string& title) {
     char* const arguments[] = {program.data(), nullptr};
     if (posix_spawn(&m_process, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
         m_process = 0;
-        throw Surprise(program + " cannot be started");
+        throw TourFailure(program + " cannot be started");
     }
     m_main = 0;
     expectMain(title);
@@ -101,12 +101,12 @@ int Tour::waitForExit() {
         }
         std::this_thread::sleep_for(Glance);
     }
-    throw Surprise("the program does not end");
+    throw TourFailure("the program does not end");
 }
 
 void Tour::expect(bool condition, const std::string& what) {
     if (!condition) {
-        throw Surprise(what);
+        throw TourFailure(what);
     }
 }
 
@@ -115,10 +115,10 @@ void Tour::until(const std::function<bool()>& condition, const std::string& what
     while (!condition()) {
         if (m_process > 0 && waitpid(m_process, nullptr, WNOHANG) == m_process) {
             m_process = 0;
-            throw Surprise("the program ended while the tour waited for " + what);
+            throw TourFailure("the program ended while the tour waited for " + what);
         }
         if (Clock::now() > deadline) {
-            throw Surprise("waited in vain for " + what);
+            throw TourFailure("waited in vain for " + what);
         }
         std::this_thread::sleep_for(Glance);
     }
@@ -136,7 +136,7 @@ void Tour::settle() {
             since = Clock::now();
         }
         if (Clock::now() > deadline) {
-            throw Surprise("the screen does not come to rest");
+            throw TourFailure("the screen does not come to rest");
         }
     }
 }

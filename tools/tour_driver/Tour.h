@@ -18,7 +18,7 @@
 namespace tour {
 
 /// Something did not happen that the tour has waited for, or is not as it should be.
-class Surprise : public std::runtime_error {
+class TourFailure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
@@ -30,7 +30,7 @@ struct TourOptions {
 };
 
 /// One run of the program, driven by keys and mouse and watched on the screen. Whatever is waited for and
-/// does not come throws Surprise.
+/// does not come throws TourFailure.
 class Tour {
 public:
     Tour(TourOptions options, Desktop& desktop);

@@ -46,12 +46,12 @@ int main(int argc, char** argv) {
                 playing = name;
                 play(tour);
             }
-        } catch (const tour::Surprise&) {
-            tour.snap("surprise");
+        } catch (const tour::TourFailure&) {
+            tour.snap("failure");
             throw;
         }
-    } catch (const tour::Surprise& surprise) {
-        std::fprintf(stderr, "tour_driver: in the scene \"%s\": %s\n", playing, surprise.what());
+    } catch (const tour::TourFailure& failure) {
+        std::fprintf(stderr, "tour_driver: in the scene \"%s\": %s\n", playing, failure.what());
         return 1;
     }
     return 0;

@@ -81,12 +81,12 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
     const Path entries = m_dataHome / "applications";
     bool areEntriesNew = false;
     for (const FileType& type : types) {
-        areEntriesNew |= put(entries / DesktopEntryName(type), DesktopEntryText(type, started));
+        areEntriesNew |= writeIfOther(entries / DesktopEntryName(type), DesktopEntryText(type, started));
     }
     areEntriesNew |= putProgramEntry(entries / ProgramEntryName, started);
     putIcons();
     const Path mime = m_dataHome / "mime";
-    const bool isPackageNew = put(mime / "packages" / MimePackageName, MimePackageText(types));
+    const bool isPackageNew = writeIfOther(mime / "packages" / MimePackageName, MimePackageText(types));
     if (areEntriesNew && started != link()) {
         RemoveLink(link());
     }
@@ -116,7 +116,7 @@ bool FreedesktopFileTypes::putProgramEntry(const Path& entry, const Path& progra
         // It would stand before the system's.
         return isOwn && m_files.remove(entry);
     }
-    return (isOwn || !m_files.exists(entry)) && put(entry, ProgramEntryText(program));
+    return (isOwn || !m_files.exists(entry)) && writeIfOther(entry, ProgramEntryText(program));
 }
 
 /// Puts the icons of the program and of its types into the user's icon theme.
@@ -128,7 +128,7 @@ void FreedesktopFileTypes::putIcons() {
         QFile icon(icons.next());
         const Path name = theme / qt::ToPath(icon.fileName().mid(QLatin1String(IconResources).size() + 1));
         if (!isInSystem(name) && icon.open(QFile::ReadOnly)) {
-            isNew |= put(m_dataHome / name, icon.readAll().toStdString());
+            isNew |= writeIfOther(m_dataHome / name, icon.readAll().toStdString());
         }
     }
     if (isNew) {
@@ -147,14 +147,14 @@ Path FreedesktopFileTypes::link() const {
 /// program is named by a link to it, unless the user's own folders are called no better.
 Path FreedesktopFileTypes::startable(const Path& program) {
     // Between two doubtful paths the better one is that which stands in an entry as it is.
-    const auto badness = [](const Path& path) {
+    const auto doubt = [](const Path& path) {
         return std::pair(ExecPathOf(path), ExecArgument(PathText(path)) != PathText(path));
     };
-    return badness(link()) < badness(program) && PutLink(m_files, link(), program) ? link() : program;
+    return doubt(link()) < doubt(program) && PutLink(m_files, link(), program) ? link() : program;
 }
 
 /// Replaces a file if it holds anything else; whether it did.
-bool FreedesktopFileTypes::put(const Path& file, std::string_view content) {
+bool FreedesktopFileTypes::writeIfOther(const Path& file, std::string_view content) {
     if (const auto old = m_files.read(file); old && old.value() == content) {
         return false;
     }

@@ -30,7 +30,7 @@ private:
     [[nodiscard]] bool isInSystem(const Path& name) const;
     bool putProgramEntry(const Path& entry, const Path& program);
     void putIcons();
-    bool put(const Path& file, std::string_view content);
+    bool writeIfOther(const Path& file, std::string_view content);
 
     DiskFiles m_files;
     Path m_dataHome;
