@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/linux/DesktopEntry.h"
 
+#include <QXmlStreamWriter>
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 namespace ui::native {
 
@@ -24,36 +27,23 @@ bool IsOneOf(char character, std::string_view characters) {
     return characters.find(character) != std::string_view::npos;
 }
 
-std::string XmlText(std::string_view text) {
-    std::string escaped;
-    for (const char character : text) {
-        switch (character) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        default:
-            escaped += character;
-        }
-    }
-    return escaped;
-}
-
 /// A text that a file is searched for: there the backslash begins an escape.
 std::string MagicText(std::string_view text) {
     std::string escaped;
     for (const char character : text) {
         escaped += character == '\\' ? "\\\\" : std::string(1, character);
     }
-    return XmlText(escaped);
+    return escaped;
+}
+
+/// An element that has attributes, in this order, and nothing in it.
+void WriteEmptyElement(
+    QXmlStreamWriter& xml, const char* name,
+    std::initializer_list<std::pair<const char*, std::string>> attributes) {
+    xml.writeEmptyElement(QLatin1String(name));
+    for (const auto& [key, value] : attributes) {
+        xml.writeAttribute(QLatin1String(key), QString::fromStdString(value));
+    }
 }
 
 /// The name of a MIME type as a part of file names.
@@ -169,25 +159,28 @@ std::string DesktopEntryName(const FileType& type) {
 }
 
 std::string MimePackageText(const std::vector<FileType>& types) {
-    std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                       "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n";
+    QByteArray text;
+    QXmlStreamWriter xml(&text);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(2);
+    xml.writeStartDocument();
+    xml.writeStartElement(QStringLiteral("mime-info"));
+    xml.writeDefaultNamespace(QStringLiteral("http://www.freedesktop.org/standards/shared-mime-info"));
     for (const FileType& type : types) {
-        text += "  <mime-type type=\"" + XmlText(type.mimeType) + "\">\n    <comment>" +
-                XmlText(type.description) +
-                "</comment>\n"
-                "    <sub-class-of type=\"text/plain\"/>\n"
-                "    <generic-icon name=\"text-x-script\"/>\n"
-                "    <glob pattern=\"*" +
-                XmlText(type.extension) +
-                "\"/>\n"
-                "    <magic>\n"
-                "      <match type=\"string\" offset=\"0\" value=\"" +
-                MagicText(type.firstLine) +
-                "\"/>\n"
-                "    </magic>\n"
-                "  </mime-type>\n";
+        xml.writeStartElement(QStringLiteral("mime-type"));
+        xml.writeAttribute(QStringLiteral("type"), QString::fromStdString(type.mimeType));
+        xml.writeTextElement(QStringLiteral("comment"), QString::fromStdString(type.description));
+        WriteEmptyElement(xml, "sub-class-of", {{"type", "text/plain"}});
+        WriteEmptyElement(xml, "generic-icon", {{"name", "text-x-script"}});
+        WriteEmptyElement(xml, "glob", {{"pattern", "*" + type.extension}});
+        xml.writeStartElement(QStringLiteral("magic"));
+        WriteEmptyElement(
+            xml, "match", {{"type", "string"}, {"offset", "0"}, {"value", MagicText(type.firstLine)}});
+        xml.writeEndElement();
+        xml.writeEndElement();
     }
-    return text + "</mime-info>\n";
+    xml.writeEndDocument();
+    return text.toStdString();
 }
 
 } // namespace ui::native
