@@ -11,19 +11,21 @@
 #include <optional>
 #include <string_view>
 
+// After the toolkit's headers, which use some of the names that these define away.
+#include <X11/X.h>
+#include <X11/keysym.h>
+
 namespace ui::native {
 
 namespace {
 
-constexpr unsigned BreakSymbol = 0xFF6B;
 constexpr unsigned FirstNamedSymbol = 0xFF00; ///< of the keys that have a name and no character
 constexpr unsigned LastNamedSymbol = 0xFFFF;
-constexpr unsigned FirstPadSymbol = 0xFF80; ///< the pad's lie among them
-constexpr unsigned LastPadSymbol = 0xFFBD;
+constexpr unsigned FirstPadSymbol = XK_KP_Space; ///< the pad's lie among them
+constexpr unsigned LastPadSymbol = XK_KP_Equal;
 constexpr unsigned PadDecimalScanCode = 91;
-// Modifiers of the window system. Not every version of the toolkit tells of AltGr in its own.
-constexpr unsigned CapsLockMask = 0x02;
-constexpr unsigned AltGrMask = 0x80;
+// Of the window system's modifiers. Not every version of the toolkit tells of AltGr in its own.
+constexpr unsigned AltGrMask = Mod5Mask;
 
 constexpr unsigned F13ScanCode = 191;
 constexpr unsigned F16ScanCode = 194;
@@ -306,7 +308,7 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
         press.virtualKey = TranslatePadKey(facts);
         return press;
     }
-    if (facts.symbol == BreakSymbol) {
+    if (facts.symbol == XK_Break) {
         press.virtualKey = NamedVirtualKey(Qt::Key_Cancel);
         return press;
     }
@@ -363,7 +365,7 @@ KeyFacts FactsOf(const QKeyEvent& event) {
     facts.alt = held.testFlag(Qt::AltModifier);
     facts.meta = held.testFlag(Qt::MetaModifier);
     facts.altGr = held.testFlag(Qt::GroupSwitchModifier) || (nativeHeld & AltGrMask) != 0;
-    facts.capsLock = (nativeHeld & CapsLockMask) != 0;
+    facts.capsLock = (nativeHeld & LockMask) != 0;
     facts.keypad = held.testFlag(Qt::KeypadModifier);
     facts.autoRepeat = event.isAutoRepeat();
     return facts;
