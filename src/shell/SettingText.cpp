@@ -43,25 +43,14 @@ std::optional<double> RealNumberOf(std::string_view text) {
     return value;
 }
 
-double RoundedHalfToEven(double value) {
-    const double below = std::floor(value);
-    const double rest = value - below;
-    if (rest < 0.5) {
-        return below;
-    }
-    if (rest > 0.5) {
-        return below + 1;
-    }
-    return std::fmod(below, 2) == 0 ? below : below + 1;
-}
-
 template <class Number>
 std::optional<Number> WholeNumberOf(std::string_view text) {
     const auto real = RealNumberOf(text);
     if (!real) {
         return std::nullopt;
     }
-    const double whole = RoundedHalfToEven(*real);
+    // A half goes to the even neighbour.
+    const double whole = std::nearbyint(*real);
     if (whole < std::numeric_limits<Number>::min() || whole > std::numeric_limits<Number>::max()) {
         return std::nullopt;
     }

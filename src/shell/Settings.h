@@ -22,9 +22,6 @@ namespace shell {
 /// The store section that holds the options.
 constexpr std::string_view OptionsSection = "options";
 
-/// Number of keys that Save writes.
-constexpr std::size_t SettingCount = 34;
-
 constexpr std::size_t ColourCount = 5;
 constexpr std::size_t CursorCount = 4;
 

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <map>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace glyphs {
@@ -34,16 +36,30 @@ constexpr std::array<std::pair<GlyphCode, GlyphCode>, 16> UnshiftedAndShifted{{
     {61, 43},
 }};
 
-bool IsBetween(GlyphCode code, int first, int last) {
-    return code >= first && code <= last;
+/// The glyphs that have a capital, and those, in colour 1. In colour 2 only the letters have one.
+constexpr std::string_view Lower = "abcdefghijklmnopqrstuvwxyz{|}";
+constexpr std::string_view Upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]";
+constexpr std::size_t LetterCount = 26;
+
+std::map<GlyphCode, GlyphCode> PartnersOf(std::string_view from, std::string_view to) {
+    constexpr int Colour2 = 128;
+    std::map<GlyphCode, GlyphCode> partners;
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        partners[static_cast<GlyphCode>(from[i])] = static_cast<GlyphCode>(to[i]);
+        if (i < LetterCount) {
+            partners[static_cast<GlyphCode>(from[i] + Colour2)] = static_cast<GlyphCode>(to[i] + Colour2);
+        }
+    }
+    return partners;
 }
 
-bool IsLowerCase(GlyphCode code) {
-    return IsBetween(code, 97, 125) || IsBetween(code, 225, 250);
-}
+const std::map<GlyphCode, GlyphCode> UpperOf = PartnersOf(Lower, Upper);
+const std::map<GlyphCode, GlyphCode> LowerOf = PartnersOf(Upper, Lower);
 
-bool IsUpperCase(GlyphCode code) {
-    return IsBetween(code, 65, 93) || IsBetween(code, 193, 218);
+/// What a glyph is to become; itself where it has no partner.
+GlyphCode PartnerOf(const std::map<GlyphCode, GlyphCode>& partners, GlyphCode code) {
+    const auto found = partners.find(code);
+    return found == partners.end() ? code : found->second;
 }
 
 /// Calls `check` with every glyph.
@@ -54,12 +70,12 @@ void ForEveryGlyph(Check check) {
     }
 }
 
-TEST(CaseOfLetters, ChangesByThirtyTwo) {
+TEST(CaseOfLetters, GivesEachLetterItsOther) {
     ForEveryGlyph([](GlyphCode code) {
-        EXPECT_EQ(ToUpperGlyph(code, Letters), IsLowerCase(code) ? code - 32 : code);
-        EXPECT_EQ(ToLowerGlyph(code, Letters), IsUpperCase(code) ? code + 32 : code);
-        const int switched = IsLowerCase(code) ? code - 32 : IsUpperCase(code) ? code + 32 : code;
-        EXPECT_EQ(SwitchCaseGlyph(code, Letters), switched);
+        EXPECT_EQ(ToUpperGlyph(code, Letters), PartnerOf(UpperOf, code));
+        EXPECT_EQ(ToLowerGlyph(code, Letters), PartnerOf(LowerOf, code));
+        EXPECT_EQ(
+            SwitchCaseGlyph(code, Letters), PartnerOf(UpperOf.contains(code) ? UpperOf : LowerOf, code));
     });
 }
 
@@ -89,16 +105,12 @@ TEST(CaseOfAllCharacters, TakesTheOtherSymbolOfTheKey) {
 }
 
 TEST(CaseOfAllCharacters, TreatsLettersLikeTheOtherChoice) {
-    ForEveryGlyph([](GlyphCode code) {
-        if (IsLowerCase(code)) {
-            EXPECT_EQ(ToUpperGlyph(code, All), code - 32);
-            EXPECT_EQ(SwitchCaseGlyph(code, All), code - 32);
-        }
-        if (IsUpperCase(code)) {
-            EXPECT_EQ(ToLowerGlyph(code, All), code + 32);
-            EXPECT_EQ(SwitchCaseGlyph(code, All), code + 32);
-        }
-    });
+    for (const auto& [lower, upper] : UpperOf) {
+        EXPECT_EQ(ToUpperGlyph(lower, All), upper);
+        EXPECT_EQ(SwitchCaseGlyph(lower, All), upper);
+        EXPECT_EQ(ToLowerGlyph(upper, All), lower);
+        EXPECT_EQ(SwitchCaseGlyph(upper, All), lower);
+    }
 }
 
 TEST(CaseOfAllCharacters, LeavesColour2Punctuation) {
@@ -144,12 +156,21 @@ TEST(Punctuation, SwitchesTheApostropheOneWay) {
 }
 
 TEST(Colour, HasPartnersOnlyForTheseGlyphs) {
-    ForEveryGlyph([](GlyphCode code) {
-        const bool isColour1 = code == 11 || IsBetween(code, 33, 127);
-        const bool isColour2 = code == 139 || IsBetween(code, 161, 255);
-        EXPECT_EQ(ToColor2Glyph(code), isColour1 ? code + 128 : code);
-        EXPECT_EQ(ToColor1Glyph(code), isColour2 ? code - 128 : code);
-        EXPECT_EQ(SwitchColorGlyph(code), isColour1 ? code + 128 : isColour2 ? code - 128 : code);
+    // All that a keyboard types but the blank, and the two that it does not.
+    constexpr std::string_view Colour1 =
+        "\x0B!\"#$%&'()*+,-./0123456789:;<=>?@ABCDEFGHIJKLMNOPQRSTUVWXYZ[\\]^_`"
+        "abcdefghijklmnopqrstuvwxyz{|}~\x7F";
+    std::map<GlyphCode, GlyphCode> colour2Of;
+    std::map<GlyphCode, GlyphCode> colour1Of;
+    for (const char glyph : Colour1) {
+        const auto code = static_cast<GlyphCode>(glyph);
+        colour2Of[code] = static_cast<GlyphCode>(code + 128);
+        colour1Of[static_cast<GlyphCode>(code + 128)] = code;
+    }
+    ForEveryGlyph([&](GlyphCode code) {
+        EXPECT_EQ(ToColor2Glyph(code), PartnerOf(colour2Of, code));
+        EXPECT_EQ(ToColor1Glyph(code), PartnerOf(colour1Of, code));
+        EXPECT_EQ(SwitchColorGlyph(code), PartnerOf(colour2Of.contains(code) ? colour2Of : colour1Of, code));
         EXPECT_EQ(SwitchColorGlyph(SwitchColorGlyph(code)), code);
     });
 }
