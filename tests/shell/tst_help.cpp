@@ -150,7 +150,24 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             ("The config file, path, may be incomplete now. It was copied before, and the whole copy is kept "
              "as "
              "\"path\"."),
-            "The config file, path, may end with a part of the new line now.",
+            "The config file, path, was put back as it was.",
+            "The config file, path, holds the new line, but that may not be on the disk yet.",
+            ("\"path\" may be incomplete: VTM was ended while it wrote the file. What it held before is kept "
+             "whole as \"path\"."),
+            ("\"path\" may be incomplete: writing it did not end well. What it held before is kept whole as "
+             "\"path\". Please put that back, or delete it, and try again."),
+            "The damaged key map \"path\" is not replaced: too many others are kept.",
+            "The file was put back as it was.",
+            "The file holds what was to be written, but that may not be on the disk yet.",
+            "The file may be incomplete now. What it held before is kept whole as \"path\".",
+            "\"path\" was not changed, as no copy of it could be made first.",
+            "Could not open \"path\": it is a link of another user.",
+            "Could not lock \"path\": another program is writing it.",
+            "Ctrl+key typed a blank. What keys type is set in Tools > Configure > Key Mapping.",
+            "The command line names no script. Write it like this: vtm \" /name my.vtn\"",
+            "The character set \"name\" cannot be read; \"name\" is shown instead.",
+            "VTM was not closed at time. What stood on its pages then can be restored.",
+            "What is on the pages is not kept for after a crash: reason",
             "It would become too large.",
             "An older copy is kept as \"path\".",
             "VTM cannot start, because no character set can be read.",
@@ -170,7 +187,6 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The artwork store \"path\" has no slot",
             "Slot number of the artwork store \"path\" is not a usable GIF picture:",
             "Could not write the settings \"path\".",
-            "Could not keep a copy of the damaged file \"path\":",
             "Could not open \"path\":",
             "Could not read \"path\":",
             "Could not write \"path\":",
@@ -250,11 +266,24 @@ TEST(Help, HasWordsForEveryGlyphThatItShows) {
     EXPECT_EQ(matches(body, "(class=\"row\" aria-hidden)").size(), 0U);
 }
 
-TEST(Help, SpellsAsTheWindowDoes) {
-    const std::string html = page();
-    for (const char* word : {"colour", "Colour", "favourite", "Favourite", "grey", "centre", "licence"}) {
-        EXPECT_EQ(html.find(word), std::string::npos) << word;
+TEST(Help, AndTheWindowsAreSpelledInOneWay) {
+    const auto expectSpelled = [](const std::string& shown, const std::string& where) {
+        for (const char* word : {"colour", "Colour", "favourite", "Favourite", "grey", "centre", "licence"}) {
+            EXPECT_EQ(shown.find(word), std::string::npos) << where << ": " << word;
+        }
+    };
+    expectSpelled(page(), "the help page");
+    int forms = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VTM_SOURCE_DIR)) {
+        if (entry.path().extension() == ".ui") {
+            ++forms;
+            for (const std::string& text :
+                 matches(ui::DiskFiles().read(entry.path()).value(), "<string>([^<]*)</string>")) {
+                expectSpelled(text, entry.path().filename().string());
+            }
+        }
     }
+    EXPECT_GT(forms, 5);
 }
 
 TEST(Help, TellsOfEveryCommandAndOption) {
