@@ -121,10 +121,16 @@ ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config) {
     if (config.empty()) {
         return keys;
     }
+    const ui::Status changeable = MayBeChanged(files, config);
     switch (files.kindOf(config)) {
     case ui::PathKind::Nothing:
-        keys.config.emplace();
         keys.hint = texts::ConfigNotThere;
+        if (changeable) {
+            keys.config.emplace();
+        } else {
+            keys.reason = changeable.failure().message;
+            keys.hint = texts::ConfigNotToBeChanged;
+        }
         return keys;
     case ui::PathKind::Folder:
         keys.hint = texts::IsFolder;
@@ -141,10 +147,15 @@ ConfigKeys ReadBoundKeys(const ui::Files& files, const ui::Path& config) {
         keys.reason = bytes.failure().message;
         return keys;
     }
-    keys.config = std::move(bytes).value();
-    keys.bound = GetBoundKeys(*keys.config);
-    const bool isScript = Holds(glyphs::ByteLines(*keys.config).next(), "File Created by Vortigo");
-    keys.hint = isScript ? texts::ConfigIsScript : UnquotedKeysText(*keys.config, keys.bound);
+    keys.bound = GetBoundKeys(bytes.value());
+    const bool isScript = Holds(glyphs::ByteLines(bytes.value()).next(), "File Created by Vortigo");
+    keys.hint = isScript ? texts::ConfigIsScript : UnquotedKeysText(bytes.value(), keys.bound);
+    if (changeable) {
+        keys.config = std::move(bytes).value();
+    } else {
+        keys.hint = texts::ConfigNotToBeChanged;
+        keys.reason = changeable.failure().message;
+    }
     return keys;
 }
 

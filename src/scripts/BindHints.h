@@ -25,10 +25,11 @@ namespace scripts {
 
 /// What a configuration file says of its keys, and what to say of the file.
 struct ConfigKeys {
-    std::optional<ui::Bytes> config = {}; ///< what it holds; nothing when none is chosen or it cannot be read
+    std::optional<ui::Bytes> config =
+        {}; ///< what it holds; nothing when none is chosen or it cannot be changed
     BoundKeys bound{};
     std::string hint = {};   ///< beside the file's name; mostly empty
-    std::string reason = {}; ///< why it could not be read
+    std::string reason = {}; ///< why it could not be read, or cannot be changed
 
     /// What binding a key (index) is going to do to the file; empty if that is not known.
     [[nodiscard]] std::string forecast(std::optional<int> key) const;

@@ -148,6 +148,14 @@ ui::Status RefuseIncomplete(const ui::Files& files, const ui::Path& path) {
                 : ui::Status();
 }
 
+ui::Status MayBeChanged(const ui::Files& files, const ui::Path& path) {
+    if (files.kindOf(ui::FolderOf(path)) == ui::PathKind::Nothing) {
+        return ui::Failure{"There is no folder \"" + ui::PathText(ui::FolderOf(path)) + "\"."};
+    }
+    const auto facts = files.inspect(path, ui::Links::Follow);
+    return facts ? RefuseIncomplete(files, path) : ui::Status(facts.failure());
+}
+
 ui::Bytes ReplaceLine(std::string_view config, int number, std::string_view line) {
     ui::Bytes result;
     result.reserve(config.size() + config.size() / 16 + line.size() + LineEnd.size());

@@ -40,6 +40,10 @@ struct Rewritten {
 /// may be in the copy.
 [[nodiscard]] ui::Status RefuseIncomplete(const ui::Files& files, const ui::Path& path);
 
+/// Why a configuration file, which need not be there yet, cannot be changed, as far as that shows before it
+/// is tried: its folder is not there, it may not be written, or RefuseIncomplete() refuses it.
+[[nodiscard]] ui::Status MayBeChanged(const ui::Files& files, const ui::Path& path);
+
 /// Gives the configuration file `path`, which holds `before`, the content `after`: its links, owner and
 /// permissions stay. At every instant the file or the copy beside the program holds `before` or `after`
 /// whole; the copy is deleted when the file is on the disk. A copy that an earlier run left behind is kept

@@ -52,6 +52,7 @@ constexpr auto KeyIsBound = "You have selected a key that is already bound!\n"
                             "VTM will now replace it with your binding, OK?";
 constexpr auto ConfigNotThere = "There is no such file yet.";
 constexpr auto ConfigNotReadable = "This file cannot be read.";
+constexpr auto ConfigNotToBeChanged = "This file cannot be changed.";
 constexpr auto ConfigIsScript = "This is a script, not a config file.";
 constexpr auto ScriptNotThere = "There is no such file.";
 constexpr auto IsFolder = "This is a folder.";

@@ -78,6 +78,12 @@ std::string NameForecast(std::string_view config) {
 }
 
 std::string NameForecast(const ui::Files& files, const ui::Path& path) {
+    if (files.kindOf(path) == ui::PathKind::Folder) {
+        return {};
+    }
+    if (!MayBeChanged(files, path)) {
+        return texts::ConfigNotToBeChanged;
+    }
     if (files.kindOf(path) == ui::PathKind::Nothing) {
         return texts::FileIsMade;
     }

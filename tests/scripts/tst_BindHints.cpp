@@ -86,6 +86,22 @@ TEST_F(BindHints, SayWhatIsWrongWithAConfigFile) {
     EXPECT_FALSE(binds(unreadable, "q"));
 }
 
+TEST_F(BindHints, SayWhyAConfigFileCannotBeChanged) {
+    const int key = scripts::FindKey("q").value();
+    const auto nowhere = scripts::ReadBoundKeys(files, folder / "gone" / "a.cfg");
+    EXPECT_EQ("This file cannot be changed.", nowhere.hint);
+    EXPECT_EQ("There is no folder \"" + (folder / "gone").native() + "\".", nowhere.reason);
+    EXPECT_EQ("", nowhere.forecast(key));
+
+    folder.put("a.cfg", "bind \"q\" \"x y\"");
+    files.failOnce(support::FailingFiles::Step::Look);
+    const auto unwritable = scripts::ReadBoundKeys(files, folder / "a.cfg");
+    EXPECT_EQ("This file cannot be changed.", unwritable.hint);
+    EXPECT_NE(unwritable.reason.find("injected failure"), std::string::npos) << unwritable.reason;
+    EXPECT_EQ("", unwritable.forecast(key));
+    EXPECT_TRUE(binds(unwritable, "q")) << "its keys are listed all the same";
+}
+
 TEST_F(BindHints, SayThatAConfigFileIsAScript) {
     for (const char* kind : {"Name", "Animation", "Macro"}) {
         EXPECT_EQ(

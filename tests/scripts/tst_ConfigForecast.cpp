@@ -141,6 +141,9 @@ TEST(NameForecast, LooksAtTheFile) {
     const support::TempFolder game;
     EXPECT_EQ(NameForecast(fake.files, game.put("a.cfg", "name")), "Line 1 will be replaced: name");
     EXPECT_EQ(NameForecast(fake.files, game / "new.cfg"), "A file with one line will be made");
+    EXPECT_EQ(NameForecast(fake.files, game / "gone" / "new.cfg"), "This file cannot be changed.");
+    fake.files.failOnce(support::FailingFiles::Step::Look);
+    EXPECT_EQ(NameForecast(fake.files, game / "a.cfg"), "This file cannot be changed.");
     EXPECT_EQ(NameForecast(fake.files, game.path()), "");
     fake.files.failOnce(support::FailingFiles::Step::Read);
     EXPECT_EQ(NameForecast(fake.files, game / "a.cfg"), "");

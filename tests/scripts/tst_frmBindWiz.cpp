@@ -319,7 +319,7 @@ TEST_F(BindWizard, LooksAtTheFileOnceMoreBeforeItBinds) {
 TEST_F(BindWizard, StaysOpenAfterAFailure) {
     open({config, script});
     pick("NotBound", "w");
-    fake.files.failOnce(support::FailingFiles::Step::Look);
+    fake.files.failFrom(support::FailingFiles::Step::Look);
     fake.dialogs.expectWarning(
         "Could not look \"" + config.native() + "\": injected failure.\nThe config file, " + config.native() +
         ", was not changed.");

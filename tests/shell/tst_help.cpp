@@ -127,6 +127,7 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The file \"path\" is not a script of this kind. Do you wish to replace it?",
             "The config file, path, has more than 32,767 lines. VTM cannot handle it.",
             "There is no such file yet.",
+            "This file cannot be changed.",
             "This file cannot be read.",
             "There is no such file.",
             "This is a folder.",
