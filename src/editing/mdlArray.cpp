@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cmath>
 #include <span>
 
 namespace editing {
@@ -67,8 +68,7 @@ bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& setti
 } // namespace
 
 int HalfToEven(int number) {
-    const int lower = number / 2;
-    return lower + (number % 2 != 0 && lower % 2 != 0 ? 1 : 0);
+    return static_cast<int>(std::lrint(number / 2.0));
 }
 
 void AlignLeft(const GlyphRows& rows, int selector) {
@@ -163,7 +163,6 @@ void CopyRow(const PageCursor& cursor, EditClipboard& clipboard) {
     const Row row = cursor.rows.row(cursor.row);
     clipboard.cells.fill(glyphs::BlankGlyph);
     std::copy(row.begin(), row.end(), clipboard.cells.begin());
-    clipboard.page = cursor.page;
 }
 
 Change CutRow(const PageCursor& cursor, EditClipboard& clipboard) {

@@ -64,7 +64,6 @@ Change ReverseNameOrder(const PageCursor& cursor);
 /// The program's own clipboard for one row, apart from the system's. Blank at first.
 struct EditClipboard {
     std::array<GlyphCode, MessageLength> cells = BlankCells<MessageLength>();
-    Page page = Page::Name; ///< where the row came from
 };
 
 /// Copies the current row of a page; cells past the end of a name become blank.
