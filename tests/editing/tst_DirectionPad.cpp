@@ -48,6 +48,11 @@ protected:
 
 } // namespace
 
+TEST_F(PadPicture, HasNoOtherSize) {
+    EXPECT_EQ(pad.minimumSize(), pad.sizeHint());
+    EXPECT_EQ(pad.maximumSize(), pad.sizeHint());
+}
+
 TEST_F(PadPicture, HoldsTrianglesOfElevenByNinePixels) {
     for (int index = 0; index < 4; ++index) {
         const QImage image = arrow(index);
