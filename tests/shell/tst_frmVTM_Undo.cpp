@@ -309,25 +309,28 @@ TEST_F(Undoing, TakesARandomSessionBackAndDoesItAgain) {
     startOn(Page::Name);
     workspace().settings.promptNames = false;
     workspace().settings.promptMessages = false;
+    const auto oneOf = [](const auto& choices, int n) {
+        return choices.at(static_cast<std::size_t>(n) % choices.size());
+    };
     const std::vector<std::function<void(int)>> commands{
         [this](int n) { press(static_cast<Qt::Key>(Qt::Key_A + n % 26)); },
         [this](int n) { press(static_cast<Qt::Key>(Qt::Key_A + n % 26), Qt::ShiftModifier); },
         [this](int) { press(Qt::Key_Space); },
         [this](int n) { clickGlyph(33 + n % 90); },
         [this](int n) { press(n % 2 == 0 ? Qt::Key_Backspace : Qt::Key_Delete); },
-        [this](int n) {
-            press(std::array{Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}.at(n % 4));
+        [&](int n) {
+            press(oneOf(std::array{Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}, n));
         },
         [this](int) { press(Qt::Key_Insert); },
-        [this](int n) {
-            choose(std::array{"mnuView_0", "mnuView_1", "mnuView_2"}.at(n % 3));
+        [&](int n) {
+            choose(oneOf(std::array{"mnuView_0", "mnuView_1", "mnuView_2"}, n));
         },
-        [this](int n) {
-            choose(std::array{"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}.at(n % 3));
+        [&](int n) {
+            choose(oneOf(std::array{"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}, n));
         },
-        [this](int n) {
-            choose(std::array{"mnuFormatAlignRight", "mnuFormatSwitchCase", "mnuFormatReverseNameOrder"}.at(
-                n % 3));
+        [&](int n) {
+            choose(oneOf(
+                std::array{"mnuFormatAlignRight", "mnuFormatSwitchCase", "mnuFormatReverseNameOrder"}, n));
         },
         [this](int n) { press(n % 2 == 0 ? Qt::Key_Insert : Qt::Key_Delete, Qt::ControlModifier); },
         [this](int n) { press(n % 2 == 0 ? Qt::Key_Up : Qt::Key_Down, Qt::ControlModifier); },
