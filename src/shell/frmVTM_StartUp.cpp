@@ -146,12 +146,11 @@ void frmVTM::restoreWindow() {
 void frmVTM::showWork(const WorkState& state) {
     const QScopedValueRollback<std::string> running(m_command, "Restore");
     m_workspace.documents = state.documents;
-    m_workspace.settings.makeType = static_cast<std::int16_t>(state.page);
     for (const editing::Kind& kind : editing::Kinds) {
         editing::PaintRowsFrom(painter(), kind.page, 1);
         panel(kind.page).refresh();
     }
-    mnuView_Click(state.page);
+    view(state.page);
 }
 
 ui::Status frmVTM::Form_Unload() {

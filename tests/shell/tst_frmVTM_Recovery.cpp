@@ -92,6 +92,7 @@ TEST_F(Recovery, TheLinkPutsTheWorkBackOnThePages) {
     startWithOffer();
     followLink("lblRestore");
     EXPECT_EQ(work(), shell::EncodeWorkState(left));
+    EXPECT_TRUE(fake.sounds.waves.empty()) << "as what is taken back comes, in silence";
     for (const Page page : {Page::Name, Page::Animation, Page::Messages}) {
         EXPECT_TRUE(isShown(page));
     }
