@@ -4,7 +4,7 @@
 #
 # layering.sh ROOT FORMS EXCEPTIONS [LIBRARY...]
 #
-# Proves that the rooms under ROOT/src, and the commands of ROOT/tools that are shipped, keep the order of
+# Proves that the rooms under ROOT/src, and the commands and makers of ROOT/tools, keep the order of
 # docs/architecture.md, and that nothing under src, tools, bench and tests goes past them to the system. FORMS is a
 # file that lists, one a line and relative to ROOT, the sources that are built on the toolkit; everything else of the
 # rooms is toolkit-free, and so are the static libraries named. EXCEPTIONS lists what else may include headers of the
@@ -25,9 +25,9 @@ status=0
     (cd "$root" && xargs awk -v forms="$forms" -v exceptions="$exceptions" '
     function complain(text) { printf "%s:%d: %s\n", FILENAME, FNR, text; breaches++ }
 
-    # The room of a source: a folder of src, of ui or of tools. Makers, tests and benchmarks are in none.
+    # The room of a source: a folder of src, of ui or of tools. The tour, tests and benchmarks are in none.
     function roomOf(path) {
-        if (path ~ /^tools\/(charset|cli|thumbnail)\//) return substr(path, 1, index(substr(path, 7), "/") + 5)
+        if (path ~ /^tools\/(charset|cli|makers|thumbnail)\//) return substr(path, 1, index(substr(path, 7), "/") + 5)
         if (path !~ /^src\/.*\//) return ""
         return roomOfHeader(substr(path, 5))
     }
@@ -35,7 +35,7 @@ status=0
     # The room of a header as it is included.
     function roomOfHeader(path) {
         if (match(path, /^ui\/(qt|linux)\//)) return substr(path, 1, RLENGTH - 1)
-        if (path ~ /^(charset|cli|thumbnail)\//) path = "tools " path
+        if (path ~ /^(charset|cli|makers|thumbnail)\//) path = "tools " path
         if (path !~ /\//) return ""
         path = substr(path, 1, index(path, "/") - 1)
         sub(/ /, "/", path)
@@ -71,6 +71,7 @@ status=0
         allowed["shell"] = " shell animation scripts editing glyphs ui "
         allowed["tools/cli"] = " tools/cli glyphs ui "
         allowed["tools/charset"] = " tools/charset tools/cli glyphs ui "
+        allowed["tools/makers"] = " tools/makers tools/cli glyphs ui "
         allowed["tools/thumbnail"] = " tools/thumbnail tools/cli animation scripts editing glyphs ui "
         while ((getline line < forms) > 0) toolkit[stemOf(line)] = 1
         while ((getline line < exceptions) > 0) {
@@ -136,8 +137,8 @@ status=0
         complain(substr($0, RSTART, RLENGTH) " outside ui/linux")
     }
 
-    # A file that is written elsewhere may be cut off there.
-    FILENAME !~ /^src\/ui\/linux\/(DiskFiles|DiskLocks|PosixFile)\.cpp$/ && !/^[ \t]*\/\// &&
+    # A file that is written elsewhere may be cut off there; what the makers write is made again.
+    FILENAME !~ /^(src\/ui\/linux\/(DiskFiles|DiskLocks|PosixFile)\.cpp$|tools\/makers\/)/ && !/^[ \t]*\/\// &&
         match($0, /ofstream|[^i]fstream|f(re)?open *\(|QSaveFile|QTemporaryFile|WriteOnly|ReadWrite|O_WRONLY|O_RDWR|O_CREAT|copy_file|filesystem::(rename|resize_file)|QFile::(copy|rename)/) {
         complain("only ui/linux/DiskFiles writes files: " substr($0, RSTART, RLENGTH))
     }

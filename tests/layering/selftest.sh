@@ -14,7 +14,7 @@ failures=0
 # A small tree in order.
 plant() {
     rm -rf "$tree"/{src,tools,bench,tests}
-    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,editing,animation,scripts,shell} "$tree/tools"/{cli,thumbnail,charset} \
+    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
         "$tree"/{bench,tests/faults}
     echo '#include <string>' >"$tree/src/ui/Result.h"
     printf '#include "ui/Result.h"\n#include <QMessageBox>\n' >"$tree/src/ui/qt/QtDialogs.cpp"
@@ -31,7 +31,7 @@ plant() {
     printf '#include <png.h>\n#include "ui/Result.h"\n' >"$tree/tools/cli/PngPicture.h"
     printf '#include "cli/PngPicture.h"\n#include "scripts/mdlName.h"\n' >"$tree/tools/thumbnail/Command.cpp"
     printf '#include "cli/PngPicture.h"\n#include "glyphs/mdlPaint.h"\n' >"$tree/tools/charset/Command.cpp"
-    printf '#include <fstream>\n#include "cli/PngPicture.h"\n' >"$tree/tools/mkicons.cpp"
+    printf '#include <fstream>\n#include "cli/PngPicture.h"\n' >"$tree/tools/makers/mkicons.cpp"
     printf '#include <benchmark/benchmark.h>\n#include <csignal>\n' >"$tree/bench/bench_painting.cpp"
     printf '#include <gtest/gtest.h>\n#include <dlfcn.h>\n' >"$tree/tests/faults/Injection.cpp"
     printf '%s\n' src/ui/{qt/QtDialogs,linux/X11Keyboard}.cpp src/{animation/frmAniWiz,shell/frmVTM}.cpp \
@@ -98,8 +98,8 @@ refuses "a POSIX header of a folder in ui/qt" "ui/qt/QtDialogs.cpp:3: only ui/li
 plant && echo '#include <csignal>' >>"$tree/src/shell/frmVTM.cpp"
 refuses "signals outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes csignal"
 
-plant && echo '#include <X11/Xlib.h>' >>"$tree/tools/mkicons.cpp"
-refuses "the window system in a tool" "tools/mkicons.cpp:3: only ui/linux includes X11/Xlib.h"
+plant && echo '#include <X11/Xlib.h>' >>"$tree/tools/makers/mkicons.cpp"
+refuses "the window system in a maker" "tools/makers/mkicons.cpp:3: only ui/linux includes X11/Xlib.h"
 
 plant && echo '#include <wayland-client.h>' >>"$tree/bench/bench_painting.cpp"
 refuses "another window system in a benchmark" "bench_painting.cpp:3: only ui/linux includes wayland-client.h"
@@ -142,6 +142,12 @@ refuses "a shipped command including another" "thumbnail/Command.cpp:3: tools/th
 
 plant && echo '#include "charset/Command.h"' >>"$tree/src/shell/frmVTM.cpp"
 refuses "the program including a command" "shell/frmVTM.cpp:4: shell may not include charset/Command.h"
+
+plant && echo '#include "makers/Board.h"' >>"$tree/tools/thumbnail/Command.cpp"
+refuses "a shipped command including a maker" "thumbnail/Command.cpp:3: tools/thumbnail may not include makers/Board.h"
+
+plant && echo '#include "scripts/mdlName.h"' >>"$tree/tools/makers/mkicons.cpp"
+refuses "a maker including too much" "makers/mkicons.cpp:3: tools/makers may not include scripts/mdlName.h"
 
 plant && echo '#include <QString>' >>"$tree/tools/charset/Command.cpp"
 refuses "a shipped command on the toolkit" "charset/Command.cpp:3: a toolkit-free file includes QString"

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "Board.h"
+#include "makers/Board.h"
 
-#include "SourceText.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
 
-namespace tools {
+namespace makers {
 
 namespace {
 
@@ -299,4 +299,4 @@ void DrawBoard(const Board& board, const ui::Picture& artwork, ui::Picture& pict
     }
 }
 
-} // namespace tools
+} // namespace makers

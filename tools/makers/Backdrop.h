@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace tools {
+namespace makers {
 
 /// A colour or a point or direction in space.
 struct Vec3 {
@@ -47,6 +47,6 @@ private:
 
 /// Draws the vaulted hall: stone walls with niches, columns with torches, a flagged floor and a window at
 /// the far end. Always the same picture.
-void DrawHall(LightPicture& picture);
+void DrawBackdrop(LightPicture& picture);
 
-} // namespace tools
+} // namespace makers

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // mkpatterns SOURCE OUTPUT: compiles the animation wizard's patterns into the file that the wizard reads.
-#include "SourceText.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <array>
@@ -31,11 +31,11 @@ struct Pattern {
 
 void checkTitle(const std::string& file, int line, const std::string& title) {
     if (title.empty() || title.size() > MaxTitle) {
-        tools::Refuse(file, line, "a title has 1 to " + std::to_string(MaxTitle) + " characters");
+        makers::Refuse(file, line, "a title has 1 to " + std::to_string(MaxTitle) + " characters");
     }
     for (const char character : title) {
         if (character < ' ' || character > '~' || character == '"') {
-            tools::Refuse(file, line, "a title holds ASCII characters without double quotes");
+            makers::Refuse(file, line, "a title holds ASCII characters without double quotes");
         }
     }
 }
@@ -43,7 +43,7 @@ void checkTitle(const std::string& file, int line, const std::string& title) {
 std::array<int, Positions>
 parseRow(const std::string& file, int line, const std::string& text, std::string_view cells) {
     if (text.size() != Positions) {
-        tools::Refuse(
+        makers::Refuse(
             file, line,
             "a row has " + std::to_string(Positions) + " cells, not " + std::to_string(text.size()));
     }
@@ -51,7 +51,8 @@ parseRow(const std::string& file, int line, const std::string& text, std::string
     for (std::size_t at = 0; at < Positions; ++at) {
         const std::size_t value = cells.find(text[at]);
         if (value == std::string_view::npos) {
-            tools::Refuse(file, line, "cell " + std::to_string(at + 1) + " is none of " + std::string(cells));
+            makers::Refuse(
+                file, line, "cell " + std::to_string(at + 1) + " is none of " + std::string(cells));
         }
         row[at] = static_cast<int>(value);
     }
@@ -60,7 +61,7 @@ parseRow(const std::string& file, int line, const std::string& text, std::string
 
 void checkWhole(const std::string& file, const Pattern& pattern) {
     if (pattern.rows.size() != Steps) {
-        tools::Refuse(
+        makers::Refuse(
             file, pattern.line,
             "\"" + pattern.title + "\" has " + std::to_string(pattern.rows.size()) + " rows, not " +
                 std::to_string(Steps));
@@ -69,7 +70,7 @@ void checkWhole(const std::string& file, const Pattern& pattern) {
         return std::all_of(row.begin(), row.end(), [](int cell) { return cell == 0; });
     });
     if (blank) {
-        tools::Refuse(file, pattern.line, "\"" + pattern.title + "\" is blank throughout");
+        makers::Refuse(file, pattern.line, "\"" + pattern.title + "\" is blank throughout");
     }
 }
 
@@ -77,10 +78,11 @@ void checkDistinct(const std::string& file, const std::vector<Pattern>& patterns
     for (std::size_t later = 1; later < patterns.size(); ++later) {
         for (std::size_t earlier = 0; earlier < later; ++earlier) {
             if (patterns[later].title == patterns[earlier].title) {
-                tools::Refuse(file, patterns[later].line, "\"" + patterns[later].title + "\" is there twice");
+                makers::Refuse(
+                    file, patterns[later].line, "\"" + patterns[later].title + "\" is there twice");
             }
             if (patterns[later].rows == patterns[earlier].rows) {
-                tools::Refuse(
+                makers::Refuse(
                     file, patterns[later].line,
                     "\"" + patterns[later].title + "\" equals \"" + patterns[earlier].title + "\"");
             }
@@ -91,10 +93,10 @@ void checkDistinct(const std::string& file, const std::vector<Pattern>& patterns
 std::vector<Pattern> parsePatterns(const std::string& file) {
     std::vector<Pattern> patterns;
     std::string_view cells;
-    for (const auto& [line, text] : tools::ReadSource(file)) {
+    for (const auto& [line, text] : makers::ReadSource(file)) {
         if (cells.empty()) {
             if (text != "positions" && text != "marks") {
-                tools::Refuse(file, line, "expected \"positions\" or \"marks\" before the first pattern");
+                makers::Refuse(file, line, "expected \"positions\" or \"marks\" before the first pattern");
             }
             cells = text == "positions" ? PositionCells : MarkCells;
         } else if (text.starts_with(TitleMark) || text == "pattern") {
@@ -105,13 +107,13 @@ std::vector<Pattern> parsePatterns(const std::string& file) {
             checkTitle(file, line, title);
             patterns.push_back({line, title, {}});
         } else if (patterns.empty()) {
-            tools::Refuse(file, line, "a row before the first pattern");
+            makers::Refuse(file, line, "a row before the first pattern");
         } else {
             patterns.back().rows.push_back(parseRow(file, line, text, cells));
         }
     }
     if (patterns.empty()) {
-        throw tools::SourceError{file + ": holds no patterns"};
+        throw makers::SourceError{file + ": holds no patterns"};
     }
     checkWhole(file, patterns.back());
     checkDistinct(file, patterns);
@@ -145,5 +147,5 @@ int main(int argc, char** argv) {
         std::cerr << "usage: mkpatterns SOURCE OUTPUT\n";
         return 2;
     }
-    return tools::RunTool([&] { tools::WriteOutput(argv[2], compile(parsePatterns(argv[1]))); });
+    return makers::RunTool([&] { makers::WriteOutput(argv[2], compile(parsePatterns(argv[1]))); });
 }

@@ -3,10 +3,10 @@
 
 // mkscreenshot SCENE CHARSET OUTPUT: draws the default screenshot, a board of rankings in a vaulted hall, and
 // writes it as a 24-bit BMP. CHARSET is the source of the glyphs' artwork.
-#include "Board.h"
-#include "CharSetSource.h"
-#include "Hall.h"
-#include "SourceText.h"
+#include "makers/Backdrop.h"
+#include "makers/Board.h"
+#include "makers/CharSetSource.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <array>
@@ -20,14 +20,14 @@
 namespace {
 
 // The picture is drawn small and doubled, as the games of the time did on large screens.
-constexpr int Width = tools::BoardWidth;
-constexpr int Height = tools::BoardHeight;
+constexpr int Width = makers::BoardWidth;
+constexpr int Height = makers::BoardHeight;
 constexpr int Doubled = 2;
 
-// The hall's colours: ramps from black over a middle tone to a light one, as narrow as a game's palette.
+// The backdrop's colours: ramps from black over a middle tone to a light one, as narrow as a game's palette.
 struct Ramp {
-    tools::Vec3 middle;
-    tools::Vec3 light;
+    makers::Vec3 middle;
+    makers::Vec3 light;
     int steps = 0;
 };
 
@@ -43,8 +43,8 @@ constexpr std::array<Ramp, 9> Ramps = {{
     {{1.00, 0.42, 0.05}, {1.00, 1.00, 0.86}, 14}, // fire
 }};
 
-std::vector<tools::Vec3> hallPalette() {
-    std::vector<tools::Vec3> palette = {{}};
+std::vector<makers::Vec3> backdropPalette() {
+    std::vector<makers::Vec3> palette = {{}};
     for (const Ramp& ramp : Ramps) {
         for (int step = 1; step <= ramp.steps; ++step) {
             const double part = 2.0 * step / ramp.steps;
@@ -55,18 +55,18 @@ std::vector<tools::Vec3> hallPalette() {
     return palette;
 }
 
-ui::Pixel pixelOf(const tools::Vec3& colour) {
+ui::Pixel pixelOf(const makers::Vec3& colour) {
     const auto byte = [](double part) {
         return static_cast<unsigned>(std::lround(std::clamp(part, 0.0, 1.0) * 255));
     };
     return ui::OpaquePixel(byte(colour.x), byte(colour.y), byte(colour.z));
 }
 
-const tools::Vec3& nearestColour(const std::vector<tools::Vec3>& palette, const tools::Vec3& colour) {
-    const tools::Vec3* nearest = palette.data();
+const makers::Vec3& nearestColour(const std::vector<makers::Vec3>& palette, const makers::Vec3& colour) {
+    const makers::Vec3* nearest = palette.data();
     double least = std::numeric_limits<double>::max();
-    for (const tools::Vec3& entry : palette) {
-        const tools::Vec3 apart = entry - colour;
+    for (const makers::Vec3& entry : palette) {
+        const makers::Vec3 apart = entry - colour;
         const double distance = 3 * apart.x * apart.x + 5 * apart.y * apart.y + 2 * apart.z * apart.z;
         if (distance < least) {
             least = distance;
@@ -76,8 +76,8 @@ const tools::Vec3& nearestColour(const std::vector<tools::Vec3>& palette, const 
     return *nearest;
 }
 
-// The hall in its few colours, with an ordered dither between them.
-ui::Picture reduceColours(tools::LightPicture& light) {
+// The backdrop in its few colours, with an ordered dither between them.
+ui::Picture reduceColours(makers::LightPicture& light) {
     constexpr std::array<std::array<int, 4>, 4> Dither = {{
         {0, 8, 2, 10},
         {12, 4, 14, 6},
@@ -86,11 +86,11 @@ ui::Picture reduceColours(tools::LightPicture& light) {
     }};
     constexpr double DitherDepth = 0.045;
     constexpr double Gamma = 1 / 1.45;
-    const std::vector<tools::Vec3> palette = hallPalette();
+    const std::vector<makers::Vec3> palette = backdropPalette();
     ui::Picture picture(light.width(), light.height());
     for (int y = 0; y < light.height(); ++y) {
         for (int x = 0; x < light.width(); ++x) {
-            const tools::Vec3 colour = light.at(x, y);
+            const makers::Vec3 colour = light.at(x, y);
             const double offset =
                 (Dither[static_cast<std::size_t>(y % 4)][static_cast<std::size_t>(x % 4)] - 7.5) / 16 *
                 DitherDepth;
@@ -112,23 +112,23 @@ std::string bitmap(const ui::Picture& picture) {
     static_assert(Width * Doubled * 3 % 4 == 0, "rows need no padding");
     const std::uint32_t dataSize = width * height * 3;
     std::string bytes = "BM";
-    tools::AppendNumber(bytes, HeaderSize + dataSize, 4);
-    tools::AppendNumber(bytes, 0, 4);
-    tools::AppendNumber(bytes, HeaderSize, 4);
-    tools::AppendNumber(bytes, 40, 4);
-    tools::AppendNumber(bytes, width, 4);
-    tools::AppendNumber(bytes, height, 4);
-    tools::AppendNumber(bytes, 1, 2);  // planes
-    tools::AppendNumber(bytes, 24, 2); // bits a pixel
-    tools::AppendNumber(bytes, 0, 4);  // not compressed
-    tools::AppendNumber(bytes, dataSize, 4);
-    tools::AppendNumber(bytes, 2835, 4); // pixels a metre, both ways
-    tools::AppendNumber(bytes, 2835, 4);
-    tools::AppendNumber(bytes, 0, 4);
-    tools::AppendNumber(bytes, 0, 4);
+    makers::AppendNumber(bytes, HeaderSize + dataSize, 4);
+    makers::AppendNumber(bytes, 0, 4);
+    makers::AppendNumber(bytes, HeaderSize, 4);
+    makers::AppendNumber(bytes, 40, 4);
+    makers::AppendNumber(bytes, width, 4);
+    makers::AppendNumber(bytes, height, 4);
+    makers::AppendNumber(bytes, 1, 2);  // planes
+    makers::AppendNumber(bytes, 24, 2); // bits a pixel
+    makers::AppendNumber(bytes, 0, 4);  // not compressed
+    makers::AppendNumber(bytes, dataSize, 4);
+    makers::AppendNumber(bytes, 2835, 4); // pixels a metre, both ways
+    makers::AppendNumber(bytes, 2835, 4);
+    makers::AppendNumber(bytes, 0, 4);
+    makers::AppendNumber(bytes, 0, 4);
     for (int y = static_cast<int>(height) - 1; y >= 0; --y) {
         for (int x = 0; x < static_cast<int>(width); ++x) {
-            tools::AppendNumber(bytes, picture.pixel(x / Doubled, y / Doubled), 3);
+            makers::AppendNumber(bytes, picture.pixel(x / Doubled, y / Doubled), 3);
         }
     }
     return bytes;
@@ -141,14 +141,14 @@ int main(int argc, char** argv) {
         std::cerr << "usage: mkscreenshot SCENE CHARSET OUTPUT\n";
         return 2;
     }
-    return tools::RunTool([&] {
-        const tools::Board board = tools::ReadBoard(argv[1]);
-        const tools::CharSetDrawing glyphs = tools::DrawCharSet(argv[2]);
-        tools::LightPicture light(Width, Height);
-        tools::DrawHall(light);
-        tools::ShadePanel(board, light);
+    return makers::RunTool([&] {
+        const makers::Board board = makers::ReadBoard(argv[1]);
+        const makers::CharSetDrawing glyphs = makers::DrawCharSet(argv[2]);
+        makers::LightPicture light(Width, Height);
+        makers::DrawBackdrop(light);
+        makers::ShadePanel(board, light);
         ui::Picture picture = reduceColours(light);
-        tools::DrawBoard(board, glyphs.artwork, picture);
-        tools::WriteOutput(argv[3], bitmap(picture));
+        makers::DrawBoard(board, glyphs.artwork, picture);
+        makers::WriteOutput(argv[3], bitmap(picture));
     });
 }

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "Hall.h"
+#include "makers/Backdrop.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 
-namespace tools {
+namespace makers {
 
 namespace {
 
@@ -267,7 +267,7 @@ struct Light {
     double reach = 0;
 };
 
-std::vector<Light> hallLights() {
+std::vector<Light> torchesAndWindow() {
     std::vector<Light> lights;
     for (int bay = -1; bay * Bay < Length; ++bay) {
         for (const double side : {-1.0, 1.0}) {
@@ -360,9 +360,9 @@ void drawFlames(LightPicture& picture, const Camera& camera, const std::vector<L
 
 } // namespace
 
-void DrawHall(LightPicture& picture) {
+void DrawBackdrop(LightPicture& picture) {
     const Camera camera;
-    const std::vector<Light> lights = hallLights();
+    const std::vector<Light> lights = torchesAndWindow();
     const double focal = Focal * picture.width();
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
@@ -383,4 +383,4 @@ void DrawHall(LightPicture& picture) {
     drawFlames(picture, camera, lights);
 }
 
-} // namespace tools
+} // namespace makers

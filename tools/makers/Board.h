@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Hall.h"
+#include "makers/Backdrop.h"
 #include "ui/Picture.h"
 
 #include <string>
 #include <vector>
 
-namespace tools {
+namespace makers {
 
 /// Size of the picture as it is drawn: half the finished picture.
 constexpr int BoardWidth = 320;
@@ -53,4 +53,4 @@ void ShadePanel(const Board& board, LightPicture& picture);
 /// Draws the board in glyphs of the artwork (128 x 128; transparent pixels are 0).
 void DrawBoard(const Board& board, const ui::Picture& artwork, ui::Picture& picture);
 
-} // namespace tools
+} // namespace makers

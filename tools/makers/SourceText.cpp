@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "SourceText.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,7 +8,7 @@
 #include <iostream>
 #include <sstream>
 
-namespace tools {
+namespace makers {
 
 namespace {
 
@@ -93,4 +93,4 @@ void PrintError(const SourceError& error) {
     std::cerr << error.message << '\n';
 }
 
-} // namespace tools
+} // namespace makers

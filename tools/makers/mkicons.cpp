@@ -4,8 +4,8 @@
 // mkicons FOLDER NAME=PICTURE.png...: writes the pixels of square pictures, each to the file NAME of the
 // folder: rows of 32-bit numbers as this machine stores them, 0xAARRGGBB with red, green and blue multiplied
 // by alpha.
-#include "SourceText.h"
 #include "cli/PngPicture.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <fstream>
@@ -30,15 +30,15 @@ std::string PixelsOf(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
     if (!stream) {
-        throw tools::SourceError{file + ": cannot be read"};
+        throw makers::SourceError{file + ": cannot be read"};
     }
     auto picture = cli::DecodePng(bytes);
     if (!picture) {
-        throw tools::SourceError{file + ": " + picture.failure().message};
+        throw makers::SourceError{file + ": " + picture.failure().message};
     }
     ui::Picture icon = std::move(picture).value();
     if (icon.width() != icon.height()) {
-        throw tools::SourceError{file + ": is not square"};
+        throw makers::SourceError{file + ": is not square"};
     }
     std::string pixels;
     for (int y = 0; y < icon.height(); ++y) {
@@ -61,11 +61,11 @@ int main(int argc, char** argv) {
         std::cerr << "usage: mkicons FOLDER NAME=PICTURE.png...\n";
         return 2;
     }
-    return tools::RunTool([&] {
+    return makers::RunTool([&] {
         for (const std::string& icon : icons) {
             const std::size_t sign = icon.find('=');
             const std::string output = std::string(argv[1]) + "/" + icon.substr(0, sign);
-            tools::WriteOutput(output, PixelsOf(icon.substr(sign + 1)));
+            makers::WriteOutput(output, PixelsOf(icon.substr(sign + 1)));
         }
     });
 }

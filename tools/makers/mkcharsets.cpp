@@ -3,10 +3,10 @@
 
 // mkcharsets OUTDIR SET.txt...: compiles character sets into the list vtmtc.dat and the artwork store
 // vtmgrid.dat.
-#include "CharSetSource.h"
-#include "SourceText.h"
 #include "glyphs/GifPicture.h"
 #include "glyphs/mdlData.h"
+#include "makers/CharSetSource.h"
+#include "makers/SourceText.h"
 
 #include <cstdint>
 #include <iostream>
@@ -19,11 +19,11 @@ namespace {
 ui::Bytes ArtworkSlot(const ui::Picture& artwork, const std::string& file) {
     const auto gif = glyphs::EncodeGif(artwork);
     if (!gif) {
-        tools::Refuse(file, 1, gif.failure().message);
+        makers::Refuse(file, 1, gif.failure().message);
     }
     ui::Bytes slot = gif.value();
     if (slot.size() > glyphs::ArtworkSlotSize) {
-        tools::Refuse(
+        makers::Refuse(
             file, 1,
             "the picture takes " + std::to_string(slot.size()) + " bytes, more than the " +
                 std::to_string(glyphs::ArtworkSlotSize) + " of a slot");
@@ -37,7 +37,7 @@ void MakeCharSets(const std::string& directory, std::span<char*> sources) {
     ui::Bytes store;
     std::int16_t position = 0;
     for (const std::string file : sources) {
-        const tools::CharSetDrawing drawing = tools::DrawCharSet(file);
+        const makers::CharSetDrawing drawing = makers::DrawCharSet(file);
         store += ArtworkSlot(drawing.artwork, file);
         list += glyphs::EncodeCharSetRecord(
             {.listIndex = position,
@@ -46,8 +46,8 @@ void MakeCharSets(const std::string& directory, std::span<char*> sources) {
              .artworkSlot = position});
         ++position;
     }
-    tools::WriteOutput(directory + "/" + std::string(glyphs::CharSetListName), list);
-    tools::WriteOutput(directory + "/" + std::string(glyphs::ArtworkStoreName), store);
+    makers::WriteOutput(directory + "/" + std::string(glyphs::CharSetListName), list);
+    makers::WriteOutput(directory + "/" + std::string(glyphs::ArtworkStoreName), store);
 }
 
 } // namespace
@@ -58,5 +58,5 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));
-    return tools::RunTool([&] { MakeCharSets(arguments[1], arguments.subspan(2)); });
+    return makers::RunTool([&] { MakeCharSets(arguments[1], arguments.subspan(2)); });
 }

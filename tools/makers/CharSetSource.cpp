@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "CharSetSource.h"
+#include "makers/CharSetSource.h"
 
-#include "SourceText.h"
 #include "glyphs/mdlData.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-namespace tools {
+namespace makers {
 
 namespace {
 
@@ -381,4 +381,4 @@ CharSetDrawing DrawCharSet(const std::string& file) {
     return Source(file).draw();
 }
 
-} // namespace tools
+} // namespace makers

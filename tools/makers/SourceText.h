@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tools {
+namespace makers {
 
 /// A line of a data source, without its line end.
 struct SourceLine {
@@ -58,4 +58,4 @@ int RunTool(Work&& work) {
     }
 }
 
-} // namespace tools
+} // namespace makers

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // mksounds SOURCE OUTPUT: synthesises the program's sounds and writes them as a C++ source file.
-#include "SourceText.h"
+#include "makers/SourceText.h"
 
 #include <algorithm>
 #include <array>
@@ -39,20 +39,20 @@ struct Sound {
 
 std::vector<Sound> parseSounds(const std::string& file) {
     std::vector<Sound> sounds;
-    for (const auto& [line, text] : tools::ReadSource(file)) {
-        const std::vector<std::string> words = tools::SplitWords(text);
+    for (const auto& [line, text] : makers::ReadSource(file)) {
+        const std::vector<std::string> words = makers::SplitWords(text);
         const auto number = [&, at = line](std::size_t index, double low, double high) {
-            return tools::NumberIn(file, at, words[index], low, high);
+            return makers::NumberIn(file, at, words[index], low, high);
         };
         if (words[0] == "sound") {
             if (words.size() != 4) {
-                tools::Refuse(file, line, "expected: sound NUMBER LENGTH PEAK");
+                makers::Refuse(file, line, "expected: sound NUMBER LENGTH PEAK");
             }
-            const int soundNumber = tools::IntegerIn(file, line, words[1], 101, 104);
+            const int soundNumber = makers::IntegerIn(file, line, words[1], 101, 104);
             if (std::any_of(sounds.begin(), sounds.end(), [&](const Sound& sound) {
                     return sound.number == soundNumber;
                 })) {
-                tools::Refuse(file, line, "sound " + words[1] + " is there twice");
+                makers::Refuse(file, line, "sound " + words[1] + " is there twice");
             }
             sounds.push_back({soundNumber, number(2, 20, 500), number(3, 0.01, 1), {}});
             continue;
@@ -60,10 +60,10 @@ std::vector<Sound> parseSounds(const std::string& file) {
         constexpr std::array<std::string_view, 3> Waves = {"sine", "triangle", "noise"};
         const auto wave = std::find(Waves.begin(), Waves.end(), words[0]);
         if (wave == Waves.end() || words.size() != 7) {
-            tools::Refuse(file, line, "expected: sine, triangle or noise START FROM TO ATTACK FALL LEVEL");
+            makers::Refuse(file, line, "expected: sine, triangle or noise START FROM TO ATTACK FALL LEVEL");
         }
         if (sounds.empty()) {
-            tools::Refuse(file, line, "a tone before the first sound");
+            makers::Refuse(file, line, "a tone before the first sound");
         }
         sounds.back().tones.push_back(
             {static_cast<Wave>(wave - Waves.begin()), number(1, 0, sounds.back().length - FadeOutMs),
@@ -71,11 +71,11 @@ std::vector<Sound> parseSounds(const std::string& file) {
              number(6, 0.01, 10)});
     }
     if (sounds.size() != 4) {
-        throw tools::SourceError{file + ": expected the sounds 101 to 104"};
+        throw makers::SourceError{file + ": expected the sounds 101 to 104"};
     }
     for (const Sound& sound : sounds) {
         if (sound.tones.empty()) {
-            throw tools::SourceError{file + ": sound " + std::to_string(sound.number) + " has no tones"};
+            throw makers::SourceError{file + ": sound " + std::to_string(sound.number) + " has no tones"};
         }
     }
     return sounds;
@@ -142,19 +142,19 @@ std::vector<std::int16_t> synthesise(const Sound& sound) {
 std::string riffWave(const std::vector<std::int16_t>& samples) {
     const auto dataSize = static_cast<std::uint32_t>(samples.size() * 2);
     std::string bytes = "RIFF";
-    tools::AppendNumber(bytes, 36 + dataSize, 4);
+    makers::AppendNumber(bytes, 36 + dataSize, 4);
     bytes += "WAVEfmt ";
-    tools::AppendNumber(bytes, 16, 4);
-    tools::AppendNumber(bytes, 1, 2); // PCM
-    tools::AppendNumber(bytes, 1, 2); // one channel
-    tools::AppendNumber(bytes, SampleRate, 4);
-    tools::AppendNumber(bytes, SampleRate * 2, 4);
-    tools::AppendNumber(bytes, 2, 2);
-    tools::AppendNumber(bytes, 16, 2);
+    makers::AppendNumber(bytes, 16, 4);
+    makers::AppendNumber(bytes, 1, 2); // PCM
+    makers::AppendNumber(bytes, 1, 2); // one channel
+    makers::AppendNumber(bytes, SampleRate, 4);
+    makers::AppendNumber(bytes, SampleRate * 2, 4);
+    makers::AppendNumber(bytes, 2, 2);
+    makers::AppendNumber(bytes, 16, 2);
     bytes += "data";
-    tools::AppendNumber(bytes, dataSize, 4);
+    makers::AppendNumber(bytes, dataSize, 4);
     for (const std::int16_t sample : samples) {
-        tools::AppendNumber(bytes, static_cast<std::uint16_t>(sample), 2);
+        makers::AppendNumber(bytes, static_cast<std::uint16_t>(sample), 2);
     }
     return bytes;
 }
@@ -209,5 +209,5 @@ int main(int argc, char** argv) {
         std::cerr << "usage: mksounds SOURCE OUTPUT\n";
         return 2;
     }
-    return tools::RunTool([&] { tools::WriteOutput(argv[2], sourceCode(parseSounds(argv[1]))); });
+    return makers::RunTool([&] { makers::WriteOutput(argv[2], sourceCode(parseSounds(argv[1]))); });
 }

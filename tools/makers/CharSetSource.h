@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace tools {
+namespace makers {
 
 /// A character set as its source draws it.
 struct CharSetDrawing {
@@ -19,4 +19,4 @@ struct CharSetDrawing {
 /// that is wrong or incomplete.
 [[nodiscard]] CharSetDrawing DrawCharSet(const std::string& file);
 
-} // namespace tools
+} // namespace makers
