@@ -65,10 +65,11 @@ status=0
         allowed["ui/qt"] = " ui ui/qt "
         allowed["ui/linux"] = " ui ui/qt ui/linux "
         allowed["glyphs"] = " glyphs ui "
+        allowed["games"] = " games glyphs ui "
         allowed["editing"] = " editing glyphs ui "
-        allowed["animation"] = " animation editing glyphs ui "
-        allowed["scripts"] = " scripts editing glyphs ui "
-        allowed["shell"] = " shell animation scripts editing glyphs ui "
+        allowed["animation"] = " animation games editing glyphs ui "
+        allowed["scripts"] = " scripts games editing glyphs ui "
+        allowed["shell"] = " shell animation scripts games editing glyphs ui "
         allowed["tools/cli"] = " tools/cli glyphs ui "
         allowed["tools/charset"] = " tools/charset tools/cli glyphs ui "
         allowed["tools/makers"] = " tools/makers tools/cli glyphs ui "
@@ -92,7 +93,7 @@ status=0
         onToolkit = (stemOf(FILENAME) in toolkit) || FILENAME ~ /\.ui$/ || room == "ui/qt"
         if (isSource && room != "" && !(room in allowed)) complain("no such room: " room)
         if (onToolkit && name ~ /^mdl/) complain("a module is built on the toolkit")
-        if (onToolkit && room ~ /^(glyphs|tools\/.*)$/) complain("the room " room " has no windows")
+        if (onToolkit && room ~ /^(glyphs|games|tools\/.*)$/) complain("the room " room " has no windows")
         if (room == "ui" && onToolkit) complain("ui is toolkit-free; its implementations lie in ui/qt and ui/linux")
     }
 

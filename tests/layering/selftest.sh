@@ -14,15 +14,16 @@ failures=0
 # A small tree in order.
 plant() {
     rm -rf "$tree"/{src,tools,bench,tests}
-    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
+    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,games,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
         "$tree"/{bench,tests/faults}
     echo '#include <string>' >"$tree/src/ui/Result.h"
     printf '#include "ui/Result.h"\n#include <QMessageBox>\n' >"$tree/src/ui/qt/QtDialogs.cpp"
     echo '#include "ui/Result.h"' >"$tree/src/glyphs/mdlPaint.h"
+    echo '#include "glyphs/mdlPaint.h"' >"$tree/src/games/RowVerdict.h"
     echo '#include "glyphs/mdlPaint.h"' >"$tree/src/editing/mdlCommon.h"
     printf '#include "editing/mdlCommon.h"\n#include "ui_frmAniWiz.h"\n#include <QDialog>\n' \
         >"$tree/src/animation/frmAniWiz.cpp"
-    echo '#include "editing/mdlCommon.h"' >"$tree/src/scripts/mdlName.h"
+    printf '#include "editing/mdlCommon.h"\n#include "games/RowVerdict.h"\n' >"$tree/src/scripts/mdlName.h"
     printf '#include "animation/frmAniWiz.h"\n#include "ui/qt/QtDialogs.h"\n#include <QWidget>\n' \
         >"$tree/src/shell/frmVTM.cpp"
     printf '#include "ui/Result.h"\n#include <unistd.h>\n' >"$tree/src/ui/linux/DiskFiles.cpp"
@@ -69,7 +70,13 @@ plant && echo '#include "scripts/mdlName.h"' >>"$tree/src/animation/frmAniWiz.cp
 refuses "animation including scripts" "animation/frmAniWiz.cpp:4: animation may not include scripts/mdlName.h"
 
 plant && echo '#include "animation/mdlAniName.h"' >>"$tree/src/scripts/mdlName.h"
-refuses "scripts including animation" "scripts/mdlName.h:2: scripts may not include animation/mdlAniName.h"
+refuses "scripts including animation" "scripts/mdlName.h:3: scripts may not include animation/mdlAniName.h"
+
+plant && echo '#include "editing/mdlCommon.h"' >>"$tree/src/games/RowVerdict.h"
+refuses "games including editing" "games/RowVerdict.h:2: games may not include editing/mdlCommon.h"
+
+plant && echo '#include "games/RowVerdict.h"' >>"$tree/src/editing/mdlCommon.h"
+refuses "editing including games" "editing/mdlCommon.h:2: editing may not include games/RowVerdict.h"
 
 plant && echo '#include "glyphs/mdlPaint.h"' >>"$tree/src/ui/qt/QtDialogs.cpp"
 refuses "ui/qt including glyphs" "ui/qt/QtDialogs.cpp:3: ui/qt may not include glyphs/mdlPaint.h"
@@ -78,19 +85,19 @@ plant && echo '#include "shell/frmVTM.h"' >>"$tree/src/editing/mdlCommon.h"
 refuses "editing including shell" "editing/mdlCommon.h:2: editing may not include shell/frmVTM.h"
 
 plant && echo '  #  include <QString>' >>"$tree/src/scripts/mdlName.h"
-refuses "a module including Qt" "scripts/mdlName.h:2: a toolkit-free file includes QString"
+refuses "a module including Qt" "scripts/mdlName.h:3: a toolkit-free file includes QString"
 
 plant && echo '#include <QtCore/QString>' >>"$tree/src/editing/mdlCommon.h"
 refuses "a module including a library of Qt" "editing/mdlCommon.h:2: a toolkit-free file includes QtCore/QString"
 
 plant && echo '#include "ui/qt/PictureWidget.h"' >>"$tree/src/scripts/mdlName.h"
-refuses "a module including ui/qt" "scripts/mdlName.h:2: a toolkit-free file includes ui/qt/PictureWidget.h"
+refuses "a module including ui/qt" "scripts/mdlName.h:3: a toolkit-free file includes ui/qt/PictureWidget.h"
 
 plant && echo '#include <X11/Xlib.h>' >>"$tree/src/shell/frmVTM.cpp"
 refuses "the window system outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes X11/Xlib.h"
 
 plant && echo '#include <unistd.h>' >>"$tree/src/scripts/mdlName.h"
-refuses "a POSIX header outside ui/linux" "scripts/mdlName.h:2: only ui/linux includes unistd.h"
+refuses "a POSIX header outside ui/linux" "scripts/mdlName.h:3: only ui/linux includes unistd.h"
 
 plant && echo '#include <sys/stat.h>' >>"$tree/src/ui/qt/QtDialogs.cpp"
 refuses "a POSIX header of a folder in ui/qt" "ui/qt/QtDialogs.cpp:3: only ui/linux includes sys/stat.h"
@@ -123,10 +130,10 @@ plant && echo '#include <QString>' >>"$tree/src/ui/linux/DiskFiles.cpp"
 refuses "the toolkit in the toolkit-free part of ui/linux" "ui/linux/DiskFiles.cpp:3: a toolkit-free file includes QString"
 
 plant && echo 'const auto& text = path.native();' >>"$tree/src/scripts/mdlName.h"
-refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:2: .native() outside ui/linux"
+refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:3: .native() outside ui/linux"
 
 plant && echo "    const auto slash = path.rfind('/');" >>"$tree/src/scripts/mdlName.h"
-refuses "a path taken apart by hand" "scripts/mdlName.h:2: rfind('/') outside ui/linux"
+refuses "a path taken apart by hand" "scripts/mdlName.h:3: rfind('/') outside ui/linux"
 
 plant && echo '    std::ifstream file("/proc/self/status");' >>"$tree/src/shell/frmVTM.cpp"
 refuses "what only Linux has in its files" 'shell/frmVTM.cpp:4: "/proc outside ui/linux'
@@ -162,7 +169,7 @@ plant && echo 'class QSettings;' >>"$tree/src/animation/frmAniWiz.cpp"
 refuses "settings outside ui/qt" "animation/frmAniWiz.cpp:4: QSettings outside ui/qt"
 
 plant && echo '    std::ofstream stream(path);' >>"$tree/src/scripts/mdlName.h"
-refuses "a file that is written past the writer" "scripts/mdlName.h:2: only ui/linux/DiskFiles writes files: ofstream"
+refuses "a file that is written past the writer" "scripts/mdlName.h:3: only ui/linux/DiskFiles writes files: ofstream"
 
 plant && echo '    if (file.open(QIODevice::WriteOnly)) {' >>"$tree/src/shell/frmVTM.cpp"
 refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: WriteOnly"

@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "games/RowWords.h"
+
+#include <algorithm>
+
+namespace games {
+
+namespace {
+
+/// Which glyphs of a row a note is about.
+enum class Match : std::uint8_t {
+    Anywhere,
+    AtStart,    ///< of the row
+    BeforeDigit ///< with a digit behind it
+};
+
+struct NoteRule {
+    Station station; ///< Message, or Own for a name
+    Match match;
+    std::uint8_t first;
+    std::uint8_t last;
+    std::string_view text;
+    Sighting seen;
+};
+
+constexpr auto MakeNotes() {
+    using enum Match;
+    constexpr Station Name = Station::Own;
+    constexpr Station Message = Station::Message;
+    constexpr Sighting FirstQuake{Engine::FirstQuake, Evidence::Run};
+    constexpr Sighting FirstQuake2{Engine::FirstQuake2, Evidence::Run};
+    constexpr Sighting DarkPlaces{Engine::DarkPlaces, Evidence::Run};
+    constexpr Sighting DarkRead{Engine::DarkPlaces, Evidence::Read};
+    constexpr Sighting EzQuake{Engine::EzQuake, Evidence::Run};
+    constexpr Sighting EzRead{Engine::EzQuake, Evidence::Read};
+    constexpr Sighting Q2Pro{Engine::Q2Pro, Evidence::Read};
+    constexpr std::string_view EndsText = "ends the text there";
+    constexpr std::string_view FillsIn = "puts the value of a variable in the place of $ and its name";
+    constexpr std::string_view NoBackslash =
+        "cannot store a \\, and as the last glyph it takes the closing quote";
+    constexpr std::string_view TurnsPairs = "turns $ and what stands behind it into another glyph";
+    constexpr std::string_view ColorMark = "may take the glyph for a color mark";
+    constexpr std::string_view Quake2Text = "refuses the name";
+    return std::array{
+        NoteRule{Name, Anywhere, '\r', '\r', EndsText, DarkRead},
+        NoteRule{Name, Anywhere, '$', '$', FillsIn, DarkPlaces},
+        NoteRule{Name, Anywhere, '\\', '\\', NoBackslash, DarkRead},
+        NoteRule{Name, BeforeDigit, '^', '^', "shows ^ and a digit as a color", DarkRead},
+        NoteRule{Name, Anywhere, 255, 255, "ends the text there, and the player is disconnected", FirstQuake},
+        NoteRule{Name, Anywhere, '$', '$', TurnsPairs, EzQuake},
+        NoteRule{Name, Anywhere, 162, 162, Quake2Text, Q2Pro},
+        NoteRule{Name, Anywhere, 187, 187, Quake2Text, Q2Pro},
+        NoteRule{Name, Anywhere, 220, 220, Quake2Text, Q2Pro},
+
+        NoteRule{Message, Anywhere, '\r', '\r', EndsText, DarkRead},
+        NoteRule{Message, Anywhere, '\\', '\\', NoBackslash, DarkRead},
+        NoteRule{Message, Anywhere, 255, 255, EndsText, FirstQuake},
+        NoteRule{Message, AtStart, 1, 2, ColorMark, {Engine::VkQuake, Evidence::Read}},
+        NoteRule{Message, Anywhere, '$', '$', TurnsPairs, EzRead},
+        NoteRule{Message, Anywhere, '%', '%', "puts other words in the place of % and a letter", EzRead},
+        NoteRule{Message, Anywhere, '^', '^', "takes ^ and what stands behind it for a color", EzRead},
+        NoteRule{Message, AtStart, 1, 2, ColorMark, EzRead},
+        NoteRule{Message, Anywhere, 255, 255, EndsText, FirstQuake2},
+        NoteRule{Message, AtStart, 1, 2, ColorMark, {Engine::Yamagi, Evidence::Read}},
+    };
+}
+
+constexpr auto Notes = MakeNotes();
+
+/// Whether a note is about the glyph at a place of a row.
+bool IsAbout(const NoteRule& note, std::span<const GlyphCode> row, std::size_t place) {
+    if (row[place] < note.first || row[place] > note.last) {
+        return false;
+    }
+    switch (note.match) {
+    case Match::AtStart:
+        return place == 0;
+    case Match::BeforeDigit:
+        return place + 1 < row.size() && row[place + 1] >= '0' && row[place + 1] <= '9';
+    case Match::Anywhere:
+        break;
+    }
+    return true;
+}
+
+/// A glyph as a sentence calls it.
+std::string SignOf(GlyphCode code) {
+    switch (code) {
+    case '\n':
+        return "a line feed";
+    case '\r':
+        return "a carriage return";
+    case glyphs::BlankGlyph:
+        return "a blank";
+    default:
+        break;
+    }
+    return code > glyphs::BlankGlyph && code < 127 ? std::string(1, static_cast<char>(code))
+                                                   : "glyph " + std::to_string(code);
+}
+
+std::string CellText(int column) {
+    return "cell " + std::to_string(column);
+}
+
+/// Why a row is refused, or gets a name in its place.
+std::string RefusalText(const RowVerdict& verdict, std::span<const GlyphCode> row) {
+    const auto at = static_cast<std::size_t>(std::max(verdict.column, 1) - 1);
+    const std::string sign = at < row.size() ? SignOf(row[at]) : "";
+    const std::string where = ": " + sign + " in " + CellText(verdict.column);
+    const std::string called =
+        "the server will call you \"" + std::string(ReplacementOf(verdict.reason)) + "\"";
+    switch (verdict.reason) {
+    case Reason::NoName:
+        return called + (verdict.column == 0 ? ": the name is empty" : ": nothing is left of the name");
+    case Reason::ReservedName:
+        return called + ": the name is the server's own";
+    case Reason::EndsQuotes:
+        return "the name breaks off" + where;
+    case Reason::ServerRefuses:
+        return "the server refuses the name" + where;
+    case Reason::GameRefuses:
+        return "the game refuses the name" + where;
+    case Reason::NotSent:
+        return "the game does not send the name" + where;
+    case Reason::ColourCode:
+        return "the old name stays: &" + SignOf(row[at + 1]) + " in " + CellText(verdict.column) +
+               " is a color code";
+    default:
+        return called + where;
+    }
+}
+
+/// What is seen of a row that arrives in another form.
+RowWords ChangeWords(const RowVerdict& verdict) {
+    const bool isMessage = verdict.station == Station::Message;
+    const bool isOwn = verdict.station == Station::Own;
+    const bool isEmpty = verdict.shownCount == 0;
+    std::string text;
+    const auto lost = std::ranges::find(verdict.fates, Fate::Lost);
+    if (lost != verdict.fates.end()) {
+        text = "cut off in " + CellText(static_cast<int>(lost - verdict.fates.begin()) + 1);
+        text += verdict.reason == Reason::RestIsRun ? ", and the rest is run as a command; " : "; ";
+    }
+    text += isMessage ? "players see" : isOwn ? "you see" : "others see";
+    text += isEmpty ? (isMessage ? " an empty message" : " an empty name") : ":";
+    return {text, !isEmpty};
+}
+
+} // namespace
+
+RowWords WordsOf(const RowVerdict& verdict, std::span<const GlyphCode> row) {
+    switch (verdict.outcome) {
+    case Outcome::Changed:
+        return ChangeWords(verdict);
+    case Outcome::Replaced:
+    case Outcome::Refused:
+        return {RefusalText(verdict, row)};
+    case Outcome::Kept:
+        break;
+    }
+    return {"kept"};
+}
+
+std::vector<EngineNote> NotesOn(Family family, Station station, std::span<const GlyphCode> row) {
+    std::vector<EngineNote> notes;
+    for (const NoteRule& rule : Notes) {
+        const bool isMessageRule = rule.station == Station::Message;
+        if (FactsOf(rule.seen.engine).family != family || isMessageRule != (station == Station::Message)) {
+            continue;
+        }
+        for (std::size_t place = 0; place < row.size(); ++place) {
+            if (IsAbout(rule, row, place)) {
+                notes.push_back({static_cast<int>(place) + 1, rule.text, rule.seen});
+                break;
+            }
+        }
+    }
+    return notes;
+}
+
+} // namespace games
