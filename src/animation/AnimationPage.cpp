@@ -246,7 +246,7 @@ void AnimationPage::openTickList(bool ofAllNames) {
 }
 
 void AnimationPage::moveTotal(QAbstractSlider::SliderAction action) {
-    // First, as the page's switch writes the document's numbers into the bars.
+    // Told first: when it brings the page into view, the bars are set from the document.
     Q_EMIT userActed();
     AniTotalScroll->triggerAction(action);
 }

@@ -65,13 +65,13 @@ frmRankings::frmRankings(
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
 
-    // The screenshot shows in the pixels of the screen that the frame has in part.
+    // At a fractional scale the screenshot shows through at the edges of the frame.
     m_form->AniPic->setAutoFillBackground(false);
 
     loadScreenShot(screenShot);
     connectControls();
     setWindowState(windowState() | Qt::WindowFullScreen);
-    // On the screen of the window that it is opened from, also where no window manager makes it so.
+    // Placed on the parent's screen, also where no window manager does so.
     setGeometry((parent == nullptr ? this : parent)->screen()->geometry());
 }
 

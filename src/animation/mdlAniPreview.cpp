@@ -27,8 +27,8 @@ constexpr int BoardHeight = 480;
 constexpr int BoardLineX = 240;
 constexpr int BoardLineY = 176;
 
-/// How far the corner of the OK button stands from the right and the bottom edge, and its own side: smaller,
-/// or it would be cut off.
+/// The distance of the OK button's corner from the right and the bottom edge, and its side, which is smaller
+/// so that nothing of it is cut off.
 constexpr int QuitDistance = 40;
 constexpr int QuitSide = 34;
 
@@ -156,8 +156,8 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     if (hasScreenShot) {
         layout.screenShot = {left, top, scaled(width), scaled(height)};
     }
-    // From one whole pixel of the screen to another: there the screenshot's pixels begin and end as well.
-    // A name that is smaller than a pixel is not shown.
+    // The strip covers whole pixels of the screen, where the screenshot's pixels begin and end as well. A
+    // name that is smaller than a pixel is not shown.
     const std::int64_t step = layout.reduce > StripHeight ? 1 : layout.reduce;
     const std::int64_t x = RoundedDown(lineX, step);
     const std::int64_t y = RoundedDown(lineY, step);

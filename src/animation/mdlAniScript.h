@@ -16,7 +16,8 @@ using glyphs::NameCommand;
 /// The whole script of the names in use: raw glyph bytes, lines ending with CR LF.
 [[nodiscard]] ui::Bytes EncodeAnimationScript(const AnimationDocument& animation, NameCommand command);
 
-/// What came of reading a script's bytes. None of them is too long a row: that abandons the reading.
+/// What came of reading a script's bytes. A row that is too long abandons the reading, so `end` is never
+/// TooLong.
 struct DecodedScript {
     ScriptEnd end = ScriptEnd::Read;
     int line = 0;         ///< 1-based line that the reading was abandoned at

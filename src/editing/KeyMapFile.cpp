@@ -39,7 +39,7 @@ ui::Result<KeyGlyphs> ParseKeyLine(std::string_view text, std::size_t line) {
     return row;
 }
 
-/// Keeps a copy of what cannot be used and is to be replaced.
+/// Keeps a copy of an unusable file that is to be replaced.
 ui::Status KeepDamaged(ui::Files& files, const ui::Path& path, std::string_view bytes) {
     const ui::Path kept = ui::DamagedCopyName(files, path);
     if (files.exists(kept)) {
@@ -49,7 +49,7 @@ ui::Status KeepDamaged(ui::Files& files, const ui::Path& path, std::string_view 
     return ui::WritePrivateCopy(files, kept, bytes);
 }
 
-/// What is stored, with the glyphs that were changed here.
+/// The stored key map with the glyphs that were changed here.
 KeyMap Merged(const KeyMaps& keys, KeyMap stored) {
     for (std::size_t key = 0; key < stored.size(); ++key) {
         for (std::size_t column = 0; column < stored[key].size(); ++column) {

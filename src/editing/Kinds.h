@@ -74,7 +74,7 @@ inline constexpr std::array Kinds{
         .showsPageWhenSaved = false,
         .offersBinding = true,
         .commandSwitch = " /name ",
-        .shownAfterSwitch = Page::Animation, // which is meant
+        .shownAfterSwitch = Page::Animation, // another page on purpose
         .introFile = "intro.vtn",
         .className = "VTM_Name",
         .description = "Quake Name Script",
@@ -107,7 +107,7 @@ inline constexpr std::array Kinds{
         .showsPageWhenSaved = true,
         .offersBinding = true,
         .commandSwitch = " /animation ",
-        .shownAfterSwitch = Page::Name, // likewise
+        .shownAfterSwitch = Page::Name, // another page on purpose
         .introFile = "intro.vta",
         .className = "VTM_Ani",
         .description = "Quake Animation Script",

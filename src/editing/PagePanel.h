@@ -23,8 +23,8 @@ class PagePanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// Sets everything but the picture from the document: scroll bars, marker, labels and lists. What the
-    /// user does with them is only told; whoever hears it changes the document and calls this.
+    /// Sets everything but the picture from the document: scroll bars, marker, labels and lists. The user's
+    /// acts on them are only told; the listener changes the document and calls this.
     virtual void refresh() = 0;
 
     /// Shows again what has changed in the picture.

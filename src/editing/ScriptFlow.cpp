@@ -64,7 +64,7 @@ ui::FileDialogRequest SaveScriptRequest(const Kind& kind, const ui::Path& folder
 
 SaveOutcome
 WriteScript(ui::Dialogs& dialogs, ui::Files& files, const ScriptWriter& writer, const ui::Path& path) {
-    // Yes gives the plain command and No the other one. It reads like a slip, but it is meant.
+    // Yes gives the plain command and No the other one, on purpose.
     const bool isPlain = writer.gameQuestion.empty() || dialogs.askYesNo(std::string(writer.gameQuestion));
     const ui::Bytes script = writer.encode(isPlain ? NameCommand::Name : NameCommand::SetName);
     if (const ui::Status written = ui::WriteFile(files, path, script); !written) {

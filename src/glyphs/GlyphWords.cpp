@@ -14,7 +14,7 @@ constexpr GlyphCode FirstCharacter = 33;
 constexpr GlyphCode LastCharacter = 126;
 constexpr std::string_view Blank = "blank";
 
-/// What a code shows that stands below the characters, and the sign that resembles it.
+/// A glyph below the characters in words, and the sign that resembles it.
 struct Ornament {
     std::string_view words;
     char sign;
@@ -56,7 +56,7 @@ constexpr std::array<Ornament, FirstCharacter> Ornaments{{
     {Blank, ' '},
 }};
 
-/// What stands at 128 to 131 in place of a second colour of 0 to 3.
+/// The glyphs 128 to 131, which are not 0 to 3 in a second colour.
 constexpr std::array<Ornament, 4> Slider{{
     {"left end of the slider", '('},
     {"slider track", '='},

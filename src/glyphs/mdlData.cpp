@@ -103,7 +103,7 @@ std::vector<std::string> LoadCharSetNames(ui::Files& files, const ui::ProgramDir
     std::vector<std::string> names;
     if (!files.exists(list)) {
         if (directory.writable()) {
-            // Opening the list for record access makes it; where that fails the list is just as empty.
+            // A missing list is made; where that fails the list is just as empty.
             (void)ui::WriteFile(files, list, {});
         }
         return names;
@@ -137,7 +137,7 @@ ReadCharSetRecord(const ui::Files& files, const ui::ProgramDirectory& directory,
 }
 
 ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory& directory, int slot) {
-    // The picture is decoded in memory. A scratch file of that name can only be left over from a crash.
+    // The picture is decoded in memory; a scratch file of that name is of no use to anybody.
     const ui::Path scratch = directory.toWrite(std::string(ScratchArtworkName));
     if (files.exists(scratch)) {
         (void)files.remove(scratch);

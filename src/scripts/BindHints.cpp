@@ -13,7 +13,7 @@ namespace scripts {
 
 namespace {
 
-/// What a byte of a script's file name is called if it stands in the way of `exec`.
+/// The name of a byte that keeps `exec` from running a script with it in its file name.
 std::string NameOfByte(char byte) {
     if (byte == ' ') {
         return "a blank";

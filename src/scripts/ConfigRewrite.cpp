@@ -97,15 +97,15 @@ bool NeedsCopy(const ui::FileWritten& written) {
     return written.holds == Holds::After || written.holds == Holds::Unsure;
 }
 
-/// Keeps everybody else out while a configuration file is changed: what shares the copy's place, and what
-/// lies elsewhere and changes the same file.
+/// Locks out other instances while a configuration file is changed: those that use the same copy, and those
+/// installed elsewhere that change the same file.
 struct ConfigLock {
     std::unique_ptr<ui::FileLock> folder;
     std::unique_ptr<ui::FileLock> file;
 };
 
-/// Locks the file and looks at it once more: before the lock was held, another program may have written what
-/// a line was sought in. `before`: nothing if the file was not there.
+/// Locks the file and compares it with `before`, in which a line was sought: another program may have written
+/// it since. `before`: nothing if the file was not there.
 ui::Result<ConfigLock> LockConfig(
     ui::Files& files, const ui::Path& folder, const ui::Path& path,
     const std::optional<std::string_view>& before) {
@@ -116,7 +116,7 @@ ui::Result<ConfigLock> LockConfig(
     ConfigLock lock{std::move(folderLock).value(), nullptr};
     const ui::Failure changed = WithFileUntouched({"Another program has just changed the file."}, path);
     if (!before) {
-        // One that comes now is noticed when the new file is put there.
+        // A file that appears from now on makes the rename of the new one fail.
         return files.exists(path) ? ui::Result<ConfigLock>(changed) : std::move(lock);
     }
     auto fileLock = files.lockFile(path);
@@ -131,7 +131,7 @@ ui::Result<ConfigLock> LockConfig(
     return content.value() == *before ? ui::Result<ConfigLock>(std::move(lock)) : changed;
 }
 
-/// Refuses what could not be read again.
+/// Refuses a content that is too large to be read again.
 ui::Status RefuseTooLarge(std::size_t size, const ui::Path& path) {
     return size > ui::Files::MaxFileSize ? ui::Status(WithFileUntouched({"It would become too large."}, path))
                                          : ui::Status();

@@ -36,8 +36,8 @@ struct Rewritten {
 /// The status text after line `number`, which was `line`, has been replaced.
 [[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);
 
-/// Refuses a file of which a copy is kept since it could not be written to its end: what is not found in it
-/// may be in the copy.
+/// Refuses a file that was not written to its end and of which a copy is kept: the copy may hold what the
+/// file lacks.
 [[nodiscard]] ui::Status RefuseIncomplete(const ui::Files& files, const ui::Path& path);
 
 /// Why a configuration file, which need not be there yet, cannot be changed, as far as that shows before it

@@ -30,8 +30,8 @@ std::string Usage() {
     return text + UsageText;
 }
 
-/// The kind whose switch an argument of its own is: with the blank before it, the blank after it being the
-/// one that arguments are joined by.
+/// The kind whose switch is the whole argument, which begins with the blank before the switch; the blank
+/// after it comes from joining the arguments.
 const Kind* KindOfSwitch(std::string_view argument) {
     const auto* const found =
         std::find_if(editing::Kinds.begin(), editing::Kinds.end(), [argument](const Kind& kind) {

@@ -15,7 +15,7 @@ using editing::Page;
 namespace {
 
 constexpr std::size_t MostMemory = 32U << 20U;
-/// Of a step that changes every row of the three documents: rows, ticks and what holds them together.
+/// The bytes of a step that changes every row of the three documents: rows, ticks and their containers.
 constexpr std::size_t LargestStep = sizeof(Documents) + editing::MaxNames + 512;
 static_assert(History::MaxSteps * LargestStep <= MostMemory);
 
@@ -52,7 +52,7 @@ void History::record(Documents& documents, Page page, std::string_view command) 
     }
     m_known = documents;
     if (step.pages.empty()) {
-        // The cursor alone has moved: over a blank by another one that was typed, or by something else.
+        // Only the cursor has moved, as it does when a blank is typed over a blank.
         if (m_isTyping) {
             m_steps.back().pages[0].after = PlaceOf(editing::CursorOf(documents, page));
         }

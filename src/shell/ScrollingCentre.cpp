@@ -24,7 +24,7 @@ ScrollingCentre::ScrollingCentre(QWidget* parent)
 }
 
 void ScrollingCentre::follow(const QWidget& part) {
-    // What its own parents do not show cannot be brought into view.
+    // The part that its parents hide cannot be brought into view.
     QRect shown = part.rect();
     for (const QWidget* at = &part; at != widget(); at = at->parentWidget()) {
         shown = shown.translated(at->pos()).intersected(at->parentWidget()->rect());

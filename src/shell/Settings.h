@@ -87,7 +87,7 @@ void Defaults(Settings& settings, const ui::Path& programFolder);
 /// page number that does not exist yields the animation page.
 [[nodiscard]] LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolder);
 
-/// Writes all keys and makes them last. A setting that has not changed since it was `loaded` keeps what the
+/// Writes all keys and saves the store. A setting that has not changed since it was `loaded` keeps what the
 /// store holds by now; if nothing was loaded, everything stored is overwritten.
 ui::Status
 Save(ui::SettingsStore& store, const Settings& settings, const std::optional<Settings>& loaded = {});

@@ -8,8 +8,7 @@ namespace shell {
 
 namespace {
 
-/// Which set could not be read when it was last told; apart from the options, of which every key has a
-/// meaning of its own.
+/// Where the set that was told to be unreadable is kept; apart from the options, whose keys are settings.
 const std::string ToldSection = "characterset";
 const std::string ToldKey = "unreadable";
 

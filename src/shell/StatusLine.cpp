@@ -19,7 +19,7 @@ StatusLine::StatusLine(QWidget* parent)
     lblStatus->setObjectName(QStringLiteral("lblStatus"));
     lblStatus->setTextFormat(Qt::PlainText);
     lblStatus->setWordWrap(true);
-    // As narrow as the window may be: it wraps.
+    // The line wraps, so it never makes the window wider.
     lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     keepRoom();
     addPermanentWidget(lblStatus, 1);
@@ -44,7 +44,7 @@ void StatusLine::tell(const QString& text) {
     // A path may be wrapped behind each of its folders.
     QString shown = text;
     lblStatus->setText(shown.replace(QLatin1Char('/'), QStringLiteral("/\u200B")));
-    // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
+    // A paragraph is wrapped, and its text is escaped, as a line of a file may look like markup.
     setToolTip(
         text.isEmpty() ? QString() : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
 }
@@ -69,7 +69,7 @@ void StatusLine::offerRestore() {
 void StatusLine::endRestore() {
     for (QLabel** const link : {&lblRestore, &lblDiscard}) {
         if (*link != nullptr) {
-            // It may be the one that was pressed.
+            // Deleted later: the link may be the one that was pressed.
             (*link)->hide();
             (*link)->deleteLater();
             *link = nullptr;
@@ -95,7 +95,7 @@ void StatusLine::keepRoom() {
 }
 
 void StatusLine::paintEvent(QPaintEvent* /*event*/) {
-    // Only the line: the toolkit would draw the text once more, cut off at its end.
+    // Only the panel: the toolkit would draw the text once more, cut off at its end.
     QStylePainter painter(this);
     QStyleOption option;
     option.initFrom(this);

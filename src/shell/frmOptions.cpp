@@ -190,7 +190,7 @@ void frmOptions::listCharacterSets() {
     const auto inUse = static_cast<std::size_t>(m_model.settings().grid);
     const int row = inUse < names.size() ? m_model.settings().grid : 0;
     m_form->GridList->setCurrentRow(row);
-    // As it is in use: its files may have gone since.
+    // Shown from memory: its files may have gone since.
     showConversion(row, {m_model.characterSet(), m_atlas.artwork});
 }
 
@@ -216,8 +216,8 @@ void frmOptions::keepConversion(const std::string& reason) {
     if (std::exchange(m_keepsConversion, true)) {
         return;
     }
-    // Once the list has done with the key or the press, which would choose again what is taken back here, as
-    // would the keyboard's coming back from the message to a list without a choice.
+    // Queued: the list would choose the set again when it finishes the key or the press, and when the
+    // keyboard comes back from the message to a list without a choice.
     QMetaObject::invokeMethod(
         this,
         [this, reason] {
@@ -344,7 +344,7 @@ void frmOptions::cmdResetKeysToDefault_Click() {
     }
     const auto loaded = editing::LoadKeyMap(m_platform.files, m_platform.directory);
     m_keys = {loaded.map, loaded.map};
-    // What was typed into the list has emptied its text.
+    // Typing into the list has emptied its text.
     m_form->KeyListBox->setEditText(m_form->KeyListBox->itemText(m_form->KeyListBox->currentIndex()));
     showKey();
     if (!loaded.status) {

@@ -32,7 +32,7 @@ int main(int argc, char* argv[]) {
     }
     ui::SurviveFileSizeLimit();
     QApplication application(argc, argv);
-    // Whatever the program is started as: by these the desktop finds the entry that a window belongs to.
+    // The desktop finds a window's entry by these names, whatever file the program is started as.
     QApplication::setApplicationName(QStringLiteral("VTM"));
     QApplication::setDesktopFileName(QStringLiteral("vtm"));
     QApplication::setWindowIcon(shell::ProgramIcon());
@@ -40,7 +40,7 @@ int main(int argc, char* argv[]) {
     ui::Platform& platform = qtPlatform.platform();
     ui::qt::UseSpareFont(platform.directory.folder() / "vtmfont.ttf");
 
-    // What the toolkit has not taken for itself, as the bytes that it came as: paths need not be valid text.
+    // The arguments that the toolkit leaves, as bytes: paths need not be valid text.
     const std::vector<std::string> arguments(argv + 1, argv + argc);
 
     if (const shell::StartFiles start = shell::ReadArguments(arguments); !start.intro && !start.file) {

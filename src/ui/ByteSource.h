@@ -20,7 +20,7 @@ public:
     [[nodiscard]] virtual Result<Bytes> read(std::uint64_t offset, std::size_t count) const = 0;
 };
 
-/// What a source says that has not all the bytes which are asked for.
+/// The failure of a source that holds fewer bytes than are asked for.
 [[nodiscard]] inline Failure EndsTooEarly() {
     return {"it ends too early"};
 }

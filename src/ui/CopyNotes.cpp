@@ -117,7 +117,7 @@ std::optional<Path> KeptCopyOf(const Files& files, const Path& file) {
 
 void TellOfKeptCopies(Dialogs& dialogs, Files& files) {
     for (const Note& note : Notes(files)) {
-        // Who holds it is writing the file at this moment.
+        // A program that holds the lock is writing the file at this moment.
         const auto lock = files.lockFile(note.note);
         if (!lock) {
             continue;

@@ -8,8 +8,8 @@
 #include <memory>
 #include <optional>
 
-/// Notes, in Files::spareFolder(), of the copies that are kept while the files that they are of may be
-/// incomplete. When the program is ended in the middle its next start finds the note.
+/// Notes, in Files::spareFolder(), of the copies that are kept while a file may be incomplete. When the
+/// program is ended in the middle its next start finds the note.
 namespace ui {
 
 /// Notes on the disk that `copy`, which is there and whole, holds what `file` held. Other programs leave the
@@ -29,7 +29,7 @@ void MoveCopyNote(Files& files, const Path& from, const Path& to);
 /// The copy that is kept of a file that may be incomplete, whether the user was told of it or not.
 [[nodiscard]] std::optional<Path> KeptCopyOf(const Files& files, const Path& file);
 
-/// Tells of every copy that an interrupted program has left, once, and names the file that it is of.
+/// Tells once of every copy that an interrupted program has left, and names the file that was copied.
 void TellOfKeptCopies(Dialogs& dialogs, Files& files);
 
 } // namespace ui

@@ -177,7 +177,7 @@ FileWritten FileChange::commit() {
         return {.status = std::move(done), .holds = FileWritten::Holds::After};
     }
     (void)m_files.remove(std::exchange(m_temporary, {}));
-    // Not every file can be replaced that can be written.
+    // Some files can be written but not replaced.
     if (!m_mayWriteOver || !prepareInPlace()) {
         return {.status = std::move(done)};
     }

@@ -18,7 +18,7 @@ struct FileWritten {
 
     Status status = {};
     Holds holds = Holds::Before; ///< only after a failure
-    Path copy = {};              ///< where what the file held is kept whole; only when that is unsure
+    Path copy = {};              ///< a whole copy of the old content; only when the file is unsure
 
     /// The failure and, unless nothing has changed, what the file holds now and where the copy is.
     [[nodiscard]] Failure told() const;

@@ -81,7 +81,7 @@ struct FileFacts {
                               ///< attributes that a new file would not be given
 };
 
-/// What the names of files begin with that exist only while another one is written.
+/// The names of temporary files begin with this.
 constexpr std::string_view TemporaryPrefix = ".vtm-";
 
 /// A new file that nobody knows of yet.
@@ -90,8 +90,8 @@ struct TemporaryFile {
     std::unique_ptr<OutputFile> file;
 };
 
-/// The file system as the modules see it. Failures name the path and the cause. Who writes a file does it
-/// through ui/FileWriter.h.
+/// The file system as the modules see it. Failures name the path and the cause. Files are written through
+/// ui/FileWriter.h.
 class Files {
 public:
     enum class OpenMode {
@@ -157,7 +157,7 @@ public:
     /// The names of what lies in a folder, sorted; none if it cannot be read.
     [[nodiscard]] virtual std::vector<std::string> list(const Path& folder) const = 0;
 
-    /// Where copies and notes go that have no place beside the file that they are of; empty: nowhere.
+    /// The folder of copies that cannot lie beside their file, and of notes; empty: there is none.
     [[nodiscard]] virtual Path spareFolder() const = 0;
 };
 

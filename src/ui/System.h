@@ -14,8 +14,7 @@ namespace ui {
 /// The folder that the user's programs keep their data in; empty: there is none.
 [[nodiscard]] Path DataHome();
 
-/// The folder that the user's programs keep in what they go on with when they are started again; empty: there
-/// is none.
+/// The folder that the user's programs keep their state in from one run to the next; empty: there is none.
 [[nodiscard]] Path StateHome();
 
 /// Whether files can be made in a folder.

@@ -9,7 +9,7 @@ namespace ui {
 /// Scales such as 1.1 are not exact. Much smaller than what is seen, much larger than their error.
 constexpr double PixelTolerance = 1.0 / 4096;
 
-/// The pixel at which something begins that would begin between two of them.
+/// The whole pixel nearest to a place between two of them; the half goes up.
 inline int WholePixel(double place) {
     return static_cast<int>(std::floor(place + 0.5 + PixelTolerance));
 }

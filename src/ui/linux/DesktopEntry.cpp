@@ -27,7 +27,7 @@ bool IsOneOf(char character, std::string_view characters) {
     return characters.find(character) != std::string_view::npos;
 }
 
-/// A text that a file is searched for: there the backslash begins an escape.
+/// A text to find in a file, as the MIME database has it: a backslash there begins an escape.
 std::string MagicText(std::string_view text) {
     std::string escaped;
     for (const char character : text) {

@@ -30,8 +30,8 @@ enum class ExecPath {
 /// blank before it and is followed by the file as an argument of its own.
 [[nodiscard]] std::string DesktopEntryText(const FileType& type, const Path& program);
 
-/// The desktop entry that shows the program in menus, and what it is called. It starts with a line by which
-/// the program knows its own again: who deletes that line keeps the entry as it is.
+/// The desktop entry that shows the program in menus, and what it is called. Its first line marks it as
+/// written by the program: without that line the entry stays as the user has changed it.
 [[nodiscard]] std::string ProgramEntryText(const Path& program);
 constexpr std::string_view ProgramEntryName = "vtm.desktop";
 

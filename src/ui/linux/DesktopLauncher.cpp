@@ -97,7 +97,8 @@ void DesktopLauncher::open(
         Qt::QueuedConnection);
     QTimer::singleShot(m_patience, &m_listener, [report] { report(Success); });
 
-    // Nobody reads what it says, and it must not end with the terminal that this program was started from.
+    // The opener's output is read by nobody, and it must outlive the terminal that this program was started
+    // from.
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());

@@ -24,8 +24,8 @@ using native::IsAbsence;
 
 namespace {
 
-/// Where a link leads to. One that somebody else has put into a folder that everybody may write is refused,
-/// as it may lead the user to write what only the user can write.
+/// Where a link leads to. Another user's link in a folder that everybody may write is refused: it may lead to
+/// a file that only this user can write.
 Result<Path> Followed(const Path& link, const struct stat& information) {
     struct stat folder {};
 
@@ -44,13 +44,13 @@ Result<Path> Followed(const Path& link, const struct stat& information) {
     return target.is_absolute() ? target : link.parent_path() / target;
 }
 
-/// Whether a file has attributes that only it has: a list of who may use it, or somebody's notes. Those that
-/// the system gives every file do not count.
+/// Whether a file has attributes of its own: an access list, or somebody's notes. Attributes that the system
+/// gives every file do not count.
 bool HasAttributes(const Path& path) {
     std::array<char, 4096> names{};
     const ssize_t size = ::listxattr(path.c_str(), names.data(), names.size());
     if (size < 0) {
-        // Where it cannot be told, there may be some.
+        // A file whose attributes cannot be read may have some.
         return errno != ENOTSUP;
     }
     for (std::string_view rest(names.data(), static_cast<std::size_t>(size)); !rest.empty();) {
@@ -63,7 +63,7 @@ bool HasAttributes(const Path& path) {
     return false;
 }
 
-/// A name for what is to take the place of `target`.
+/// A name for the temporary file that is to replace `target`.
 Path TemporaryName(const Path& target) {
     return FolderOf(target) / (std::string(TemporaryPrefix) + RandomName());
 }
@@ -91,7 +91,7 @@ Status TakeAttributes(int number, const struct stat& old, const Path& path) {
 }
 
 extern "C" void OnFileSizeLimit(int /*signalNumber*/) {
-    // The write that went too far tells it.
+    // The write that goes too far fails and tells.
 }
 
 } // namespace
@@ -212,7 +212,7 @@ Result<FileFacts> DiskFiles::inspect(const Path& path, Links links) const {
     if (!S_ISREG(information.st_mode)) {
         return Failure{"Could not open \"" + PathText(path) + "\": it is not a file."};
     }
-    // A new file could take the place of one that may not be written; that is not for the program to do.
+    // A file that may not be written must not be replaced either, even where the folder allows it.
     if (::faccessat(AT_FDCWD, facts.target.c_str(), W_OK, AT_EACCESS) != 0) {
         return FileFailure("Could not open", path, errno);
     }
@@ -297,9 +297,9 @@ Status DiskFiles::renameNew(const Path& from, const Path& to) {
     if (errno != EINVAL && errno != ENOSYS) {
         return FileFailure("Could not create", to, errno);
     }
-    // Not every file system has it. A second name is refused as well if it is taken.
+    // Some file systems lack that rename. A second name is refused as well if it is taken.
     if (::link(from.c_str(), to.c_str()) == 0) {
-        // What stays behind otherwise is a name too much, but no harm.
+        // A temporary name that stays behind does no harm.
         (void)::unlink(from.c_str());
         return {};
     }

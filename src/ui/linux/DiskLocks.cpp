@@ -24,12 +24,11 @@ private:
     Descriptor m_descriptor;
 };
 
-// What holds a lock is done in moments: rather than wait for ever for one that hangs, give up after two
-// seconds.
+// Locks are held for moments only: a holder that needs more than two seconds hangs.
 constexpr int PatientAttempts = 400;
 constexpr std::chrono::milliseconds Pause(5);
 
-/// Locks what is open; while another holds it, tries again.
+/// Locks an open file or folder; while another program holds the lock, tries again.
 Status WaitForLock(int number, const Path& path, const char* busy, int attempts) {
     for (int attempt = 1; ::flock(number, LOCK_EX | LOCK_NB) != 0; ++attempt) {
         const bool hasLocks =
@@ -66,7 +65,7 @@ Result<std::unique_ptr<FileLock>> LockFile(const Path& path, int attempts) {
             return locked.failure();
         }
 
-        // Who held the lock before may have put another file in the place of this one.
+        // The program that held the lock before may have replaced the file.
         struct stat now {};
 
         if (::stat(path.c_str(), &now) != 0) {

@@ -40,7 +40,7 @@ void RunInBackground(const char* program, const Path& argument) {
     process.startDetached();
 }
 
-/// Makes `link` lead to `target`; whether it does. What is there and no link is left alone.
+/// Makes `link` lead to `target`; whether it does. A file or folder of that name is left alone.
 bool PutLink(DiskFiles& files, const Path& link, const Path& target) {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -90,7 +90,7 @@ void FreedesktopFileTypes::registerTypes(const std::vector<FileType>& types, con
     if (areEntriesNew && started != link()) {
         RemoveLink(link());
     }
-    // Where a cache is missing an earlier start could not make it: the tool may have come since.
+    // A missing cache could not be made before: its tool may have been installed since.
     if (isPackageNew || !m_files.exists(mime / "mime.cache")) {
         RunInBackground("update-mime-database", mime);
     }
@@ -113,7 +113,7 @@ bool FreedesktopFileTypes::putProgramEntry(const Path& entry, const Path& progra
     const auto old = m_files.read(entry);
     const bool isOwn = old && IsOwnProgramEntry(old.value());
     if (isInSystem(Path("applications") / ProgramEntryName)) {
-        // It would stand before the system's.
+        // The user's entry would hide the system's.
         return isOwn && m_files.remove(entry);
     }
     return (isOwn || !m_files.exists(entry)) && writeIfOther(entry, ProgramEntryText(program));
@@ -132,7 +132,7 @@ void FreedesktopFileTypes::putIcons() {
         }
     }
     if (isNew) {
-        // By this the desktops notice what a cache of the theme does not know.
+        // The folder's new time tells desktops that the theme's cache is out of date.
         std::error_code ignored;
         std::filesystem::last_write_time(
             m_dataHome / theme, std::filesystem::file_time_type::clock::now(), ignored);
@@ -143,10 +143,10 @@ Path FreedesktopFileTypes::link() const {
     return m_dataHome / "vtm" / "VTM";
 }
 
-/// The path by which the entries name the program. Not every opener takes a path with, say, blanks: such a
-/// program is named by a link to it, unless the user's own folders are called no better.
+/// The path by which the entries name the program. Some openers misread a path with, say, blanks: such a
+/// program is named by a link to it, unless the link's own path is no better.
 Path FreedesktopFileTypes::startable(const Path& program) {
-    // Between two doubtful paths the better one is that which stands in an entry as it is.
+    // Of two doubtful paths the better one needs no quotes or escapes in an entry.
     const auto doubt = [](const Path& path) {
         return std::pair(ExecPathOf(path), ExecArgument(PathText(path)) != PathText(path));
     };

@@ -7,10 +7,9 @@
 namespace ui::native {
 
 /// Registers file types as free desktops know them: a desktop entry for each type and one description of all
-/// of them for the shared MIME database, both in the user's data home and nowhere else. What the system's own
-/// data do not hold comes there too: the icons that the executable carries, and an entry that shows the
-/// program in menus, unless somebody else's is there. Which program the user prefers for a type is not
-/// touched.
+/// of them for the shared MIME database, both in the user's data home and nowhere else. The executable's
+/// icons, and an entry that shows the program in menus, are added there where the system's own data lack them
+/// and nobody else's entry is there. The user's preferred program for a type is not touched.
 class FreedesktopFileTypes final : public FileTypes {
 public:
     /// For the user and the executable that the program runs as.

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string_view>
 
-// After the toolkit's headers, which use some of the names that these define away.
+// X11's headers define names as macros that the toolkit's headers use, so they come last.
 #include <X11/X.h>
 #include <X11/keysym.h>
 
@@ -24,7 +24,7 @@ constexpr unsigned LastNamedSymbol = 0xFFFF;
 constexpr unsigned FirstPadSymbol = XK_KP_Space; ///< the pad's lie among them
 constexpr unsigned LastPadSymbol = XK_KP_Equal;
 constexpr unsigned PadDecimalScanCode = 91;
-// Of the window system's modifiers. Not every version of the toolkit tells of AltGr in its own.
+// The window system's modifier for AltGr, which some versions of the toolkit do not tell of.
 constexpr unsigned AltGrMask = Mod5Mask;
 
 constexpr unsigned F13ScanCode = 191;
@@ -284,8 +284,8 @@ int TranslatePadKey(const KeyFacts& facts) {
     return IsCharacter(facts.key) ? pad->digit : pad->movement;
 }
 
-/// Whether AltGr makes something of the key that a US keyboard has: an ASCII character, or a dead key that
-/// stands for one.
+/// Whether AltGr turns the key into something that a US keyboard types: an ASCII character, or a dead key
+/// that stands for one.
 bool IsTypedWithAltGr(const KeyFacts& facts) {
     const unsigned shown = facts.symbol != 0 ? facts.symbol : static_cast<unsigned>(facts.key);
     return !facts.alt && (IsAscii(shown) || DeadKeyBase(facts.key) != 0);
@@ -315,7 +315,7 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
     if (IsLetter(facts.key)) {
         press.virtualKey = facts.key;
         if (isReal && facts.symbol >= 'A' && facts.symbol <= 'Z' && !facts.capsLock) {
-            // A virtual keyboard has keys of their own for capitals.
+            // Virtual keyboards have separate keys for capitals.
             press.isShift = true;
         }
         return press;
@@ -326,13 +326,13 @@ KeyStroke TranslateKey(const KeyFacts& facts) {
         return press;
     }
     if (facts.alt && DigitAt(facts.scanCode) != 0) {
-        // A command, not a symbol: some layouts have digits only with Shift, which means something of its
-        // own.
+        // Alt with a digit is a command: some layouts type digits only with Shift, which would be another
+        // command.
         press.virtualKey = DigitAt(facts.scanCode);
         return press;
     }
     if (facts.key == Qt::Key_nobreakspace) {
-        // Some layouts have it on the space bar.
+        // Some layouts type this blank with the space bar.
         press.virtualKey = NamedVirtualKey(Qt::Key_Space);
         return press;
     }

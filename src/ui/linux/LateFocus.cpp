@@ -10,7 +10,7 @@ namespace ui::native {
 LateFocus::LateFocus()
     : m_connection(QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, [](QWindow* window) {
         if (window != nullptr && window->handle() == nullptr) {
-            // Nothing of it is shown.
+            // The new native window is not shown.
             window->create();
         }
     })) {}

@@ -53,7 +53,7 @@ public:
         while (size > 0 && error == EINTR) {
             error = ::posix_fallocate(m_descriptor.number(), 0, static_cast<off_t>(size));
         }
-        // Where the file system cannot do it, the writes themselves will tell.
+        // File systems that cannot reserve room report a full disk at the write.
         return size == 0 || error == 0 || error == EINVAL || error == EOPNOTSUPP ? Status() : failure(error);
     }
 

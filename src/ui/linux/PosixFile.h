@@ -45,8 +45,8 @@ private:
 /// Forces the names in a folder onto the disk; a failure names `shown`.
 Status SynchroniseFolder(const Path& folder, const Path& shown);
 
-/// Writes to an open file, which failures call `shown`. What a new one is called comes to the disk with what
-/// it holds.
+/// Writes to an open file, which failures call `shown`. A new file's name is forced onto the disk with its
+/// content.
 [[nodiscard]] std::unique_ptr<OutputFile> MakeOutputFile(Path shown, int number, bool isNew);
 
 } // namespace ui::native

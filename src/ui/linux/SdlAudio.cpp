@@ -31,7 +31,7 @@ unsigned ReadNumber(std::string_view bytes, std::size_t offset, std::size_t size
     return number;
 }
 
-/// Takes the place of ALSA's habit of printing every device that is not there.
+/// Silences ALSA, which prints an error for every device that is not there.
 void IgnoreAlsaError(
     const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/,
     ...) {}
@@ -106,7 +106,7 @@ struct SdlAudio::Library {
             if (library == nullptr || !functions->findIn(library)) {
                 return std::unique_ptr<Library>();
             }
-            // It would take over SIGINT and SIGTERM, which end the program in order.
+            // SDL would take over SIGINT and SIGTERM, which end the program in order.
             functions->setHint("SDL_NO_SIGNAL_HANDLERS", "1");
             functions->setHint("SDL_AUDIO_DEVICE_APP_NAME", "Vortigo");
             int (*setErrorHandler)(decltype(&IgnoreAlsaError)) = nullptr;

@@ -9,7 +9,7 @@
 #include <QtGui/qguiapplication_platform.h>
 #include <dlfcn.h>
 
-// After the toolkit's headers, which use some of the names that these define away.
+// X11's headers define names as macros that the toolkit's headers use, so they come last.
 #include <X11/XKBlib.h>
 #include <X11/extensions/XKBproto.h>
 #include <X11/keysym.h>
@@ -70,8 +70,8 @@ std::unique_ptr<X11Keyboard> X11Keyboard::Connect() {
     if (library == nullptr) {
         return {};
     }
-    // Xwayland lets a program set the locks, but the desktop knows nothing of it. Before it had an extension
-    // to know it by, the names of its screens told.
+    // Xwayland lets a program set the locks, but the desktop knows nothing of it. Versions without the
+    // extension are known by the names of their screens.
     int code = 0;
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (library->queryExtension(native->display(), "XWAYLAND", &code, &code, &code) != 0 ||

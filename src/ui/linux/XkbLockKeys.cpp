@@ -13,9 +13,8 @@ namespace ui::native {
 
 namespace {
 
-/// Milliseconds. The program that the focus comes from may be this one, started twice: first it puts back
-/// the locks that are the user's, which it does when the toolkit tells it, 100 ms late, that the focus is
-/// gone.
+/// Milliseconds. The focus may come from another instance of this program, which puts the user's locks back
+/// first, and the toolkit tells it 100 ms late that its focus is gone.
 constexpr int EnteringTime = 250;
 
 bool IsLockKey(int key) {
@@ -136,7 +135,7 @@ void XkbLockKeys::follow(const void* event, LockKey key) {
     }
     auto& wanted = key == LockKey::Caps ? m_wanted.caps : m_wanted.num;
     auto& original = key == LockKey::Caps ? m_original.caps : m_original.num;
-    // What this program has set since, or what one does that the focus has moved to, is none of another's.
+    // An event may be out of date: this program has set the lock since, or the focus has moved on.
     const QWindow* const window = QGuiApplication::focusWindow();
     if (told == (wanted ? wanted : original) || m_keyboard->isLocked(lock) != *told || window == nullptr ||
         !m_keyboard->hasFocus(window->winId())) {

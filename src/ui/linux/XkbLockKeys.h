@@ -20,9 +20,9 @@ class X11Keyboard;
 
 /// The lock keys of an X11 desktop. While the program's main window has the focus, Caps Lock, Num Lock and
 /// the light of Scroll Lock are as the program wants them; everywhere else, the program's dialogs included,
-/// they are as the user left them. A lock key that the user presses there has no say of its own: once it is
-/// up again, the locks are as the program wants them after it. What another program sets there is taken over,
-/// for the time after as well. On Wayland, where no program can set them, nothing happens.
+/// they are as the user left them. In the main window a lock key only tells the program, which sets the locks
+/// anew when the key is up again. A lock that another program sets meanwhile is taken over, and stays after
+/// the focus has gone. On Wayland, where no program can set them, nothing happens.
 class XkbLockKeys final : public QObject, public QAbstractNativeEventFilter, public LockKeys {
     Q_OBJECT
 
@@ -69,8 +69,8 @@ private:
     bool m_hasFocus = false;                 ///< whether any window of the program has it
     bool m_isInside = false;                 ///< whether the main window has the focus, and the locks are set
     Locks m_wanted;
-    Locks m_turned;   ///< what those were that a key has turned before the locks were set
-    Locks m_original; ///< of the user, while the main window has the focus
+    Locks m_turned;   ///< the former state of locks that a key has turned before they were set
+    Locks m_original; ///< the user's, while the main window has the focus
     std::function<void(LockKey, bool)> m_onTurned;
 };
 

@@ -28,8 +28,8 @@ constexpr QLatin1String NameEditName("fileNameEdit");
 constexpr QLatin1String ListName("listView");
 constexpr QLatin1String FileModelName("qt_filesystem_model");
 
-/// The filters as the toolkit reads them: what stands in the last brackets is matched, and hidden; what
-/// stands before it is shown, brackets of its own included.
+/// The filters as the toolkit reads them: the patterns in the last brackets are matched, and hidden; the text
+/// before them is shown, its own brackets included.
 QStringList NameFilters(const std::vector<FileFilter>& filters) {
     QStringList list;
     for (const FileFilter& filter : filters) {
@@ -84,14 +84,14 @@ FileChooser::FileChooser(
         m_forecastLine->setObjectName(QStringLiteral("lblForecast"));
         rows.addWidget(m_forecastLine, rows.rowCount(), 0, 1, -1);
     }
-    // Once the toolkit is through with the text and what it selects.
+    // Queued: the toolkit first handles the text and selects in the list.
     connect(
         nameEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { showTyped(text); },
         Qt::QueuedConnection);
 }
 
 FileChooser::~FileChooser() {
-    // The toolkit keeps them for every program.
+    // The toolkit stores the side bar for all programs.
     setSidebarUrls(m_places);
 }
 

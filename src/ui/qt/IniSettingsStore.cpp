@@ -59,7 +59,7 @@ std::vector<std::pair<std::string, std::string>> IniSettingsStore::list(const st
 void IniSettingsStore::refresh() {
     auto values = load();
     m_readable = values ? Status() : values.failure();
-    // What cannot be read now keeps the values that it had.
+    // While the file cannot be read, the values read before stay.
     if (values) {
         m_saved = std::move(values).value();
     }
@@ -74,7 +74,7 @@ Result<IniValues> IniSettingsStore::load() const {
         return bytes.failure();
     }
     auto values = ReadIniFile(m_file);
-    // The toolkit takes what it fails to read for a file with nothing in it.
+    // The toolkit treats a file that it fails to read as an empty one.
     if (values && (!values->empty() || bytes.value().empty())) {
         return std::move(*values);
     }
@@ -107,7 +107,7 @@ Status IniSettingsStore::saveLocked() {
     Bytes before;
     std::unique_ptr<FileLock> fileLock;
     if (m_files.exists(m_file)) {
-        // Another host may share the file, but not the lock of its folder.
+        // The lock of the folder keeps out no other host that shares the file.
         auto locked = m_files.lockFile(m_file);
         if (!locked) {
             return locked.failure();

@@ -31,7 +31,7 @@ std::optional<std::string> FromVariant(const QVariant& value) {
         return value.toByteArray().toStdString();
     case QMetaType::QStringList:
     case QMetaType::QVariantList:
-        // The file holds a comma without quotes, which only people write.
+        // A comma without quotes, which only people write, makes the value a list.
         return value.toStringList().join(QLatin1Char(',')).toStdString();
     default:
         return {};
@@ -51,7 +51,7 @@ IniValues ValuesOf(QSettings& settings) {
     return values;
 }
 
-/// Makes a file that need not come to the disk.
+/// Makes a temporary file, which need not be flushed.
 Status MakeScratchFile(Files& files, const Path& path, std::string_view bytes) {
     auto file = files.open(path, Files::OpenMode::CreatePrivate);
     if (!file) {
@@ -64,7 +64,7 @@ Status MakeScratchFile(Files& files, const Path& path, std::string_view bytes) {
     return done ? file.value()->close() : done;
 }
 
-/// Lets the toolkit put the values into a file that nobody else knows of and that holds `before`.
+/// Lets the toolkit put the values into a temporary file that holds `before`.
 Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSections& values) {
     QSettings settings(FromPath(file), QSettings::IniFormat);
     IniText text{.bytes = {}, .values = ValuesOf(settings), .wasDamaged = false};
@@ -89,7 +89,7 @@ Result<IniText> SetValues(const Path& file, const IniValues& before, const IniSe
 
 std::optional<IniValues> ReadIniFile(const Path& file) {
     QSettings settings(FromPath(file), QSettings::IniFormat);
-    // Another one that was open before may have been left behind by the file.
+    // The toolkit may have kept an older state of the file.
     settings.sync();
     if (settings.status() == QSettings::AccessError) {
         return {};
@@ -108,8 +108,8 @@ Result<IniText> WithIniValues(std::string_view before, const IniSections& values
     if (auto made = MakeScratchFile(files, original, before); !made) {
         return made.failure();
     }
-    // The toolkit takes what it fails to read for a file with nothing in it: so it reads twice, each time
-    // under a name that it remembers nothing of.
+    // The toolkit treats a file that it fails to read as an empty one, and remembers files by their names: so
+    // it reads twice, each time under a new name.
     const auto valuesBefore = ReadIniFile(original);
     const Path written = path / "settings.ini";
     if (auto renamed = files.rename(original, written); !renamed) {

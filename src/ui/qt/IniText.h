@@ -19,7 +19,7 @@ using IniSections = std::map<std::string, IniSection>;
 /// What an INI file holds: by its sections and keys the values, and nothing for one that is no text.
 using IniValues = std::map<std::string, std::map<std::string, std::optional<std::string>>>;
 
-/// The values of a file, of which there are none if it is not there; nothing if it cannot be read.
+/// The values of a file, none if the file is missing; nothing if it cannot be read.
 [[nodiscard]] std::optional<IniValues> ReadIniFile(const Path& file);
 
 /// An INI file with new values in it.

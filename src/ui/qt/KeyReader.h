@@ -10,8 +10,8 @@ class QKeyEvent;
 
 namespace ui::qt {
 
-/// Reads the keys of a window. The toolkit now and then takes the repeat of a held key for a new press; who
-/// hears of every release as well cannot be misled.
+/// Reads the keys of a window. The toolkit now and then reports the repeat of a held key as a new press, so
+/// releases are counted as well.
 class KeyReader {
 public:
     KeyReader();

@@ -17,7 +17,7 @@ LineLabel::LineLabel(QWidget* parent)
 }
 
 void LineLabel::tell(const QString& text, const QString& more) {
-    // Without any text it is called like the group that it is in.
+    // An empty label is named after its group.
     setText(text.isEmpty() ? QStringLiteral(" ") : text);
     m_more = more;
 }
@@ -45,7 +45,7 @@ bool LineLabel::event(QEvent* event) {
     if (!m_more.isEmpty()) {
         lines << m_more;
     }
-    // As a paragraph it is wrapped; it may hold a line of a file that looks like markup.
+    // A paragraph is wrapped, and its text is escaped, as a line of a file may look like markup.
     const QString tip =
         lines.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(lines.join(u'\n').toHtmlEscaped());
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);

@@ -130,7 +130,7 @@ qreal PictureWidget::pixelSide() const {
 }
 
 QSize PictureWidget::sizeOf(int width, int height) const {
-    // A little less, so that what is whole but for the error of the division is not taken for more.
+    // A little less, so that the error of the division makes no whole number one more.
     const auto extent = [this](int pixels, int shift) {
         return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - PixelTolerance));
     };
@@ -147,7 +147,7 @@ QRectF PictureWidget::placeOf(const Rect& part) const {
 
 QRect PictureWidget::areaOf(const Rect& part) const {
     const QRectF place = placeOf(part);
-    // Where logical pixels end within pixels of the screen, whatever shows an area may take or leave them.
+    // At a fractional scale a repaint may take or leave the pixels of the screen at the edges of an area.
     const qreal margin = IsWhole(m_scale) ? 0 : 1 / m_scale;
     return place.adjusted(-margin, -margin, margin, margin).toAlignedRect();
 }
@@ -232,7 +232,8 @@ void PictureWidget::fitPicture() {
     const bool isScaled = scale != m_scale || blockPixels != m_blockPixels;
     m_scale = scale;
     m_blockPixels = blockPixels;
-    // The background shows in the pixels of the screen that the widget has in part or too many.
+    // At a fractional scale the widget has pixels of the screen beyond the picture, which show the
+    // background.
     setAttribute(Qt::WA_OpaquePaintEvent, IsWhole(scale));
     const QSize wanted = m_picture == nullptr ? QSize(0, 0) : sizeOf(m_picture->width(), m_picture->height());
     if (isScaled || minimumSize() != wanted || maximumSize() != wanted) {
@@ -250,7 +251,7 @@ void PictureWidget::placeView() {
     }
     move(0, -static_cast<int>(std::floor(m_viewTop * pixelSide() + PixelTolerance)));
     if (!IsWhole(m_scale)) {
-        // Moved by other than whole pixels of the screen, nothing of what it shows can stay.
+        // After a move by a fraction of a pixel of the screen nothing shown can stay.
         update();
         Q_EMIT cellsMoved();
     }
@@ -271,7 +272,7 @@ bool PictureWidget::showToolTip(const QPoint& position, const QPoint& global) {
     const QPoint pixel = pixelAt(position);
     const int row = pixel.y() / m_cells.side + 1;
     const int column = pixel.x() / m_cells.side + 1;
-    // It goes as soon as the pointer leaves the cell that it is about.
+    // The tip goes as soon as the pointer leaves its cell.
     QToolTip::showText(
         global, cellIndex(row, column) < 0 ? toolTip() : m_cells.toolTip(row, column), this,
         cellRect(row, column));

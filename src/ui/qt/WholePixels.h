@@ -15,9 +15,8 @@ class QPainter;
 namespace ui::qt {
 
 /// How many pixels of a screen of that scale are a side of a block of `block` logical pixels: always a whole
-/// number, so that all blocks are alike. It is the nearest one. Where it is larger than the block, and the
-/// screen (in logical pixels) is not larger than 800 x 600 by as much, it is the one below: the windows fit a
-/// screen of 800 x 600.
+/// number, so that all blocks are alike. It is the nearest one, but never more than leaves room on the screen
+/// (in logical pixels) for windows that are made for 800 x 600.
 [[nodiscard]] int BlockPixels(int block, qreal scale, const QSize& screen);
 
 /// WholePixel of both coordinates.
