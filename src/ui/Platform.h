@@ -79,12 +79,13 @@ public:
     /// Why the store could not be read when that was last tried, if it could not.
     [[nodiscard]] virtual Status readable() const = 0;
 
-    /// Makes what was written last; the store survives a crash at any instant. Fails while the store cannot
-    /// be read: who has not seen what it holds does not know what to change.
+    /// Stores what was written; the store survives a crash at any instant. Fails while the store cannot be
+    /// read, since its other values would be lost.
     virtual Status save() = 0;
 };
 
-/// One script type that the desktop opens with this program.
+/// One script type that the desktop opens with this program. A system reads what its own way of registering
+/// needs: free desktops leave out the class name, the command and icon values and the flags.
 struct FileType {
     std::string extension;       ///< ".vtn"
     std::string className;       ///< "VTM_Name"
@@ -102,8 +103,8 @@ class FileTypes {
 public:
     virtual ~FileTypes() = default;
 
-    /// Registers all the types, and the program itself where the desktop does not know it. What already holds
-    /// the same is not rewritten.
+    /// Registers all the types, and the program itself where the desktop does not know it. Files that already
+    /// hold the same are not rewritten.
     virtual void registerTypes(const std::vector<FileType>& types, const Path& program) = 0;
 };
 
@@ -113,7 +114,8 @@ public:
     virtual ~Launcher() = default;
 
     /// Asks the desktop to open the address that the shortcut file `shortcut` leads to. Returns at once;
-    /// `done` is called later, on the same thread, with the result code: 33 or more is success.
+    /// `done` is called later, on the same thread, with the result code: 33 or more is success. A system
+    /// reports the codes that it can tell apart; free desktops know a few of them only.
     virtual void open(const Path& shortcut, const std::string& address, std::function<void(int)> done) = 0;
 };
 
