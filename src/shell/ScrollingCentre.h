@@ -6,13 +6,22 @@
 
 namespace shell {
 
-/// What the main window holds between its bars. Where the screen is too small for that, it is scrolled:
-/// nothing of it gets out of reach.
+/// What the main window holds between its bars: two columns. Where the screen is too small for that, it is
+/// scrolled: nothing of it gets out of reach.
 class ScrollingCentre final : public QScrollArea {
     Q_OBJECT
 
 public:
-    explicit ScrollingCentre(QWidget* parent = nullptr);
+    static constexpr int Margin = 12; ///< around the columns; less beside them where the window is narrow
+
+    /// Takes the columns in, the left one with the height that it wants.
+    ScrollingCentre(QWidget& left, QWidget& right, QWidget* parent);
+
+    /// The layouts learn what their content wants at the scale of the screen, pages out of view as well.
+    void settle();
+
+    /// The height that a scroll bar takes when there is room for this width only; 0: none is needed.
+    [[nodiscard]] int barHeight(int width) const;
 
     /// Scrolls until the visible part of a widget in it is in view.
     void follow(const QWidget& part);

@@ -2,25 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "shell/frmVTM.h"
 
-#include "animation/AnimationPage.h"
-#include "editing/DirectionPad.h"
 #include "editing/PagePanel.h"
-#include "editing/mdlKey.h"
 #include "shell/GlyphColumn.h"
+#include "shell/MainMenus.h"
+#include "shell/PageColumn.h"
 #include "shell/ProgressIndicator.h"
 #include "shell/Recovery.h"
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
-#include "shell/TabPicture.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QStackedWidget>
-#include <QStatusBar>
-#include <algorithm>
+#include <QScreen>
+#include <QToolBar>
+#include <chrono>
+#include <utility>
 
 namespace shell {
 
@@ -28,26 +24,41 @@ using editing::Page;
 
 namespace {
 
-constexpr int BlinkInterval = 500; // milliseconds
+constexpr std::chrono::milliseconds BlinkInterval(500);
+
+/// Where the window stood; apart from the options, of which every key has a meaning of its own.
+constexpr std::string_view WindowSection = "window";
+constexpr std::string_view GeometryKey = "geometry";
+
+/// From the start on; the first paint takes a fraction of it.
+constexpr std::chrono::milliseconds FileTypesTime(500);
+
+constexpr int StatusLineMargin = 2; // that the toolkit adds
+constexpr int RoundingRoom = 2;
+constexpr QSize FrameRoom(10, 40); // for what the desktop puts around the window
 
 } // namespace
 
-frmVTM::frmVTM(ui::Platform& platform)
+frmVTM::frmVTM(const ui::Platform& platform)
     : m_platform(platform)
-    , m_progress([this](int percentage) { picProgress->showPercentage(percentage); }) {
+    , m_session(platform, *this)
+    , m_files(platform, m_session, *this)
+    , m_glyphColumn(new GlyphColumn(workspace().settings, workspace().atlas, this))
+    , m_pageColumn(new PageColumn(workspace().documents, workspace().pictures, workspace().settings, this))
+    , m_commands(platform, m_session, *m_glyphColumn, *m_pageColumn, *this)
+    , m_menus(new MainMenus(*this, {m_session, m_files, m_commands})) {
     setObjectName(QStringLiteral("frmVTM"));
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     // The toolkit's own menu would hide the toolbar.
     setContextMenuPolicy(Qt::PreventContextMenu);
-    buildMenus();
-    buildToolbar();
     buildCentre();
-    connectControls();
     m_recovery = new Recovery(
-        m_workspace, *m_statusLine, m_platform.files, m_platform.stateFolder,
-        [this](const WorkState& state) { showWork(state); }, this);
+        workspace(), *m_statusLine, m_platform.files, m_platform.stateFolder,
+        [this](const WorkState& state) { m_session.restore(state); }, this);
+    m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
     tmrCursor.setParent(this);
     tmrCursor.setObjectName(QStringLiteral("tmrCursor"));
+    connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
     tmrCursor.start(BlinkInterval);
     qApp->installEventFilter(this);
 }
@@ -56,152 +67,61 @@ frmVTM::~frmVTM() {
     m_platform.lockKeys.onTurned({});
 }
 
-void frmVTM::connectControls() {
-    for (std::size_t i = 0; i < picTab.size(); ++i) {
-        const Page page = editing::Kinds.at(i).page;
-        editing::PagePanel& shown = panel(page);
-        connect(&shown, &editing::PagePanel::userActed, this, [this, page] { switchPageFor(page); });
-        connect(&shown, &editing::PagePanel::cursorMoved, this, [this, page](int column, int row) {
-            cursor_Moved(page, column, row);
-        });
-        connect(
-            &shown, &editing::PagePanel::picturePressed, this,
-            [this, page](int x, int y, Qt::MouseButton button) { PagePic_MouseDown(page, x, y, button); });
-        connect(picTab[i], &TabPicture::pressed, this, [this, page] { switchPageFor(page); });
+void frmVTM::buildCentre() {
+    m_centre = new ScrollingCentre(*m_glyphColumn, *m_pageColumn, this);
+    setCentralWidget(m_centre);
+    picProgress = new ProgressIndicator(this);
+    m_statusLine = new StatusLine(this);
+    m_statusLine->addPermanentWidget(picProgress);
+    const int margin = ScrollingCentre::Margin - StatusLineMargin;
+    m_statusLine->setContentsMargins(margin, 0, margin, 0);
+    setStatusBar(m_statusLine);
+    connect(m_statusLine, &StatusLine::showPressed, this, [this] { m_session.showReadNames(); });
+}
+
+ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
+    if (ui::Status loaded = m_session.load(arguments); !loaded) {
+        return loaded;
     }
-    m_platform.lockKeys.onTurned([this](ui::LockKey key, bool isOn) { lockKey_Turned(key, isOn); });
-    connect(m_animationPage, &animation::AnimationPage::nameButtonClicked, this, &frmVTM::cmdName_Click);
-    connect(m_animationPage, &animation::AnimationPage::totalChosen, this, &frmVTM::total_Chosen);
-    connect(m_animationPage, &animation::AnimationPage::ticksChosen, this, &frmVTM::ticks_Chosen);
-    connect(m_animationPage, &animation::AnimationPage::namesAdded, this, [this](int firstName) {
-        editing::PaintRowsFrom(painter(), Page::Animation, firstName);
-    });
-    connect(m_glyphColumn, &GlyphColumn::glyphPressed, this, &frmVTM::ImgGrid_MouseDown);
-    connect(m_glyphColumn, &GlyphColumn::favouritePressed, this, &frmVTM::cmdFavorite_MouseDown);
-    connect(m_glyphColumn, &GlyphColumn::frequentPressed, this, &frmVTM::cmdFrequent_MouseDown);
-    connect(m_glyphColumn, &GlyphColumn::countPressed, this, &frmVTM::cmdCalcFrequent_Click);
-    connect(m_glyphColumn, &GlyphColumn::modeSwitched, this, &frmVTM::cmdKey_Click);
-    connect(imgDir, &editing::DirectionPad::arrow, this, &frmVTM::imgDir_Arrow);
-    connect(m_statusLine, &StatusLine::showPressed, this, &frmVTM::showReadNames);
-    connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
-}
-
-editing::PagePanel& frmVTM::panel(Page page) const {
-    return *static_cast<editing::PagePanel*>(m_pages->widget(static_cast<int>(page)));
-}
-
-editing::PageCursor frmVTM::cursor() {
-    return editing::CursorOf(m_workspace.documents, m_workspace.page());
-}
-
-editing::PagePainter frmVTM::painter() {
-    return {m_workspace.documents, m_workspace.atlas,           m_workspace.pictures,
-            m_platform.sounds,     m_workspace.settings.sounds, m_progress};
-}
-
-void frmVTM::showStatus(const std::string& text) {
-    if (!text.empty()) {
-        statusBar()->showMessage(QString::fromStdString(text));
-    }
-}
-
-void frmVTM::Refresh() {
-    editing::PagePanel& shown = panel(m_workspace.page());
-    showPage(m_workspace.page());
-    m_centre->follow(shown.marker());
-    shown.takeFocus();
-}
-
-void frmVTM::showPage(Page page) {
-    panel(page).refresh();
-    showDamage();
-    updateCursorLabel();
-    record();
-}
-
-void frmVTM::showDamage() {
-    for (const editing::Kind& kind : editing::Kinds) {
-        panel(kind.page).showDamage();
-    }
-}
-
-void frmVTM::updateCursorLabel() {
-    QString text = QString::number(cursor().column);
-    if (m_workspace.page() == Page::Animation) {
-        text += QLatin1Char(',') + QString::number(cursor().row);
-    }
-    lblCurPos->setText(text);
-}
-
-void frmVTM::switchPageFor(Page page) {
-    if (page != m_workspace.page()) {
-        mnuView_Click(page);
-    }
-}
-
-void frmVTM::mnuView_Click(Page page) {
-    glyphs::PlaySoundResource(m_platform.sounds, m_workspace.settings.sounds, glyphs::PageSwitchedSound);
-    view(page);
-}
-
-void frmVTM::view(Page page) {
-    const int index = static_cast<int>(page);
-    m_workspace.settings.makeType = static_cast<std::int16_t>(index);
-    for (std::size_t i = 0; i < picTab.size(); ++i) {
-        picTab[i]->setActive(static_cast<int>(i) == index);
-    }
-    m_pageActions.at(index)->setChecked(true);
-    menu("mnuView")->actions().at(index)->setChecked(true);
-    m_pages->setCurrentIndex(index);
-    setWindowTitle(QLatin1String(editing::KindOf(page).windowTitle));
-    Refresh();
-}
-
-ui::Status frmVTM::SelectCharSet(int recordNumber) {
-    const auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
-    if (!set) {
-        return set.failure();
-    }
-    useCharSet(set.value());
+    restoreWindow();
+    show();
+    // The desktop learns about the file types once the window is painted: nothing in it waits for them.
+    QTimer::singleShot(FileTypesTime, this, [this] { m_session.registerFileTypes(); });
+    m_recovery->start();
+    m_session.tellOfStart();
     return {};
 }
 
-void frmVTM::useCharSet(const glyphs::CharSet& set) {
-    m_workspace.charSet = set.record;
-    buildAtlas(set.artwork);
+ui::Status frmVTM::Form_Unload() {
+    if (std::exchange(m_isUnloaded, true)) {
+        return {};
+    }
+    // A window that the start has not shown yet has no place to remember.
+    if (workspace().settings.saveAtExit && isVisible()) {
+        m_platform.settings.write(
+            std::string(WindowSection), std::string(GeometryKey), saveGeometry().toBase64().toStdString());
+    }
+    const ui::Status saved = m_session.end();
+    // Should the program end before it came to that.
+    m_session.registerFileTypes();
+    m_recovery->end();
+    return saved;
 }
 
-void frmVTM::buildAtlas(const ui::Picture& artwork) {
-    m_workspace.atlas = glyphs::BuildAtlas(artwork, m_workspace.settings.colours[BackgroundColour]);
-    m_glyphColumn->showGrid();
-}
-
-void frmVTM::applyColours() {
-    const auto& colours = m_workspace.settings.colours;
-    m_glyphColumn->showColours();
-    for (const editing::Kind& kind : editing::Kinds) {
-        panel(kind.page).setMarkerColour(colours.at(kind.markerColour));
+void frmVTM::restoreWindow() {
+    const auto geometry = m_platform.settings.read(std::string(WindowSection), std::string(GeometryKey));
+    if (!geometry || !restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*geometry)))) {
+        resize(firstSize());
     }
 }
 
-void frmVTM::applyCursors() {
-    const auto& cursors = m_workspace.settings.cursors;
-    m_glyphColumn->showPointer();
-    for (const editing::Kind& kind : editing::Kinds) {
-        panel(kind.page).setPointer(cursors.at(kind.pointer));
-    }
-}
-
-void frmVTM::applyModes() {
-    m_glyphColumn->showModes();
-    for (const editing::ModeKey& mode : editing::ModeKeys) {
-        editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, m_workspace.settings.modes.*mode.flag);
-    }
-}
-
-void frmVTM::tmrCursor_Timer() {
-    m_glyphColumn->blink();
-    panel(m_workspace.page()).blink();
+QSize frmVTM::firstSize() const {
+    m_centre->settle();
+    const QSize room = screen()->availableSize() - FrameRoom;
+    // No toolbar button hides behind an arrow, also where the scale of the screen rounds the width down.
+    QSize wanted = sizeHint().expandedTo({m_menus->toolbar().sizeHint().width() + RoundingRoom, 0});
+    wanted.rheight() += m_centre->barHeight(room.width());
+    return wanted.boundedTo(room);
 }
 
 void frmVTM::closeEvent(QCloseEvent* event) {
@@ -212,6 +132,79 @@ void frmVTM::closeEvent(QCloseEvent* event) {
                 .message);
     }
     event->accept();
+}
+
+void frmVTM::tmrCursor_Timer() {
+    m_glyphColumn->blink();
+    m_pageColumn->blink();
+}
+
+void frmVTM::viewPage(Page page) {
+    m_pageColumn->view(page);
+    m_menus->showPage(page);
+    setWindowTitle(QLatin1String(editing::KindOf(page).windowTitle));
+}
+
+void frmVTM::showDocument(Page page) {
+    m_pageColumn->showDocument(page);
+    m_menus->showTakingBack();
+}
+
+void frmVTM::followCursor() {
+    editing::PagePanel& panel = m_pageColumn->panel(m_session.page());
+    m_centre->follow(panel.marker());
+    panel.takeFocus();
+}
+
+void frmVTM::showProgress(int percentage) {
+    picProgress->showPercentage(percentage);
+}
+
+void frmVTM::showStatus(const std::string& text) {
+    if (!text.empty()) {
+        m_statusLine->showMessage(QString::fromStdString(text));
+    }
+}
+
+void frmVTM::offerReadNames() {
+    m_statusLine->offerShow();
+}
+
+void frmVTM::withdrawReadNames() {
+    if (m_statusLine->offersShow()) {
+        m_statusLine->clearMessage();
+    }
+}
+
+void frmVTM::showRecentFiles() {
+    m_menus->showRecentFiles();
+}
+
+void frmVTM::showAtlas() {
+    m_glyphColumn->showGrid();
+    m_glyphColumn->showGlyphs();
+}
+
+void frmVTM::showColours() {
+    m_glyphColumn->showColours();
+    m_pageColumn->showColours();
+}
+
+void frmVTM::showPointers() {
+    m_glyphColumn->showPointer();
+    m_pageColumn->showPointers();
+}
+
+void frmVTM::showModes() {
+    m_glyphColumn->showModes();
+}
+
+editing::SaveOutcome frmVTM::saveMessages() {
+    return m_commands.saveMessages();
+}
+
+void frmVTM::bindKey() {
+    m_commands.mnuToolsBindingWizard_Click();
 }
 
 } // namespace shell

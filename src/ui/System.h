@@ -11,6 +11,9 @@ namespace ui {
 /// The running program's own file; empty where the system does not tell.
 [[nodiscard]] Path ExecutableFile();
 
+/// The user's own folder; empty: there is none.
+[[nodiscard]] Path HomeFolder();
+
 /// The folder that the user's programs keep their data in; empty: there is none.
 [[nodiscard]] Path DataHome();
 

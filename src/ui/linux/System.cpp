@@ -24,7 +24,7 @@ Path UserFolder(const char* variable, const char* usual) {
     if (!folder.empty()) {
         return folder;
     }
-    const Path home = FolderVariable("HOME");
+    const Path home = HomeFolder();
     return home.empty() ? home : home / usual;
 }
 
@@ -37,6 +37,10 @@ std::string PathText(const Path& path) {
 Path ExecutableFile() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+Path HomeFolder() {
+    return FolderVariable("HOME");
 }
 
 Path DataHome() {

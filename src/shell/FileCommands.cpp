@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "shell/FileCommands.h"
+
+#include "scripts/mdlConfig.h"
+#include "scripts/mdlName.h"
+#include "shell/ScriptRooms.h"
+#include "shell/Session.h"
+#include "ui/System.h"
+
+namespace shell {
+
+using editing::Page;
+
+FileCommands::FileCommands(const ui::Platform& platform, Session& session, SessionView& view)
+    : m_platform(platform)
+    , m_session(session)
+    , m_workspace(session.workspace())
+    , m_view(view) {}
+
+ui::Path FileCommands::dialogFolder() const {
+    if (m_platform.directory.writable()) {
+        return m_platform.directory.folder();
+    }
+    return m_workspace.lastFolder.empty() ? ui::HomeFolder() : m_workspace.lastFolder;
+}
+
+void FileCommands::newDocument(Page page) {
+    m_session.switchTo(page);
+    m_session.finish(editing::NewDocument(m_workspace.documents, page));
+}
+
+void FileCommands::loadScript(Page page) {
+    if (const auto path = m_platform.dialogs.chooseFileToOpen(
+            editing::OpenScriptRequest(editing::KindOf(page), dialogFolder()))) {
+        m_session.switchTo(page);
+        m_session.readScript(page, *path);
+    }
+    m_session.refresh();
+}
+
+void FileCommands::loadRecent(Page page, std::size_t index) {
+    const std::vector<std::string>& paths = m_workspace.recent.of(page);
+    if (index < paths.size()) {
+        m_session.readScript(page, paths[index], editing::OpenFailure::MessageBox);
+        m_session.view(page);
+    }
+}
+
+void FileCommands::saveScript(Page page) {
+    const editing::Kind& kind = editing::KindOf(page);
+    const auto accepted = [&] {
+        if (kind.showsPageWhenSaved) {
+            m_session.switchTo(page);
+        }
+    };
+    const auto writer = ScriptRoomOf(page).writer;
+    const editing::SaveOutcome outcome = writer == nullptr
+                                             ? m_view.saveMessages()
+                                             : editing::SaveScript(
+                                                   m_platform.dialogs, m_platform.files,
+                                                   writer(m_workspace.documents), dialogFolder(), accepted);
+    m_view.showStatus(outcome.statusText);
+    if (outcome.kind == editing::SaveOutcome::Kind::Written) {
+        scriptSaved(page, outcome.path);
+    }
+    if (kind.offersBinding && scripts::OffersBinding(outcome) && m_workspace.settings.bindPrompt &&
+        scripts::AskToBind(m_platform.dialogs)) {
+        m_view.bindKey();
+    }
+    m_session.refresh();
+}
+
+void FileCommands::scriptSaved(Page page, const ui::Path& path) {
+    m_workspace.rememberedScript = path;
+    m_workspace.lastFolder = path.parent_path();
+    if (const ui::Status added =
+            AddRecentIfNew(m_workspace.recent, m_platform.settings, ui::PathText(path), page);
+        !added) {
+        m_view.showStatus(added.failure().message);
+    }
+    LoadRecentMenus(m_workspace.recent, m_platform.settings);
+    m_view.showRecentFiles();
+}
+
+void FileCommands::loadNameFromConfig() {
+    if (const auto path = scripts::ChooseConfigToLoad(m_platform.dialogs)) {
+        m_session.switchTo(Page::Name);
+        m_workspace.rememberedConfig = *path;
+        const auto outcome = scripts::LoadNameFromConfig(
+            m_platform.dialogs, m_platform.files, *path, m_workspace.documents.name,
+            [this] { m_session.repaint(Page::Name); });
+        m_view.showStatus(outcome.statusText);
+    }
+    m_session.refresh();
+}
+
+void FileCommands::saveNameToConfig() {
+    if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs, m_platform.files)) {
+        m_workspace.rememberedConfig = *path;
+        const auto outcome = scripts::SaveNameToConfig(
+            m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);
+        m_view.showStatus(outcome.statusText);
+    }
+    m_session.refresh();
+}
+
+void FileCommands::copyNameToClipboard() {
+    scripts::CopyNameToClipboard(m_platform.clipboard, m_platform.dialogs, m_workspace.documents.name);
+    m_session.refresh();
+}
+
+} // namespace shell

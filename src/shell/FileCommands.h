@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/Session.h"
+
+namespace shell {
+
+/// The commands of the File menu.
+class FileCommands {
+public:
+    /// All are borrowed and outlive the object.
+    FileCommands(const ui::Platform& platform, Session& session, SessionView& view);
+
+    void newDocument(editing::Page page);
+
+    /// Ask for a script, and read or write it.
+    void loadScript(editing::Page page);
+    void saveScript(editing::Page page);
+
+    /// Reads an entry (from 0) of the recent files; nothing where there is none.
+    void loadRecent(editing::Page page, std::size_t index);
+
+    /// Ask for a game's configuration file, and take the name from it or put it there.
+    void loadNameFromConfig();
+    void saveNameToConfig();
+
+    void copyNameToClipboard();
+
+private:
+    void scriptSaved(editing::Page page, const ui::Path& path);
+    [[nodiscard]] ui::Path dialogFolder() const;
+
+    const ui::Platform& m_platform;
+    Session& m_session;
+    Workspace& m_workspace;
+    SessionView& m_view;
+};
+
+} // namespace shell

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Kinds.h"
+#include "editing/PagePainter.h"
+#include "shell/Settings.h"
+
+#include <QWidget>
+#include <array>
+
+class QLabel;
+class QStackedWidget;
+
+namespace editing {
+class DirectionPad;
+class PagePanel;
+} // namespace editing
+
+namespace animation {
+class AnimationPage;
+} // namespace animation
+
+namespace shell {
+
+class TabPicture;
+
+/// The right column of the main window: the tabs, the page in view, the direction pad and the cursor's
+/// position. It shows documents and says what the user did.
+class PageColumn final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All are borrowed and outlive the column.
+    PageColumn(
+        editing::Documents& documents, editing::PagePictures& pictures, const Settings& settings,
+        QWidget* parent);
+
+    [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
+
+    [[nodiscard]] animation::AnimationPage& animationPage() const { return *m_animationPage; }
+
+    /// Brings a page into view.
+    void view(editing::Page page);
+
+    /// Sets everything but its picture from a page's document, and the cursor's position.
+    void showDocument(editing::Page page);
+
+    /// Shows again what has changed in the pictures.
+    void showDamage();
+
+    /// Show the settings as they are now.
+    void showColours();
+    void showPointers();
+
+    /// Shows an arrow key's press on the direction pad for a moment.
+    void showKey(int virtualKey);
+
+    /// Flips the outline of the page's marker between dashed and dotted.
+    void blink();
+
+Q_SIGNALS:
+    /// A tab was pressed, or the user acts on a control of a page; comes before the act takes effect.
+    void pageWanted(editing::Page page);
+    /// A scroll bar is to move a page's cursor to a cell (1-based).
+    void cursorMoved(editing::Page page, int column, int row);
+    /// A mouse button went down over a page's picture, at a position in its pixels.
+    void picturePressed(editing::Page page, int x, int y, Qt::MouseButton button);
+    /// An arrow of the direction pad, as a virtual key.
+    void arrow(int virtualKey);
+
+private:
+    QLayout* makeTabs();
+    void addPanel(editing::Page page, editing::PagePanel* panel);
+    QLayout* makeCursorRow();
+    [[nodiscard]] editing::Page inView() const;
+
+    editing::Documents& m_documents;
+    const Settings& m_settings;
+    std::array<TabPicture*, editing::Kinds.size()> picTab{};
+    QStackedWidget* m_pages = nullptr;
+    animation::AnimationPage* m_animationPage = nullptr;
+    editing::DirectionPad* imgDir = nullptr;
+    QLabel* lblCurPos = nullptr;
+};
+
+} // namespace shell
