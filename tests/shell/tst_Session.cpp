@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "RecordingView.h"
+#include "shell/FileCommands.h"
+#include "support/FakePlatform.h"
+#include "support/PaintedPages.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace {
+
+using editing::Page;
+using Shown = std::vector<std::string>;
+
+support::ExpectedFileDialog Like(const ui::FileDialogRequest& request) {
+    return {.title = request.title, .initialName = request.initialName, .filters = request.filters};
+}
+
+support::ExpectedFileDialog OpenDialog(Page page) {
+    return Like(editing::OpenScriptRequest(editing::KindOf(page)));
+}
+
+/// A run of the program without a window, in a program directory that holds the real character sets.
+class SessionRun : public testing::Test {
+protected:
+    SessionRun() {
+        for (const char* name : {"vtmtc.dat", "vtmgrid.dat"}) {
+            fake.directory.files.put(name, fake.disk.read(ui::Path(VTM_PROGRAM_DIR) / name).value());
+        }
+        fake.directory.files.put("vtmhelp.htm", "<html></html>");
+    }
+
+    ~SessionRun() override { fake.dialogs.expectAllAsked(); }
+
+    SessionRun(const SessionRun&) = delete;
+    SessionRun& operator=(const SessionRun&) = delete;
+    SessionRun(SessionRun&&) = delete;
+    SessionRun& operator=(SessionRun&&) = delete;
+
+    /// Starts on a page; what the start showed and played is forgotten.
+    void startOn(Page page) {
+        fake.settings.write("options", "maketype", std::to_string(static_cast<int>(page)));
+        load({});
+        session.tellOfStart();
+        view.shown.clear();
+        fake.sounds.waves.clear();
+    }
+
+    void load(const std::vector<std::string>& arguments) {
+        const ui::Status loaded = session.load(arguments);
+        ASSERT_TRUE(loaded.ok()) << loaded.failure().message;
+    }
+
+    [[nodiscard]] editing::Documents& documents() { return session.workspace().documents; }
+
+    [[nodiscard]] bool isPainted() {
+        return support::ArePaintedLike(documents(), session.workspace().pictures, session.workspace().atlas);
+    }
+
+    [[nodiscard]] long played(int sound) const {
+        return std::ranges::count(fake.sounds.waves, glyphs::SoundWave(sound));
+    }
+
+    /// A name script of the program directory.
+    [[nodiscard]] ui::Path putScript(const std::string& file, const std::string& name) const {
+        return fake.directory.files.put(file, "// Name File Created by Vortigo\r\nname \"" + name + "\"\r\n");
+    }
+
+    [[nodiscard]] std::string nameText() {
+        std::string text;
+        for (const glyphs::GlyphCode code : documents().name.rows().row(1)) {
+            text.push_back(static_cast<char>(code));
+        }
+        return text.substr(0, text.find_last_not_of(' ') + 1);
+    }
+
+    support::FakePlatform fake;
+    RecordingView view;
+    shell::Session session{fake.platform, view};
+    shell::FileCommands files{fake.platform, session, view};
+};
+
+} // namespace
+
+TEST_F(SessionRun, TheStartEndsWithItsPageInView) {
+    fake.settings.write("options", "maketype", "2");
+    load({});
+    EXPECT_EQ(session.page(), Page::Messages);
+    ASSERT_GE(view.shown.size(), 3U);
+    EXPECT_EQ(
+        Shown(view.shown.end() - 3, view.shown.end()), (Shown{"view Messages", "show Messages", "follow"}));
+    EXPECT_EQ(played(102), 1) << "the page is switched to once";
+    EXPECT_EQ(played(104), 0) << "the first painting is silent";
+    EXPECT_TRUE(isPainted());
+    EXPECT_EQ(session.history().undoCommand(), nullptr);
+}
+
+TEST_F(SessionRun, AScriptOfTheCommandLineIsLoadedInSilence) {
+    const ui::Path path = putScript("clan.vtn", "clan");
+    load({" /name " + path.native()});
+    EXPECT_EQ(nameText(), "clan");
+    EXPECT_EQ(session.page(), Page::Animation) << "the page that its switch shows";
+    EXPECT_NE(view.status.find("clan.vtn"), std::string::npos) << view.status;
+    EXPECT_EQ(session.history().undoCommand(), nullptr) << "it is what everything is taken back to";
+}
+
+TEST_F(SessionRun, ACharacterSetThatIsMissingEndsTheStart) {
+    ASSERT_TRUE(fake.disk.remove(fake.directory.files / "vtmgrid.dat"));
+    EXPECT_FALSE(session.load({}).ok());
+}
+
+TEST_F(SessionRun, AChangeIsPaintedThenShownAndCanBeTakenBack) {
+    startOn(Page::Name);
+    {
+        const auto running = session.running("Stamp");
+        session.finish(editing::PutGlyph(session.cursor(), {}, 29));
+    }
+    EXPECT_EQ(view.shown, (Shown{"show Name", "follow"}));
+    EXPECT_TRUE(isPainted());
+    ASSERT_NE(session.history().undoCommand(), nullptr);
+    EXPECT_EQ(*session.history().undoCommand(), "Stamp");
+    session.undo();
+    EXPECT_EQ(nameText(), "");
+    EXPECT_TRUE(isPainted());
+    session.redo();
+    EXPECT_EQ(nameText(), "\x1d");
+    EXPECT_TRUE(isPainted());
+}
+
+TEST_F(SessionRun, TakingBackBringsItsPageIntoView) {
+    startOn(Page::Name);
+    session.finish(editing::PutGlyph(session.cursor(), {}, 29));
+    session.switchTo(Page::Messages);
+    view.shown.clear();
+    fake.sounds.waves.clear();
+    session.undo();
+    EXPECT_EQ(view.shown, (Shown{"view Name", "show Name", "follow"}));
+    EXPECT_TRUE(fake.sounds.waves.empty());
+}
+
+TEST_F(SessionRun, ThePageInViewIsNotSwitchedToAgain) {
+    startOn(Page::Name);
+    session.switchTo(Page::Name);
+    EXPECT_TRUE(view.shown.empty());
+    session.view(Page::Name);
+    EXPECT_EQ(view.shown, (Shown{"view Name", "show Name", "follow"}));
+    EXPECT_EQ(played(102), 1);
+}
+
+TEST_F(SessionRun, WhatWasReadStandsOnThePageBeforeItIsTold) {
+    startOn(Page::Animation);
+    const ui::Path path = putScript("clan.vtn", "clan");
+    fake.dialogs.expectOpen(OpenDialog(Page::Name), path);
+    bool wasPainted = false;
+    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+        wasPainted = isPainted() && nameText() == "clan" && session.page() == Page::Name &&
+                     view.shown.back() == "show Name";
+    });
+    files.loadScript(Page::Name);
+    EXPECT_TRUE(wasPainted);
+    EXPECT_EQ(played(104), 1);
+}
+
+TEST_F(SessionRun, ACancelledDialogLeavesThePageInView) {
+    startOn(Page::Animation);
+    fake.dialogs.expectOpen(OpenDialog(Page::Name), std::nullopt);
+    files.loadScript(Page::Name);
+    EXPECT_EQ(session.page(), Page::Animation);
+    EXPECT_EQ(view.shown, (Shown{"show Animation", "follow"}));
+}
+
+TEST_F(SessionRun, AnAbandonedReadingIsShownOnlyWhenAskedFor) {
+    startOn(Page::Animation);
+    const ui::Path path = fake.directory.files.put(
+        "long.vta", "// Animation File Created by Vortigo\r\n// 20 Names In The Animation Sequence\r\n"
+                    "name \"first\"\r\nname \"much longer than a name\"\r\n");
+    fake.dialogs.expectOpen(OpenDialog(Page::Animation), path);
+    files.loadScript(Page::Animation);
+    EXPECT_TRUE(view.offersReadNames);
+    EXPECT_FALSE(isPainted());
+    session.showReadNames();
+    EXPECT_FALSE(view.offersReadNames);
+    EXPECT_TRUE(isPainted());
+}
+
+TEST_F(SessionRun, AScriptThatWasSavedIsRememberedBeforeItsKeyIsAskedFor) {
+    startOn(Page::Name);
+    session.finish(editing::PutGlyph(session.cursor(), {}, 'x'));
+    view.shown.clear();
+    const ui::Path path = fake.directory.files / "x.vtn";
+    fake.dialogs.expectSave(Like(editing::SaveScriptRequest(editing::KindOf(Page::Name))), path);
+    fake.dialogs.expectYesNo("Is this name to be used in Quake2?", ui::Answer::Yes);
+    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectYesNo(
+        "Would you like to use the Binding Wizard to bind the script file you just saved?", ui::Answer::Yes);
+    files.saveScript(Page::Name);
+    EXPECT_EQ(view.shown, (Shown{"recent", "binding wizard", "show Name", "follow"}));
+    EXPECT_EQ(session.workspace().rememberedScript, path);
+    EXPECT_EQ(session.workspace().recent.of(Page::Name), std::vector<std::string>{path.native()});
+}
+
+TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
+    startOn(Page::Name);
+    const ui::Path path = fake.directory.files / "m.vtm";
+    view.messagesOutcome = {editing::SaveOutcome::Kind::Written, path, "told"};
+    files.saveScript(Page::Messages);
+    EXPECT_EQ(view.shown, (Shown{"messages' wizard", "recent", "show Name", "follow"}));
+    EXPECT_EQ(view.status, "told");
+    EXPECT_EQ(session.workspace().recent.of(Page::Messages), std::vector<std::string>{path.native()});
+}
+
+TEST_F(SessionRun, ARecentFileIsLoadedThenShown) {
+    const ui::Path path = putScript("old.vtn", "old");
+    fake.settings.write("NameFiles", "RecentFile1", path.native());
+    startOn(Page::Messages);
+    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+        EXPECT_EQ(session.page(), Page::Messages) << "the page follows the reading";
+    });
+    files.loadRecent(Page::Name, 0);
+    EXPECT_EQ(session.page(), Page::Name);
+    EXPECT_EQ(nameText(), "old");
+    files.loadRecent(Page::Name, 1);
+    EXPECT_EQ(nameText(), "old") << "there is no such entry";
+}
+
+TEST_F(SessionRun, NewColoursAreShownAndEveryPagePaintedAnew) {
+    startOn(Page::Name);
+    shell::OptionsModel options(session.workspace().settings, session.workspace().charSet);
+    options.setColour(shell::BackgroundColour, ui::OpaquePixel(0, 0, 90));
+    session.applyOptions(options);
+    EXPECT_EQ(view.shown, (Shown{"colours", "atlas", "show Name", "show Animation", "show Messages"}));
+    EXPECT_EQ(played(104), 3);
+    EXPECT_EQ(view.furthest, 100);
+    EXPECT_TRUE(isPainted());
+}
+
+TEST_F(SessionRun, TheEndSavesTheOptionsIfTheySaySo) {
+    startOn(Page::Messages);
+    session.workspace().settings.favourites[0] = 77;
+    EXPECT_TRUE(session.end().ok());
+    EXPECT_EQ(fake.settings.read("options", "fav1"), "77");
+    session.workspace().settings.favourites[0] = 78;
+    session.workspace().settings.saveAtExit = false;
+    EXPECT_TRUE(session.end().ok());
+    EXPECT_EQ(fake.settings.read("options", "fav1"), "77");
+}
+
+TEST_F(SessionRun, TheDesktopLearnsOfTheScriptsOnce) {
+    startOn(Page::Name);
+    session.registerFileTypes();
+    session.registerFileTypes();
+    EXPECT_EQ(fake.fileTypes.registrations.size(), 1U);
+}
