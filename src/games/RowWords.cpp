@@ -33,7 +33,7 @@ constexpr auto MakeNotes() {
     constexpr Sighting DarkPlaces{Engine::DarkPlaces, Evidence::Run};
     constexpr Sighting DarkRead{Engine::DarkPlaces, Evidence::Read};
     constexpr Sighting EzQuake{Engine::EzQuake, Evidence::Run};
-    constexpr Sighting EzRead{Engine::EzQuake, Evidence::Read};
+    constexpr Sighting EzQuakeRead{Engine::EzQuake, Evidence::Read};
     constexpr Sighting Q2Pro{Engine::Q2Pro, Evidence::Read};
     constexpr std::string_view EndsText = "ends the text there";
     constexpr std::string_view FillsIn = "puts the value of a variable in the place of $ and its name";
@@ -57,10 +57,10 @@ constexpr auto MakeNotes() {
         NoteRule{Message, Anywhere, '\\', '\\', NoBackslash, DarkRead},
         NoteRule{Message, Anywhere, 255, 255, EndsText, FirstQuake},
         NoteRule{Message, AtStart, 1, 2, ColorMark, {Engine::VkQuake, Evidence::Read}},
-        NoteRule{Message, Anywhere, '$', '$', TurnsPairs, EzRead},
-        NoteRule{Message, Anywhere, '%', '%', "puts other words in the place of % and a letter", EzRead},
-        NoteRule{Message, Anywhere, '^', '^', "takes ^ and what stands behind it for a color", EzRead},
-        NoteRule{Message, AtStart, 1, 2, ColorMark, EzRead},
+        NoteRule{Message, Anywhere, '$', '$', TurnsPairs, EzQuakeRead},
+        NoteRule{Message, Anywhere, '%', '%', "puts other words in the place of % and a letter", EzQuakeRead},
+        NoteRule{Message, Anywhere, '^', '^', "takes ^ and what stands behind it for a color", EzQuakeRead},
+        NoteRule{Message, AtStart, 1, 2, ColorMark, EzQuakeRead},
         NoteRule{Message, Anywhere, 255, 255, EndsText, FirstQuake2},
         NoteRule{Message, AtStart, 1, 2, ColorMark, {Engine::Yamagi, Evidence::Read}},
     };
