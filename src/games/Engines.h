@@ -46,7 +46,7 @@ struct EngineFacts {
 
 /// One row an engine, in the order of Engine.
 inline constexpr std::array Engines{
-    EngineFacts{Engine::FirstQuake, Family::Quake, "Quake", "1.09", ""},
+    EngineFacts{Engine::FirstQuake, Family::Quake, "original Quake", "1.09", ""},
     EngineFacts{Engine::QuakeSpasm, Family::Quake, "QuakeSpasm", "0.95.1", "0.95.1"},
     EngineFacts{Engine::VkQuake, Family::Quake, "vkQuake", "", "2025/26"},
     EngineFacts{Engine::Ironwail, Family::Quake, "Ironwail", "", "2025/26"},
@@ -54,7 +54,7 @@ inline constexpr std::array Engines{
     EngineFacts{Engine::EzQuake, Family::QuakeWorld, "ezQuake", "3.6.1", "2025/26"},
     EngineFacts{Engine::Fte, Family::QuakeWorld, "FTE", "", "2025/26"},
     EngineFacts{Engine::Mvdsv, Family::QuakeWorld, "MVDSV", "0.35", "2025/26"},
-    EngineFacts{Engine::FirstQuake2, Family::Quake2, "Quake II", "3.19", ""},
+    EngineFacts{Engine::FirstQuake2, Family::Quake2, "original Quake II", "3.19", ""},
     EngineFacts{Engine::Yamagi, Family::Quake2, "Yamagi Quake II", "8.20", "8.71pre"},
     EngineFacts{Engine::Q2Pro, Family::Quake2, "Q2PRO", "", "2025/26"},
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/BindHints.h"
 
+#include "games/Script.h"
 #include "glyphs/RowText.h"
 #include "scripts/ConfigRewrite.h"
 #include "scripts/Lines.h"
@@ -27,22 +28,18 @@ std::string NameOfByte(char byte) {
 
 /// What games say to a script's file name: the bound command holds it without quotes of its own.
 std::string FileNameHint(const std::string& name) {
-    constexpr std::size_t MaxStem = 27;
-    const auto endsTheCommand = [](char byte) {
-        const auto code = static_cast<unsigned char>(byte);
-        return code <= 32 || code == 127 || byte == ';' || byte == '"';
-    };
-    const auto isTakenByNotAll = [](char byte) {
-        return static_cast<unsigned char>(byte) > 127 ||
-               std::string_view("'(){}$").find(byte) != std::string::npos;
-    };
-    if (const auto found = std::ranges::find_if(name, endsTheCommand); found != name.end()) {
-        return texts::NoGameRuns(NameOfByte(*found));
+    const games::NameTrouble trouble = games::TroubleOfScriptName(name);
+    switch (trouble.kind) {
+    case games::NameTrouble::Kind::EveryGame:
+        return texts::NoGameRuns(NameOfByte(trouble.byte));
+    case games::NameTrouble::Kind::SomeGames:
+        return texts::SomeGamesRun(NameOfByte(trouble.byte));
+    case games::NameTrouble::Kind::TooLong:
+        return texts::LongScriptName;
+    case games::NameTrouble::Kind::None:
+        break;
     }
-    if (const auto found = std::ranges::find_if(name, isTakenByNotAll); found != name.end()) {
-        return texts::SomeGamesRun(NameOfByte(*found));
-    }
-    return ui::PathText(ui::Path(name).stem()).size() > MaxStem ? texts::LongScriptName : "";
+    return {};
 }
 
 /// The key that a line binds without quotes around its name, as some games write it.

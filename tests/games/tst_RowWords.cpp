@@ -90,7 +90,7 @@ TEST(RowWords, TellWhatSingleEnginesDo) {
         "3 DarkPlaces puts the value of a variable in the place of $ and its name\n"
         "4 DarkPlaces cannot store a \\, and as the last glyph it takes the closing quote\n"
         "5 DarkPlaces shows ^ and a digit as a color\n"
-        "7 Quake ends the text there, and the player is disconnected\n");
+        "7 original Quake ends the text there, and the player is disconnected\n");
     EXPECT_EQ(
         Notes(Family::QuakeWorld, Station::Others, "x$b$c"),
         "2 ezQuake turns $ and what stands behind it into another glyph\n");
@@ -102,7 +102,7 @@ TEST(RowWords, TellWhatSingleEnginesDo) {
         Notes(Family::Quake, Station::Message, "\1a\r\\\xFF"),
         "3 DarkPlaces ends the text there\n"
         "4 DarkPlaces cannot store a \\, and as the last glyph it takes the closing quote\n"
-        "5 Quake ends the text there\n"
+        "5 original Quake ends the text there\n"
         "1 vkQuake may take the glyph for a color mark\n");
     EXPECT_EQ(
         Notes(Family::QuakeWorld, Station::Message, "a%b$c^\2"),
@@ -111,6 +111,6 @@ TEST(RowWords, TellWhatSingleEnginesDo) {
         "6 ezQuake takes ^ and what stands behind it for a color\n");
     EXPECT_EQ(
         Notes(Family::Quake2, Station::Message, "\2$%\xFF"),
-        "4 Quake II ends the text there\n"
+        "4 original Quake II ends the text there\n"
         "1 Yamagi Quake II may take the glyph for a color mark\n");
 }
