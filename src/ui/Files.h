@@ -199,9 +199,6 @@ public:
 
     [[nodiscard]] Path spareFolder() const override { return m_spareFolder; }
 
-    /// Makes `link` a symbolic link to `target`, in place of whatever has that name.
-    Status putLink(const Path& link, const Path& target);
-
 private:
     Path m_spareFolder;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/InChild.h"
 #include "support/TempProgramDirectory.h"
-#include "ui/Files.h"
+#include "ui/linux/PosixFile.h"
 
 #include <chrono>
 #include <csignal>
@@ -374,15 +374,14 @@ TEST(DiskFiles, MakesFoldersAndFlushesThem) {
         "Could not create \"" + (folder / "file/b").native() + "\": Not a directory.");
 }
 
-TEST(DiskFiles, PutsALinkInPlaceOfWhateverHasItsName) {
+TEST(PutLink, PutsALinkInPlaceOfWhateverHasItsName) {
     const TempFolder folder;
-    DiskFiles files;
     folder.put("old", "x");
     for (const char* target : {"first", "second"}) {
-        EXPECT_TRUE(files.putLink(folder / "old", target));
+        EXPECT_TRUE(ui::native::PutLink(folder / "old", target));
         EXPECT_EQ(std::filesystem::read_symlink(folder / "old"), target);
     }
-    EXPECT_FALSE(files.putLink(folder / "gone/link", "first"));
+    EXPECT_FALSE(ui::native::PutLink(folder / "gone/link", "first"));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 

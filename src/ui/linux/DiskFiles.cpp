@@ -21,6 +21,7 @@ namespace ui {
 using native::Descriptor;
 using native::FileFailure;
 using native::IsAbsence;
+using native::TemporaryName;
 
 namespace {
 
@@ -61,11 +62,6 @@ bool HasAttributes(const Path& path) {
         rest.remove_prefix(std::min(rest.size(), name.size() + 1));
     }
     return false;
-}
-
-/// A name for the temporary file that is to replace `target`.
-Path TemporaryName(const Path& target) {
-    return FolderOf(target) / (std::string(TemporaryPrefix) + RandomName());
 }
 
 /// How often another random name is tried when one is taken.
@@ -353,18 +349,6 @@ bool DiskFiles::sameFile(const Path& first, const Path& second) const {
         known = information;
     }
     return true;
-}
-
-Status DiskFiles::putLink(const Path& link, const Path& target) {
-    const Path temporary = TemporaryName(link);
-    if (::symlink(target.c_str(), temporary.c_str()) != 0) {
-        return FileFailure("Could not create", link, errno);
-    }
-    Status done = rename(temporary, link);
-    if (!done) {
-        ::unlink(temporary.c_str());
-    }
-    return done;
 }
 
 } // namespace ui

@@ -5,6 +5,7 @@
 #include "ui/FileWriter.h"
 #include "ui/System.h"
 #include "ui/linux/DesktopEntry.h"
+#include "ui/linux/PosixFile.h"
 #include "ui/qt/Text.h"
 
 #include <QDirIterator>
@@ -41,7 +42,7 @@ void RunInBackground(const char* program, const Path& argument) {
 }
 
 /// Makes `link` lead to `target`; whether it does. A file or folder of that name is left alone.
-bool PutLink(DiskFiles& files, const Path& link, const Path& target) {
+bool EnsureLink(DiskFiles& files, const Path& link, const Path& target) {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::file_status there = fs::symlink_status(link, error);
@@ -52,7 +53,7 @@ bool PutLink(DiskFiles& files, const Path& link, const Path& target) {
     } else if (there.type() != fs::file_type::not_found) {
         return false;
     }
-    return files.makeFolder(link.parent_path()) && files.putLink(link, target);
+    return files.makeFolder(link.parent_path()) && PutLink(link, target);
 }
 
 void RemoveLink(const Path& link) {
@@ -150,7 +151,7 @@ Path FreedesktopFileTypes::startable(const Path& program) {
     const auto doubt = [](const Path& path) {
         return std::pair(ExecPathOf(path), ExecArgument(PathText(path)) != PathText(path));
     };
-    return doubt(link()) < doubt(program) && PutLink(m_files, link(), program) ? link() : program;
+    return doubt(link()) < doubt(program) && EnsureLink(m_files, link(), program) ? link() : program;
 }
 
 /// Replaces a file if it holds anything else; whether it did.

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <system_error>
 #include <unistd.h>
@@ -132,6 +133,23 @@ Descriptor::~Descriptor() {
     if (m_number >= 0) {
         ::close(m_number);
     }
+}
+
+Path TemporaryName(const Path& target) {
+    return FolderOf(target) / (std::string(TemporaryPrefix) + RandomName());
+}
+
+Status PutLink(const Path& link, const Path& target) {
+    const Path temporary = TemporaryName(link);
+    if (::symlink(target.c_str(), temporary.c_str()) != 0) {
+        return FileFailure("Could not create", link, errno);
+    }
+    if (::rename(temporary.c_str(), link.c_str()) != 0) {
+        const Failure failure = FileFailure("Could not create", link, errno);
+        ::unlink(temporary.c_str());
+        return failure;
+    }
+    return {};
 }
 
 Status SynchroniseFolder(const Path& folder, const Path& shown) {

@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <utility>
 
-/// What the sources of DiskFiles share.
+/// Files as POSIX has them: what the sources of DiskFiles share, and links.
 namespace ui::native {
 
 [[nodiscard]] Failure FileFailure(const char* what, const Path& path, int errorNumber);
@@ -41,6 +41,12 @@ public:
 private:
     int m_number;
 };
+
+/// A name for the temporary file that is to replace `target`.
+[[nodiscard]] Path TemporaryName(const Path& target);
+
+/// Makes `link` a symbolic link to `target`, in place of whatever has that name.
+Status PutLink(const Path& link, const Path& target);
 
 /// Forces the names in a folder onto the disk; a failure names `shown`.
 Status SynchroniseFolder(const Path& folder, const Path& shown);
