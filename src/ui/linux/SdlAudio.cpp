@@ -74,7 +74,7 @@ std::optional<WaveSamples> ReadWave(std::string_view wave) {
     return isUsable ? std::optional(found) : std::nullopt;
 }
 
-/// What is used of the library.
+/// What is used of the library. Declared here, since the package with its header brings some fifty others.
 struct SdlAudio::Library {
     /// The library's own description of a device; its layout is part of its binary interface.
     struct Spec {
