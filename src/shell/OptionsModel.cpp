@@ -51,11 +51,11 @@ void OptionsModel::setBindPrompt(bool value) {
     markChanged(OptionsPage::Prompts);
 }
 
-void OptionsModel::setCharacterSet(int listIndex, const glyphs::CharSetRecord& record) {
-    m_characterSet = record;
-    m_characterSet.listIndex = static_cast<std::int16_t>(listIndex);
-    m_settings.grid = m_characterSet.listIndex;
-    markChanged(OptionsPage::ConversionList);
+void OptionsModel::setCharSet(int listIndex, const glyphs::CharSetRecord& record) {
+    m_charSet = record;
+    m_charSet.listIndex = static_cast<std::int16_t>(listIndex);
+    m_settings.charSet = m_charSet.listIndex;
+    markChanged(OptionsPage::CharSets);
 }
 
 void OptionsModel::setCursor(std::size_t index, std::int16_t style) {
@@ -71,7 +71,7 @@ void OptionsModel::setKeyGlyph(
     }
 }
 
-AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& characterSet) const {
+AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& charSet) const {
     AppliedOptions applied;
     if (isChanged(OptionsPage::Other)) {
         settings.loadAtStartup = m_settings.loadAtStartup;
@@ -90,9 +90,9 @@ AppliedOptions OptionsModel::applyTo(Settings& settings, glyphs::CharSetRecord& 
         settings.promptMessages = m_settings.promptMessages;
         settings.bindPrompt = m_settings.bindPrompt;
     }
-    if (isChanged(OptionsPage::ConversionList)) {
-        settings.grid = m_settings.grid;
-        characterSet = m_characterSet;
+    if (isChanged(OptionsPage::CharSets)) {
+        settings.charSet = m_settings.charSet;
+        charSet = m_charSet;
         applied.glyphs = true;
     }
     if (isChanged(OptionsPage::Cursors)) {

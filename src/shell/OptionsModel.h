@@ -15,7 +15,7 @@
 namespace shell {
 
 /// The pages of the options dialog, in the order of its tabs.
-enum class OptionsPage : std::size_t { Other, Colours, Prompts, ConversionList, Cursors, KeyMapping };
+enum class OptionsPage : std::size_t { Other, Colours, Prompts, CharSets, Cursors, KeyMapping };
 
 constexpr std::size_t OptionsPageCount = 6;
 
@@ -33,13 +33,13 @@ struct AppliedOptions {
 /// its page as changed.
 class OptionsModel {
 public:
-    OptionsModel(const Settings& settings, const glyphs::CharSetRecord& characterSet)
+    OptionsModel(const Settings& settings, const glyphs::CharSetRecord& charSet)
         : m_settings(settings)
-        , m_characterSet(characterSet) {}
+        , m_charSet(charSet) {}
 
     [[nodiscard]] const Settings& settings() const { return m_settings; }
 
-    [[nodiscard]] const glyphs::CharSetRecord& characterSet() const { return m_characterSet; }
+    [[nodiscard]] const glyphs::CharSetRecord& charSet() const { return m_charSet; }
 
     [[nodiscard]] bool isChanged(OptionsPage page) const { return m_changed[static_cast<std::size_t>(page)]; }
 
@@ -56,7 +56,7 @@ public:
     void setBindPrompt(bool value);
 
     /// Chooses the character set at a place (0-based) of the list.
-    void setCharacterSet(int listIndex, const glyphs::CharSetRecord& record);
+    void setCharSet(int listIndex, const glyphs::CharSetRecord& record);
 
     /// A mouse pointer: 0 none of its own, 1 arrow, 2 cross.
     void setCursor(std::size_t index, std::int16_t style);
@@ -65,13 +65,13 @@ public:
     void setKeyGlyph(editing::KeyMap& map, std::size_t key, std::size_t column, glyphs::GlyphCode code);
 
     /// Copies the changed pages, and only those, to the settings and the character set in use.
-    [[nodiscard]] AppliedOptions applyTo(Settings& settings, glyphs::CharSetRecord& characterSet) const;
+    [[nodiscard]] AppliedOptions applyTo(Settings& settings, glyphs::CharSetRecord& charSet) const;
 
 private:
     void markChanged(OptionsPage page) { m_changed[static_cast<std::size_t>(page)] = true; }
 
     Settings m_settings;
-    glyphs::CharSetRecord m_characterSet;
+    glyphs::CharSetRecord m_charSet;
     std::array<bool, OptionsPageCount> m_changed{};
 };
 

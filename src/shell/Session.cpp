@@ -178,11 +178,12 @@ ui::Status Session::loadSettings() {
     for (const editing::ModeKey& mode : editing::ModeKeys) {
         editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, settings.modes.*mode.flag);
     }
-    auto start = LoadStartCharSet(m_platform.files, m_platform.directory, m_platform.settings, settings.grid);
+    auto start =
+        LoadStartCharSet(m_platform.files, m_platform.directory, m_platform.settings, settings.charSet);
     if (!start) {
         return start.failure();
     }
-    settings.grid = static_cast<std::int16_t>(start.value().place);
+    settings.charSet = static_cast<std::int16_t>(start.value().place);
     if (!start.value().notice.empty()) {
         m_startNotice += (m_startNotice.empty() ? "" : " ") + start.value().notice;
     }

@@ -26,7 +26,7 @@ void Session::buildAtlas(const ui::Picture& artwork) {
 
 void Session::applyOptions(const OptionsModel& model) {
     const glyphs::CharSetRecord before = m_workspace.charSet;
-    const std::int16_t placeBefore = m_workspace.settings.grid;
+    const std::int16_t placeBefore = m_workspace.settings.charSet;
     const AppliedOptions applied = model.applyTo(m_workspace.settings, m_workspace.charSet);
     if (applied.colours) {
         m_view.showColours();
@@ -36,11 +36,11 @@ void Session::applyOptions(const OptionsModel& model) {
     }
     const std::string chosen = m_workspace.charSet.name;
     ui::Status selected;
-    if (model.isChanged(OptionsPage::ConversionList)) {
+    if (model.isChanged(OptionsPage::CharSets)) {
         selected = selectCharSet(m_workspace.charSet.listIndex + 1);
         if (!selected) {
             m_workspace.charSet = before;
-            m_workspace.settings.grid = placeBefore;
+            m_workspace.settings.charSet = placeBefore;
         }
     }
     if (applied.colours || (applied.glyphs && selected.ok())) {

@@ -33,7 +33,7 @@ void VisitSettings(SettingsType& settings, Visitor& visitor) {
     visitor.text("screenshot", settings.screenshot);
     visitor.truth("prompt1", settings.promptNames);
     visitor.truth("prompt2", settings.promptMessages);
-    visitor.number("grid", settings.grid);
+    visitor.number("grid", settings.charSet);
     for (std::size_t i = 0; i < settings.cursors.size(); ++i) {
         visitor.number(numbered("cursor", i + 1), settings.cursors[i]);
     }

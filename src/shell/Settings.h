@@ -46,7 +46,7 @@ struct Settings {
     std::string screenshot;     ///< path of the picture behind the full-screen preview; may be empty
     bool promptNames = true;    ///< ask before formatting all names
     bool promptMessages = true; ///< ask before formatting all messages
-    std::int16_t grid = 0;      ///< 0-based place of the character set in its list; unchecked
+    std::int16_t charSet = 0;   ///< 0-based place of the character set in its list; unchecked
     std::array<std::int16_t, CursorCount> cursors{
         0, 2, 2, 2}; ///< 0 none, 1 arrow, 2 cross; any other is none
     std::array<glyphs::GlyphCode, 3> frequent{0, 0, 0};

@@ -47,14 +47,14 @@ ui::Picture LargeGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) 
 } // namespace
 
 frmOptions::frmOptions(
-    const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
+    const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
     const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph, QWidget* parent)
     : QDialog(parent)
     , m_platform(platform)
     , m_atlas(atlas)
     , m_keys(keys)
     , m_pickGlyph(std::move(pickGlyph))
-    , m_model(settings, characterSet)
+    , m_model(settings, charSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
     m_form->setupUi(this);
     ui::qt::NameOkAndCancel(*m_form->buttons);
@@ -81,7 +81,7 @@ frmOptions::frmOptions(
     m_form->ImgGrid->setBlock(glyphs::CellBlock);
     m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();
-    listCharacterSets();
+    listCharSets();
     for (const auto name : editing::KeyNames()) {
         m_form->KeyListBox->addItem(FromLatin1(name));
     }
@@ -178,7 +178,7 @@ void frmOptions::showScreenshot() {
     m_form->txtbmpScreenShotFileName->setText(FromPath(m_model.settings().screenshot));
 }
 
-void frmOptions::listCharacterSets() {
+void frmOptions::listCharSets() {
     const auto names = glyphs::LoadCharSetNames(m_platform.files, m_platform.directory);
     for (const auto& name : names) {
         m_form->GridList->addItem(FromLatin1(name));
@@ -187,33 +187,32 @@ void frmOptions::listCharacterSets() {
     if (names.empty()) {
         return;
     }
-    const auto inUse = static_cast<std::size_t>(m_model.settings().grid);
-    const int row = inUse < names.size() ? m_model.settings().grid : 0;
+    const auto inUse = static_cast<std::size_t>(m_model.settings().charSet);
+    const int row = inUse < names.size() ? m_model.settings().charSet : 0;
     m_form->GridList->setCurrentRow(row);
     // Shown from memory: its files may have gone since.
-    showConversion(row, {m_model.characterSet(), m_atlas.artwork});
+    showCharSet(row, {m_model.charSet(), m_atlas.artwork});
 }
 
-void frmOptions::showConversion(int row, glyphs::CharSet conversion) {
-    m_shownConversion = row;
-    m_conversionArtwork = std::move(conversion.artwork);
-    paintConversion();
-    const std::string address = glyphs::WebAddressText(conversion.record);
+void frmOptions::showCharSet(int row, glyphs::CharSet set) {
+    m_shownCharSet = row;
+    m_shownArtwork = std::move(set.artwork);
+    paintCharSet();
+    const std::string address = glyphs::WebAddressText(set.record);
     m_form->lblWebAddress->setText(FromLatin1(address));
     m_form->lblWebAddress->setToolTip(FromLatin1(address));
     m_form->lblWebAddress->setAccessibleName(address.empty() ? tr("No web address") : QString());
     m_form->cmdGotoTc->setEnabled(IsWebAddress(address));
 }
 
-void frmOptions::paintConversion() {
-    m_conversionGrid =
-        glyphs::BuildAtlas(m_conversionArtwork, m_model.settings().colours[BackgroundColour]).cells;
-    m_form->ImgGrid->setPicture(&m_conversionGrid);
+void frmOptions::paintCharSet() {
+    m_shownGlyphs = glyphs::BuildAtlas(m_shownArtwork, m_model.settings().colours[BackgroundColour]).cells;
+    m_form->ImgGrid->setPicture(&m_shownGlyphs);
 }
 
 /// Says why the set that was chosen cannot be had and goes back to the one that is shown.
-void frmOptions::keepConversion(const std::string& reason) {
-    if (std::exchange(m_keepsConversion, true)) {
+void frmOptions::keepCharSet(const std::string& reason) {
+    if (std::exchange(m_keepsCharSet, true)) {
         return;
     }
     // Queued: the list would choose the set again when it finishes the key or the press, and when the
@@ -223,10 +222,10 @@ void frmOptions::keepConversion(const std::string& reason) {
         [this, reason] {
             {
                 const QSignalBlocker quiet(m_form->GridList);
-                m_form->GridList->setCurrentRow(m_shownConversion);
+                m_form->GridList->setCurrentRow(m_shownCharSet);
             }
             m_platform.dialogs.warn(reason);
-            m_keepsConversion = false;
+            m_keepsCharSet = false;
         },
         Qt::QueuedConnection);
 }
@@ -261,7 +260,7 @@ void frmOptions::cmdSetSS_Click() {
     if (!chosen) {
         return;
     }
-    m_model.setScreenshot(chosen->native());
+    m_model.setScreenshot(ui::PathText(*chosen));
     showScreenshot();
 }
 
@@ -284,8 +283,8 @@ void frmOptions::picColor_Click(std::size_t index) {
     }
     m_model.setColour(index, *chosen);
     m_colours[index]->setColour(ColourOf(*chosen));
-    if (index == BackgroundColour && m_shownConversion >= 0) {
-        paintConversion();
+    if (index == BackgroundColour && m_shownCharSet >= 0) {
+        paintCharSet();
     }
 }
 
@@ -305,15 +304,14 @@ void frmOptions::GridList_Click(int row) {
     if (row < 0) {
         return;
     }
-    auto conversion = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
-    if (!conversion) {
+    auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
+    if (!set) {
         const QByteArray chosen = m_form->GridList->item(row)->text().toLatin1();
-        keepConversion(CharSetStaysText(
-            chosen.toStdString(), m_model.characterSet().name, "chosen", conversion.failure()));
+        keepCharSet(CharSetStaysText(chosen.toStdString(), m_model.charSet().name, "chosen", set.failure()));
         return;
     }
-    m_model.setCharacterSet(row, conversion.value().record);
-    showConversion(row, std::move(conversion).value());
+    m_model.setCharSet(row, set.value().record);
+    showCharSet(row, std::move(set).value());
 }
 
 void frmOptions::cmdGotoTc_Click() {

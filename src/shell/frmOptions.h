@@ -38,7 +38,7 @@ public:
 
     /// `platform`, `atlas` (the glyphs as they are in use) and `keys` outlive the dialog.
     frmOptions(
-        const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& characterSet,
+        const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
         const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph,
         QWidget* parent = nullptr);
     ~frmOptions() override;
@@ -50,10 +50,10 @@ private:
     void turnPage(int step);
     void showSettings();
     void showScreenshot();
-    void listCharacterSets();
-    void showConversion(int row, glyphs::CharSet conversion);
-    void paintConversion();
-    void keepConversion(const std::string& reason);
+    void listCharSets();
+    void showCharSet(int row, glyphs::CharSet set);
+    void paintCharSet();
+    void keepCharSet(const std::string& reason);
     void showKey();
 
     void chkCaseChoice_Click();
@@ -89,10 +89,10 @@ private:
     std::array<KeyStrip*, 3> m_keyStrips{};
     std::array<ui::qt::PictureWidget*, 3> m_keyPictures{};
 
-    int m_shownConversion = -1; // row of the list; none when the list is empty
-    ui::Picture m_conversionArtwork;
-    ui::Picture m_conversionGrid;
-    bool m_keepsConversion = false; // that a set cannot be read is still to be said
+    int m_shownCharSet = -1; // row of the list; none when the list is empty
+    ui::Picture m_shownArtwork;
+    ui::Picture m_shownGlyphs;
+    bool m_keepsCharSet = false; // that a set cannot be read is still to be said
     std::array<ui::Picture, 3> m_keyGlyphs;
 };
 

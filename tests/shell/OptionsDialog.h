@@ -24,7 +24,7 @@ class OptionsDialog : public testing::Test {
 protected:
     support::FakePlatform fake;
     shell::Settings settings;
-    glyphs::CharSetRecord characterSet;
+    glyphs::CharSetRecord charSet;
     glyphs::GlyphAtlas atlas;
     editing::KeyMaps keys;
     std::vector<glyphs::GlyphCode> pickerStarts;
@@ -41,9 +41,9 @@ protected:
 
     /// Puts the character set at a place (0-based) of the list into use.
     void useCharSet(std::int16_t place) {
-        settings.grid = place;
+        settings.charSet = place;
         const glyphs::CharSet set = glyphs::LoadCharSet(fake.files, fake.directory, place + 1).value();
-        characterSet = set.record;
+        charSet = set.record;
         atlas = glyphs::BuildAtlas(set.artwork, settings.colours[0]);
     }
 
@@ -65,7 +65,7 @@ protected:
 
     void open() {
         dialog = std::make_unique<shell::frmOptions>(
-            fake.platform, settings, characterSet, atlas, keys, [this](glyphs::GlyphCode start) {
+            fake.platform, settings, charSet, atlas, keys, [this](glyphs::GlyphCode start) {
                 pickerStarts.push_back(start);
                 return picked;
             });
@@ -101,7 +101,7 @@ protected:
         return pages;
     }
 
-    shell::AppliedOptions apply() { return dialog->model().applyTo(settings, characterSet); }
+    shell::AppliedOptions apply() { return dialog->model().applyTo(settings, charSet); }
 
     [[nodiscard]] std::map<std::string, std::string> stored() const {
         support::MemorySettings store;

@@ -41,7 +41,7 @@ protected:
         model.setBindPrompt(false);
         glyphs::CharSetRecord other;
         other.artworkSlot = 4;
-        model.setCharacterSet(2, other);
+        model.setCharSet(2, other);
         model.setKeyGlyph(keys, 5, 2, 200);
     }
 
@@ -92,7 +92,7 @@ TEST_F(Options, EverySetterMarksItsOwnPageOnly) {
     expectOnly(2);
     model.setBindPrompt(false);
     expectOnly(2);
-    model.setCharacterSet(1, {});
+    model.setCharSet(1, {});
     expectOnly(3);
     model.setCursor(2, 0);
     expectOnly(4);
@@ -103,7 +103,7 @@ TEST_F(Options, EverySetterMarksItsOwnPageOnly) {
 TEST_F(Options, OnlyChangedPagesAreApplied) {
     changeEverything();
     const shell::OptionsModel all = model;
-    model = shell::OptionsModel(all.settings(), all.characterSet());
+    model = shell::OptionsModel(all.settings(), all.charSet());
     model.setCursor(0, 1);
     const AppliedOptions expected{false, true, false, false};
     EXPECT_EQ(model.applyTo(live, liveSet), expected);
@@ -118,7 +118,7 @@ TEST_F(Options, EachPageWritesItsOwnSettings) {
     const auto changed = model.settings();
 
     const auto apply = [&](auto change) {
-        model = shell::OptionsModel(changed, model.characterSet());
+        model = shell::OptionsModel(changed, model.charSet());
         change();
         shell::Settings settings;
         glyphs::CharSetRecord set;
@@ -141,7 +141,7 @@ TEST_F(Options, EachPageWritesItsOwnSettings) {
         apply([&] { model.setColour(0, changed.colours[0]); }),
         (Keys{"color1", "color2", "color3", "color4", "color5"}));
     EXPECT_EQ(apply([&] { model.setBindPrompt(false); }), (Keys{"bindprompt", "prompt1", "prompt2"}));
-    EXPECT_EQ(apply([&] { model.setCharacterSet(2, model.characterSet()); }), Keys{"grid"});
+    EXPECT_EQ(apply([&] { model.setCharSet(2, model.charSet()); }), Keys{"grid"});
     EXPECT_EQ(apply([&] { model.setCursor(0, 1); }), (Keys{"cursor1", "cursor2", "cursor3", "cursor4"}));
     EXPECT_EQ(apply([&] { model.setKeyGlyph(keys, 1, 1, 77); }), Keys{});
 }
@@ -170,10 +170,10 @@ TEST_F(Options, ANewCharacterSetIsInUseOnlyOnceApplied) {
     other.listIndex = 77; // a list whose records were moved: the place in the list counts
     other.artworkSlot = 5;
     other.webAddress = "https://example.org/";
-    model.setCharacterSet(1, other);
-    EXPECT_EQ(live.grid, 0);
+    model.setCharSet(1, other);
+    EXPECT_EQ(live.charSet, 0);
     EXPECT_EQ(model.applyTo(live, liveSet), (AppliedOptions{false, false, true, false}));
-    EXPECT_EQ(live.grid, 1);
+    EXPECT_EQ(live.charSet, 1);
     EXPECT_EQ(liveSet.listIndex, 1);
     EXPECT_EQ(liveSet.artworkSlot, 5);
     EXPECT_EQ(liveSet.webAddress, "https://example.org/");

@@ -94,7 +94,7 @@ TEST(Settings, DefaultsGiveTheTabledValuesInMemory) {
     settings.cursors.fill(1);
     settings.favourites.fill(99);
     settings.modes = {false, true, true, false};
-    settings.grid = 7;
+    settings.charSet = 7;
     settings.makeType = 2;
     settings.screenshot = "x";
 
@@ -114,7 +114,7 @@ TEST(Settings, DefaultsGiveTheTabledValuesInMemory) {
     EXPECT_FALSE(settings.modes.insert);
     EXPECT_FALSE(settings.modes.upperCase);
     EXPECT_TRUE(settings.modes.numberPad);
-    EXPECT_EQ(settings.grid, 0);
+    EXPECT_EQ(settings.charSet, 0);
     EXPECT_EQ(settings.page(), editing::Page::Animation);
     EXPECT_EQ(settings.screenshot, "/opt/vtm/quake00.bmp");
 }
@@ -210,7 +210,7 @@ TEST(Settings, EveryKeyComesBackAsItWasSaved) {
     settings.screenshot = "/pictures/my shot.bmp";
     settings.promptNames = false;
     settings.promptMessages = false;
-    settings.grid = 3;
+    settings.charSet = 3;
     settings.cursors = {1, 0, 1, 3};
     settings.frequent = {7, 8, 255};
     settings.favourites = {0, 1, 2, 128, 254};

@@ -358,7 +358,7 @@ TEST_F(OptionsDialog, ThePromptsSetTheirOptions) {
     EXPECT_FALSE(settings.bindPrompt);
 }
 
-TEST_F(OptionsDialog, TheConversionListTakesTheRoomThatALargeFontGivesTheDialog) {
+TEST_F(OptionsDialog, TheListOfCharacterSetsTakesTheRoomThatALargeFontGivesTheDialog) {
     const LargeFont large;
     open();
     showPage(3);

@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(OptionsCharSets, TheConversionListShowsAllSetsAndTheOneInUse) {
+TEST_F(OptionsCharSets, TheListShowsAllSetsAndTheOneInUse) {
     const auto names = glyphs::LoadCharSetNames(fake.files, fake.directory);
     putAddress(1, "mailto:steel@example.org");
     useCharSet(1);
@@ -77,12 +77,12 @@ TEST_F(OptionsCharSets, AChosenSetIsPreviewedAndInUseOnlyAfterOk) {
     const auto expected = glyphs::LoadCharSet(fake.files, fake.directory, 2);
     ASSERT_TRUE(expected);
     EXPECT_EQ(shownGrid(), gridOf(1, settings.colours[0]));
-    EXPECT_EQ(settings.grid, 0);
-    EXPECT_EQ(characterSet.listIndex, 0);
+    EXPECT_EQ(settings.charSet, 0);
+    EXPECT_EQ(charSet.listIndex, 0);
     press("cmdOK");
     EXPECT_EQ(apply(), (shell::AppliedOptions{false, false, true, false}));
-    EXPECT_EQ(settings.grid, 1);
-    EXPECT_EQ(characterSet, expected.value().record);
+    EXPECT_EQ(settings.charSet, 1);
+    EXPECT_EQ(charSet, expected.value().record);
 }
 
 TEST_F(OptionsCharSets, TheArrowKeysChooseASetToo) {
@@ -90,7 +90,7 @@ TEST_F(OptionsCharSets, TheArrowKeysChooseASetToo) {
     showPage(3);
     QTest::keyClick(find<QListWidget>("GridList"), Qt::Key_Down);
     EXPECT_EQ(changedPages(), "3");
-    EXPECT_EQ(dialog->model().settings().grid, 1);
+    EXPECT_EQ(dialog->model().settings().charSet, 1);
 }
 
 TEST_F(OptionsCharSets, ThePreviewFollowsANewBackground) {
@@ -140,7 +140,7 @@ TEST_F(OptionsCharSets, ASetThatCannotBeLoadedLeavesTheOneThatWasChosenBefore) {
     waitForWarning();
     EXPECT_EQ(highlighted(list), std::vector<int>{1});
     EXPECT_EQ(shownGrid(), gridOf(1, settings.colours[0]));
-    EXPECT_EQ(dialog->model().settings().grid, 1);
+    EXPECT_EQ(dialog->model().settings().charSet, 1);
 }
 
 TEST_F(OptionsCharSets, TheSetInUseIsShownWhenItsFileIsGone) {
@@ -187,7 +187,7 @@ TEST_F(OptionsCharSets, ANewBackgroundReadsNoFile) {
 }
 
 TEST_F(OptionsCharSets, ASetOutsideTheListShowsTheFirst) {
-    settings.grid = 99;
+    settings.charSet = 99;
     open();
     EXPECT_EQ(find<QListWidget>("GridList")->currentRow(), 0);
     EXPECT_EQ(changedPages(), "");

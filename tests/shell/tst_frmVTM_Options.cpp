@@ -79,7 +79,7 @@ TEST_F(WindowOptions, ASetThatIsGoneByOkLeavesTheOldOneOnTheNewBackground) {
     });
     EXPECT_EQ(fake.dialogs.left(), 0U);
     EXPECT_EQ(workspace().charSet, before);
-    EXPECT_EQ(workspace().settings.grid, 0);
+    EXPECT_EQ(workspace().settings.charSet, 0);
     EXPECT_EQ(workspace().atlas.cells, expected.cells);
     EXPECT_EQ(workspace().pictures.name.pixels().pixel(0, 0), NewBackground);
 }
@@ -93,7 +93,7 @@ TEST_F(WindowOptions, AChosenSetIsInUseAfterOk) {
         press(options, "cmdOK");
     });
     EXPECT_EQ(workspace().charSet.listIndex, 1);
-    EXPECT_EQ(workspace().settings.grid, 1);
+    EXPECT_EQ(workspace().settings.charSet, 1);
     EXPECT_EQ(workspace().atlas.cells, expected.cells);
 }
 
