@@ -134,7 +134,7 @@ status=0
     }
 
     # Elsewhere a path is more than bytes between slashes, and the system tells what it knows in other ways.
-    room != "ui/linux" && !/^[ \t]*\/\// && match($0, /\.native\(\)|rfind\(\047\/\047\)|"\/proc|getenv *\(|sigaction/) {
+    room != "ui/linux" && !/^[ \t]*\/\// && match($0, /(\.|->)native\(\)|rfind\(\047\/\047\)|"\/proc|getenv *\(|sigaction/) {
         complain(substr($0, RSTART, RLENGTH) " outside ui/linux")
     }
 

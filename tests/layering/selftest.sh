@@ -132,6 +132,9 @@ refuses "the toolkit in the toolkit-free part of ui/linux" "ui/linux/DiskFiles.c
 plant && echo 'const auto& text = path.native();' >>"$tree/src/scripts/mdlName.h"
 refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:3: .native() outside ui/linux"
 
+plant && echo 'const auto& text = chosen->native();' >>"$tree/src/scripts/mdlName.h"
+refuses "the same through a pointer" "scripts/mdlName.h:3: ->native() outside ui/linux"
+
 plant && echo "    const auto slash = path.rfind('/');" >>"$tree/src/scripts/mdlName.h"
 refuses "a path taken apart by hand" "scripts/mdlName.h:3: rfind('/') outside ui/linux"
 
