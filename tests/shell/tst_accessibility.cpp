@@ -157,6 +157,20 @@ TEST_F(Announcements, TellsOfTheCursorAndOfWhatIsTyped) {
     EXPECT_TRUE(listener.heard("name code 120, x")) << "what was pushed on has changed too";
 }
 
+TEST_F(Announcements, TellsOfNoCellThatStayedAsItWas) {
+    startOn(Page::Messages);
+    press(Qt::Key_Down);
+    listener.clear();
+    type("x");
+    EXPECT_EQ(listener.count("name"), 1);
+    EXPECT_EQ(listener.count("data"), 0);
+    workspace().settings.modes.insert = true;
+    listener.clear();
+    type("z");
+    EXPECT_EQ(listener.count("name"), 30) << "the cells from the second to the last one";
+    EXPECT_EQ(listener.count("data"), 0);
+}
+
 TEST_F(Announcements, TellsOfTheMarkedGlyph) {
     startOn(Page::Name);
     listener.clear();
