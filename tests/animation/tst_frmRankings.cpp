@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -379,11 +380,14 @@ TEST_F(Rankings, CloseWhilePlaying) {
     }
 }
 
-TEST_F(Rankings, MayBeDestroyedWhilePlaying) {
+TEST_F(Rankings, DestroyedWhilePlayingLeaveNoTimerBehind) {
     open();
     hand().click("cmdPlay");
+    ASSERT_TRUE(isPlaying());
+    const QPointer<QTimer> timer = &hand().find<QTimer>("AniTimer");
     form.reset();
     QCoreApplication::processEvents();
+    EXPECT_TRUE(timer.isNull());
 }
 
 TEST_F(Rankings, NeverChangeTheAnimation) {

@@ -4,6 +4,7 @@
 #include "support/Contrast.h"
 
 #include <QColor>
+#include <QDir>
 #include <QFile>
 #include <QIcon>
 #include <QImage>
@@ -54,8 +55,16 @@ double visibleShare(const QImage& image, const QColor& background) {
 
 } // namespace
 
+TEST(ToolbarIcons, AreAllThatAreRendered) {
+    QStringList files;
+    for (const QString& key : ToolbarKeys) {
+        files << key + ".png" << key + "@2x.png";
+    }
+    files.sort();
+    EXPECT_EQ(QDir(ICONS "/toolbar").entryList({"*.png"}, QDir::Files, QDir::Name), files);
+}
+
 TEST(ToolbarIcons, AreThereInBothSizes) {
-    EXPECT_EQ(ToolbarKeys.size(), 25);
     for (const QString& key : ToolbarKeys) {
         SCOPED_TRACE(key.toStdString());
         EXPECT_EQ(shell::ToolIcon(key).availableSizes(), QList<QSize>({QSize(24, 24), QSize(48, 48)}));
