@@ -54,7 +54,7 @@ void AddQuakeWorldTimes(const Timetable& table, std::vector<Finding>& findings) 
             {Weight::Loss,
              "the server kicks the player at name " + std::to_string(table.kicked.name) + ", after " +
                  TimeText(table.kicked.milliseconds),
-             KickLimit.seen, table.kicked.name});
+             KickLimit.seen, table.kicked.name, 0, true});
     }
     if (table.cutOff.name > 0) {
         findings.push_back(
@@ -62,11 +62,10 @@ void AddQuakeWorldTimes(const Timetable& table, std::vector<Finding>& findings) 
              "name " + std::to_string(table.cutOff.name) +
                  " and what follows is never run: a script may wait " +
                  TimeText(WaitLimit.ticks * PaceOf(table.family).tick),
-             WaitLimit.seen, table.cutOff.name});
+             WaitLimit.seen, table.cutOff.name, 0, true});
     }
     if (table.kicked.name > 0) {
-        findings.push_back(
-            {Weight::Note, "servers mute the player for 5 minutes instead", FteServer, table.kicked.name});
+        findings.push_back({Weight::Note, "servers mute the player for 5 minutes instead", FteServer});
     }
     if (table.ticks > StrictWaits) {
         findings.push_back(
@@ -81,14 +80,14 @@ void AddQuake2Times(const Timetable& table, std::vector<Finding>& findings) {
         findings.push_back(
             {Weight::Loss,
              NamesText(table.unsent) + (table.unsent.count == 1 ? " is" : " are") + " never sent: no ticks",
-             SkipLimit.seen, table.unsent.first});
+             SkipLimit.seen, table.unsent.first, 0, true});
     }
     if (table.doubtful.count > 0) {
         findings.push_back(
             {Weight::Note,
              "may skip " + NamesText(table.doubtful) + ": fewer than " + std::to_string(SkipLimit.ticks) +
                  " ticks",
-             SkipLimit.seen, table.doubtful.first});
+             SkipLimit.seen, table.doubtful.first, 0, true});
     }
 }
 
@@ -131,8 +130,8 @@ FindingsOnScript(Family family, const ScriptSize& size, std::optional<NameComman
     std::vector<Finding> findings;
     if (command) {
         const CommandRule& rule = RuleOf(family, *command);
-        if (!rule.text.empty()) {
-            findings.push_back({rule.runs ? Weight::Note : Weight::Loss, std::string(rule.text), rule.seen});
+        if (!rule.runs) {
+            findings.push_back({Weight::Loss, std::string(rule.text), rule.seen});
         }
     }
     for (const ScriptLimit& limit : ScriptLimits()) {

@@ -22,8 +22,9 @@ struct Finding {
     Weight weight = Weight::Note;
     std::string text; ///< one short sentence without a full stop; of a note, behind the engine's name
     Sighting seen{};
-    int row = 0;    ///< the name or message that it is about, from 1; 0: the whole script
-    int column = 0; ///< its cell, from 1; 0: the whole row
+    int row = 0;           ///< the name or message that it is about, from 1; 0: the whole script
+    int column = 0;        ///< its cell, from 1; 0: the whole row
+    bool namesRow = false; ///< whether the text says which row it is about
     std::optional<std::vector<GlyphCode>> shown = {}; ///< what is seen in place of the row, behind the text
 };
 

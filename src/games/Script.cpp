@@ -169,7 +169,7 @@ Fit FitOf(const ScriptLimit& limit, const ScriptSize& size) {
 NameTrouble TroubleOfScriptName(std::string_view name, std::span<const Family> families) {
     using Kind = NameTrouble::Kind;
     if (const auto found = std::ranges::find_if(name, EndsCommand); found != name.end()) {
-        return {Kind::EveryGame, *found, {Engine::QuakeSpasm, Run}};
+        return {Kind::EveryGame, *found, RuleOf(families.front(), NameCommand::Name).seen};
     }
     const auto isAsked = [families](const ScriptNameRule& rule) {
         return std::ranges::find(families, FactsOf(rule.seen.engine).family) != families.end();

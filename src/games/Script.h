@@ -20,7 +20,7 @@ struct CommandRule {
     Family family;
     NameCommand command;
     bool runs;
-    std::string_view text; ///< what is to be said of it; may be empty
+    std::string_view text; ///< what becomes of it, or when it does not run after all; may be empty
     Sighting seen;
 };
 
@@ -69,7 +69,7 @@ enum class Fit : std::uint8_t {
 struct NameTrouble {
     enum class Kind : std::uint8_t {
         None,
-        EveryGame, ///< `byte` stands in the way of every game
+        EveryGame, ///< `byte` stands in the way of every engine
         SomeGames, ///< `byte` stands in the way of the engine that it was seen in
         TooLong    ///< for that engine
     };
@@ -79,7 +79,8 @@ struct NameTrouble {
     Sighting seen{};
 };
 
-/// What is wrong with a script's file name, without folders, for any of the families.
+/// What is wrong with a script's file name, without folders, for any of the families, of which there is
+/// at least one.
 [[nodiscard]] NameTrouble
 TroubleOfScriptName(std::string_view name, std::span<const Family> families = Families);
 

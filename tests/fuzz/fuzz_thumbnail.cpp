@@ -7,7 +7,7 @@
 #include <numeric>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto script = thumbnail::ReadScript(fuzz::Bytes(data, size));
+    const auto script = cli::ReadScript(fuzz::Bytes(data, size));
     if (!script) {
         fuzz::Require(!script.failure().message.empty(), "what cannot be drawn has a reason");
         return 0;

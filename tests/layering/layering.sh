@@ -27,7 +27,7 @@ status=0
 
     # The room of a source: a folder of src, of ui or of tools. The tour, tests and benchmarks are in none.
     function roomOf(path) {
-        if (path ~ /^tools\/(charset|cli|makers|thumbnail)\//) return substr(path, 1, index(substr(path, 7), "/") + 5)
+        if (path ~ /^tools\/(charset|check|cli|makers|thumbnail)\//) return substr(path, 1, index(substr(path, 7), "/") + 5)
         if (path !~ /^src\/.*\//) return ""
         return roomOfHeader(substr(path, 5))
     }
@@ -35,7 +35,7 @@ status=0
     # The room of a header as it is included.
     function roomOfHeader(path) {
         if (match(path, /^ui\/(qt|linux)\//)) return substr(path, 1, RLENGTH - 1)
-        if (path ~ /^(charset|cli|makers|thumbnail)\//) path = "tools " path
+        if (path ~ /^(charset|check|cli|makers|thumbnail)\//) path = "tools " path
         if (path !~ /\//) return ""
         path = substr(path, 1, index(path, "/") - 1)
         sub(/ /, "/", path)
@@ -70,8 +70,9 @@ status=0
         allowed["animation"] = " animation games editing glyphs ui "
         allowed["scripts"] = " scripts games editing glyphs ui "
         allowed["shell"] = " shell animation scripts games editing glyphs ui "
-        allowed["tools/cli"] = " tools/cli glyphs ui "
+        allowed["tools/cli"] = " tools/cli animation scripts editing glyphs ui "
         allowed["tools/charset"] = " tools/charset tools/cli glyphs ui "
+        allowed["tools/check"] = " tools/check tools/cli animation scripts games editing glyphs ui "
         allowed["tools/makers"] = " tools/makers tools/cli glyphs ui "
         allowed["tools/thumbnail"] = " tools/thumbnail tools/cli animation scripts editing glyphs ui "
         while ((getline line < forms) > 0) toolkit[stemOf(line)] = 1

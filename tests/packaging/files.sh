@@ -20,7 +20,7 @@ complain() {
 }
 
 expected=(
-    bin/vtm bin/vtm-charset bin/vtm-thumbnail
+    bin/vtm bin/vtm-charset bin/vtm-check bin/vtm-thumbnail
     share/vtm/{vtmtc.dat,vtmgrid.dat,vtmani01.dat,vtmani02.dat,quake00.bmp,vtmhelp.htm,vtmhelp/glyphs.gif}
     share/applications/{vtm,vtm-name,vtm-animation,vtm-message}.desktop
     share/metainfo/org.example.vtm.metainfo.xml

@@ -83,6 +83,7 @@ startAlone() {
     server=
     chroot --userspec=65534:65534 "$bare" /opt/vtm/bin/vtm-charset list >/dev/null || fail "vtm-charset"
     chroot --userspec=65534:65534 "$bare" /opt/vtm/bin/vtm-thumbnail --help >/dev/null || fail "vtm-thumbnail"
+    chroot --userspec=65534:65534 "$bare" /opt/vtm/bin/vtm-check --help >/dev/null || fail "vtm-check"
 }
 echo "on-bare: the archive alone"
 startAlone

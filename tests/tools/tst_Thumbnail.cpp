@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "thumbnail/Drawing.h"
-#include "thumbnail/Script.h"
+#include "cli/Script.h"
 #include "tools/GameFiles.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@ namespace {
 
 using thumbnail::DrawAnimation;
 using thumbnail::DrawThumbnail;
-using thumbnail::ReadScript;
-using thumbnail::Script;
+using cli::ReadScript;
+using cli::Script;
 
 const std::string NameHeader = "// Name File Created by Vortigo\r\n";
 const std::string MessageHeader = "// Macro File Created by Vortigo\r\n";

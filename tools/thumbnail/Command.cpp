@@ -5,10 +5,10 @@
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
 #include "cli/PngPicture.h"
+#include "cli/Script.h"
 #include "cli/TerminalText.h"
 #include "glyphs/mdlData.h"
 #include "thumbnail/Drawing.h"
-#include "thumbnail/Script.h"
 #include "ui/FileWriter.h"
 
 #include <array>
@@ -115,7 +115,7 @@ ui::Status Perform(const Task& task, ui::Files& files, const ui::ProgramDirector
     if (!bytes) {
         return bytes.failure();
     }
-    const auto script = ReadScript(bytes.value());
+    const auto script = cli::ReadScript(bytes.value());
     if (!script) {
         return NotDrawn(task.input, script.failure());
     }

@@ -154,7 +154,7 @@ void DrawLine(
 
 } // namespace
 
-ui::Picture DrawThumbnail(const Script& script, const ui::Picture& artwork, int side) {
+ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork, int side) {
     ui::Picture picture(side, side, ui::OpaqueBlack);
     Block block = std::visit([](const auto& document) { return BlockOf(document); }, script);
     if (block.lines.empty()) {

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "cli/Script.h"
 #include "glyphs/GifPicture.h"
-#include "thumbnail/Script.h"
 #include "ui/Picture.h"
 
 #include <vector>
@@ -16,7 +16,7 @@ constexpr int MaxSide = 1024;
 /// A square picture of a script, `side` pixels (MinSide to MaxSide), black where no glyph is: the name, the
 /// messages or the first names of the animation that are not blank, one below the other. Glyphs are enlarged
 /// by a whole factor; rows too wide even so go on in the next line. `artwork` is 128 x 128.
-[[nodiscard]] ui::Picture DrawThumbnail(const Script& script, const ui::Picture& artwork, int side);
+[[nodiscard]] ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork, int side);
 
 /// An animation's names as the game shows them, with their times: names without ticks are left out, unless
 /// none has any; then it is the last name that stays. Glyphs are enlarged by a whole factor so that 15 of

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-namespace thumbnail {
+namespace cli {
 
 /// A script of any kind. Names of an animation that the script does not time have no ticks, as in the game.
 using Script = std::variant<editing::NameDocument, editing::AnimationDocument, editing::MessageDocument>;
@@ -17,4 +17,4 @@ using Script = std::variant<editing::NameDocument, editing::AnimationDocument, e
 /// end; the failure says why, without a file name.
 [[nodiscard]] ui::Result<Script> ReadScript(std::string_view bytes);
 
-} // namespace thumbnail
+} // namespace cli

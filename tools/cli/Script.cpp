@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "thumbnail/Script.h"
+#include "cli/Script.h"
 
 #include "animation/mdlAniScript.h"
 #include "scripts/mdlMacro.h"
@@ -8,7 +8,7 @@
 
 #include <string>
 
-namespace thumbnail {
+namespace cli {
 
 ui::Result<Script> ReadScript(std::string_view bytes) {
     editing::NameDocument name;
@@ -48,4 +48,4 @@ ui::Result<Script> ReadScript(std::string_view bytes) {
     return ui::Failure{"it is not a name, animation or message script"};
 }
 
-} // namespace thumbnail
+} // namespace cli
