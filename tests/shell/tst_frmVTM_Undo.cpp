@@ -7,9 +7,11 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDialog>
 #include <QMenu>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <random>
 #include <string>
 #include <vector>
@@ -134,6 +136,17 @@ TEST_F(Undoing, EndsARunOfTypingWhereverTheCursorIsMoved) {
         choose("mnuView_0");
     });
     expectTwoRuns([this] { choose("mnuEditCopy"); });
+    // A glyph that was not picked after all.
+    expectTwoRuns([this] {
+        QTimer::singleShot(0, window.get(), [] {
+            auto* const picker = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(picker, nullptr);
+            picker->reject();
+        });
+        press(Qt::Key_G, Qt::AltModifier);
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    });
 }
 
 TEST_F(Undoing, TakesStampsBackWhereTheyWerePut) {
