@@ -120,8 +120,9 @@ std::vector<Finding> FindingsOnAnimation(Family family, const TimedNames& names)
         auto onRow = OnRow(JudgeName(family, Audience::Others, row), row, static_cast<int>(i) + 1);
         std::ranges::move(onRow, std::back_inserter(findings));
     }
-    std::ranges::stable_partition(
-        findings, [](const Finding& finding) { return finding.weight == Weight::Loss; });
+    std::stable_partition(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.weight == Weight::Loss;
+    });
     return findings;
 }
 

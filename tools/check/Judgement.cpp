@@ -128,8 +128,9 @@ private:
         }
         Add(findings, games::FindingsOnScript(family(), games::SizeOf(m_bytes), m_lines.command));
         Add(findings, std::move(onContent));
-        std::ranges::stable_partition(
-            findings, [](const Finding& finding) { return finding.weight == Weight::Loss; });
+        std::stable_partition(findings.begin(), findings.end(), [](const Finding& finding) {
+            return finding.weight == Weight::Loss;
+        });
         return std::move(m_judgement);
     }
 
