@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "editing/mdlKey.h"
+#include "games/RowVerdict.h"
 #include "glyphs/GlyphWords.h"
 #include "shell/AltKeys.h"
 #include "ui/Files.h"
@@ -8,8 +9,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 
 namespace {
 
@@ -47,6 +50,48 @@ std::vector<std::string> matches(const std::string& html, const std::string& pat
 void expectAllIn(const std::string& shown, const std::vector<std::string>& wanted) {
     for (const auto& one : wanted) {
         EXPECT_NE(shown.find(one), std::string::npos) << one;
+    }
+}
+
+/// The codes of a list like "1-9 11".
+std::vector<int> codesOf(const std::string& list) {
+    std::vector<int> codes;
+    std::istringstream words(list);
+    for (std::string word; words >> word;) {
+        const int first = std::stoi(word);
+        const std::size_t dash = word.find('-');
+        const int last = dash == std::string::npos ? first : std::stoi(word.substr(dash + 1));
+        for (int code = first; code <= last; ++code) {
+            codes.push_back(code);
+        }
+    }
+    return codes;
+}
+
+/// What the page says of a glyph between two others, as the verdict on the three is.
+std::string tellingOf(const games::RowVerdict& verdict, int code) {
+    using games::Reason;
+    const std::map<Reason, std::string> refusals{
+        {Reason::Unnamed, "the server calls you <em>unnamed</em>"},
+        {Reason::BadInfo, "the server calls you <em>badinfo</em>"},
+        {Reason::ServerRefuses, "the server refuses the name"},
+        {Reason::GameRefuses, "the game refuses the name"},
+        {Reason::NotSent, "the game does not send the name"},
+        {Reason::EndsQuotes, "the name breaks off"},
+        {Reason::RestIsRun, "the name ends there, the rest is run as a command"}};
+    if (const auto refusal = refusals.find(verdict.reason); refusal != refusals.end()) {
+        return refusal->second;
+    }
+    switch (verdict.fates[1]) {
+    case games::Fate::Lost:
+        return "the name ends there";
+    case games::Fate::Dropped:
+        return verdict.fates[2] == games::Fate::Changed ? "gone; the next glyph gets the second color"
+                                                        : "left out";
+    case games::Fate::Changed:
+        return code == 160 ? "an ordinary blank" : "shown in the first color";
+    default:
+        return "kept";
     }
 }
 
@@ -349,9 +394,29 @@ TEST(Help, TellsOfTheCommandsThatComeWithTheProgram) {
         text(page()), {
                           "vtm-charset add \"My Quake\" ~/quake/id1/pak0.pak",
                           "vtm-charset --help",
+                          "vtm-check clan.vtn",
                           "vtm-thumbnail clan.vtn clan.png",
                           "vtm-thumbnail wave.vta --animate wave.gif",
                       });
+}
+
+TEST(Help, TellsWhatGamesMakeOfEveryGlyph) {
+    const std::string html = page();
+    const std::regex row(
+        "<tr data-codes=\"([0-9 -]+)\"><td>.*?</td><td>(.*?)</td><td>(.*?)</td><td>(.*?)</td></tr>");
+    std::set<int> told;
+    for (std::sregex_iterator match(html.begin(), html.end(), row), end; match != end; ++match) {
+        for (const int code : codesOf((*match)[1])) {
+            EXPECT_TRUE(told.insert(code).second) << code;
+            for (const games::Family family : games::Families) {
+                const std::vector<glyphs::GlyphCode> name{'a', static_cast<glyphs::GlyphCode>(code), 'b'};
+                const auto verdict = games::JudgeName(family, games::Audience::Others, name);
+                EXPECT_EQ(tellingOf(verdict, code), (*match)[2 + static_cast<std::size_t>(family)])
+                    << code << " in " << games::NameOf(family);
+            }
+        }
+    }
+    EXPECT_EQ(told.size(), 256U);
 }
 
 TEST(Help, TellsOfEveryKeyWithAlt) {
