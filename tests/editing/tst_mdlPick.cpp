@@ -14,7 +14,7 @@ namespace {
 
 using Three = std::array<GlyphCode, 3>;
 
-void Fill(GlyphRows rows, int row, std::string_view text) {
+void PutText(GlyphRows rows, int row, std::string_view text) {
     std::copy(text.begin(), text.end(), rows.row(row).begin());
 }
 
@@ -25,32 +25,32 @@ TEST(FrequentGlyphs, AreNoneInBlankDocuments) {
 
 TEST(FrequentGlyphs, StandInTheOrderOfTheirNumber) {
     Documents documents;
-    Fill(documents.name.rows(), 1, "aab");
+    PutText(documents.name.rows(), 1, "aab");
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'a', 'b', 0}));
-    Fill(documents.name.rows(), 1, "xyxyxyzzbb");
+    PutText(documents.name.rows(), 1, "xyxyxyzzbb");
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'x', 'y', 'b'}));
 }
 
 TEST(FrequentGlyphs, PutTheLowerCodeFirstWhenTheyTie) {
     Documents documents;
-    Fill(documents.name.rows(), 1, "dcba");
+    PutText(documents.name.rows(), 1, "dcba");
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'a', 'b', 'c'}));
 }
 
 TEST(FrequentGlyphs, CountAllThreeMessages) {
     Documents documents;
-    Fill(documents.name.rows(), 1, "ab");
-    Fill(documents.messages.rows(), 1, "c");
-    Fill(documents.messages.rows(), 2, "cc");
-    Fill(documents.messages.rows(), 3, "                           bbbb");
+    PutText(documents.name.rows(), 1, "ab");
+    PutText(documents.messages.rows(), 1, "c");
+    PutText(documents.messages.rows(), 2, "cc");
+    PutText(documents.messages.rows(), 3, "                           bbbb");
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'b', 'c', 'a'}));
 }
 
 TEST(FrequentGlyphs, CountTheNamesInUseOnly) {
     Documents documents;
-    Fill(documents.name.rows(), 1, "a");
-    Fill(documents.animation.rows(), 15, "bb");
-    Fill(documents.animation.rows(), 16, "ccc");
+    PutText(documents.name.rows(), 1, "a");
+    PutText(documents.animation.rows(), 15, "bb");
+    PutText(documents.animation.rows(), 16, "ccc");
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'b', 'a', 0}));
     documents.animation.nameCount = 16;
     EXPECT_EQ(FrequentGlyphs(documents), (Three{'c', 'b', 'a'}));

@@ -42,41 +42,41 @@ editing::NameDocument PlayersName() {
     return name;
 }
 
-/// How a file lies that is written.
-enum class Lies { Absent, Alone, WithTwoNames, BehindALink };
+/// What an operation finds where it writes.
+enum class Found { Absent, Alone, WithTwoNames, BehindALink };
 
-struct Place {
-    Lies lies;
+struct Target {
+    Found found;
     const char* text;
 };
 
-constexpr Place Absent{Lies::Absent, ", new"};
-constexpr Place Alone{Lies::Alone, ", replaced"};
-constexpr Place WithTwoNames{Lies::WithTwoNames, ", of two names"};
-constexpr Place BehindALink{Lies::BehindALink, ", behind a link"};
+constexpr Target Absent{Found::Absent, ", new"};
+constexpr Target Alone{Found::Alone, ", replaced"};
+constexpr Target WithTwoNames{Found::WithTwoNames, ", of two names"};
+constexpr Target BehindALink{Found::BehindALink, ", behind a link"};
 
-void Put(const World& world, const std::string& name, Lies lies, const std::string& bytes) {
-    if (lies == Lies::Absent) {
+void PutTarget(const World& world, const std::string& name, Found found, const std::string& bytes) {
+    if (found == Found::Absent) {
         return;
     }
-    if (lies == Lies::BehindALink) {
+    if (found == Found::BehindALink) {
         world.game.put("real-" + name, bytes);
         std::filesystem::create_symlink("real-" + name, world.game / name);
         return;
     }
     world.game.put(name, bytes);
-    if (lies == Lies::WithTwoNames) {
+    if (found == Found::WithTwoNames) {
         std::filesystem::create_hard_link(world.game / name, world.game / ("other-" + name));
     }
 }
 
 /// An operation on one file in the game's folder.
 Operation OnFile(
-    const std::string& title, const std::string& file, Place place, const std::string& before,
+    const std::string& title, const std::string& file, Target target, const std::string& before,
     const std::function<Report(World&, const ui::Path&)>& run) {
     return {
-        .name = title + place.text,
-        .prepare = [=](World& world) { Put(world, file, place.lies, before); },
+        .name = title + target.text,
+        .prepare = [=](World& world) { PutTarget(world, file, target.found, before); },
         .run = [=](World& world) { return run(world, world.game / file); },
         .targets = [=](const World& world) { return std::vector<ui::Path>{world.game / file}; },
         .isSilent = false,
@@ -85,9 +85,9 @@ Operation OnFile(
 }
 
 void AddScripts(std::vector<Operation>& operations) {
-    for (const Place place : {Absent, Alone, WithTwoNames, BehindALink}) {
+    for (const Target target : {Absent, Alone, WithTwoNames, BehindALink}) {
         operations.push_back(OnFile(
-            "save a name script", "a.vtn", place, "// Name File Created by Vortigo\r\nname \"old\"\r\n",
+            "save a name script", "a.vtn", target, "// Name File Created by Vortigo\r\nname \"old\"\r\n",
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
                 const editing::NameDocument name = PlayersName();
@@ -95,9 +95,9 @@ void AddScripts(std::vector<Operation>& operations) {
                 return answers.report();
             }));
     }
-    for (const Place place : {Absent, Alone}) {
+    for (const Target target : {Absent, Alone}) {
         operations.push_back(OnFile(
-            "save an animation", "a.vta", place, "// Animation File Created by Vortigo\r\n",
+            "save an animation", "a.vta", target, "// Animation File Created by Vortigo\r\n",
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
                 const editing::AnimationDocument animation;
@@ -106,7 +106,7 @@ void AddScripts(std::vector<Operation>& operations) {
                 return answers.report(saved.statusText);
             }));
         operations.push_back(OnFile(
-            "save messages", "a.vtm", place, "// Message File Created by Vortigo\r\n",
+            "save messages", "a.vtm", target, "// Message File Created by Vortigo\r\n",
             [](World& world, const ui::Path& path) {
                 Answers answers(path);
                 editing::MessageDocument messages;
@@ -137,14 +137,16 @@ void AddConfigs(std::vector<Operation>& operations) {
             }
         }
     };
-    for (const Place place : {Alone, WithTwoNames, BehindALink}) {
-        operations.push_back(OnFile("replace a configuration's name", "config.cfg", place, config, saveName));
-        operations.push_back(OnFile("replace a binding", "config.cfg", place, config, bind));
+    for (const Target target : {Alone, WithTwoNames, BehindALink}) {
+        operations.push_back(
+            OnFile("replace a configuration's name", "config.cfg", target, config, saveName));
+        operations.push_back(OnFile("replace a binding", "config.cfg", target, config, bind));
     }
     const std::string nothing = "fov 90\r\n";
-    for (const Place place : {Absent, Alone, WithTwoNames}) {
-        operations.push_back(OnFile("add a name to a configuration", "config.cfg", place, nothing, saveName));
-        operations.push_back(OnFile("add a binding", "config.cfg", place, nothing, bind));
+    for (const Target target : {Absent, Alone, WithTwoNames}) {
+        operations.push_back(
+            OnFile("add a name to a configuration", "config.cfg", target, nothing, saveName));
+        operations.push_back(OnFile("add a binding", "config.cfg", target, nothing, bind));
     }
 }
 
@@ -266,7 +268,7 @@ void AddTools(std::vector<Operation>& operations) {
             {"export a character set" + how,
              [isThere](World& world) {
                  PutCharSet(world);
-                 Put(world, "x.png", isThere ? Lies::Alone : Lies::Absent, "a picture of the user");
+                 PutTarget(world, "x.png", isThere ? Found::Alone : Found::Absent, "a picture of the user");
              },
              [](World& world) {
                  return RunCharSet(world, {"export", "1", (world.game / "x.png").native()});
@@ -278,7 +280,7 @@ void AddTools(std::vector<Operation>& operations) {
             {"draw a thumbnail" + how,
              [isThere](World& world) {
                  PutCharSet(world);
-                 Put(world, "x.png", isThere ? Lies::Alone : Lies::Absent, "a picture of the user");
+                 PutTarget(world, "x.png", isThere ? Found::Alone : Found::Absent, "a picture of the user");
              },
              [](World& world) {
                  return RunTool(

@@ -47,11 +47,11 @@ protected:
     FailingFiles files{disk};
     ui::Path path = folder / "a.vtn";
 
-    void put() const { folder.put("a.vtn", Old); }
+    void putOld() const { folder.put("a.vtn", Old); }
 
     /// A file that is written over, as it has two names.
     void putWithTwoNames() const {
-        put();
+        putOld();
         std::filesystem::create_hard_link(path, folder / "b.vtn");
     }
 
@@ -79,7 +79,7 @@ TEST_F(Writer, MakesAFile) {
 }
 
 TEST_F(Writer, HasTheNewFileOnTheDiskBeforeItTakesThePlaceOfTheOldOne) {
-    put();
+    putOld();
     EXPECT_TRUE(WriteFile(files, path, New));
     EXPECT_EQ(content(), New);
     EXPECT_EQ(EntriesIn(folder), 1);
@@ -91,7 +91,7 @@ TEST_F(Writer, HasTheNewFileOnTheDiskBeforeItTakesThePlaceOfTheOldOne) {
 }
 
 TEST_F(Writer, KeepsPermissionsAndOwner) {
-    put();
+    putOld();
     const bool isSuperuser = ::geteuid() == 0;
     if (isSuperuser) {
         ASSERT_EQ(::chown(path.c_str(), 1234, 5678), 0);
@@ -141,7 +141,7 @@ TEST_F(Writer, PutsTheFileInPlaceOfALinkWhereThatIsWanted) {
 }
 
 TEST_F(Writer, LeavesFilesAloneWhoseNamesSomebodyMightGuess) {
-    put();
+    putOld();
     for (const char* name : {"a.vtn.new", "a.vtn.tmp", "a.vtn~", ".a.vtn.swp"}) {
         folder.put(name, "somebody's");
     }
@@ -264,7 +264,7 @@ TEST_F(Writer, NamesTheCopyOfWhatItCouldNotPutBack) {
 }
 
 TEST_F(Writer, TellsThatTheNewFileMayNotBeOnTheDiskYet) {
-    put();
+    putOld();
     files.failOnce(Step::Folder);
     const auto written = WriteFile(files, path, New);
     ASSERT_FALSE(written);
@@ -277,7 +277,7 @@ TEST_F(Writer, TellsThatTheNewFileMayNotBeOnTheDiskYet) {
 }
 
 TEST_F(Writer, WritesOverWhatCannotBeReplaced) {
-    put();
+    putOld();
     files.failOnce(Step::Rename);
     EXPECT_TRUE(WriteFile(files, path, New));
     EXPECT_EQ(content(), New);
@@ -290,7 +290,7 @@ TEST_F(Writer, WritesOverWhatCannotBeReplaced) {
 TEST_F(Writer, ReplacesNoFileThatHasComeMeanwhile) {
     const auto change = FileChange::Prepare(files, path, New);
     ASSERT_TRUE(change);
-    put();
+    putOld();
     const FileWritten written = change.value()->commit();
     ASSERT_FALSE(written.status);
     EXPECT_EQ(written.status.failure().message, "Could not create \"" + path.native() + "\": File exists.");
@@ -299,7 +299,7 @@ TEST_F(Writer, ReplacesNoFileThatHasComeMeanwhile) {
 }
 
 TEST_F(Writer, LeavesNothingBehindWithoutACommit) {
-    put();
+    putOld();
     ASSERT_TRUE(FileChange::Prepare(files, path, New));
     EXPECT_EQ(EntriesIn(folder), 1);
     std::filesystem::create_hard_link(path, folder / "b.vtn");
@@ -347,7 +347,7 @@ TEST_F(Writer, ReportsAFolderThatIsNotThere) {
 class WriterOfAnotherUser : public Writer {
 protected:
     WriterOfAnotherUser() {
-        put();
+        putOld();
         EXPECT_EQ(::chmod(path.c_str(), 0666), 0);
         EXPECT_EQ(::chmod(folder.path().c_str(), 0555), 0);
         EXPECT_EQ(::chmod(spare.path().c_str(), 0777), 0);

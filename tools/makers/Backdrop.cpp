@@ -78,16 +78,16 @@ double archDistance(double across, double y, double halfWidth, double spring) {
     return (y < spring ? std::abs(across) : hypotenuse(across, y - spring)) - halfWidth;
 }
 
-enum class Stuff { Floor, Wall, Niche, Column, Ledge, Vault, Rib, EndWall, Sky, Iron, Step };
+enum class Surface { Floor, Wall, Niche, Column, Ledge, Vault, Rib, EndWall, Sky, Iron, Step };
 
 struct Nearest {
     double distance = 1e9;
-    Stuff stuff = Stuff::Floor;
+    Surface surface = Surface::Floor;
 
-    void meet(double other, Stuff kind) {
+    void meet(double other, Surface kind) {
         if (other < distance) {
             distance = other;
-            stuff = kind;
+            surface = kind;
         }
     }
 };
@@ -100,45 +100,45 @@ Nearest nearestSolid(const Vec3& point) {
     const double fromNiche = Bay / 2 - std::abs(z);
     Nearest nearest;
 
-    nearest.meet(y, Stuff::Floor);
+    nearest.meet(y, Surface::Floor);
     const double wall = HalfWidth - x;
     if (y < SpringHeight) {
         const double niche =
             std::max(archDistance(fromNiche, y, NicheHalfWidth, NicheSpring), x - HalfWidth - NicheDepth);
-        nearest.meet(std::max(wall, -niche), wall < 0.5 ? Stuff::Niche : Stuff::Wall);
+        nearest.meet(std::max(wall, -niche), wall < 0.5 ? Surface::Niche : Surface::Wall);
     } else {
-        nearest.meet(HalfWidth - hypotenuse(x, y - SpringHeight), Stuff::Vault);
+        nearest.meet(HalfWidth - hypotenuse(x, y - SpringHeight), Surface::Vault);
     }
 
     const double fromColumn = hypotenuse(x - ColumnCentre, z);
-    nearest.meet(std::max(fromColumn - ColumnRadius, y - SpringHeight), Stuff::Column);
+    nearest.meet(std::max(fromColumn - ColumnRadius, y - SpringHeight), Surface::Column);
     const double block = boxDistance(x - ColumnCentre, z, ColumnRadius + 6, ColumnRadius + 6);
-    nearest.meet(std::max(block, y - 22), Stuff::Ledge);
-    nearest.meet(std::max(block, std::abs(y - SpringHeight + 12) - 12), Stuff::Ledge);
-    nearest.meet(boxDistance(HalfWidth - x, y - SpringHeight + 3, 7, 5), Stuff::Ledge);
+    nearest.meet(std::max(block, y - 22), Surface::Ledge);
+    nearest.meet(std::max(block, std::abs(y - SpringHeight + 12) - 12), Surface::Ledge);
+    nearest.meet(boxDistance(HalfWidth - x, y - SpringHeight + 3, 7, 5), Surface::Ledge);
     if (y >= SpringHeight - 1) {
         nearest.meet(
-            boxDistance(hypotenuse(x, y - SpringHeight) - HalfWidth, z, 16, ColumnRadius - 3), Stuff::Rib);
+            boxDistance(hypotenuse(x, y - SpringHeight) - HalfWidth, z, 16, ColumnRadius - 3), Surface::Rib);
     }
 
     const double cup = hypotenuse(x - TorchReach, z) - 2 - std::max(0.0, y - TorchHeight + 16) * 0.25;
-    nearest.meet(std::max(cup, std::abs(y - TorchHeight + 10) - 10), Stuff::Iron);
+    nearest.meet(std::max(cup, std::abs(y - TorchHeight + 10) - 10), Surface::Iron);
     const double arm = hypotenuse(y - TorchHeight + 18, z) - 2;
-    nearest.meet(std::max(arm, std::max(TorchReach - x, x - HalfWidth)), Stuff::Iron);
+    nearest.meet(std::max(arm, std::max(TorchReach - x, x - HalfWidth)), Surface::Iron);
 
     const double window = std::max(archDistance(point.x, y, WindowHalfWidth, WindowSpring), WindowFoot - y);
     const double end = Length - point.z;
-    nearest.meet(std::max(end, -window), Stuff::EndWall);
-    nearest.meet(Length + 24 - point.z, Stuff::Sky);
+    nearest.meet(std::max(end, -window), Surface::EndWall);
+    nearest.meet(Length + 24 - point.z, Surface::Sky);
     if (end > 0 || window < 0) {
         const double mullion =
             std::min(std::abs(point.x), std::abs(std::abs(point.x) - WindowHalfWidth * 2 / 3));
         const double tracery = std::min(mullion, std::abs(hypotenuse(point.x, y - WindowSpring) - 34));
-        nearest.meet(std::max(std::max(tracery - 4, std::abs(end + 14) - 4), window), Stuff::EndWall);
+        nearest.meet(std::max(std::max(tracery - 4, std::abs(end + 14) - 4), window), Surface::EndWall);
     }
-    nearest.meet(std::max(Length - 96 - point.z, y - 10), Stuff::Step);
-    nearest.meet(std::max(Length - 72 - point.z, y - 20), Stuff::Step);
-    nearest.meet(std::max(Length - 48 - point.z, y - 30), Stuff::Step);
+    nearest.meet(std::max(Length - 96 - point.z, y - 10), Surface::Step);
+    nearest.meet(std::max(Length - 72 - point.z, y - 20), Surface::Step);
+    nearest.meet(std::max(Length - 48 - point.z, y - 30), Surface::Step);
     return nearest;
 }
 
@@ -216,38 +216,38 @@ Vec3 floorColour(const Vec3& point) {
     return (border || lozenge ? Vec3{0.62, 0.44, 0.14} : Vec3{0.42, 0.09, 0.07}) * thread;
 }
 
-Vec3 surfaceColour(Stuff stuff, const Vec3& point, const Vec3& normal) {
+Vec3 surfaceColour(Surface surface, const Vec3& point, const Vec3& normal) {
     const double high = 1000 - point.y;
     const bool facesSide = std::abs(normal.x) > 0.7;
-    switch (stuff) {
-    case Stuff::Floor:
+    switch (surface) {
+    case Surface::Floor:
         return floorColour(point);
-    case Stuff::Wall:
+    case Surface::Wall:
         return masonryColour(Bricks, facesSide ? point.z : point.x, high);
-    case Stuff::Niche:
+    case Surface::Niche:
         return masonryColour(Cells, facesSide ? point.z : point.x, std::abs(normal.y) > 0.7 ? point.z : high);
-    case Stuff::Column: {
+    case Surface::Column: {
         const double z = point.z - Bay * std::round(point.z / Bay);
         const double turn = std::atan2(z, ColumnCentre - std::abs(point.x));
         return masonryColour(Drums, turn * ColumnRadius + 32, high);
     }
-    case Stuff::Ledge:
-    case Stuff::Step:
+    case Surface::Ledge:
+    case Surface::Step:
         return masonryColour(
             Ashlar, facesSide ? point.z : point.x, std::abs(normal.y) > 0.7 ? point.z : high);
-    case Stuff::Vault: {
+    case Surface::Vault: {
         const double turn = std::atan2(point.x, point.y - SpringHeight);
         return masonryColour(Cells, point.z, turn * HalfWidth + 11);
     }
-    case Stuff::Rib: {
+    case Surface::Rib: {
         const double turn = std::atan2(point.x, point.y - SpringHeight);
         return masonryColour(Drums, point.z * 0.5 + 16, turn * HalfWidth + 14);
     }
-    case Stuff::EndWall:
+    case Surface::EndWall:
         return masonryColour(Ashlar, point.x, high);
-    case Stuff::Iron:
+    case Surface::Iron:
         return Vec3{0.16, 0.15, 0.15};
-    case Stuff::Sky:
+    case Surface::Sky:
         break;
     }
     return {};
@@ -371,13 +371,13 @@ void DrawBackdrop(LightPicture& picture) {
                 camera.up * (picture.height() / 2.0 - y - 0.5));
             const double distance = march(Eye, direction, 2000, 220);
             const Vec3 point = Eye + direction * distance;
-            const Stuff stuff = nearestSolid(point).stuff;
-            if (stuff == Stuff::Sky) {
+            const Surface surface = nearestSolid(point).surface;
+            if (surface == Surface::Sky) {
                 picture.at(x, y) = skyColour(point);
                 continue;
             }
             const Vec3 normal = normalAt(point);
-            picture.at(x, y) = surfaceColour(stuff, point, normal) * lightAt(point, normal, lights);
+            picture.at(x, y) = surfaceColour(surface, point, normal) * lightAt(point, normal, lights);
         }
     }
     drawFlames(picture, camera, lights);
