@@ -247,7 +247,7 @@ void Commands::putGlyphWithMarker(GlyphCode code) {
     if (code != 0) {
         editing::ShowChange(
             m_session.painter(), editing::PutGlyph(m_session.cursor(), m_workspace.settings.modes, code));
-        // The glyph comes first: what follows it on the screen is only where things are.
+        // The typed glyph is shown at once; marker, bars and numbers follow.
         m_pageColumn.showDamage();
         QCoreApplication::sendPostedEvents(&m_window, QEvent::UpdateRequest);
         m_glyphColumn.mark(code);

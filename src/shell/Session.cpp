@@ -37,7 +37,7 @@ void Session::refresh() {
 }
 
 void Session::show(Page page) {
-    // What the start brings is what everything else is taken back to.
+    // Undo goes back to the state after the start and no further.
     if (m_isStartingUp) {
         m_history.start(m_workspace.documents);
     } else {

@@ -35,7 +35,7 @@ public:
 
     virtual void showRecentFiles() = 0;
 
-    /// What shows the settings, or the atlas, shows them as they are now; the pages' pictures do not count.
+    /// The controls that show settings or the atlas show them as they are now; the pages' pictures do not.
     virtual void showAtlas() = 0;
     virtual void showColours() = 0;
     virtual void showPointers() = 0;
