@@ -3,6 +3,7 @@
 #include "animation/mdlAniWizard.h"
 
 #include "animation/Texts.h"
+#include "animation/mdlAniServer.h"
 #include "glyphs/FieldReader.h"
 
 #include <algorithm>
@@ -195,6 +196,9 @@ BuildOutcome BuildAnimation(
             return ChangeCase(code, choices.caseChange, caseChoice);
         });
         outcome.rowsWritten = true;
+    }
+    if (choices.safeForServers) {
+        MakeSafeForServers(animation, choices.startName);
     }
     outcome.end = BuildEnd::Built;
     return outcome;

@@ -73,7 +73,8 @@ struct WizardChoices {
     ColorChange colorChange = ColorChange::Color1;
     int letterCase = 0;
     CaseChange caseChange = CaseChange::Lower;
-    int startName = 1; ///< first of the fifteen rows that are written, 1 to 76
+    int startName = 1;           ///< first of the fifteen rows that are written, 1 to 76
+    bool safeForServers = false; ///< whether they are made such that QuakeWorld servers accept them
 };
 
 /// How a build ended.
@@ -89,7 +90,8 @@ struct BuildOutcome {
 };
 
 /// Builds the chosen animation: the positional pass, then colours, then case. Reads the patterns anew; each
-/// is whole and checked before its pass writes a row. Ticks and the number of names stay.
+/// is whole and checked before its pass writes a row. The number of names stays, and ticks do but for what
+/// MakeSafeForServers() does to them.
 [[nodiscard]] BuildOutcome BuildAnimation(
     AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
     const ui::Files& files, const ui::ProgramDirectory& directory);

@@ -206,6 +206,7 @@ std::vector<FoundFolder> FindFolders(System system, const Places& places, const 
     }
     std::ranges::stable_sort(candidates, std::ranges::greater(), &Candidate::written);
     std::vector<FoundFolder> folders;
+    folders.reserve(candidates.size());
     for (Candidate& candidate : candidates) {
         folders.push_back(std::move(candidate.found));
     }

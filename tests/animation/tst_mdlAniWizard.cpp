@@ -228,6 +228,22 @@ TEST_F(WizardBuild, PlaysTheSameOptionTwiceOver) {
     }
 }
 
+TEST_F(WizardBuild, RepeatsNamesForServersIfAskedTo) {
+    choices.firstPosition = 3;
+    choices.startName = 20;
+    choices.safeForServers = true;
+    EXPECT_EQ(build().end, BuildEnd::Built);
+    for (int row = 0; row < 15; ++row) {
+        const std::size_t shown = static_cast<std::size_t>(row) / 3 * 3 + 3;
+        EXPECT_EQ(desk.name(20 + row), Source.substr(0, shown)) << row;
+    }
+    expectOtherRowsUntouched();
+
+    choices.letterCase = 99;
+    EXPECT_EQ(build().end, BuildEnd::Stopped);
+    EXPECT_EQ(desk.name(20), Source.substr(0, 1)) << "what was not built to its end is left as it is";
+}
+
 TEST_F(WizardBuild, WritesTheLastRowsFromSeventySixOn) {
     choices.firstPosition = 2;
     choices.startName = 76;
