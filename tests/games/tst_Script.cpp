@@ -58,7 +58,8 @@ TEST(Script, SizeOfAnAnimationIsWhatIsWritten) {
         editing::AnimationDocument animation;
         animation.nameCount = 15 + number(75);
         for (int name = 1; name <= animation.nameCount; ++name) {
-            for (auto& cell : animation.rows().row(name)) {
+            const auto row = animation.rows().row(name);
+            for (auto& cell : row) {
                 // Bytes that end lines make others of them.
                 const int code = number(40);
                 cell = static_cast<glyphs::GlyphCode>(code == 10 || code == 13 ? 32 : code);
