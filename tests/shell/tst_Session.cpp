@@ -69,7 +69,7 @@ protected:
 
     [[nodiscard]] std::string nameText() {
         std::string text;
-        for (const glyphs::GlyphCode code : documents().name.rows().row(1)) {
+        for (const glyphs::GlyphCode code : documents().name.cells) {
             text.push_back(static_cast<char>(code));
         }
         return text.substr(0, text.find_last_not_of(' ') + 1);
