@@ -30,6 +30,12 @@ public:
             static_cast<std::size_t>(m_width));
     }
 
+    /// The cells of the first `count` rows.
+    [[nodiscard]] std::span<GlyphCode> firstRows(int count) const {
+        assert(count >= 0 && count <= this->count());
+        return m_cells.first(static_cast<std::size_t>(count) * static_cast<std::size_t>(m_width));
+    }
+
     [[nodiscard]] GlyphCode& cell(int rowNumber, int column) const {
         assert(column >= 1 && column <= m_width);
         return row(rowNumber)[static_cast<std::size_t>(column - 1)];

@@ -4,6 +4,7 @@
 
 #include "glyphs/GlyphWords.h"
 #include "glyphs/RowText.h"
+#include "ui/qt/CellMarks.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
 
@@ -120,6 +121,21 @@ void PagePanel::blink() {
 
 void PagePanel::setMarkerColour(ui::Pixel colour) {
     m_marker->setColour(QColor::fromRgb(colour));
+}
+
+void PagePanel::mark(const std::vector<CellBlock>& cells) {
+    if (m_marks == nullptr) {
+        if (cells.empty()) {
+            return;
+        }
+        m_marks = new ui::qt::CellMarks(m_widget);
+    }
+    std::vector<ui::Rect> parts;
+    parts.reserve(cells.size());
+    for (const CellBlock& cell : cells) {
+        parts.push_back(m_widget->cellPart(cell.row, cell.column));
+    }
+    m_marks->mark(std::move(parts));
 }
 
 void PagePanel::setPointer(int cursorStyle) {

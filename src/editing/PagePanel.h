@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/GlyphRows.h"
+#include "editing/Change.h"
 #include "glyphs/mdlPaint.h"
 #include "ui/Picture.h"
 
 #include <QWidget>
+#include <vector>
 
 class QScrollBar;
 
 namespace ui::qt {
+class CellMarks;
 class MarkerShape;
 class PictureWidget;
 } // namespace ui::qt
@@ -40,6 +42,9 @@ public:
     void blink();
 
     void setMarkerColour(ui::Pixel colour);
+
+    /// Marks these cells, and no others, with a thin line.
+    void mark(const std::vector<CellBlock>& cells);
 
     /// The mouse pointer over the picture: 0 none of its own, 1 arrow, 2 cross.
     void setPointer(int cursorStyle);
@@ -95,6 +100,7 @@ private:
     glyphs::PagePicture& m_picture;
     ui::qt::PictureWidget* m_widget;
     ui::qt::MarkerShape* m_marker;
+    ui::qt::CellMarks* m_marks = nullptr; ///< made when one is first wanted
 };
 
 } // namespace editing

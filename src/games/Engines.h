@@ -16,6 +16,9 @@ enum class Family : std::uint8_t { Quake, QuakeWorld, Quake2 };
 inline constexpr std::array Families{Family::Quake, Family::QuakeWorld, Family::Quake2};
 inline constexpr std::array<std::string_view, Families.size()> FamilyNames{"Quake", "QuakeWorld", "Quake2"};
 
+/// Which of the families are meant, in their order.
+using FamilyChoice = std::array<bool, Families.size()>;
+
 [[nodiscard]] constexpr std::string_view NameOf(Family family) {
     return FamilyNames.at(static_cast<std::size_t>(family));
 }

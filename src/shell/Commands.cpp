@@ -134,6 +134,10 @@ void Commands::mnuAboutVTM_Click() {
     m_session.refresh();
 }
 
+void Commands::bindKey() {
+    mnuToolsBindingWizard_Click();
+}
+
 editing::SaveOutcome Commands::saveMessages() {
     scripts::frmSaveMessages wizard(
         m_platform.dialogs, m_platform.files, m_workspace.documents.messages, &m_window);
@@ -173,9 +177,7 @@ void Commands::cmdCalcFrequent_Click() {
 }
 
 void Commands::cmdKey_Click(int index, bool isOn) {
-    const editing::ModeKey& mode = editing::ModeKeys.at(static_cast<std::size_t>(index));
-    m_workspace.settings.modes.*mode.flag = isOn;
-    editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
+    m_session.setMode(static_cast<std::size_t>(index), isOn);
     m_session.refresh();
 }
 
@@ -192,7 +194,7 @@ void Commands::cursor_Moved(Page page, int column, int row) {
     const editing::PageCursor moved = editing::CursorOf(m_workspace.documents, page);
     moved.column = column;
     moved.row = row;
-    m_session.show(page);
+    m_session.refreshPage(page);
 }
 
 void Commands::cmdName_Click(int index) {
@@ -217,7 +219,7 @@ void Commands::cmdName_Click(int index) {
 void Commands::total_Chosen(int count) {
     const auto running = m_session.running("Total");
     animation::SetNameCount(m_workspace.documents.animation, count);
-    m_session.show(Page::Animation);
+    m_session.refreshPage(Page::Animation);
 }
 
 void Commands::ticks_Chosen(int count, bool forAllNames) {
@@ -229,11 +231,11 @@ void Commands::ticks_Chosen(int count, bool forAllNames) {
     } else {
         animation::SetTicks(animation, animation.currentName, ticks);
     }
-    m_session.show(Page::Animation);
+    m_session.refreshPage(Page::Animation);
 }
 
 void Commands::navigate(int virtualKey) {
-    const auto running = m_session.running("Delete");
+    const auto running = m_session.running("Delete"); // a mere move of the cursor is no step
     m_session.finish(editing::NavigateKey(m_session.cursor(), virtualKey));
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "editing/mdlArray.h"
-#include "shell/Session.h"
+#include "shell/FileCommands.h"
 
 #include <QObject>
 
@@ -15,7 +15,7 @@ class GlyphColumn;
 class PageColumn;
 
 /// What menus, buttons, mouse and keys do to the page in view, and the dialogs that they open.
-class Commands final : public QObject {
+class Commands final : public QObject, public ScriptWizards {
     Q_OBJECT
 
 public:
@@ -38,8 +38,8 @@ public:
     void mnuHelp_Click();
     void mnuAboutVTM_Click();
 
-    /// Runs the wizard that saves messages.
-    editing::SaveOutcome saveMessages();
+    editing::SaveOutcome saveMessages() override;
+    void bindKey() override;
 
     // Buttons of the glyph column (index from 0)
     void cmdFavorite_MouseDown(int index, Qt::MouseButton button);

@@ -12,11 +12,11 @@ namespace shell {
 
 using editing::Page;
 
-FileCommands::FileCommands(const ui::Platform& platform, Session& session, SessionView& view)
+FileCommands::FileCommands(const ui::Platform& platform, Session& session, ScriptWizards& wizards)
     : m_platform(platform)
     , m_session(session)
     , m_workspace(session.workspace())
-    , m_view(view) {}
+    , m_wizards(wizards) {}
 
 ui::Path FileCommands::dialogFolder() const {
     if (m_platform.directory.writable()) {
@@ -43,7 +43,7 @@ void FileCommands::loadRecent(Page page, std::size_t index) {
     const std::vector<std::string>& paths = m_workspace.recent.of(page);
     if (index < paths.size()) {
         m_session.readScript(page, paths[index], editing::OpenFailure::MessageBox);
-        m_session.view(page);
+        m_session.turnTo(page);
     }
 }
 
@@ -56,17 +56,17 @@ void FileCommands::saveScript(Page page) {
     };
     const auto writer = ScriptRoomOf(page).writer;
     const editing::SaveOutcome outcome = writer == nullptr
-                                             ? m_view.saveMessages()
+                                             ? m_wizards.saveMessages()
                                              : editing::SaveScript(
                                                    m_platform.dialogs, m_platform.files,
                                                    writer(m_workspace.documents), dialogFolder(), accepted);
-    m_view.showStatus(outcome.statusText);
+    m_session.tell(outcome.statusText);
     if (outcome.kind == editing::SaveOutcome::Kind::Written) {
         scriptSaved(page, outcome.path);
     }
     if (kind.offersBinding && scripts::OffersBinding(outcome) && m_workspace.settings.bindPrompt &&
         scripts::AskToBind(m_platform.dialogs)) {
-        m_view.bindKey();
+        m_wizards.bindKey();
     }
     m_session.refresh();
 }
@@ -77,10 +77,9 @@ void FileCommands::scriptSaved(Page page, const ui::Path& path) {
     if (const ui::Status added =
             AddRecentIfNew(m_workspace.recent, m_platform.settings, ui::PathText(path), page);
         !added) {
-        m_view.showStatus(added.failure().message);
+        m_session.tell(added.failure().message);
     }
-    LoadRecentMenus(m_workspace.recent, m_platform.settings);
-    m_view.showRecentFiles();
+    m_session.loadRecentFiles();
 }
 
 void FileCommands::loadNameFromConfig() {
@@ -90,7 +89,7 @@ void FileCommands::loadNameFromConfig() {
         const auto outcome = scripts::LoadNameFromConfig(
             m_platform.dialogs, m_platform.files, *path, m_workspace.documents.name,
             [this] { m_session.repaint(Page::Name); });
-        m_view.showStatus(outcome.statusText);
+        m_session.tell(outcome.statusText);
     }
     m_session.refresh();
 }
@@ -100,7 +99,7 @@ void FileCommands::saveNameToConfig() {
         m_workspace.rememberedConfig = *path;
         const auto outcome = scripts::SaveNameToConfig(
             m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);
-        m_view.showStatus(outcome.statusText);
+        m_session.tell(outcome.statusText);
     }
     m_session.refresh();
 }

@@ -2,15 +2,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/ScriptFlow.h"
 #include "shell/Session.h"
 
 namespace shell {
+
+/// The wizards that saving goes through.
+class ScriptWizards {
+public:
+    virtual ~ScriptWizards() = default;
+
+    virtual editing::SaveOutcome saveMessages() = 0;
+
+    /// Binds a key to the script that was saved.
+    virtual void bindKey() = 0;
+};
 
 /// The commands of the File menu.
 class FileCommands {
 public:
     /// All are borrowed and outlive the object.
-    FileCommands(const ui::Platform& platform, Session& session, SessionView& view);
+    FileCommands(const ui::Platform& platform, Session& session, ScriptWizards& wizards);
 
     void newDocument(editing::Page page);
 
@@ -34,7 +46,7 @@ private:
     const ui::Platform& m_platform;
     Session& m_session;
     Workspace& m_workspace;
-    SessionView& m_view;
+    ScriptWizards& m_wizards;
 };
 
 } // namespace shell

@@ -253,11 +253,40 @@ void MainMenus::buildMenus() {
         QAction* action = addEntry(
             *menu(QStringLiteral("mnuView")), Numbered("mnuView", static_cast<int>(kind.page)),
             QLatin1Char('&') + tr(kind.caption), nullptr,
-            [this, page = kind.page] { m_receivers.session.view(page); });
+            [this, page = kind.page] { m_receivers.session.turnTo(page); });
         action->setCheckable(true);
         pages->addAction(action);
     }
     m_pageEntries = pages->actions();
+    addGames();
+}
+
+void MainMenus::addGames() {
+    QMenu* const view = menu(QStringLiteral("mnuView"));
+    view->addSeparator();
+    QMenu* const played = addMenu(view, "mnuViewGames", tr("&Games"));
+    for (const games::Family family : games::Families) {
+        const std::string name(games::NameOf(family));
+        QAction* action = addEntry(
+            *played, Numbered("mnuViewGames", static_cast<int>(family)), QString::fromStdString(name),
+            nullptr, [] {});
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, family](bool isPlayed) {
+            m_receivers.session.chooseGame(family, isPlayed);
+        });
+    }
+}
+
+void MainMenus::showGames() {
+    const games::FamilyChoice& played = m_receivers.session.workspace().settings.games;
+    const QList<QAction*> entries = menu(QStringLiteral("mnuViewGames"))->actions();
+    for (std::size_t i = 0; i < played.size(); ++i) {
+        entries.at(static_cast<qsizetype>(i))->setChecked(played.at(i));
+    }
+}
+
+void MainMenus::popGames(QPoint at) {
+    menu(QStringLiteral("mnuViewGames"))->exec(at);
 }
 
 QMenu* MainMenus::menu(const QString& name) const {

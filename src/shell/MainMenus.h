@@ -41,6 +41,12 @@ public:
     /// Says what Undo and Redo would do.
     void showTakingBack();
 
+    /// Marks the games that are played.
+    void showGames();
+
+    /// Lets the user choose the games, at a point of the screen.
+    void popGames(QPoint at);
+
     /// Opens the menu of a Latin letter, typed with Alt on a keyboard that has none; false when it has none.
     bool open(int letter);
 
@@ -48,6 +54,7 @@ public:
 
 private:
     void buildMenus();
+    void addGames();
     void buildToolbar();
     QMenu* addMenu(QMenu* parent, const char* name, const QString& caption);
     /// `command` is what Undo calls it; null: as its caption does.

@@ -9,6 +9,7 @@
 #include "editing/mdlCommon.h"
 #include "scripts/MessagesPage.h"
 #include "shell/ControlAccess.h"
+#include "shell/GameLines.h"
 #include "shell/TabPicture.h"
 
 #include <QHBoxLayout>
@@ -28,9 +29,11 @@ constexpr int PartSpacing = 8;
 } // namespace
 
 PageColumn::PageColumn(
-    editing::Documents& documents, editing::PagePictures& pictures, const Settings& settings, QWidget* parent)
+    editing::Documents& documents, editing::PagePictures& pictures, const glyphs::GlyphAtlas& atlas,
+    const Settings& settings, QWidget* parent)
     : QWidget(parent)
     , m_documents(documents)
+    , m_atlas(atlas)
     , m_settings(settings) {
     setAccessibleName(tr("Pages"));
     auto* layout = new QVBoxLayout(this);
@@ -50,7 +53,8 @@ PageColumn::PageColumn(
     layout->addWidget(m_pages, 1);
 
     layout->addSpacing(PartSpacing);
-    layout->addLayout(makeCursorRow());
+    m_cursorRow = makeCursorRow();
+    layout->addLayout(m_cursorRow);
 }
 
 QLayout* PageColumn::makeTabs() {
@@ -77,7 +81,7 @@ void PageColumn::addPanel(Page page, editing::PagePanel* panel) {
         [this, page](int x, int y, Qt::MouseButton button) { Q_EMIT picturePressed(page, x, y, button); });
 }
 
-QLayout* PageColumn::makeCursorRow() {
+QBoxLayout* PageColumn::makeCursorRow() {
     auto* row = new QHBoxLayout;
     imgDir = new editing::DirectionPad(this);
     imgDir->setObjectName(QStringLiteral("imgDir"));
@@ -91,7 +95,7 @@ QLayout* PageColumn::makeCursorRow() {
     row->addWidget(new QLabel(tr("Cursor"), this));
     row->addSpacing(PartSpacing);
     row->addWidget(lblCurPos);
-    row->addStretch(1);
+    row->addStretch();
     return row;
 }
 
@@ -119,11 +123,34 @@ void PageColumn::showDocument(Page page) {
         position += QLatin1Char(',') + QString::number(cursor.row);
     }
     lblCurPos->setText(position);
+    if (m_gameLines != nullptr) {
+        m_gameLines->follow(inView());
+    }
 }
 
 void PageColumn::showDamage() {
     for (const editing::Kind& kind : editing::Kinds) {
         panel(kind.page).showDamage();
+    }
+}
+
+void PageColumn::showGames() {
+    if (m_gameLines == nullptr) {
+        m_gameLines = new GameLines(m_documents, m_settings.games, m_atlas, this);
+        connect(m_gameLines, &GameLines::cellWanted, this, &PageColumn::cursorMoved);
+        connect(m_gameLines, &GameLines::choiceWanted, this, &PageColumn::gamesWanted);
+        connect(m_gameLines, &GameLines::reported, this, [this](Page page, const auto& marks) {
+            panel(page).mark(marks);
+        });
+        m_cursorRow->addSpacing(2 * PartSpacing);
+        m_cursorRow->addWidget(m_gameLines, 1);
+    }
+    m_gameLines->follow(inView());
+}
+
+void PageColumn::showAtlas() {
+    if (m_gameLines != nullptr) {
+        m_gameLines->showAtlas();
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <array>
 
+class QBoxLayout;
 class QLabel;
 class QStackedWidget;
 
@@ -23,6 +24,7 @@ class AnimationPage;
 
 namespace shell {
 
+class GameLines;
 class TabPicture;
 
 /// The right column of the main window: the tabs, the page in view, the direction pad and the cursor's
@@ -33,8 +35,8 @@ class PageColumn final : public QWidget {
 public:
     /// All are borrowed and outlive the column.
     PageColumn(
-        editing::Documents& documents, editing::PagePictures& pictures, const Settings& settings,
-        QWidget* parent);
+        editing::Documents& documents, editing::PagePictures& pictures, const glyphs::GlyphAtlas& atlas,
+        const Settings& settings, QWidget* parent);
 
     [[nodiscard]] editing::PagePanel& panel(editing::Page page) const;
 
@@ -53,6 +55,12 @@ public:
     void showColours();
     void showPointers();
 
+    /// Shows lines for the games that are played, from the first call on.
+    void showGames();
+
+    /// The atlas is another one.
+    void showAtlas();
+
     /// Shows an arrow key's press on the direction pad for a moment.
     void showKey(int virtualKey);
 
@@ -68,20 +76,25 @@ Q_SIGNALS:
     void picturePressed(editing::Page page, int x, int y, Qt::MouseButton button);
     /// An arrow of the direction pad, as a virtual key.
     void arrow(int virtualKey);
+    /// The games are to be chosen, from a menu at a point of the screen.
+    void gamesWanted(QPoint at);
 
 private:
     QLayout* makeTabs();
     void addPanel(editing::Page page, editing::PagePanel* panel);
-    QLayout* makeCursorRow();
+    QBoxLayout* makeCursorRow();
     [[nodiscard]] editing::Page inView() const;
 
     editing::Documents& m_documents;
+    const glyphs::GlyphAtlas& m_atlas;
     const Settings& m_settings;
     std::array<TabPicture*, editing::Kinds.size()> picTab{};
     QStackedWidget* m_pages = nullptr;
     animation::AnimationPage* m_animationPage = nullptr;
     editing::DirectionPad* imgDir = nullptr;
     QLabel* lblCurPos = nullptr;
+    QBoxLayout* m_cursorRow = nullptr;
+    GameLines* m_gameLines = nullptr;
 };
 
 } // namespace shell

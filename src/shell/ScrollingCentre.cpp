@@ -15,8 +15,9 @@ namespace shell {
 
 namespace {
 
+constexpr int LeastGap = 2; ///< of the margin, beside a column
+
 /// What the window's bars and the desktop's frame take of a screen.
-constexpr int LeastGap = 2; // of it, beside a column
 constexpr QSize RoomAround(10, 140);
 
 } // namespace

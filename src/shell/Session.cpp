@@ -32,11 +32,11 @@ editing::PagePainter Session::painter() {
 }
 
 void Session::refresh() {
-    show(page());
+    refreshPage(page());
     m_view.followCursor();
 }
 
-void Session::show(Page page) {
+void Session::refreshPage(Page page) {
     // Undo goes back to the state after the start and no further.
     if (m_isStartingUp) {
         m_history.start(m_workspace.documents);
@@ -56,14 +56,14 @@ void Session::repaint(Page page) {
     m_view.showDocument(page);
 }
 
-void Session::view(Page page) {
+void Session::turnTo(Page page) {
     glyphs::PlaySoundResource(m_platform.sounds, m_workspace.settings.sounds, glyphs::PageSwitchedSound);
     bringIntoView(page);
 }
 
 void Session::switchTo(Page page) {
     if (page != this->page()) {
-        view(page);
+        turnTo(page);
     }
 }
 
@@ -150,12 +150,11 @@ ui::Status Session::load(std::span<const std::string> arguments) {
         editing::PaintRowsFrom(painter(), kind.page, 1);
     }
     loadStartFiles(ReadArguments(arguments));
-    LoadRecentMenus(m_workspace.recent, m_platform.settings);
-    m_view.showRecentFiles();
+    loadRecentFiles();
     for (const editing::Kind& kind : editing::Kinds) {
         m_view.showDocument(kind.page);
     }
-    view(page());
+    turnTo(page());
     return {};
 }
 
@@ -174,9 +173,8 @@ ui::Status Session::loadSettings() {
     }
     m_view.showColours();
     m_view.showPointers();
-    m_view.showModes();
-    for (const editing::ModeKey& mode : editing::ModeKeys) {
-        editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, settings.modes.*mode.flag);
+    for (std::size_t i = 0; i < editing::ModeKeys.size(); ++i) {
+        setMode(i, settings.modes.*editing::ModeKeys.at(i).flag);
     }
     auto start =
         LoadStartCharSet(m_platform.files, m_platform.directory, m_platform.settings, settings.charSet);
@@ -218,6 +216,11 @@ void Session::loadStartFiles(const StartFiles& start) {
     } else {
         m_view.showStatus(std::string(HowToLoad));
     }
+}
+
+void Session::loadRecentFiles() {
+    LoadRecentMenus(m_workspace.recent, m_platform.settings);
+    m_view.showRecentFiles();
 }
 
 void Session::tellOfStart() {

@@ -71,8 +71,8 @@ public:
     /// What every command ends with: the view follows the documents, and what has changed is kept for Undo.
     void refresh();
 
-    /// The same for a page without moving the view or the keyboard.
-    void show(editing::Page page);
+    /// The same for a command that leaves the view and the keyboard where they are.
+    void refreshPage(editing::Page page);
 
     /// Lets the page follow a change of its document, and ends the command.
     void finish(const editing::Change& change);
@@ -81,9 +81,9 @@ public:
     void repaint(editing::Page page);
 
     /// Brings a page into view, with its sound.
-    void view(editing::Page page);
+    void turnTo(editing::Page page);
 
-    /// The same for a command that needs another page than the one in view.
+    /// Turns to a page that is not in view: for commands that act on that page alone.
     void switchTo(editing::Page page);
 
     [[nodiscard]] const History& history() const { return m_history; }
@@ -107,9 +107,18 @@ public:
     /// Paints the names that an abandoned reading has left unpainted.
     void showReadNames();
 
+    /// The recent files as the store has them by now.
+    void loadRecentFiles();
+
     // Options
 
+    /// Turns an editing mode (a place of editing::ModeKeys), and its lock key with it.
+    void setMode(std::size_t index, bool isOn);
+
     void applyOptions(const OptionsModel& model);
+
+    /// Says whether a family of games is played.
+    void chooseGame(games::Family family, bool isPlayed);
 
 private:
     ui::Status loadSettings();

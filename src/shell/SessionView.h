@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/ScriptFlow.h"
+#include "editing/Documents.h"
 
 #include <string>
 
@@ -41,9 +41,8 @@ public:
     virtual void showPointers() = 0;
     virtual void showModes() = 0;
 
-    /// The wizards that a command goes through.
-    virtual editing::SaveOutcome saveMessages() = 0;
-    virtual void bindKey() = 0;
+    /// Shows what the games that are played make of the page in view.
+    virtual void showGames() = 0;
 };
 
 } // namespace shell

@@ -5,6 +5,18 @@
 
 namespace shell {
 
+void Session::setMode(std::size_t index, bool isOn) {
+    const editing::ModeKey& mode = editing::ModeKeys.at(index);
+    m_workspace.settings.modes.*mode.flag = isOn;
+    m_view.showModes();
+    editing::SetLockKey(m_platform.lockKeys, mode.virtualKey, isOn);
+}
+
+void Session::chooseGame(games::Family family, bool isPlayed) {
+    m_workspace.settings.games.at(static_cast<std::size_t>(family)) = isPlayed;
+    m_view.showGames();
+}
+
 ui::Status Session::selectCharSet(int recordNumber) {
     const auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
     if (!set) {

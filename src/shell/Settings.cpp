@@ -5,6 +5,7 @@
 #include "shell/SettingText.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 namespace shell {
@@ -12,6 +13,10 @@ namespace shell {
 namespace {
 
 const std::string Section{OptionsSection};
+
+/// The games that are played have a section of their own, which is not made as long as nobody chooses.
+const std::string GamesSection = "games";
+const std::string PlayedKey = "played";
 
 /// Shows every setting to a visitor with its key, in the order in which they are saved.
 template <class SettingsType, class Visitor>
@@ -147,6 +152,29 @@ void KeepUnchanged(SettingTexts& texts, const Settings& loaded, const ui::Settin
     }
 }
 
+/// The games as they are stored: their names, with blanks between them.
+std::string PlayedText(const games::FamilyChoice& played) {
+    std::string text;
+    for (std::size_t i = 0; i < played.size(); ++i) {
+        if (played.at(i)) {
+            text += (text.empty() ? "" : " ") + std::string(games::FamilyNames.at(i));
+        }
+    }
+    return text;
+}
+
+games::FamilyChoice PlayedOf(const std::string& text) {
+    games::FamilyChoice played{};
+    std::istringstream names(text);
+    for (std::string name; names >> name;) {
+        const auto found = std::ranges::find(games::FamilyNames, name);
+        if (found != games::FamilyNames.end()) {
+            played.at(static_cast<std::size_t>(found - games::FamilyNames.begin())) = true;
+        }
+    }
+    return played;
+}
+
 } // namespace
 
 std::string DefaultScreenshot(const ui::Path& programFolder) {
@@ -174,6 +202,9 @@ LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolde
     if (loaded.settings.makeType < 0 || loaded.settings.makeType > 2) {
         loaded.settings.makeType = Settings{}.makeType;
     }
+    if (const auto played = store.read(GamesSection, PlayedKey)) {
+        loaded.settings.games = PlayedOf(*played);
+    }
     return loaded;
 }
 
@@ -186,6 +217,10 @@ ui::Status Save(ui::SettingsStore& store, const Settings& settings, const std::o
     }
     for (const auto& [key, text] : texts) {
         store.write(Section, key, text);
+    }
+    const bool isStored = store.read(GamesSection, PlayedKey).has_value();
+    if (settings.games != (loaded ? loaded->games : Settings{}.games) || (!loaded && isStored)) {
+        store.write(GamesSection, PlayedKey, PlayedText(settings.games));
     }
     return store.save();
 }

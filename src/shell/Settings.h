@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "games/Engines.h"
 #include "glyphs/GlyphCode.h"
 #include "glyphs/mdlPaint.h"
 #include "glyphs/mdlSwitches.h"
@@ -52,7 +53,8 @@ struct Settings {
     std::array<glyphs::GlyphCode, 3> frequent{0, 0, 0};
     std::array<glyphs::GlyphCode, 5> favourites{16, 86, 84, 77, 17};
     editing::Modes modes;
-    std::int16_t makeType = 1; ///< page in view: 0 name, 1 animation, 2 messages
+    games::FamilyChoice games{true, true, true}; ///< that are played; kept apart from the other options
+    std::int16_t makeType = 1;                   ///< page in view: 0 name, 1 animation, 2 messages
 
     /// caseChoice as the case operations take it.
     [[nodiscard]] glyphs::CaseChoice letterChoice() const {

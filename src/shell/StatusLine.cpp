@@ -32,6 +32,7 @@ QLabel* StatusLine::makeLink(const char* name, const QString& caption, const QSt
     auto* link = new QLabel(QStringLiteral("<a href=\"#\">%1</a>").arg(caption), this);
     link->setObjectName(QLatin1String(name));
     link->setToolTip(tooltip);
+    link->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum); // only its letters answer a click
     link->setAccessibleName(caption);
     DescribeKeys(*link);
     addPermanentWidget(link);

@@ -11,7 +11,7 @@
 
 namespace shell {
 
-/// Everything that the main window holds for the whole run.
+/// Everything that a session holds for the whole run.
 struct Workspace {
     editing::Documents documents;
     editing::PagePictures pictures;

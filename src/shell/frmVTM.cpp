@@ -32,6 +32,7 @@ constexpr std::string_view GeometryKey = "geometry";
 
 /// From the start on; the first paint takes a fraction of it.
 constexpr std::chrono::milliseconds FileTypesTime(500);
+constexpr std::chrono::milliseconds GamesTime(100);
 
 constexpr int StatusLineMargin = 2; // that the toolkit adds
 constexpr int RoundingRoom = 2;
@@ -42,16 +43,18 @@ constexpr QSize FrameRoom(10, 40); // for what the desktop puts around the windo
 frmVTM::frmVTM(const ui::Platform& platform)
     : m_platform(platform)
     , m_session(platform, *this)
-    , m_files(platform, m_session, *this)
     , m_glyphColumn(new GlyphColumn(workspace().settings, workspace().atlas, this))
-    , m_pageColumn(new PageColumn(workspace().documents, workspace().pictures, workspace().settings, this))
+    , m_pageColumn(new PageColumn(
+          workspace().documents, workspace().pictures, workspace().atlas, workspace().settings, this))
     , m_commands(platform, m_session, *m_glyphColumn, *m_pageColumn, *this)
+    , m_files(platform, m_session, m_commands)
     , m_menus(new MainMenus(*this, {m_session, m_files, m_commands})) {
     setObjectName(QStringLiteral("frmVTM"));
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     // The toolkit's own menu would hide the toolbar.
     setContextMenuPolicy(Qt::PreventContextMenu);
     buildCentre();
+    connect(m_pageColumn, &PageColumn::gamesWanted, m_menus, &MainMenus::popGames);
     m_recovery = new Recovery(
         workspace(), *m_statusLine, m_platform.files, m_platform.stateFolder,
         [this](const WorkState& state) { m_session.restore(state); }, this);
@@ -88,6 +91,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
     QTimer::singleShot(FileTypesTime, this, [this] { m_session.registerFileTypes(); });
     m_recovery->start();
+    QTimer::singleShot(GamesTime, this, &frmVTM::showGames);
     m_session.tellOfStart();
     return {};
 }
@@ -183,6 +187,7 @@ void frmVTM::showRecentFiles() {
 void frmVTM::showAtlas() {
     m_glyphColumn->showGrid();
     m_glyphColumn->showGlyphs();
+    m_pageColumn->showAtlas();
 }
 
 void frmVTM::showColours() {
@@ -199,12 +204,9 @@ void frmVTM::showModes() {
     m_glyphColumn->showModes();
 }
 
-editing::SaveOutcome frmVTM::saveMessages() {
-    return m_commands.saveMessages();
-}
-
-void frmVTM::bindKey() {
-    m_commands.mnuToolsBindingWizard_Click();
+void frmVTM::showGames() {
+    m_pageColumn->showGames();
+    m_menus->showGames();
 }
 
 } // namespace shell

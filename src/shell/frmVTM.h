@@ -34,9 +34,8 @@ public:
     explicit frmVTM(const ui::Platform& platform);
     ~frmVTM() override;
 
-    /// The start-up sequence; ends with the window shown. `arguments`: without the program's
-    /// own name.
-    /// The failure says why the program cannot run.
+    /// The start-up sequence; ends with the window shown. `arguments`: without the program's own name. The
+    /// failure says why the program cannot run.
     ui::Status Form_Load(std::span<const std::string> arguments);
 
     /// The shut-down: saves the settings if "saveatexit" says so. The second call does nothing. The failure
@@ -76,15 +75,14 @@ private:
     void showColours() override;
     void showPointers() override;
     void showModes() override;
-    editing::SaveOutcome saveMessages() override;
-    void bindKey() override;
+    void showGames() override;
 
     const ui::Platform& m_platform;
     Session m_session;
-    FileCommands m_files;
     GlyphColumn* m_glyphColumn;
     PageColumn* m_pageColumn;
     Commands m_commands;
+    FileCommands m_files;
     MainMenus* m_menus;
     ScrollingCentre* m_centre = nullptr;
     ProgressIndicator* picProgress = nullptr;

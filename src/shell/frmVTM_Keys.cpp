@@ -120,9 +120,8 @@ bool frmVTM::Form_KeyDown(const ui::KeyStroke& stroke) {
 void frmVTM::turnMode(int virtualKey) {
     editing::Modes& modes = workspace().settings.modes;
     if (const auto index = editing::ToggleModeKey(modes, virtualKey)) {
-        showModes();
-        // The desktop has turned it already, but takes the last lock set for what is wanted.
-        editing::SetLockKey(m_platform.lockKeys, virtualKey, modes.*editing::ModeKeys.at(*index).flag);
+        // The desktop has turned the lock already, but takes the last one set for what is wanted.
+        m_session.setMode(*index, modes.*editing::ModeKeys.at(*index).flag);
     }
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/Kinds.h"
 #include "shell/SessionView.h"
 
 #include <algorithm>
@@ -39,18 +40,12 @@ public:
 
     void showModes() override { shown.emplace_back("modes"); }
 
-    editing::SaveOutcome saveMessages() override {
-        shown.emplace_back("messages' wizard");
-        return messagesOutcome;
-    }
-
-    void bindKey() override { shown.emplace_back("binding wizard"); }
+    void showGames() override { shown.emplace_back("games"); }
 
     std::vector<std::string> shown;
     std::string status;
     int furthest = -1; ///< the highest percentage of progress
     bool offersReadNames = false;
-    editing::SaveOutcome messagesOutcome; ///< what the wizard of the messages comes to
 
 private:
     void note(const std::string& what, editing::Page page) {

@@ -21,6 +21,25 @@ support::ExpectedFileDialog OpenDialog(Page page) {
     return Like(editing::OpenScriptRequest(editing::KindOf(page)));
 }
 
+/// Wizards that are only noted, among what is shown.
+class NotedWizards final : public shell::ScriptWizards {
+public:
+    explicit NotedWizards(RecordingView& view)
+        : m_view(view) {}
+
+    editing::SaveOutcome saveMessages() override {
+        m_view.shown.emplace_back("messages' wizard");
+        return outcome;
+    }
+
+    void bindKey() override { m_view.shown.emplace_back("binding wizard"); }
+
+    editing::SaveOutcome outcome; ///< what the wizard of the messages comes to
+
+private:
+    RecordingView& m_view;
+};
+
 /// A run of the program without a window, in a program directory that holds the real character sets.
 class SessionRun : public testing::Test {
 protected:
@@ -78,7 +97,8 @@ protected:
     support::FakePlatform fake;
     RecordingView view;
     shell::Session session{fake.platform, view};
-    shell::FileCommands files{fake.platform, session, view};
+    NotedWizards wizards{view};
+    shell::FileCommands files{fake.platform, session, wizards};
 };
 
 } // namespace
@@ -143,7 +163,7 @@ TEST_F(SessionRun, ThePageInViewIsNotSwitchedToAgain) {
     startOn(Page::Name);
     session.switchTo(Page::Name);
     EXPECT_TRUE(view.shown.empty());
-    session.view(Page::Name);
+    session.turnTo(Page::Name);
     EXPECT_EQ(view.shown, (Shown{"view Name", "show Name", "follow"}));
     EXPECT_EQ(played(102), 1);
 }
@@ -203,7 +223,7 @@ TEST_F(SessionRun, AScriptThatWasSavedIsRememberedBeforeItsKeyIsAskedFor) {
 TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
     startOn(Page::Name);
     const ui::Path path = fake.directory.files / "m.vtm";
-    view.messagesOutcome = {editing::SaveOutcome::Kind::Written, path, "told"};
+    wizards.outcome = {editing::SaveOutcome::Kind::Written, path, "told"};
     files.saveScript(Page::Messages);
     EXPECT_EQ(view.shown, (Shown{"messages' wizard", "recent", "show Name", "follow"}));
     EXPECT_EQ(view.status, "told");

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
+#include <cmath>
 
 namespace ui::qt {
 
@@ -23,7 +24,9 @@ void LineLabel::tell(const QString& text, const QString& more) {
 }
 
 QSize LineLabel::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
+    // A part of a pixel too little, and the text would be cut.
+    const qreal width = QFontMetricsF(font()).horizontalAdvance(text());
+    return {static_cast<int>(std::ceil(width)), fontMetrics().height()};
 }
 
 QSize LineLabel::minimumSizeHint() const {

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/mdlPaint.h"
+#include "shell/GameReport.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ui::qt {
+class LineLabel;
+class PictureWidget;
+} // namespace ui::qt
+
+namespace shell {
+
+/// One of the lines under a page: the family's name, what it makes of the page, and the row that others see.
+class GameLineRow final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `nameWidth` is where the text begins. The atlas is borrowed and outlives the row.
+    GameLineRow(games::Family family, int nameWidth, const glyphs::GlyphAtlas& atlas, QWidget* parent);
+
+    /// The width that a family's name takes, in the font of a widget.
+    [[nodiscard]] static int nameWidth(games::Family family, const QWidget& widget);
+
+    [[nodiscard]] games::Family family() const { return m_family; }
+
+    [[nodiscard]] const GameLine& line() const { return m_line; }
+
+    void show(const GameLine& line);
+
+    /// The atlas is another one.
+    void showAtlas();
+
+Q_SIGNALS:
+    /// The line, which is about a cell, was pressed.
+    void pressed();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void paleName();
+    void makePicture();
+
+    games::Family m_family;
+    const glyphs::GlyphAtlas& m_atlas;
+    GameLine m_line;
+    ui::Picture m_picture;
+    QLabel* lblFamily;
+    ui::qt::LineLabel* lblGame;
+    ui::qt::PictureWidget* picShown = nullptr; ///< made when it is first wanted
+};
+
+} // namespace shell

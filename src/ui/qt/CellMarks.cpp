@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "ui/qt/CellMarks.h"
+
+#include "ui/qt/PictureWidget.h"
+#include "ui/qt/WholePixels.h"
+
+#include <QEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace ui::qt {
+
+namespace {
+
+/// Told from every colour of the games' glyphs and from the cursor's marker.
+constexpr QColor MarkColour(80, 190, 255);
+constexpr int MarkThickness = 2; ///< in pixels of the picture
+
+} // namespace
+
+CellMarks::CellMarks(PictureWidget* picture)
+    : QWidget(picture)
+    , m_picture(picture) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    setGeometry(picture->rect());
+    picture->installEventFilter(this);
+    connect(picture, &PictureWidget::cellsMoved, this, qOverload<>(&QWidget::update));
+    lower(); // the cursor's marker lies over it
+    hide();
+}
+
+void CellMarks::mark(std::vector<Rect> cells) {
+    if (cells != m_cells) {
+        m_cells = std::move(cells);
+        setVisible(!m_cells.empty());
+        update();
+    }
+}
+
+bool CellMarks::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_picture && event->type() == QEvent::Resize) {
+        setGeometry(m_picture->rect());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CellMarks::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const qreal scale = DeviceScale(painter);
+    const QPointF corner = DeviceCorner(painter);
+    PaintFrom(painter, QPoint(0, 0), 1);
+    for (const Rect& cell : m_cells) {
+        if (m_picture->isInView(cell) && m_picture->areaOf(cell).intersects(event->rect())) {
+            QRect line = m_picture->pixelsOf(cell, corner, scale);
+            const int thickness = std::max(1, line.height() * MarkThickness / cell.height);
+            line.setTop(line.bottom() + 1 - thickness);
+            painter.fillRect(line, MarkColour);
+        }
+    }
+}
+
+} // namespace ui::qt
