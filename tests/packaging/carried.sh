@@ -31,7 +31,7 @@ mapfile -t programs < <(find bin -type f -name 'vtm*')
 mapfile -t qt < <(find lib/vtm -maxdepth 1 -type f)
 mapfile -t plugins < <(find lib/vtm/plugins -type f)
 mapfile -t spare < <(find lib/vtm/spare -type f)
-[[ ${#programs[@]} == 3 && ${#plugins[@]} -gt 0 && ${#spare[@]} -gt 0 ]] || complain "these are not all the files"
+[[ ${#programs[@]} == 4 && ${#plugins[@]} -gt 0 && ${#spare[@]} -gt 0 ]] || complain "these are not all the files"
 
 declare -A carried=() wanted=()
 for file in "${qt[@]}" "${spare[@]}"; do
