@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "Editor.h"
 #include "animation/mdlAniScript.h"
+#include "animation/mdlAniServer.h"
 #include "editing/mdlArray.h"
+#include "games/RowVerdict.h"
 
 #include <benchmark/benchmark.h>
 
@@ -58,8 +60,35 @@ void DecodeScript(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<std::int64_t>(script.size()) * state.iterations());
 }
 
+/// What all games make of a name, as it is judged at every key.
+void JudgeNameForGames(benchmark::State& state) {
+    const Editor editor;
+    for (auto _ : state) {
+        for (const games::Family family : games::Families) {
+            benchmark::DoNotOptimize(
+                games::JudgeName(family, games::Audience::Others, editor.documents.name.cells));
+        }
+    }
+}
+
+/// The same for an animation, with its times.
+void JudgeAnimationForGames(benchmark::State& state) {
+    const Editor editor;
+    const games::TimedNames names = animation::TimedNamesOf(editor.documents.animation);
+    for (auto _ : state) {
+        for (const games::Family family : games::Families) {
+            benchmark::DoNotOptimize(games::TimetableOf(family, names));
+            for (std::size_t name = 0; name < names.count(); ++name) {
+                benchmark::DoNotOptimize(games::JudgeName(family, games::Audience::Others, names.name(name)));
+            }
+        }
+    }
+}
+
 BENCHMARK(FormatAllNames);
 BENCHMARK(EncodeScript);
 BENCHMARK(DecodeScript);
+BENCHMARK(JudgeNameForGames);
+BENCHMARK(JudgeAnimationForGames);
 
 } // namespace
