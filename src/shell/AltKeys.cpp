@@ -14,7 +14,7 @@ using enum ui::VirtualKey;
 using Shift = AltKey::Shift;
 
 // Plus and minus need Shift on some keyboards, so they do not ask for it.
-constexpr std::array<AltKey, 30> Keys{{
+constexpr std::array<AltKey, 31> Keys{{
     {KeyDigit0 + 1, Shift::Up, PlaceFavourite, 0, "Alt+1", "cmdFavorite_0"},
     {KeyDigit0 + 2, Shift::Up, PlaceFavourite, 1, "Alt+2", "cmdFavorite_1"},
     {KeyDigit0 + 3, Shift::Up, PlaceFavourite, 2, "Alt+3", "cmdFavorite_2"},
@@ -41,6 +41,7 @@ constexpr std::array<AltKey, 30> Keys{{
     {'S', Shift::Up, ShowReadNames, 0, "Alt+S", "lblShow"},
     {'U', Shift::Up, RestoreWork, 0, "Alt+U", "lblRestore"},
     {'U', Shift::Down, DiscardWork, 0, "Alt+Shift+U", "lblDiscard"},
+    {'K', Shift::Up, GoToLoss, 0, "Alt+K", ""},
     {KeyUp, Shift::Either, ViewLineUp, 0, "Alt+Up", "VScroll1"},
     {KeyDown, Shift::Either, ViewLineDown, 0, "Alt+Down", "VScroll1"},
     {KeyPageUp, Shift::Either, ViewPageUp, 0, "Alt+Page Up", "VScroll1"},

@@ -27,6 +27,7 @@ enum class AltCommand {
     ShowReadNames,
     RestoreWork,
     DiscardWork,
+    GoToLoss,
     ViewLineUp,
     ViewLineDown,
     ViewPageUp,

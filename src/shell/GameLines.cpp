@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "shell/GameLines.h"
 
+#include "editing/mdlCommon.h"
 #include "shell/GameLineRow.h"
 
 #include <QHBoxLayout>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace shell {
 
@@ -63,6 +65,18 @@ void GameLines::follow(Page page) {
 
 void GameLines::showAtlas() {
     std::ranges::for_each(m_rows, &GameLineRow::showAtlas);
+}
+
+void GameLines::goToLoss() {
+    if (m_report.marks.empty()) {
+        return;
+    }
+    const editing::PageCursor cursor = editing::CursorOf(m_documents, m_page);
+    const auto next = std::ranges::find_if(m_report.marks, [&cursor](const editing::CellBlock& mark) {
+        return std::pair(mark.row, mark.column) > std::pair(cursor.row, cursor.column);
+    });
+    const editing::CellBlock& mark = next == m_report.marks.end() ? m_report.marks.front() : *next;
+    Q_EMIT cellWanted(m_page, mark.column, mark.row);
 }
 
 void GameLines::tmrReport_Timer() {

@@ -32,6 +32,9 @@ public:
     /// The atlas is another one.
     void showAtlas();
 
+    /// Asks for the next marked cell behind the cursor, or else the first.
+    void goToLoss();
+
     [[nodiscard]] const GameReport& report() const { return m_report; }
 
 Q_SIGNALS:

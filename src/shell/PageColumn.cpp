@@ -148,6 +148,12 @@ void PageColumn::showGames() {
     m_gameLines->follow(inView());
 }
 
+void PageColumn::goToLoss() {
+    if (m_gameLines != nullptr) {
+        m_gameLines->goToLoss();
+    }
+}
+
 void PageColumn::showAtlas() {
     if (m_gameLines != nullptr) {
         m_gameLines->showAtlas();

@@ -58,6 +58,9 @@ public:
     /// Shows lines for the games that are played, from the first call on.
     void showGames();
 
+    /// Moves the cursor to the next cell that a game does not keep.
+    void goToLoss();
+
     /// The atlas is another one.
     void showAtlas();
 

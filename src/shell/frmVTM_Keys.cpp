@@ -168,6 +168,8 @@ void frmVTM::runAltKey(const AltKey& key) {
         return m_recovery->restore();
     case AltCommand::DiscardWork:
         return m_recovery->discard();
+    case AltCommand::GoToLoss:
+        return m_pageColumn->goToLoss();
     case AltCommand::ViewLineUp:
         return animation.moveView(QAbstractSlider::SliderSingleStepSub);
     case AltCommand::ViewLineDown:

@@ -75,6 +75,18 @@ TEST_F(Games, ALineLeadsToItsCellWhichIsMarked) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return marks("NamePic") == 0; }));
 }
 
+TEST_F(Games, AltKGoesFromMarkToMark) {
+    startWithLines(Page::Name);
+    for (const int code : {'#', 'a', ';', 'b'}) {
+        clickGlyph(code);
+    }
+    ASSERT_TRUE(QTest::qWaitFor([this] { return marks("NamePic") == 2; }));
+    press(Qt::Key_K, Qt::AltModifier);
+    EXPECT_EQ(column(), 1) << "behind the last mark comes the first";
+    press(Qt::Key_K, Qt::AltModifier);
+    EXPECT_EQ(column(), 3);
+}
+
 TEST_F(Games, WhatOthersSeeIsDrawnAndHeard) {
     startWithLines(Page::Name);
     clickGlyph(16);
