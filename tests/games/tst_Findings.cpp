@@ -20,7 +20,9 @@ std::string Lines(const std::vector<Finding>& findings) {
     std::string text;
     for (const Finding& finding : findings) {
         const bool isLoss = finding.weight == games::Weight::Loss;
-        text += std::to_string(finding.row) + "," + std::to_string(finding.column) + " ";
+        // A row that the text names stands in brackets.
+        const std::string row = std::to_string(finding.row);
+        text += (finding.namesRow ? "(" + row + ")" : row) + "," + std::to_string(finding.column) + " ";
         text += isLoss ? "" : std::string(games::FactsOf(finding.seen.engine).name) + " ";
         text += finding.text + (finding.shown ? " " + games_test::Text(*finding.shown) : "") +
                 (isLoss ? "!" : "") + "\n";
@@ -48,8 +50,8 @@ TEST(Findings, OnAnAnimationBeginWithItsTimes) {
     EXPECT_EQ(Lines(games::FindingsOnAnimation(Family::Quake, Animation(1, 2).names())), "");
     EXPECT_EQ(
         Lines(games::FindingsOnAnimation(Family::QuakeWorld, Animation(15, 12).names())),
-        "7,0 the server kicks the player at name 7, after 0.9 s!\n"
-        "14,0 name 14 and what follows is never run: a script may wait 2.0 s!\n"
+        "(7),0 the server kicks the player at name 7, after 0.9 s!\n"
+        "(14),0 name 14 and what follows is never run: a script may wait 2.0 s!\n"
         "0,0 FTE servers mute the player for 5 minutes instead\n"
         "0,0 ezQuake runs no more than 10 waits under the ruleset qcon\n");
     EXPECT_EQ(Lines(games::FindingsOnAnimation(Family::QuakeWorld, Animation(5, 2).names())), "");
@@ -57,12 +59,12 @@ TEST(Findings, OnAnAnimationBeginWithItsTimes) {
         Lines(games::FindingsOnAnimation(
             Family::Quake2,
             Animation().add("a", 0).add("b;", 2).add("c", 0).add("d", 3).add("e", 0).names())),
-        "1,0 name 1 and 1 other are never sent: no ticks!\n"
+        "(1),0 name 1 and 1 other are never sent: no ticks!\n"
         "2,2 the game refuses the name: ; in cell 2!\n"
-        "2,0 Yamagi Quake II may skip name 2 and 1 other: fewer than 6 ticks\n");
+        "(2),0 Yamagi Quake II may skip name 2 and 1 other: fewer than 6 ticks\n");
     EXPECT_EQ(
         Lines(games::FindingsOnAnimation(Family::Quake2, Animation().add("a", 0).add("b", 2).names())),
-        "1,0 name 1 is never sent: no ticks!\n");
+        "(1),0 name 1 is never sent: no ticks!\n");
 }
 
 TEST(Findings, OnAScriptTellWhetherItRuns) {

@@ -61,7 +61,7 @@ TEST(Script, SizeOfAnAnimationIsWhatIsWritten) {
             const auto row = animation.rows().row(name);
             for (auto& cell : row) {
                 // Bytes that end lines make others of them.
-                const int code = number(40);
+                const int code = number(40) + round % 2;
                 cell = static_cast<glyphs::GlyphCode>(code == 10 || code == 13 ? 32 : code);
             }
             animation.ticks(name) = static_cast<std::int16_t>(number(4) * number(100));
@@ -83,6 +83,8 @@ TEST(Script, TheLargestAnimationIsTooLongForTheFirstEngines) {
             limit.seen.engine == Engine::FirstQuake || limit.seen.engine == Engine::FirstQuake2;
         EXPECT_EQ(games::FitOf(limit, size), isFirst ? Fit::TooLong : Fit::Fits);
         EXPECT_NE(games::VersionOf(limit.seen), "");
+        EXPECT_EQ(limit.takesZero, limit.seen.engine != Engine::Q2Pro);
+        EXPECT_EQ(limit.takesCrLf, limit.seen.engine != Engine::FirstQuake);
     }
     EXPECT_EQ(
         games::SizeOfAnimation(NamesOf(AnimationOf(15, 0, 0)), NameCommand::Name).bytes, 77U + 15U * 9U);
