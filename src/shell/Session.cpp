@@ -109,7 +109,7 @@ void Session::restore(const WorkState& state) {
 editing::ScriptRead Session::readScript(Page page, const ui::Path& path, editing::OpenFailure openFailure) {
     editing::AnimationDocument& animation = m_workspace.documents.animation;
     auto before = animation.nameGlyphs;
-    const editing::ScriptRead read = editing::LoadScript(
+    editing::ScriptRead read = editing::LoadScript(
         m_platform.dialogs, m_platform.files, ScriptRoomOf(page).reader(m_workspace.documents, path),
         m_isStartingUp, openFailure, [this, page] { repaint(page); });
     if (read.end == editing::ScriptEnd::Abandoned) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/ScriptFlow.h"
 #include "shell/CommandLine.h"
 #include "shell/History.h"
 #include "shell/OptionsModel.h"
