@@ -2,27 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "editing/mdlPick.h"
 
+#include "editing/Kinds.h"
+#include "editing/mdlCommon.h"
 #include "glyphs/mdlPaint.h"
 #include "glyphs/mdlSwitches.h"
 
 #include <algorithm>
 #include <cassert>
-#include <span>
 
 namespace editing {
 
-std::array<GlyphCode, 3> FrequentGlyphs(const Documents& documents) {
+std::array<GlyphCode, 3> FrequentGlyphs(Documents documents) {
     std::array<int, glyphs::GlyphCount> counts{};
-    const auto count = [&counts](std::span<const GlyphCode> cells) {
-        for (const GlyphCode code : cells) {
-            assert(code >= 0 && code < glyphs::GlyphCount);
-            ++counts[static_cast<std::size_t>(code)];
+    for (const Kind& kind : Kinds) {
+        const PageCursor cursor = CursorOf(documents, kind.page);
+        for (int row = 1; row <= cursor.rowsInUse; ++row) {
+            for (const GlyphCode code : cursor.rows.row(row)) {
+                assert(code >= 0 && code < glyphs::GlyphCount);
+                ++counts[static_cast<std::size_t>(code)];
+            }
         }
-    };
-    const AnimationDocument& animation = documents.animation;
-    count(documents.name.cells);
-    count(std::span(animation.nameGlyphs).first(static_cast<std::size_t>(animation.nameCount) * NameLength));
-    count(documents.messages.cells);
+    }
     counts[glyphs::BlankGlyph] = 0;
 
     std::array<GlyphCode, 3> frequent{};

@@ -8,10 +8,9 @@
 
 namespace editing {
 
-/// The three glyphs that occur most often in the name, the names in use and the three messages, most frequent
-/// first; of equally frequent ones the lower code goes first. Blanks do not count. 0 where there is no other
-/// glyph.
-[[nodiscard]] std::array<GlyphCode, 3> FrequentGlyphs(const Documents& documents);
+/// The three glyphs that occur most often in the rows in use of every page, most frequent first; of equally
+/// frequent ones the lower code goes first. Blanks do not count. 0 where there is no other glyph.
+[[nodiscard]] std::array<GlyphCode, 3> FrequentGlyphs(Documents documents);
 
 /// The glyph that is chosen after a press on, or a drag to, a pixel of the picker's grid: the one that stands
 /// there if it may be picked, otherwise `chosen` as before.
