@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "editing/FormatSettings.h"
 
 #include <array>
 #include <cstddef>
@@ -17,7 +18,9 @@ struct Kind {
     const char* caption;     ///< of its tab and, with '&' before it, of its menu entries
     const char* windowTitle; ///< while its page is in view
 
-    const char* formatQuestion; ///< before all its rows are formatted; empty: it has only one
+    // Formatting all its rows; empty and null where it has only one
+    const char* formatQuestion;
+    bool FormatSettings::*asksBeforeFormat; ///< whether the question is asked; all are formatted where not
 
     // Its scripts and the dialogs that ask for them
     std::string_view header; ///< what the first line of a script holds, behind "// "
@@ -64,6 +67,7 @@ inline constexpr std::array Kinds{
         .caption = "Name",
         .windowTitle = "Vortigo [Name]",
         .formatQuestion = "",
+        .asksBeforeFormat = nullptr,
         .header = "Name File Created by Vortigo",
         .extension = ".vtn",
         .filter = "VTM Name Script",
@@ -97,6 +101,7 @@ inline constexpr std::array Kinds{
         .caption = "Animation",
         .windowTitle = "Vortigo [Animation]",
         .formatQuestion = "Do you wish to format all names?",
+        .asksBeforeFormat = &FormatSettings::asksForNames,
         .header = "Animation File Created by Vortigo",
         .extension = ".vta",
         .filter = "VTM Animation Script",
@@ -130,6 +135,7 @@ inline constexpr std::array Kinds{
         .caption = "Messages",
         .windowTitle = "Vortigo [Messages]",
         .formatQuestion = "Do you wish to format all macros?",
+        .asksBeforeFormat = &FormatSettings::asksForMessages,
         .header = "Macro File Created by Vortigo",
         .extension = ".vtm",
         .filter = "VTM Macro Script",

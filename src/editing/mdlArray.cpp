@@ -56,13 +56,15 @@ void MoveText(Row row, Offset offset) {
 
 /// Whether every row of the page in view is to be formatted.
 bool AsksForAllRows(Page page, ui::Dialogs& dialogs, const FormatSettings& settings) {
-    const char* const question = KindOf(page).formatQuestion;
-    const bool asks = page == Page::Animation ? settings.asksForNames : settings.asksForMessages;
-    return *question != '\0' &&
-           (!asks || dialogs.box(
-                         {.text = question,
-                          .buttons = ui::Buttons::YesNoCancel,
-                          .detail = "No or Cancel: only the current one."}) == ui::Answer::Yes);
+    const Kind& kind = KindOf(page);
+    if (kind.asksBeforeFormat == nullptr) {
+        return false;
+    }
+    return !(settings.*kind.asksBeforeFormat) ||
+           dialogs.box(
+               {.text = kind.formatQuestion,
+                .buttons = ui::Buttons::YesNoCancel,
+                .detail = "No or Cancel: only the current one."}) == ui::Answer::Yes;
 }
 
 } // namespace
@@ -145,14 +147,14 @@ Change FormatPage(
     FormatOperation operation) {
     const bool isAll = AsksForAllRows(cursor.page, dialogs, settings);
     FormatRows(cursor.rows, isAll ? AllRows : cursor.row, operation, settings.caseChoice);
-    if (isAll || cursor.page == Page::Name) {
+    if (isAll || cursor.rows.count() == 1) {
         return {.kind = Change::Kind::WholePage, .page = cursor.page};
     }
     return RowChanged(cursor, cursor.row);
 }
 
 Change ReverseNameOrder(const PageCursor& cursor) {
-    if (cursor.page == Page::Name) {
+    if (cursor.rows.count() == 1) {
         return {};
     }
     ReverseRows(cursor.rows, cursor.rowsInUse);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/FormatSettings.h"
 #include "editing/mdlCommon.h"
-#include "glyphs/mdlSwitches.h"
 #include "ui/Dialogs.h"
 
 #include <array>
@@ -44,13 +44,6 @@ void FormatRows(
 
 /// Turns the order of the first `count` rows round.
 void ReverseRows(const GlyphRows& rows, int count);
-
-/// The settings that formatting reads.
-struct FormatSettings {
-    bool asksForNames = true;    ///< "prompt1": ask before all names of the animation are formatted
-    bool asksForMessages = true; ///< "prompt2": the same for all messages
-    glyphs::CaseChoice caseChoice = glyphs::CaseChoice::LettersOnly;
-};
 
 /// Formats a page: the name; or all rows of the other pages if the answer, or the setting without a question,
 /// is yes; otherwise the current row alone, also when the question is cancelled.

@@ -264,7 +264,7 @@ Change NavigateKey(const PageCursor& cursor, int virtualKey) {
         }
         break;
     case KeyEnter:
-        if (cursor.page != Page::Name) {
+        if (cursor.rows.count() > 1) {
             NavigateKey(cursor, KeyHome);
             NavigateKey(cursor, KeyDown);
         }

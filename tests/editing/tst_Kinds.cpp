@@ -33,6 +33,7 @@ using Texts = std::vector<std::string>;
 using Truths = std::vector<bool>;
 using Pages = std::vector<Page>;
 using Places = std::vector<std::size_t>;
+using Settings = std::vector<bool FormatSettings::*>;
 
 } // namespace
 
@@ -50,6 +51,9 @@ TEST(Kinds, AreShownUnderTheirNames) {
     EXPECT_EQ(
         TextsOf(&Kind::formatQuestion),
         (Texts{"", "Do you wish to format all names?", "Do you wish to format all macros?"}));
+    EXPECT_TRUE(
+        ColumnOf(&Kind::asksBeforeFormat) ==
+        (Settings{nullptr, &FormatSettings::asksForNames, &FormatSettings::asksForMessages}));
 }
 
 TEST(Kinds, KnowTheirScripts) {
