@@ -8,8 +8,10 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <optional>
 #include <string>
 #include <unistd.h>
@@ -118,6 +120,22 @@ TEST_F(DesktopLauncherTest, PercentEncodesWhatIsNotAscii) {
     open(launcher, "http://example.org/\xC3\xA4\xFF\n");
     ASSERT_TRUE(waitForResults(1));
     EXPECT_EQ(notes.content("arguments"), "http://example.org/%C3%A4%FF%0A");
+}
+
+TEST_F(DesktopLauncherTest, LeavesEveryPrintableByteAsItIs) {
+    installOpener("printf '%s' \"$1\" >\"$VTM_TEST_NOTES/arguments\"\n");
+    std::string address;
+    std::string expected;
+    for (int byte = 0; byte < 256; ++byte) {
+        address += static_cast<char>(byte);
+        std::array<char, 4> encoded{};
+        std::snprintf(encoded.data(), encoded.size(), "%%%02X", static_cast<unsigned>(byte));
+        expected += byte >= ' ' && byte <= '~' ? std::string(1, static_cast<char>(byte)) : encoded.data();
+    }
+    DesktopLauncher launcher(1h);
+    open(launcher, address);
+    ASSERT_TRUE(waitForResults(1));
+    EXPECT_EQ(notes.content("arguments"), expected);
 }
 
 TEST_F(DesktopLauncherTest, ReportsLaterAndOnTheThreadOfTheWindow) {

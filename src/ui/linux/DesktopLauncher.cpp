@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/linux/DesktopLauncher.h"
 
+#include "ui/qt/Text.h"
+
 #include <QProcess>
 #include <QString>
 #include <QTimer>
@@ -45,19 +47,11 @@ int ResultOf(int exitCode, QProcess::ExitStatus status) {
 /// The address as an argument. What is not ASCII is percent-encoded: it may be in any encoding, and must come
 /// through as the bytes that it is.
 QString Argument(const std::string& address) {
-    constexpr auto digits = "0123456789ABCDEF";
-    QString text;
-    for (const char character : address) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte >= 0x20 && byte < 0x7F) {
-            text += QLatin1Char(character);
-        } else {
-            text += QLatin1Char('%');
-            text += QLatin1Char(digits[byte >> 4U]);
-            text += QLatin1Char(digits[byte & 15U]);
-        }
-    }
-    return text;
+    constexpr auto Marks = R"( !"#$%&'()*+,/:;<=>?@[\]^`{|})"; // with what is never encoded all of ASCII
+    constexpr char Encoded = '\1'; // a '%' here would have those of the address encoded as well
+    QByteArray bytes = QByteArray::fromStdString(address).toPercentEncoding(Marks, {}, Encoded);
+    bytes.replace(Encoded, '%');
+    return qt::FromLatin1(bytes.toStdString());
 }
 
 } // namespace
