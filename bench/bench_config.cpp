@@ -5,6 +5,7 @@
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlName.h"
 #include "ui/FileWriter.h"
+#include "ui/Files.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -26,7 +27,7 @@ ui::Bytes LongestConfig() {
 class Desk final : public ui::ProgramDirectory {
 public:
     Desk() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vtm-bench-XXXXXX").native();
+        std::string pattern = ui::PathText(std::filesystem::temp_directory_path() / "vtm-bench-XXXXXX");
         if (::mkdtemp(pattern.data()) == nullptr) {
             std::abort();
         }

@@ -306,8 +306,8 @@ void frmOptions::GridList_Click(int row) {
     }
     auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
     if (!set) {
-        const QByteArray chosen = m_form->GridList->item(row)->text().toLatin1();
-        keepCharSet(CharSetStaysText(chosen.toStdString(), m_model.charSet().name, "chosen", set.failure()));
+        const std::string chosen = ui::qt::ToLatin1(m_form->GridList->item(row)->text());
+        keepCharSet(CharSetStaysText(chosen, m_model.charSet().name, "chosen", set.failure()));
         return;
     }
     m_model.setCharSet(row, set.value().record);
@@ -315,7 +315,7 @@ void frmOptions::GridList_Click(int row) {
 }
 
 void frmOptions::cmdGotoTc_Click() {
-    OpenUrl(m_platform, m_form->lblWebAddress->text().toLatin1().toStdString());
+    OpenUrl(m_platform, ui::qt::ToLatin1(m_form->lblWebAddress->text()));
 }
 
 void frmOptions::cmbMouse_Click(std::size_t index) {

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QString>
+#include <string>
 #include <string_view>
 
 /// The toolkit's texts and the bytes that everything else is made of.
@@ -23,6 +24,11 @@ namespace ui::qt {
 /// Text that has one character a byte: names of keys and files of the program's own.
 [[nodiscard]] inline QString FromLatin1(std::string_view bytes) {
     return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+/// The bytes of such a text.
+[[nodiscard]] inline std::string ToLatin1(const QString& text) {
+    return text.toLatin1().toStdString();
 }
 
 } // namespace ui::qt
