@@ -175,20 +175,21 @@ private:
                 }
                 ++i;
                 hit(i, Fate::Changed, rule);
-                put(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] | ColourDistance));
+                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] | ColourDistance));
                 continue;
             }
             if (rule.action == Action::StripColour) {
                 hit(i, Fate::Changed, rule);
-                put(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] - ColourDistance));
+                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] - ColourDistance));
                 continue;
             }
-            put(kept++, i, m_verdict.shown[i]);
+            showAt(kept++, i, m_verdict.shown[i]);
         }
         m_verdict.shownCount = kept;
     }
 
-    void put(std::size_t place, std::size_t from, GlyphCode code) {
+    /// The glyph at `from` stands at `place` of what is shown, with this code.
+    void showAt(std::size_t place, std::size_t from, GlyphCode code) {
         m_verdict.shown[place] = code;
         m_verdict.columnOf[place] = m_verdict.columnOf[from];
     }
