@@ -6,6 +6,7 @@
 #include "shell/SessionView.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,12 @@ class RecordingView final : public shell::SessionView {
 public:
     void viewPage(editing::Page page) override { note("view", page); }
 
-    void showDocument(editing::Page page) override { note("show", page); }
+    void showDocument(editing::Page page) override {
+        note("show", page);
+        if (documentShown) {
+            documentShown(page);
+        }
+    }
 
     void followCursor() override { shown.emplace_back("follow"); }
 
@@ -46,6 +52,7 @@ public:
     std::string status;
     int furthest = -1; ///< the highest percentage of progress
     bool offersReadNames = false;
+    std::function<void(editing::Page)> documentShown; ///< what else the test does then; may be empty
 
 private:
     void note(const std::string& what, editing::Page page) {
