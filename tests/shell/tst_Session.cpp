@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "SessionRun.h"
+#include "WorkStates.h"
 
 namespace {
 
@@ -63,6 +64,27 @@ TEST_F(SessionRun, TakingBackBringsItsPageIntoView) {
     session.undo();
     EXPECT_EQ(view.shown, (Shown{"view Name", "show Name", "follow"}));
     EXPECT_TRUE(fake.sounds.waves.empty());
+}
+
+TEST_F(SessionRun, WhatACrashHasLeftIsShownInSilenceAndCanBeTakenBack) {
+    startOn(Page::Name);
+    const editing::Documents before = documents();
+    shell::WorkState state = RandomWork(7);
+    state.page = Page::Messages;
+    session.restore(state);
+    EXPECT_EQ(documents(), state.documents);
+    EXPECT_EQ(session.page(), Page::Messages);
+    EXPECT_TRUE(isPainted());
+    EXPECT_EQ(
+        view.shown,
+        (Shown{"show Name", "show Animation", "show Messages", "view Messages", "show Messages", "follow"}));
+    EXPECT_TRUE(fake.sounds.waves.empty());
+    ASSERT_NE(session.history().undoCommand(), nullptr);
+    EXPECT_EQ(*session.history().undoCommand(), "Restore");
+    session.undo();
+    EXPECT_EQ(documents(), before);
+    EXPECT_TRUE(isPainted());
+    EXPECT_EQ(session.history().undoCommand(), nullptr) << "it is one step";
 }
 
 TEST_F(SessionRun, ThePageInViewIsNotSwitchedToAgain) {
