@@ -14,6 +14,12 @@ namespace shell {
 
 using editing::Page;
 
+namespace {
+
+constexpr int ButtonRoom = 8; ///< beside the dots
+
+} // namespace
+
 GameLines::GameLines(
     editing::Documents& documents, const games::FamilyChoice& chosen, const glyphs::GlyphAtlas& atlas,
     QWidget* parent)
@@ -25,6 +31,7 @@ GameLines::GameLines(
     setAccessibleName(tr("What your games keep"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
     auto* lines = new QVBoxLayout;
     lines->setSpacing(1);
     int nameWidth = 0;
@@ -47,6 +54,7 @@ GameLines::GameLines(
     cmdGames->setAccessibleName(tr("Games"));
     cmdGames->setToolTip(tr("Click here to choose the games that you play"));
     cmdGames->setAutoRaise(true);
+    cmdGames->setFixedWidth(fontMetrics().horizontalAdvance(cmdGames->text()) + ButtonRoom);
     cmdGames->setFocusPolicy(Qt::NoFocus);
     layout->addWidget(cmdGames, 0, Qt::AlignTop);
     connect(cmdGames, &QToolButton::clicked, this, [this] {
