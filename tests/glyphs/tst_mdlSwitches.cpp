@@ -17,24 +17,17 @@ namespace {
 constexpr CaseChoice Letters = CaseChoice::LettersOnly;
 constexpr CaseChoice All = CaseChoice::AllCharacters;
 
-constexpr std::array<std::pair<GlyphCode, GlyphCode>, 16> UnshiftedAndShifted{{
-    {44, 60},
-    {45, 95},
-    {46, 62},
-    {47, 63},
-    {48, 41},
-    {49, 33},
-    {50, 64},
-    {51, 35},
-    {52, 36},
-    {53, 37},
-    {54, 94},
-    {55, 38},
-    {56, 42},
-    {57, 40},
-    {59, 58},
-    {61, 43},
-}};
+/// What the keys of a US keyboard type without and with Shift, but for letters, brackets and the like.
+constexpr std::string_view Unshifted = ",-./0123456789;=";
+constexpr std::string_view Shifted = "<_>?)!@#$%^&*(:+";
+
+constexpr auto UnshiftedAndShifted = [] {
+    std::array<std::pair<GlyphCode, GlyphCode>, Unshifted.size()> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        pairs[i] = {static_cast<GlyphCode>(Unshifted[i]), static_cast<GlyphCode>(Shifted[i])};
+    }
+    return pairs;
+}();
 
 /// The glyphs that have a capital, and those, in colour 1. In colour 2 only the letters have one.
 constexpr std::string_view Lower = "abcdefghijklmnopqrstuvwxyz{|}";
