@@ -3,6 +3,7 @@
 #include "animation/frmAniWiz.h"
 
 #include "animation/Texts.h"
+#include "animation/mdlAniServer.h"
 
 #include "ui/qt/DialogButtons.h"
 #include "ui/qt/Text.h"
@@ -118,11 +119,20 @@ void frmAniWiz::goTo(QWidget* control) {
 void frmAniWiz::Form_Load() {
     WizardOptions options = LoadWizardOptions(m_files, m_directory);
     if (!options.available) {
-        const std::array<QWidget*, 12> controls = {
-            m_form->cmboPos_1,       m_form->cmboPos_2,    m_form->cmboColor,
-            m_form->cmboCase,        m_form->lblNameToUse, m_form->NameToUseScroll,
-            m_form->lblStart,        m_form->lblStartName, m_form->lblEnd,
-            m_form->StartNameScroll, m_form->lblEndName,   m_form->buttons->button(QDialogButtonBox::Ok)};
+        const std::array<QWidget*, 13> controls = {
+            m_form->chkSafeForServers,
+            m_form->cmboPos_1,
+            m_form->cmboPos_2,
+            m_form->cmboColor,
+            m_form->cmboCase,
+            m_form->lblNameToUse,
+            m_form->NameToUseScroll,
+            m_form->lblStart,
+            m_form->lblStartName,
+            m_form->lblEnd,
+            m_form->StartNameScroll,
+            m_form->lblEndName,
+            m_form->buttons->button(QDialogButtonBox::Ok)};
         for (QWidget* const control : controls) {
             control->setEnabled(false);
         }
@@ -159,6 +169,7 @@ WizardChoices frmAniWiz::choices() const {
                          : m_form->optCase_1->isChecked() ? CaseChange::Upper
                                                           : CaseChange::Switch;
     choices.startName = m_form->StartNameScroll->value();
+    choices.safeForServers = m_form->chkSafeForServers->isChecked();
     return choices;
 }
 
@@ -177,6 +188,9 @@ void frmAniWiz::cmdBuild_Click() {
     if (outcome.rowsWritten) {
         m_built = true;
         m_statusText = OutOfUseText(m_animation, chosen.startName);
+        if (chosen.safeForServers && !IsSafeForServers(m_animation)) {
+            m_statusText += (m_statusText.empty() ? "" : " ") + std::string(NotSafeText);
+        }
     }
     switch (outcome.end) {
     case BuildEnd::NothingToDo:

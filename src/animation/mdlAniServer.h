@@ -5,6 +5,8 @@
 #include "editing/Documents.h"
 #include "games/Timetable.h"
 
+#include <string_view>
+
 namespace animation {
 
 using editing::AnimationDocument;
@@ -14,6 +16,10 @@ using editing::AnimationDocument;
 
 /// Whether a QuakeWorld server and the game let the names in use play to their end.
 [[nodiscard]] bool IsSafeForServers(const AnimationDocument& animation);
+
+/// Why names that were made safe may still not be.
+constexpr std::string_view NotSafeText =
+    "The names beside those that were built are too many, or wait too long, for QuakeWorld servers.";
 
 /// Different names that are left of the fifteen that the wizard builds.
 constexpr int SafeNames = 5;

@@ -3,6 +3,7 @@
 #include "shell/GameReport.h"
 
 #include "animation/mdlAniPreview.h"
+#include "animation/mdlAniServer.h"
 #include "editing/mdlCommon.h"
 #include "games/Findings.h"
 
@@ -24,13 +25,6 @@ constexpr int NeverSaid = 9; ///< behind every place
 
 bool IsBlank(std::span<const glyphs::GlyphCode> cells) {
     return std::ranges::all_of(cells, [](glyphs::GlyphCode code) { return code == glyphs::BlankGlyph; });
-}
-
-games::TimedNames TimedNamesOf(const editing::AnimationDocument& animation) {
-    const auto count = static_cast<std::size_t>(animation.nameCount);
-    return {
-        std::span(animation.nameGlyphs).first(count * editing::NameLength),
-        std::span(animation.nameTicks).first(count)};
 }
 
 /// All that is to be said about what stands on the page.
@@ -166,7 +160,7 @@ GameReport ReportOf(editing::Documents& documents, Page page, const games::Famil
     if (IsBlank(cursor.rows.firstRows(cursor.rowsInUse))) {
         return report;
     }
-    const games::TimedNames names = TimedNamesOf(documents.animation);
+    const games::TimedNames names = animation::TimedNamesOf(documents.animation);
     for (const Family family : games::Families) {
         if (chosen.at(static_cast<std::size_t>(family))) {
             report.lines.push_back(LineOf(cursor, family, names));

@@ -5,7 +5,9 @@
 #include "animation/AnimationDesk.h"
 #include "animation/FormTest.h"
 #include "animation/PatternFiles.h"
+#include "animation/mdlAniServer.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -14,6 +16,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -367,6 +370,31 @@ TEST_F(AnimationWizard, ShowsWhichBarHasTheKeyboard) {
     hand().find<QWidget>("StartNameScroll").setFocus();
     EXPECT_NE(hand().find<QLabel>("lblNameToUse").backgroundRole(), QPalette::Highlight);
     EXPECT_EQ(hand().find<QLabel>("lblStartName").backgroundRole(), QPalette::Highlight);
+}
+
+TEST_F(AnimationWizard, BuildsForServersOnlyWhenAskedTo) {
+    open();
+    auto& safe = hand().find<QCheckBox>("chkSafeForServers");
+    EXPECT_FALSE(safe.isChecked());
+    safe.click();
+    pick("cmboPos_1", 2);
+    hand().click("cmdBuild");
+    ASSERT_TRUE(form->built());
+    std::set<std::string> names;
+    for (int name = 1; name <= 15; ++name) {
+        names.insert(desk.name(name));
+        EXPECT_EQ(desk.name(name), desk.name((name + 2) / 3 * 3)) << name;
+    }
+    EXPECT_LE(names.size(), 5U);
+}
+
+TEST_F(AnimationWizard, TellsWhenOtherNamesAreTooManyForServers) {
+    desk.animation().nameCount = 40;
+    open();
+    hand().find<QCheckBox>("chkSafeForServers").click();
+    pick("cmboPos_1", 2);
+    hand().click("cmdBuild");
+    EXPECT_EQ(form->statusText(), animation::NotSafeText);
 }
 
 TEST_F(AnimationWizard, FitsASmallScreen) {
