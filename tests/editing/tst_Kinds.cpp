@@ -14,6 +14,7 @@ namespace {
 template <class Value>
 std::vector<std::string> TextsOf(Value Kind::*column) {
     std::vector<std::string> texts;
+    texts.reserve(Kinds.size());
     for (const Kind& kind : Kinds) {
         texts.emplace_back(kind.*column);
     }
@@ -23,6 +24,7 @@ std::vector<std::string> TextsOf(Value Kind::*column) {
 template <class Value>
 std::vector<Value> ColumnOf(Value Kind::*column) {
     std::vector<Value> values;
+    values.reserve(Kinds.size());
     for (const Kind& kind : Kinds) {
         values.push_back(kind.*column);
     }
