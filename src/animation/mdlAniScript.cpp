@@ -4,6 +4,7 @@
 
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
+#include "games/Script.h"
 
 #include <algorithm>
 #include <array>
@@ -260,6 +261,7 @@ editing::ScriptWriter AnimationWriter(const AnimationDocument& animation) {
         .kind = TheAnimation,
         .encode = [&animation](NameCommand command) { return EncodeAnimationScript(animation, command); },
         .gameQuestion = GameQuestion,
+        .commandText = games::CommandText,
         .lossText = LossText(animation)};
 }
 

@@ -33,6 +33,19 @@ bool MayReplaceFile(
                 .prefersNo = true}) == ui::Answer::Yes;
 }
 
+/// Asks what settles the command of a script, if it has one. Yes gives the plain command and No the other
+/// one, on purpose.
+std::optional<NameCommand> AskCommand(ui::Dialogs& dialogs, const ScriptWriter& writer) {
+    if (writer.gameQuestion.empty()) {
+        return {};
+    }
+    const std::string detail = "Yes " + writer.commandText(NameCommand::Name) + ".\nNo " +
+                               writer.commandText(NameCommand::SetName) + ".";
+    const ui::Answer answer = dialogs.box(
+        {.text = std::string(writer.gameQuestion), .buttons = ui::Buttons::YesNo, .detail = detail});
+    return answer == ui::Answer::Yes ? NameCommand::Name : NameCommand::SetName;
+}
+
 ui::FileDialogRequest ScriptRequest(const Kind& kind) {
     const std::string pattern = "*" + std::string(kind.extension);
     ui::FileDialogRequest request;
@@ -64,9 +77,8 @@ ui::FileDialogRequest SaveScriptRequest(const Kind& kind, const ui::Path& folder
 
 SaveOutcome
 WriteScript(ui::Dialogs& dialogs, ui::Files& files, const ScriptWriter& writer, const ui::Path& path) {
-    // Yes gives the plain command and No the other one, on purpose.
-    const bool isPlain = writer.gameQuestion.empty() || dialogs.askYesNo(std::string(writer.gameQuestion));
-    const ui::Bytes script = writer.encode(isPlain ? NameCommand::Name : NameCommand::SetName);
+    const std::optional<NameCommand> command = AskCommand(dialogs, writer);
+    ui::Bytes script = writer.encode(command.value_or(NameCommand::Name));
     if (const ui::Status written = ui::WriteFile(files, path, script); !written) {
         std::string reason = written.failure().message;
         if (writer.kind.tellsFailuresInStatusLine) {
@@ -77,7 +89,7 @@ WriteScript(ui::Dialogs& dialogs, ui::Files& files, const ScriptWriter& writer, 
         return {SaveOutcome::Kind::Failed};
     }
     dialogs.inform("Done! The script file, " + ui::PathText(path) + ", was written.");
-    return {SaveOutcome::Kind::Written, path, writer.lossText};
+    return {SaveOutcome::Kind::Written, path, writer.lossText, std::move(script), command};
 }
 
 SaveOutcome SaveScript(

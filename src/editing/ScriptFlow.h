@@ -8,6 +8,7 @@
 #include "ui/Files.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,7 +36,9 @@ struct ScriptWriter {
     const Kind& kind;
     std::function<ui::Bytes(glyphs::NameCommand)> encode;
     std::string_view gameQuestion = {}; ///< what settles the command: Yes for the plain one; empty: not asked
-    std::string lossText = {};          ///< for the status line: what a later reading will not bring back
+    /// What writing a command comes to, as in "writes x: runs in y"; told below the question.
+    std::function<std::string(glyphs::NameCommand)> commandText = {};
+    std::string lossText = {}; ///< for the status line: what a later reading will not bring back
 };
 
 /// How a script of a kind becomes a document.
@@ -57,6 +60,8 @@ struct SaveOutcome {
     Kind kind = Kind::Cancelled;
     ui::Path path = {};          ///< of a written script: for the recent files and as the script to bind
     std::string statusText = {}; ///< for the status line; may be empty
+    ui::Bytes script = {};       ///< what a written script holds
+    std::optional<glyphs::NameCommand> command = {}; ///< what sets its names; nothing: it was not asked for
 };
 
 /// What is shown when a script cannot be opened whose kind tells such failures in the status line.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <vector>
 
 namespace games {
 
@@ -112,18 +113,39 @@ const CommandRule& RuleOf(Family family, NameCommand command) {
     });
 }
 
-std::string FamiliesThatRun(NameCommand command) {
+std::string ListText(std::span<const std::string_view> names) {
     std::string text;
-    std::string_view last;
-    for (const Family family : Families) {
-        if (!RuleOf(family, command).runs) {
-            continue;
-        }
-        text += text.empty() || last.empty() ? "" : ", ";
-        text += last;
-        last = NameOf(family);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const bool isLast = i + 1 == names.size();
+        text += i == 0 ? "" : isLast ? " and " : ", ";
+        text += names[i];
     }
-    return text.empty() ? std::string(last) : text + " and " + std::string(last);
+    return text;
+}
+
+std::string FamiliesThatRun(NameCommand command) {
+    std::vector<std::string_view> names;
+    for (const Family family : Families) {
+        if (RuleOf(family, command).runs) {
+            names.push_back(NameOf(family));
+        }
+    }
+    return ListText(names);
+}
+
+std::string CommandText(NameCommand command) {
+    std::string text = "writes \"" + std::string(glyphs::CommandWord(command)) + "\": runs in ";
+    text += FamiliesThatRun(command);
+    std::string notes;
+    bool runsEverywhere = true;
+    for (const Family family : Families) {
+        const CommandRule& rule = RuleOf(family, command);
+        runsEverywhere = runsEverywhere && rule.runs;
+        if (rule.runs && !rule.text.empty()) {
+            notes += ".\n" + std::string(NameOf(family)) + " " + std::string(rule.text);
+        }
+    }
+    return text + (runsEverywhere ? "" : " only") + notes;
 }
 
 ScriptSize SizeOf(std::string_view script) {

@@ -26,8 +26,15 @@ struct CommandRule {
 
 [[nodiscard]] const CommandRule& RuleOf(Family family, NameCommand command);
 
+/// Names as people list them: "Quake, QuakeWorld and Quake2".
+[[nodiscard]] std::string ListText(std::span<const std::string_view> names);
+
 /// The families that run a command: "Quake, QuakeWorld and Quake2".
 [[nodiscard]] std::string FamiliesThatRun(NameCommand command);
+
+/// The command and who runs it, in lines without a full stop at their end: "writes "set name": runs in
+/// QuakeWorld and Quake2 only".
+[[nodiscard]] std::string CommandText(NameCommand command);
 
 /// What of a script its size depends on.
 struct ScriptSize {

@@ -23,7 +23,8 @@ bool BreaksScriptLine(GlyphCode code) {
 }
 
 std::string NameLine(NameCommand command, std::span<const GlyphCode> row) {
-    std::string line = command == NameCommand::SetName ? "set name \"" : "name \"";
+    std::string line(CommandWord(command));
+    line += " \"";
     line += RowText(row);
     line += '"';
     return line;

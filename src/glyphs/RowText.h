@@ -22,6 +22,11 @@ enum class NameCommand {
     SetName ///< set name "..."
 };
 
+/// The command as it is typed.
+[[nodiscard]] constexpr std::string_view CommandWord(NameCommand command) {
+    return command == NameCommand::SetName ? "set name" : "name";
+}
+
 /// The line, without its end, that sets the name in a row: the command, a blank and the quoted row text.
 [[nodiscard]] std::string NameLine(NameCommand command, std::span<const GlyphCode> row);
 

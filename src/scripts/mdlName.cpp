@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/mdlName.h"
 
+#include "games/Script.h"
 #include "glyphs/RowText.h"
 #include "scripts/Lines.h"
 #include "scripts/Texts.h"
@@ -47,7 +48,8 @@ editing::ScriptWriter NameWriter(const editing::NameDocument& name) {
     return {
         .kind = TheName,
         .encode = [&name](NameCommand command) { return WriteNameScript(command, name); },
-        .gameQuestion = texts::IsQuake2Name};
+        .gameQuestion = texts::IsQuake2Name,
+        .commandText = games::CommandText};
 }
 
 editing::ScriptReader NameReader(editing::NameDocument& name, const ui::Path& path) {

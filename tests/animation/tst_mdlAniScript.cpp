@@ -462,7 +462,7 @@ TEST(AnimationScript, ReadsBackOverAnyDocumentAllButTicksOfNone) {
 TEST_F(ScriptFiles, AreWrittenWithThePlainCommandOnYes) {
     desk.setName(1, "AB");
     SetAllTicks(desk.animation(), 1);
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes, [this] {
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes, [this] {
         EXPECT_FALSE(platform.files.exists(path())) << "the file is made after the question";
     });
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.", [this] {
@@ -480,7 +480,7 @@ TEST_F(ScriptFiles, AreWrittenWithThePlainCommandOnYes) {
 
 TEST_F(ScriptFiles, AreWrittenWithTheSetCommandOnNoOverAnyOldFile) {
     platform.directory.files.put("a.vta", repeated("an older and longer file ", 1000));
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::No);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::No);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     EXPECT_EQ(write().kind, SaveOutcome::Kind::Written);
     EXPECT_EQ(
@@ -495,7 +495,7 @@ TEST_F(ScriptFiles, SayInTheStatusLineWhatWillNotComeBack) {
     desk.setName(3, "e\rf");
     desk.setName(16, "\"");
     desk.animation().ticks(4) = 0;
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     EXPECT_EQ(
         write().statusText, "Names with glyph 10, 13 or 34, which breaks their line: 3. "
@@ -504,7 +504,7 @@ TEST_F(ScriptFiles, SayInTheStatusLineWhatWillNotComeBack) {
 
 TEST_F(ScriptFiles, ThatCannotBeMadeAreSilentButForTheStatusLine) {
     platform.files.failOnce(support::FailingFiles::Step::Create);
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     const SaveOutcome outcome = write();
     EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
     EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
@@ -514,7 +514,7 @@ TEST_F(ScriptFiles, ThatCannotBeMadeAreSilentButForTheStatusLine) {
 TEST_F(ScriptFiles, ThatCannotBeWrittenWholeAreNotDone) {
     for (const auto step : {support::FailingFiles::Step::Write, support::FailingFiles::Step::Close}) {
         platform.files.failOnce(step);
-        platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+        platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
         const SaveOutcome outcome = write();
         EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
         EXPECT_NE(outcome.statusText.find(path().string()), std::string::npos) << outcome.statusText;
@@ -526,7 +526,7 @@ TEST_F(ScriptFiles, ThatWerePutBackTellItInOneLine) {
     platform.directory.files.put("a.vta", "old");
     std::filesystem::create_hard_link(path(), platform.directory.files / "b.vta");
     platform.files.failOnce(support::FailingFiles::Step::Write, 2);
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     EXPECT_EQ(
         write().statusText,
         "Could not write \"" + path().string() + "\": injected failure. The file was put back as it was.");
@@ -657,7 +657,7 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
     EXPECT_EQ(accepted, 0);
 
     platform.dialogs.expectSave(dialog, path());
-    platform.dialogs.expectYesNo(
+    platform.dialogs.expectGameQuestion(
         "Is this animation to be used in Quake2?", ui::Answer::Yes, [&accepted] { EXPECT_EQ(accepted, 1); });
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     SaveOutcome outcome = save();
@@ -667,7 +667,7 @@ TEST_F(ScriptFiles, AreSavedWhereTheUserChooses) {
 
     platform.files.failOnce(support::FailingFiles::Step::Look);
     platform.dialogs.expectSave(dialog, path());
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     outcome = save();
     EXPECT_EQ(outcome.kind, SaveOutcome::Kind::Failed);
     EXPECT_NE(outcome.statusText, "");
@@ -696,13 +696,13 @@ TEST_F(ScriptFiles, AreNotSavedOverAForeignFileUnlessTheUserSaysSo) {
 
     expectDialog();
     platform.dialogs.expectBox(question, ui::Answer::Yes);
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     EXPECT_EQ(save().kind, SaveOutcome::Kind::Written);
 
     // Over an animation script there is no extra question.
     expectDialog();
-    platform.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    platform.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     platform.dialogs.expectInform("Done! The script file, " + path().string() + ", was written.");
     EXPECT_EQ(save().kind, SaveOutcome::Kind::Written);
 }

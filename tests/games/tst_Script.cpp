@@ -135,6 +135,15 @@ TEST(Script, QuakeDoesNotKnowSetName) {
     }
 }
 
+TEST(Script, ACommandIsToldWithTheFamiliesThatRunIt) {
+    EXPECT_EQ(
+        games::CommandText(NameCommand::Name),
+        "writes \"name\": runs in Quake, QuakeWorld and Quake2.\nQuake2 runs no \"name\" in an autoexec.cfg "
+        "before its first start");
+    EXPECT_EQ(
+        games::CommandText(NameCommand::SetName), "writes \"set name\": runs in QuakeWorld and Quake2 only");
+}
+
 TEST(Script, AKeyRunsAScriptOfASafeName) {
     using Kind = NameTrouble::Kind;
     for (const std::string_view name :

@@ -210,7 +210,7 @@ TEST_F(NameScript, IsSavedForTheGameThatWasAnswered) {
     const ui::Path path = file("a.vtn");
     expectSaveDialog(path);
     // The question comes before the file is made.
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes, [&] { EXPECT_FALSE(fake.disk.exists(path)); });
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes, [&] { EXPECT_FALSE(fake.disk.exists(path)); });
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
         EXPECT_EQ("// Name File Created by Vortigo\r\nname \"Player\"\r\n", get(path));
     });
@@ -221,7 +221,7 @@ TEST_F(NameScript, IsSavedForTheGameThatWasAnswered) {
     fake.dialogs.expectAllAsked();
 
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::No);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::No);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     (void)save();
     EXPECT_EQ("// Name File Created by Vortigo\r\nset name \"Player\"\r\n", get(path));
@@ -231,7 +231,7 @@ TEST_F(NameScript, ReplacesALongerScriptWhole) {
     name = Name("a");
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"123456789012345\"\r\n");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     (void)save();
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", get(path));
@@ -261,7 +261,7 @@ TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
         {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
          ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::Yes);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"\"\r\n", get(path));
@@ -270,7 +270,7 @@ TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
 TEST_F(NameScript, ReplacesAnEmptyFileWithoutAsking) {
     const ui::Path path = put("a.vtn", "");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
 }
@@ -278,7 +278,7 @@ TEST_F(NameScript, ReplacesAnEmptyFileWithoutAsking) {
 TEST_F(NameScript, ThatCannotBeWrittenSaysWhichFileAndWhy) {
     const ui::Path path = file("nowhere/a.vtn");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
     const SaveOutcome outcome = save();
     EXPECT_EQ(SaveOutcome::Kind::Failed, outcome.kind);
@@ -297,7 +297,7 @@ TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
           {Step::Rename, "rename"}}) {
         fake.files.failOnce(step);
         expectSaveDialog(path);
-        fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+        fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
         fake.dialogs.expectWarning(
             std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
         EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
@@ -311,7 +311,7 @@ TEST_F(NameScript, ThatCannotReplaceAnotherLeavesThatOneWhole) {
     std::filesystem::create_hard_link(path, file("b.vtn"));
     fake.files.failOnce(Step::Write, 2);
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectWarning(
         "Could not write \"" + path.native() + "\": injected failure.\nThe file was put back as it was.");
     EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
@@ -379,7 +379,7 @@ TEST_F(NameScript, IsSavedAndLoadedUnderAnyFileName) {
     name = Name("Player");
     const ui::Path path = file("g\xFCnther \xC3\xBC.vtn");
     expectSaveDialog(path);
-    fake.dialogs.expectYesNo(Question, ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     (void)save();
     name = {};

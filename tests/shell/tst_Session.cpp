@@ -138,7 +138,7 @@ TEST_F(SessionRun, AScriptThatWasSavedIsRememberedBeforeItsKeyIsAskedFor) {
     view.shown.clear();
     const ui::Path path = fake.directory.files / "x.vtn";
     fake.dialogs.expectSave(SaveDialog(Page::Name), path);
-    fake.dialogs.expectYesNo("Is this name to be used in Quake2?", ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion("Is this name to be used in Quake2?", ui::Answer::Yes);
     fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     fake.dialogs.expectYesNo(
         "Would you like to use the Binding Wizard to bind the script file you just saved?", ui::Answer::Yes);

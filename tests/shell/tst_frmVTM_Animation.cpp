@@ -224,7 +224,7 @@ TEST_F(Animation, AScriptThatCannotBeOpenedOrMadeIsNamedInTheStatusLine) {
 
     dialog.title = "";
     fake.dialogs.expectSave(dialog, path);
-    fake.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     fake.files.failOnce(support::FailingFiles::Step::Create);
     choose("mnuFileSaveAni_0");
     EXPECT_NE(status().find(path.string()), std::string::npos) << status();

@@ -26,7 +26,7 @@ protected:
                                    : ui::FileFilter{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
         dialog.folder = fake.directory.files.path();
         fake.dialogs.expectSave(dialog, path);
-        fake.dialogs.expectYesNo(question, answer);
+        fake.dialogs.expectGameQuestion(question, answer);
         fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     }
 
@@ -108,7 +108,7 @@ TEST_F(Save, ThePromptForBindingComesAfterACancelledAnimationAndNotAfterAFailedO
     fake.dialogs.expectAllAsked();
 
     fake.dialogs.expectSave(dialog, fake.directory.files / "my.vta");
-    fake.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+    fake.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
     fake.files.failOnce(support::FailingFiles::Step::Write);
     choose("mnuFileSaveAni_0");
     EXPECT_TRUE(workspace().recent.of(Page::Animation).empty());

@@ -29,7 +29,7 @@ protected:
         dialog.initialName = "*.vta";
         dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
         fake.dialogs.expectSave(dialog, path);
-        fake.dialogs.expectYesNo("Is this animation to be used in Quake2?", ui::Answer::Yes);
+        fake.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
         fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
     }
 };

@@ -100,6 +100,14 @@ void FakeDialogs::expectYesNo(const std::string& text, ui::Answer answer, Action
     expectBox({text, ui::Buttons::YesNo}, answer, std::move(whileShown));
 }
 
+void FakeDialogs::expectGameQuestion(const std::string& text, ui::Answer answer, Action whileShown) {
+    ui::Message message{text, ui::Buttons::YesNo};
+    message.detail = "Yes writes \"name\": runs in Quake, QuakeWorld and Quake2.\nQuake2 runs no \"name\" in "
+                     "an autoexec.cfg "
+                     "before its first start.\nNo writes \"set name\": runs in QuakeWorld and Quake2 only.";
+    expectBox(message, answer, std::move(whileShown));
+}
+
 void FakeDialogs::expectYesNoCancel(const std::string& text, ui::Answer answer, Action whileShown) {
     expectBox({text, ui::Buttons::YesNoCancel}, answer, std::move(whileShown));
 }

@@ -56,6 +56,9 @@ public:
     /// Expects a question with Yes and No and no icon.
     void expectYesNo(const std::string& text, ui::Answer answer, Action whileShown = {});
 
+    /// Expects the question about the game that a script is for, with what each answer writes.
+    void expectGameQuestion(const std::string& text, ui::Answer answer, Action whileShown = {});
+
     /// Expects a question with Yes, No and Cancel and no icon.
     void expectYesNoCancel(const std::string& text, ui::Answer answer, Action whileShown = {});
 

@@ -4,6 +4,7 @@
 #include "ui/qt/QtDialogs.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
@@ -166,6 +167,29 @@ TEST(MessageBox, ShowsADetailBelowItsTextAndSmaller) {
         PressKey(box, Qt::Key_Return);
     });
     EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNo, Icon::None, "No: <b>one</b>."}), Answer::Yes);
+}
+
+TEST(MessageBox, IsWideEnoughForTheLinesOfADetailAndReadsThemOut) {
+    const std::string lines = "Yes writes one of the two: it runs here, there and elsewhere.\nNo: the other.";
+    WhenShown<QMessageBox> shown([&lines](QMessageBox& box) {
+        auto* detail = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+        EXPECT_EQ(detail->contentsRect().height(), 2 * detail->fontMetrics().lineSpacing());
+        const QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(detail);
+        EXPECT_EQ(heard->role(), QAccessible::StaticText);
+        EXPECT_EQ(heard->text(QAccessible::Name).toStdString(), lines);
+        PressKey(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtDialogs().box({"All?", Buttons::YesNo, Icon::None, lines}), Answer::Yes);
+}
+
+TEST(MessageBox, WrapsALongLineOfADetail) {
+    WhenShown<QMessageBox> shown([](QMessageBox& box) {
+        EXPECT_LE(box.width(), 600);
+        PressKey(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(
+        QtDialogs().box({"All?", Buttons::YesNo, Icon::None, "It goes on" + std::string(400, ' ') + "x"}),
+        Answer::Yes);
 }
 
 TEST(MessageBox, TakesEscapeForNoOrCancel) {

@@ -7,8 +7,11 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
+
+#include <algorithm>
 
 namespace ui::qt {
 
@@ -73,11 +76,19 @@ QString BoxText(const std::string& text) {
     return words.join(u' ');
 }
 
-/// Adds a smaller line below the text of a box.
+/// Adds smaller lines below the text of a box. The toolkit makes the box no wider for them, so they get room
+/// of their own.
 void AddDetail(QMessageBox& box, const QString& text) {
+    constexpr int Widest = 480;
     box.setInformativeText(text);
     auto* const label = box.findChild<QLabel*>(DetailName);
     label->setTextFormat(Qt::PlainText);
+    label->ensurePolished();
+    const QMargins around = label->contentsMargins();
+    const int lines = label->fontMetrics().size(0, text).width() + around.left() + around.right();
+    auto& rows = dynamic_cast<QGridLayout&>(*box.layout());
+    const int column = rows.columnCount() - 1;
+    rows.addItem(new QSpacerItem(std::min(lines, Widest), 0), rows.rowCount(), column);
 }
 
 /// The window that a dialog belongs to. Between two dialogs the window manager has not yet given the keyboard
