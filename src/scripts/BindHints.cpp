@@ -26,22 +26,6 @@ std::string NameOfByte(char byte) {
     return code > 127 ? "an accented or foreign letter" : std::string("a ") + byte;
 }
 
-/// What games say to a script's file name: the bound command holds it without quotes of its own.
-std::string FileNameHint(const std::string& name) {
-    const games::NameTrouble trouble = games::TroubleOfScriptName(name);
-    switch (trouble.kind) {
-    case games::NameTrouble::Kind::EveryGame:
-        return texts::NoGameRuns(NameOfByte(trouble.byte));
-    case games::NameTrouble::Kind::SomeGames:
-        return texts::SomeGamesRun(NameOfByte(trouble.byte));
-    case games::NameTrouble::Kind::TooLong:
-        return texts::LongScriptName;
-    case games::NameTrouble::Kind::None:
-        break;
-    }
-    return {};
-}
-
 /// The key that a line binds without quotes around its name, as some games write it.
 std::optional<int> UnquotedKey(std::string_view line) {
     constexpr std::string_view Blanks = " \t";
@@ -60,6 +44,21 @@ std::optional<int> UnquotedKey(std::string_view line) {
 
 } // namespace
 
+std::string ScriptNameHint(const ui::Path& script, std::span<const games::Family> families) {
+    const games::NameTrouble trouble = games::TroubleOfScriptName(ui::PathText(script.filename()), families);
+    switch (trouble.kind) {
+    case games::NameTrouble::Kind::EveryGame:
+        return texts::NoGameRuns(NameOfByte(trouble.byte));
+    case games::NameTrouble::Kind::SomeGames:
+        return texts::SomeGamesRun(NameOfByte(trouble.byte));
+    case games::NameTrouble::Kind::TooLong:
+        return texts::LongScriptName;
+    case games::NameTrouble::Kind::None:
+        break;
+    }
+    return {};
+}
+
 std::string ScriptHint(const ui::Files& files, const ui::Path& script) {
     if (script.empty()) {
         return {};
@@ -74,7 +73,7 @@ std::string ScriptHint(const ui::Files& files, const ui::Path& script) {
     case ui::PathKind::File:
         break;
     }
-    return FileNameHint(ui::PathText(script.filename()));
+    return ScriptNameHint(script);
 }
 
 std::string BindingForecast(std::string_view config, const BoundKeys& bound, int key) {

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "games/Engines.h"
 #include "scripts/mdlBind.h"
 #include "ui/Files.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,11 @@ namespace scripts {
 /// What is wrong with a script that a key is to run: it is no file, or it has a name that not every game can
 /// run. Mostly empty; for an empty path, too.
 [[nodiscard]] std::string ScriptHint(const ui::Files& files, const ui::Path& script);
+
+/// What games say to a script's file name, which a key's command holds without quotes of its own: those of
+/// the families, of which there is at least one. Mostly empty.
+[[nodiscard]] std::string
+ScriptNameHint(const ui::Path& script, std::span<const games::Family> families = games::Families);
 
 /// What binding a key (index) is going to do to a file that holds `config`, which binds the keys `bound`.
 [[nodiscard]] std::string BindingForecast(std::string_view config, const BoundKeys& bound, int key);

@@ -4,9 +4,13 @@
 
 #include "scripts/mdlConfig.h"
 #include "scripts/mdlName.h"
+#include "shell/GamePlaces.h"
+#include "shell/RunText.h"
 #include "shell/ScriptRooms.h"
 #include "shell/Session.h"
 #include "ui/System.h"
+
+#include <algorithm>
 
 namespace shell {
 
@@ -60,7 +64,7 @@ void FileCommands::saveScript(Page page) {
                                              : editing::SaveScript(
                                                    m_platform.dialogs, m_platform.files,
                                                    writer(m_workspace.documents), dialogFolder(), accepted);
-    m_session.tell(outcome.statusText);
+    m_session.tell(statusText(outcome));
     if (outcome.kind == editing::SaveOutcome::Kind::Written) {
         scriptSaved(page, outcome.path);
     }
@@ -69,6 +73,19 @@ void FileCommands::saveScript(Page page) {
         m_wizards.bindKey();
     }
     m_session.refresh();
+}
+
+std::string FileCommands::statusText(const editing::SaveOutcome& outcome) const {
+    if (outcome.kind != editing::SaveOutcome::Kind::Written) {
+        return outcome.statusText;
+    }
+    std::vector<games::Family> played;
+    std::ranges::copy_if(games::Families, std::back_inserter(played), [this](games::Family family) {
+        return m_workspace.settings.games.at(static_cast<std::size_t>(family));
+    });
+    const std::string run = RunText(outcome, {played, HereSystem, PlacesHere()}, m_platform.files);
+    const bool hasBoth = !outcome.statusText.empty() && !run.empty();
+    return outcome.statusText + (hasBoth ? " " : "") + run;
 }
 
 void FileCommands::scriptSaved(Page page, const ui::Path& path) {

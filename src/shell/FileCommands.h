@@ -40,6 +40,9 @@ public:
     void copyNameToClipboard();
 
 private:
+    /// What the status line says of a save: what was lost, and how the script is run.
+    [[nodiscard]] std::string statusText(const editing::SaveOutcome& outcome) const;
+
     void scriptSaved(editing::Page page, const ui::Path& path);
     [[nodiscard]] ui::Path dialogFolder() const;
 

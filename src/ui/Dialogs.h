@@ -33,6 +33,12 @@ struct FileFilter {
     std::vector<std::string> patterns;
 };
 
+/// A folder and what it is called.
+struct NamedFolder {
+    Path path;
+    std::string name;
+};
+
 /// What a file dialog is opened with.
 struct FileDialogRequest {
     std::string title;       ///< empty: the platform's own title

@@ -20,6 +20,9 @@ namespace ui {
 /// The folder that the user's programs keep their state in from one run to the next; empty: there is none.
 [[nodiscard]] Path StateHome();
 
+/// The folder that a variable of the user's environment names by a full path; empty: none.
+[[nodiscard]] Path FolderVariable(const char* name);
+
 /// Whether files can be made in a folder.
 [[nodiscard]] bool IsWritableFolder(const Path& folder);
 

@@ -154,8 +154,14 @@ TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
     wizards.outcome = {editing::SaveOutcome::Kind::Written, path, "told"};
     files.saveScript(Page::Messages);
     EXPECT_EQ(view.shown, (Shown{"messages' wizard", "recent", "show Name", "follow"}));
-    EXPECT_EQ(view.status, "told");
+    EXPECT_EQ(
+        view.status,
+        "told No known game looks in this folder; in a game's, exec m.vtm in the console runs it.")
+        << "what was lost comes first";
     EXPECT_EQ(session.workspace().recent.of(Page::Messages), std::vector<std::string>{path.native()});
+    session.workspace().settings.games = {};
+    files.saveScript(Page::Messages);
+    EXPECT_EQ(view.status, "told") << "no game is played";
 }
 
 TEST_F(SessionRun, ARecentFileIsLoadedThenShown) {

@@ -11,13 +11,6 @@ namespace ui {
 
 namespace {
 
-/// The folder that a variable names; none unless its path is absolute.
-Path FolderVariable(const char* name) {
-    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
-    const Path folder = value != nullptr ? value : "";
-    return folder.is_absolute() ? folder : Path();
-}
-
 /// A folder of the user's: the one that the variable names, or the usual one in the home folder.
 Path UserFolder(const char* variable, const char* usual) {
     Path folder = FolderVariable(variable);
@@ -29,6 +22,12 @@ Path UserFolder(const char* variable, const char* usual) {
 }
 
 } // namespace
+
+Path FolderVariable(const char* name) {
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    const Path folder = value != nullptr ? value : "";
+    return folder.is_absolute() ? folder : Path();
+}
 
 std::string PathText(const Path& path) {
     return path.native();
