@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "shell/CommandLine.h"
+#include "shell/GamePlaces.h"
 #include "shell/Icons.h"
 #include "shell/frmVTM.h"
 #include "ui/qt/QtPlatform.h"
@@ -36,7 +37,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("VTM"));
     QApplication::setDesktopFileName(QStringLiteral("vtm"));
     QApplication::setWindowIcon(shell::ProgramIcon());
-    ui::qt::QtPlatform qtPlatform;
+    ui::qt::QtPlatform qtPlatform(shell::GameFolders);
     ui::Platform& platform = qtPlatform.platform();
     ui::qt::UseSpareFont(platform.directory.folder() / "vtmfont.ttf");
 

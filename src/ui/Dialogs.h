@@ -39,6 +39,9 @@ struct NamedFolder {
     std::string name;
 };
 
+/// Finds folders to offer; asked each time that a file dialog opens.
+using FolderOffer = std::function<std::vector<NamedFolder>()>;
+
 /// What a file dialog is opened with.
 struct FileDialogRequest {
     std::string title;       ///< empty: the platform's own title

@@ -6,6 +6,7 @@
 #include "ui/qt/QtDialogs.h"
 
 #include <QCheckBox>
+#include <QListView>
 #include <QTest>
 #include <QUrl>
 #include <filesystem>
@@ -79,6 +80,47 @@ TEST(FileDialogFolders, OffersTheLastFoldersAtItsSide) {
     });
     QtDialogs next(store);
     (void)next.chooseFileToOpen(NameRequest(folder));
+    EXPECT_EQ(QFileDialog().sidebarUrls(), before) << "other programs are not bothered";
+}
+
+/// The texts of the places at a dialog's side.
+QStringList Places(const QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QListView*>(QStringLiteral("sidebar"));
+    QStringList texts;
+    for (int row = 0; row < list->model()->rowCount(); ++row) {
+        texts << list->model()->index(row, 0).data().toString();
+    }
+    return texts;
+}
+
+TEST(FileDialogFolders, OffersFoldersByTheirNamesWhenItOpens) {
+    const QList<QUrl> before = QFileDialog().sidebarUrls();
+    const TempFolder folder;
+    const ui::Path quake = folder.put(".quakespasm/id1/config.cfg", "").parent_path();
+    const ui::Path quake2 = folder.put(".yq2/baseq2/config.cfg", "").parent_path();
+    support::MemorySettings store;
+    int asked = 0;
+    QtDialogs dialogs(store, [&] {
+        ++asked;
+        return std::vector<ui::NamedFolder>{
+            {quake2, "Yamagi Quake II"}, {folder / "nowhere", "None"}, {quake, "QuakeSpasm"}};
+    });
+    EXPECT_EQ(asked, 0);
+    Choose(dialogs, folder.put("other/a.vtn", ""));
+    Choose(dialogs, quake / "config.cfg");
+    EXPECT_EQ(asked, 2);
+    const QStringList names{
+        QStringLiteral("Yamagi Quake II"), QStringLiteral("QuakeSpasm"), QStringLiteral("other")};
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder.path().native());
+        EXPECT_EQ(Places(dialog).mid(before.size()), names);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == QStringList{QStringLiteral("other")}; }));
+        auto& places = *dialog.findChild<QListView*>(QStringLiteral("sidebar"))->model();
+        places.setData(places.index(places.rowCount() - 2, 0), QStringLiteral("id1"));
+        EXPECT_EQ(Places(dialog).mid(before.size()), names) << "though the toolkit has looked at it again";
+        dialog.reject();
+    });
+    (void)dialogs.chooseFileToOpen(NameRequest(folder));
     EXPECT_EQ(QFileDialog().sidebarUrls(), before) << "other programs are not bothered";
 }
 

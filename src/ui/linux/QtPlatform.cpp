@@ -12,9 +12,14 @@
 #include "ui/qt/QtClipboard.h"
 #include "ui/qt/QtDialogs.h"
 
+#include <utility>
+
 namespace ui::qt {
 
 struct QtPlatform::Parts {
+    explicit Parts(FolderOffer offered)
+        : dialogs(settings, std::move(offered)) {}
+
     native::LateFocus lateFocus;
     DesktopProgramDirectory directory;
     DiskFiles files{directory.spareFolder()};
@@ -22,15 +27,15 @@ struct QtPlatform::Parts {
     native::SdlSoundPlayer sounds;
     native::XkbLockKeys lockKeys;
     IniSettingsStore settings{files, IniSettingsStore::UsersFile()};
-    QtDialogs dialogs{settings};
+    QtDialogs dialogs;
     native::FreedesktopFileTypes fileTypes;
     native::DesktopLauncher launcher;
     Platform platform{dialogs,  files,     clipboard, sounds,    lockKeys,
                       settings, fileTypes, launcher,  directory, DesktopProgramDirectory::StateFolder()};
 };
 
-QtPlatform::QtPlatform()
-    : m_parts(std::make_unique<Parts>()) {}
+QtPlatform::QtPlatform(FolderOffer offered)
+    : m_parts(std::make_unique<Parts>(std::move(offered))) {}
 
 QtPlatform::~QtPlatform() = default;
 

@@ -17,7 +17,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QUrl>
 
 namespace ui::qt {
 
@@ -27,6 +26,10 @@ namespace {
 constexpr QLatin1String NameEditName("fileNameEdit");
 constexpr QLatin1String ListName("listView");
 constexpr QLatin1String FileModelName("qt_filesystem_model");
+constexpr QLatin1String SideBarName("sidebar");
+
+/// Where the side bar keeps the address of a place.
+constexpr int PlaceRole = Qt::UserRole + 1;
 
 /// The filters as the toolkit reads them: the patterns in the last brackets are matched, and hidden; the text
 /// before them is shown, its own brackets included.
@@ -55,7 +58,8 @@ bool IsPattern(const QString& name) {
 } // namespace
 
 FileChooser::FileChooser(
-    const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history, QWidget* parent)
+    const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history,
+    const std::vector<NamedFolder>& offered, QWidget* parent)
     : QFileDialog(parent, QString::fromStdString(request.title)) {
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
@@ -64,7 +68,7 @@ FileChooser::FileChooser(
     setFileMode(mode == AcceptSave ? AnyFile : ExistingFile);
     const QString start = FromPath(request.folder.empty() ? history.last() : request.folder);
     setDirectory(start.isEmpty() || !QFileInfo(start).isDir() ? QDir::currentPath() : start);
-    addPlaces(history);
+    addPlaces(history, offered);
     setNameFilters(NameFilters(request.filters));
     // When opening, a file without an extension is chosen as it is.
     if (mode == AcceptSave && !request.extension.empty()) {
@@ -95,16 +99,39 @@ FileChooser::~FileChooser() {
     setSidebarUrls(m_places);
 }
 
-void FileChooser::addPlaces(const FolderHistory& history) {
+void FileChooser::addPlaces(const FolderHistory& history, const std::vector<NamedFolder>& offered) {
     m_places = sidebarUrls();
     QList<QUrl> places = m_places;
-    for (const Path& folder : history.folders()) {
+    const auto add = [&places](const Path& folder) {
         const QUrl place = QUrl::fromLocalFile(FromPath(folder));
         if (QFileInfo(place.toLocalFile()).isDir() && !places.contains(place)) {
             places << place;
         }
+        return place;
+    };
+    for (const NamedFolder& folder : offered) {
+        m_names.insert(add(folder.path), QString::fromStdString(folder.name));
+    }
+    for (const Path& folder : history.folders()) {
+        add(folder);
     }
     setSidebarUrls(places);
+    namePlaces();
+    // The toolkit names a folder anew when it has looked at it.
+    connect(
+        findChild<QListView*>(SideBarName)->model(), &QAbstractItemModel::dataChanged, this,
+        &FileChooser::namePlaces);
+}
+
+void FileChooser::namePlaces() {
+    QAbstractItemModel& places = *findChild<QListView*>(SideBarName)->model();
+    for (int row = 0; row < places.rowCount(); ++row) {
+        const QModelIndex place = places.index(row, 0);
+        const QString name = m_names.value(place.data(PlaceRole).toUrl());
+        if (!name.isEmpty() && place.data().toString() != name) {
+            places.setData(place, name);
+        }
+    }
 }
 
 bool FileChooser::showsHidden() const {

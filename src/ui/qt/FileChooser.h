@@ -6,6 +6,8 @@
 #include "ui/FolderHistory.h"
 
 #include <QFileDialog>
+#include <QHash>
+#include <QUrl>
 
 class QCheckBox;
 class QLineEdit;
@@ -21,8 +23,10 @@ class FileChooser final : public QFileDialog {
 
 public:
     /// Starts in the folder that is asked for, or else in the last one of the history.
+    /// Lists at its side the folders that are offered, by their names, and those of the history.
     FileChooser(
-        const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history, QWidget* parent);
+        const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history,
+        const std::vector<NamedFolder>& offered, QWidget* parent);
     FileChooser(const FileChooser&) = delete;
     FileChooser& operator=(const FileChooser&) = delete;
     FileChooser(FileChooser&&) = delete;
@@ -42,8 +46,11 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    /// Adds the folders of the history to the side bar.
-    void addPlaces(const FolderHistory& history);
+    /// Adds folders that are there to the side bar.
+    void addPlaces(const FolderHistory& history, const std::vector<NamedFolder>& offered);
+
+    /// Shows offered folders by their names: the toolkit knows only what they are called on the disk.
+    void namePlaces();
 
     [[nodiscard]] QLineEdit* nameEdit() const;
 
@@ -63,7 +70,8 @@ private:
     /// Lists only what matches the patterns of `text`, which may begin with a folder to list.
     void narrow(const QString& text);
 
-    QList<QUrl> m_places; ///< the side bar's own
+    QList<QUrl> m_places;         ///< the side bar's own
+    QHash<QUrl, QString> m_names; ///< of the folders that are offered
     QCheckBox* m_hidden = nullptr;
     QString m_typed; ///< what acceptTyped() accepted
     std::function<std::string(const Path&)> m_forecast;

@@ -137,7 +137,8 @@ Answer QtDialogs::box(const Message& message) {
 }
 
 std::optional<Path> QtDialogs::chooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode) {
-    FileChooser chooser(request, mode, m_folders, Parent());
+    const std::vector<NamedFolder> offered = m_offered ? m_offered() : std::vector<NamedFolder>();
+    FileChooser chooser(request, mode, m_folders, offered, Parent());
     chooser.showHidden(m_showsHidden);
     const bool isChosen = chooser.exec() == QDialog::Accepted;
     m_showsHidden = chooser.showsHidden();

@@ -7,6 +7,8 @@
 
 #include <QFileDialog>
 
+#include <utility>
+
 namespace ui::qt {
 
 /// Message boxes, file choosers and the colour chooser of the toolkit, over the window that is active.
@@ -15,9 +17,11 @@ class QtDialogs final : public Dialogs {
 public:
     QtDialogs() = default;
 
-    /// Keeps the folders in which files were chosen in the store, which outlives the dialogs.
-    explicit QtDialogs(SettingsStore& store)
-        : m_folders(store) {}
+    /// Keeps the folders in which files were chosen in the store, which outlives the dialogs. `offered`: what
+    /// file dialogs list at their side, too; may be empty.
+    explicit QtDialogs(SettingsStore& store, FolderOffer offered = {})
+        : m_folders(store)
+        , m_offered(std::move(offered)) {}
 
     Answer box(const Message& message) override;
     std::optional<Path> chooseFileToOpen(const FileDialogRequest& request) override;
@@ -28,6 +32,7 @@ private:
     std::optional<Path> chooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode);
 
     FolderHistory m_folders;
+    FolderOffer m_offered;
     bool m_showsHidden = false;
 };
 

@@ -12,7 +12,8 @@ namespace ui::qt {
 /// own parts.
 class QtPlatform {
 public:
-    QtPlatform();
+    /// `offered`: folders that file dialogs list at their side.
+    explicit QtPlatform(FolderOffer offered = {});
     QtPlatform(const QtPlatform&) = delete;
     QtPlatform& operator=(const QtPlatform&) = delete;
     QtPlatform(QtPlatform&&) = delete;
