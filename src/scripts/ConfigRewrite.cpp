@@ -192,8 +192,9 @@ std::string ReadableLine(std::string_view line) {
     return line.size() > MaxLength ? text + "..." : text;
 }
 
-std::string LineToBeReplacedText(int number, std::string_view line) {
-    return "Line " + std::to_string(number) + " will be replaced: " + ReadableLine(line);
+std::string LineToBeReplacedText(int number, std::string_view line, std::string_view remark) {
+    return "Line " + std::to_string(number) + " will be replaced" + std::string(remark) + ": " +
+           ReadableLine(line);
 }
 
 std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover) {

@@ -30,8 +30,10 @@ struct Rewritten {
 /// lines are cut.
 [[nodiscard]] std::string ReadableLine(std::string_view line);
 
-/// That line `number`, which is `line`, is going to be replaced.
-[[nodiscard]] std::string LineToBeReplacedText(int number, std::string_view line);
+/// That line `number`, which is `line`, is going to be replaced. `remark`: what is odd about that, if
+/// anything.
+[[nodiscard]] std::string
+LineToBeReplacedText(int number, std::string_view line, std::string_view remark = {});
 
 /// The status text after line `number`, which was `line`, has been replaced.
 [[nodiscard]] std::string ReplacedLineText(int number, std::string_view line, const std::string& leftover);

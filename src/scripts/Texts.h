@@ -5,6 +5,7 @@
 #include "ui/Files.h"
 
 #include <string>
+#include <string_view>
 
 /// The fixed texts of the room, as they are shown. Lines end with '\n'.
 namespace scripts::texts {
@@ -38,6 +39,7 @@ inline std::string TooManyLines(const ui::Path& path) {
 }
 
 constexpr auto TooManyLinesToChange = "This file has more than 32,767 lines and cannot be changed";
+constexpr auto IsNoName = ", though it is not the name";
 constexpr auto LineIsAdded = "A line will be added";
 constexpr auto FileIsMade = "A file with one line will be made";
 
@@ -58,6 +60,13 @@ constexpr auto ScriptNotThere = "There is no such file.";
 constexpr auto IsFolder = "This is a folder.";
 constexpr auto IsDevice = "This is not a file.";
 constexpr auto LongScriptName = "Some games run no script with more than 27 characters before its extension.";
+
+constexpr auto QuitGameFirst =
+    "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.";
+
+inline std::string NotLookedAt(std::string_view engine) {
+    return std::string(engine) + " does not look for scripts in this folder.";
+}
 
 inline std::string NoGameRuns(const std::string& what) {
     return "Games cannot run a script with " + what + " in its file name.";

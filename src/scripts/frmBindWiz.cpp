@@ -3,6 +3,7 @@
 #include "scripts/frmBindWiz.h"
 
 #include "ui/qt/DialogButtons.h"
+#include "ui/qt/SmallPrint.h"
 #include "ui/qt/Text.h"
 #include "ui_frmBindWiz.h"
 
@@ -48,14 +49,18 @@ void Select(QListWidget& list, std::optional<int> key) {
 
 frmBindWiz::frmBindWiz(
     ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory, Paths remembered,
-    QWidget* parent)
+    GamesHere games, QWidget* parent)
     : QDialog(parent)
     , m_form(std::make_unique<Ui::frmBindWiz>())
     , m_dialogs(dialogs)
     , m_files(files)
     , m_directory(directory)
-    , m_remembered(std::move(remembered)) {
+    , m_remembered(std::move(remembered))
+    , m_games(std::move(games)) {
     m_form->setupUi(this);
+    for (QLabel* const remark : {m_form->lblCFGAdvice, m_form->lblKeyHint}) {
+        ui::qt::SetSmallPrint(*remark);
+    }
     ui::qt::NameOkAndCancel(*m_form->buttons);
     Form_Load();
     connectControls();
@@ -96,6 +101,9 @@ void frmBindWiz::setScript(const ui::Path& path) {
 void frmBindWiz::showBoundKeys() {
     m_keys = ReadBoundKeys(m_files, m_choice.config);
     m_form->lblCFGHint->tell(QString::fromStdString(m_keys.hint), QString::fromStdString(m_keys.reason));
+    m_form->lblCFGAdvice->tell(QString::fromStdString(ConfigAdvice(m_choice.config, m_games)));
+    // Where the script is looked for depends on the game.
+    showScriptHint();
 
     // A list that is disabled loses the focus, and the user the place where they were.
     QWidget* const focus = focusWidget();
@@ -114,7 +122,11 @@ void frmBindWiz::showBoundKeys() {
 }
 
 void frmBindWiz::showScriptHint() {
-    m_form->lblSCRHint->tell(QString::fromStdString(ScriptHint(m_files, m_choice.script)));
+    std::string hint = ScriptHint(m_files, m_choice.script);
+    if (hint.empty()) {
+        hint = ScriptPlaceHint(m_choice.script, m_choice.config, m_games);
+    }
+    m_form->lblSCRHint->tell(QString::fromStdString(hint));
 }
 
 void frmBindWiz::chooseKey(const QListWidget& list) {
@@ -130,6 +142,8 @@ void frmBindWiz::showChosenKey() {
         const QSignalBlocker quiet(list);
         Select(*list, m_choice.key);
     }
+    const std::string_view key = m_choice.key ? KeyNames.at(static_cast<std::size_t>(*m_choice.key)) : "";
+    m_form->lblKeyHint->tell(QString::fromStdString(KeyHint(key, m_choice.config, m_games)));
     m_form->lblForecast->tell(QString::fromStdString(m_keys.forecast(m_choice.key)));
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "scripts/BindHints.h"
+#include "scripts/GameHints.h"
 #include "scripts/mdlBind.h"
 #include "ui/Platform.h"
 
@@ -36,7 +37,7 @@ public:
     /// the dialog.
     frmBindWiz(
         ui::Dialogs& dialogs, ui::Files& files, const ui::ProgramDirectory& directory, Paths remembered,
-        QWidget* parent = nullptr);
+        GamesHere games = {}, QWidget* parent = nullptr);
     ~frmBindWiz() override;
 
     /// The paths to remember from now on, however the dialog was closed: those that were chosen in its file
@@ -71,6 +72,7 @@ private:
     ui::Files& m_files;
     const ui::ProgramDirectory& m_directory;
     Paths m_remembered;
+    GamesHere m_games;
     BindChoice m_choice; ///< its paths hold the bytes of file names that the text boxes cannot show
     ConfigKeys m_keys;   ///< of the configuration file
     std::string m_statusText;

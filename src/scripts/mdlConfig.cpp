@@ -8,6 +8,8 @@
 #include "scripts/Texts.h"
 #include "scripts/mdlName.h"
 
+#include <algorithm>
+
 namespace scripts {
 
 namespace {
@@ -40,6 +42,28 @@ ui::Status Search(const ui::Files& files, const ui::Path& path, SearchedConfig& 
     return {};
 }
 
+/// Whether a line sets the player's name in some game: it may be another setting that mentions a name.
+bool SetsName(std::string_view line) {
+    constexpr std::string_view Blanks = " \t";
+    const auto nextWord = [&line, Blanks] {
+        line = line.substr(std::min(line.find_first_not_of(Blanks), line.size()));
+        std::string_view word = line.substr(0, line.find_first_of(Blanks));
+        line = line.substr(word.size());
+        if (word.size() > 2 && word.front() == '"' && word.back() == '"') {
+            word = word.substr(1, word.size() - 2);
+        }
+        return word;
+    };
+    const auto is = [](std::string_view word, std::string_view wanted) {
+        return word.size() == wanted.size() && HoldsAnyCase(word, wanted);
+    };
+    std::string_view word = nextWord();
+    if (is(word, "set") || is(word, "seta")) {
+        word = nextWord();
+    }
+    return is(word, "name") || is(word, "_cl_name");
+}
+
 } // namespace
 
 std::optional<ConfigNameLine> FindNameLine(std::string_view config) {
@@ -64,7 +88,7 @@ std::string NameForecast(std::string_view config) {
         return texts::TooManyLinesToChange;
     }
     if (found->number > 0) {
-        return LineToBeReplacedText(found->number, found->text);
+        return LineToBeReplacedText(found->number, found->text, SetsName(found->text) ? "" : texts::IsNoName);
     }
     if (config.empty() || config.back() == '\n' || config.back() == '\r') {
         return texts::LineIsAdded;

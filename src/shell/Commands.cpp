@@ -10,6 +10,7 @@
 #include "editing/mdlPick.h"
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
+#include "shell/GamePlaces.h"
 #include "shell/GlyphColumn.h"
 #include "shell/PageColumn.h"
 #include "shell/frmAbout.h"
@@ -106,7 +107,7 @@ void Commands::mnuToolsAnimationViewer_Click() {
 void Commands::mnuToolsBindingWizard_Click() {
     scripts::frmBindWiz wizard(
         m_platform.dialogs, m_platform.files, m_platform.directory,
-        {m_workspace.rememberedConfig, m_workspace.rememberedScript}, &m_window);
+        {m_workspace.rememberedConfig, m_workspace.rememberedScript}, {HereSystem, PlacesHere()}, &m_window);
     wizard.exec();
     m_workspace.rememberedConfig = wizard.remembered().config;
     m_workspace.rememberedScript = wizard.remembered().script;

@@ -202,6 +202,38 @@ TEST_F(BindWizard, WarnsOfAScriptThatTheGameCannotRun) {
     EXPECT_TRUE(fake.dialogs.calls().empty());
 }
 
+TEST_F(BindWizard, TellsWhatTheGameMakesOfTheFilesAndTheKey) {
+    const ui::Path yamagi = game.put("home/.yq2/baseq2/config.cfg", "");
+    scripts::GamesHere here;
+    here.places[games::Place::Home] = game / "home";
+    form = std::make_unique<scripts::frmBindWiz>(
+        fake.dialogs, fake.files, fake.directory, scripts::frmBindWiz::Paths{yamagi, script}, here);
+    form->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+    EXPECT_EQ(
+        "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.",
+        hint("lblCFGAdvice"));
+    EXPECT_EQ("Yamagi Quake II does not look for scripts in this folder.", hint("lblSCRHint"));
+    EXPECT_EQ("", hint("lblKeyHint"));
+    pick("BindList", "ESC");
+    EXPECT_EQ("Yamagi Quake II knows no key of this name.", hint("lblKeyHint"));
+    pick("BindList", "F5");
+    EXPECT_EQ("", hint("lblKeyHint"));
+    EXPECT_LT(find<QLabel>("lblCFGAdvice")->font().pointSizeF(), form->font().pointSizeF());
+    type("txtCFGFileName", (yamagi.parent_path() / "autoexec.cfg").native());
+    EXPECT_EQ("", hint("lblCFGAdvice"));
+    EXPECT_EQ("Yamagi Quake II does not look for scripts in this folder.", hint("lblSCRHint"));
+    type("txtCFGFileName", config.native());
+    EXPECT_EQ("", hint("lblSCRHint")) << "nobody knows which game that is";
+}
+
+TEST_F(BindWizard, FitsASmallScreen) {
+    open({config, script});
+    EXPECT_LE(form->minimumSizeHint().width(), 760);
+    EXPECT_LE(form->minimumSizeHint().height(), 560);
+    EXPECT_LE(form->height(), 560);
+}
+
 TEST_F(BindWizard, TellsWhatIsGoingToHappenBeforeItDoes) {
     open();
     EXPECT_EQ("", hint("lblForecast"));
