@@ -17,6 +17,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSplitter>
+
+#include <algorithm>
 
 namespace ui::qt {
 
@@ -27,6 +30,11 @@ constexpr QLatin1String NameEditName("fileNameEdit");
 constexpr QLatin1String ListName("listView");
 constexpr QLatin1String FileModelName("qt_filesystem_model");
 constexpr QLatin1String SideBarName("sidebar");
+
+constexpr QLatin1String SplitterName("splitter");
+
+/// The part of a dialog that the side bar takes at most unless the user wants more.
+constexpr int MostOfSideBar = 3;
 
 /// Where the side bar keeps the address of a place.
 constexpr int PlaceRole = Qt::UserRole + 1;
@@ -166,6 +174,19 @@ void FileChooser::showEvent(QShowEvent* event) {
     QFileDialog::showEvent(event);
     nameEdit()->setFocus();
     nameEdit()->selectAll();
+    if (!m_names.isEmpty()) {
+        showNamesWhole();
+    }
+}
+
+void FileChooser::showNamesWhole() {
+    const QListView& places = *findChild<QListView*>(SideBarName);
+    auto& columns = *findChild<QSplitter*>(SplitterName);
+    const int wanted =
+        std::min(places.sizeHintForColumn(0) + 2 * places.frameWidth(), columns.width() / MostOfSideBar);
+    if (places.width() < wanted) {
+        columns.setSizes({wanted, columns.width() - wanted - columns.handleWidth()});
+    }
 }
 
 QLineEdit* FileChooser::nameEdit() const {

@@ -52,6 +52,9 @@ private:
     /// Shows offered folders by their names: the toolkit knows only what they are called on the disk.
     void namePlaces();
 
+    /// Makes the side bar wide enough for its names, up to a part of the dialog.
+    void showNamesWhole();
+
     [[nodiscard]] QLineEdit* nameEdit() const;
 
     /// The file that the typed name leads to.
