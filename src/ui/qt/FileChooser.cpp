@@ -111,7 +111,7 @@ void FileChooser::addPlaces(const FolderHistory& history, const std::vector<Name
     m_places = sidebarUrls();
     QList<QUrl> places = m_places;
     const auto add = [&places](const Path& folder) {
-        const QUrl place = QUrl::fromLocalFile(FromPath(folder));
+        QUrl place = QUrl::fromLocalFile(FromPath(folder));
         if (QFileInfo(place.toLocalFile()).isDir() && !places.contains(place)) {
             places << place;
         }
