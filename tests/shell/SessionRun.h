@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 inline support::ExpectedFileDialog Like(const ui::FileDialogRequest& request) {
@@ -55,7 +57,12 @@ protected:
         fake.directory.files.put("vtmhelp.htm", "<html></html>");
     }
 
-    ~SessionRun() override { fake.dialogs.expectAllAsked(); }
+    ~SessionRun() override {
+        fake.dialogs.expectAllAsked();
+        // A start goes to the folder of the script that it loads, which does not outlive the test.
+        std::error_code error;
+        std::filesystem::current_path(m_startFolder, error);
+    }
 
     SessionRun(const SessionRun&) = delete;
     SessionRun& operator=(const SessionRun&) = delete;
@@ -104,4 +111,7 @@ protected:
     shell::Session session{fake.platform, view};
     NotedWizards wizards{view};
     shell::FileCommands files{fake.platform, session, wizards};
+
+private:
+    ui::Path m_startFolder = std::filesystem::current_path();
 };
