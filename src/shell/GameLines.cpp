@@ -33,7 +33,7 @@ GameLines::GameLines(
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     auto* lines = new QVBoxLayout;
-    lines->setSpacing(0);
+    lines->setSpacing(1);
     int nameWidth = 0;
     for (const games::Family family : games::Families) {
         nameWidth = std::max(nameWidth, GameLineRow::nameWidth(family, *this));
