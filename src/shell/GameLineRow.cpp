@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/GameLineRow.h"
 
+#include "games/RowVerdict.h"
 #include "glyphs/GlyphWords.h"
 #include "ui/qt/LineLabel.h"
 #include "ui/qt/PictureWidget.h"
@@ -9,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <utility>
 
 namespace shell {
 
@@ -33,6 +35,7 @@ GameLineRow::GameLineRow(
     : QWidget(parent)
     , m_family(family)
     , m_atlas(atlas)
+    , m_picture(static_cast<int>(games::RowVerdict::MaxCells) * glyphs::CellSide, glyphs::CellSide)
     , lblFamily(new QLabel(FamilyName(family), this))
     , lblGame(new ui::qt::LineLabel(this)) {
     const QString number = QString::number(static_cast<int>(family));
@@ -52,19 +55,23 @@ void GameLineRow::show(const GameLine& line) {
     if (line == m_line) {
         return;
     }
+    const std::vector<glyphs::GlyphCode> before = std::move(m_line.shown);
     m_line = line;
     const QString text = QString::fromStdString(line.text);
     lblGame->tell(text, QString::fromStdString(line.more));
-    lblGame->updateGeometry();
     const QString shown = line.shown.empty()
                               ? QString()
                               : QLatin1Char(' ') + QString::fromStdString(glyphs::ReadableRow(line.shown));
     lblGame->setAccessibleName(lblFamily->text() + QLatin1String(": ") + text + shown);
     setCursor(line.row > 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
-    showAtlas();
+    showGlyphs(before);
 }
 
 void GameLineRow::showAtlas() {
+    showGlyphs({});
+}
+
+void GameLineRow::showGlyphs(const std::vector<glyphs::GlyphCode>& before) {
     const std::vector<glyphs::GlyphCode>& shown = m_line.shown;
     if (picShown == nullptr && !shown.empty()) {
         makePicture();
@@ -72,27 +79,39 @@ void GameLineRow::showAtlas() {
     if (picShown == nullptr) {
         return;
     }
-    picShown->setVisible(!shown.empty());
-    if (!shown.empty()) {
-        m_picture = ui::Picture(static_cast<int>(shown.size()) * glyphs::CellSide, glyphs::CellSide);
-        for (std::size_t i = 0; i < shown.size(); ++i) {
-            glyphs::PaintGlyph(m_picture, m_atlas, shown[i], static_cast<int>(i) + 1, 1);
+    ui::Rect damage;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        if (i >= before.size() || before[i] != shown[i]) {
+            const int column = static_cast<int>(i);
+            glyphs::PaintGlyph(m_picture, m_atlas, shown[i], column + 1, 1);
+            damage = damage.united({column * glyphs::CellSide, 0, glyphs::CellSide, glyphs::CellSide});
         }
-        picShown->setPicture(&m_picture);
-        picShown->fitPicture();
-        picShown->update();
     }
+    picShown->showDamage(damage);
+    fitFrame();
+    m_frame->setVisible(!shown.empty());
 }
 
 void GameLineRow::makePicture() {
-    picShown = new ui::qt::PictureWidget(this);
+    // A frame that grows over a picture repaints only what comes into view, as a picture that grows does not.
+    m_frame = new QWidget(this);
+    m_frame->setAttribute(Qt::WA_StaticContents);
+    m_frame->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picShown = new ui::qt::PictureWidget(m_frame);
     picShown->setObjectName(QStringLiteral("picShown_%1").arg(static_cast<int>(m_family)));
     picShown->setBlock(glyphs::CellBlock);
-    picShown->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picShown->setPicture(&m_picture);
+    picShown->fitPicture();
+    connect(picShown, &ui::qt::PictureWidget::fitted, this, &GameLineRow::fitFrame);
     auto* const row = static_cast<QHBoxLayout*>(layout());
     const int place = row->indexOf(lblGame) + 1;
     row->insertSpacing(place, Gap);
-    row->insertWidget(place + 1, picShown);
+    row->insertWidget(place + 1, m_frame);
+}
+
+void GameLineRow::fitFrame() {
+    const int width = static_cast<int>(m_line.shown.size()) * glyphs::CellSide;
+    m_frame->setFixedSize(picShown->areaOf({0, 0, width, glyphs::CellSide}).size());
 }
 
 void GameLineRow::paleName() {

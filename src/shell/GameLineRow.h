@@ -47,6 +47,9 @@ protected:
 private:
     void paleName();
     void makePicture();
+    void fitFrame();
+    /// Paints what is shown; cells that show the same as `before` are left.
+    void showGlyphs(const std::vector<glyphs::GlyphCode>& before);
 
     games::Family m_family;
     const glyphs::GlyphAtlas& m_atlas;
@@ -54,7 +57,8 @@ private:
     ui::Picture m_picture;
     QLabel* lblFamily;
     ui::qt::LineLabel* lblGame;
-    ui::qt::PictureWidget* picShown = nullptr; ///< made when it is first wanted
+    QWidget* m_frame = nullptr;                ///< made when it is first wanted, with the picture in it
+    ui::qt::PictureWidget* picShown = nullptr; ///< as wide as rows get; the frame shows its beginning
 };
 
 } // namespace shell

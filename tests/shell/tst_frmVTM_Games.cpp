@@ -94,7 +94,8 @@ TEST_F(Games, WhatOthersSeeIsDrawnAndHeard) {
     ASSERT_TRUE(tells(2, QStringLiteral("others see:")));
     const auto* shown = find<ui::qt::PictureWidget>("picShown_2");
     ASSERT_TRUE(shown->isVisible());
-    ui::Picture expected(3 * glyphs::CellSide, glyphs::CellSide);
+    EXPECT_EQ(shown->parentWidget()->size(), QSize(3 * glyphs::CellSide, glyphs::CellSide));
+    ui::Picture expected = *shown->picture();
     for (int i = 0; i < 3; ++i) {
         glyphs::PaintGlyph(expected, workspace().atlas, static_cast<glyphs::GlyphCode>("bob"[i]), i + 1, 1);
     }

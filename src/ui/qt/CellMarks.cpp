@@ -33,11 +33,17 @@ CellMarks::CellMarks(PictureWidget* picture)
 }
 
 void CellMarks::mark(std::vector<Rect> cells) {
-    if (cells != m_cells) {
-        m_cells = std::move(cells);
-        setVisible(!m_cells.empty());
-        update();
-    }
+    const auto updateThose = [this](const std::vector<Rect>& changed, const std::vector<Rect>& others) {
+        for (const Rect& cell : changed) {
+            if (std::ranges::find(others, cell) == others.end()) {
+                update(m_picture->areaOf(cell));
+            }
+        }
+    };
+    updateThose(m_cells, cells);
+    updateThose(cells, m_cells);
+    m_cells = std::move(cells);
+    setVisible(!m_cells.empty());
 }
 
 bool CellMarks::eventFilter(QObject* watched, QEvent* event) {
