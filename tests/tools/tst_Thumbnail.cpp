@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "thumbnail/Drawing.h"
 #include "cli/Script.h"
+#include "thumbnail/Drawing.h"
 #include "tools/GameFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using thumbnail::DrawAnimation;
-using thumbnail::DrawThumbnail;
 using cli::ReadScript;
 using cli::Script;
+using thumbnail::DrawAnimation;
+using thumbnail::DrawThumbnail;
 
 const std::string NameHeader = "// Name File Created by Vortigo\r\n";
 const std::string MessageHeader = "// Macro File Created by Vortigo\r\n";
