@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -22,20 +24,17 @@ std::vector<std::string> TextsOf(Value Kind::*column) {
 }
 
 template <class Value>
-std::vector<Value> ColumnOf(Value Kind::*column) {
-    std::vector<Value> values;
-    values.reserve(Kinds.size());
-    for (const Kind& kind : Kinds) {
-        values.push_back(kind.*column);
-    }
+std::array<Value, Kinds.size()> ColumnOf(Value Kind::*column) {
+    std::array<Value, Kinds.size()> values{};
+    std::ranges::transform(Kinds, values.begin(), [column](const Kind& kind) { return kind.*column; });
     return values;
 }
 
 using Texts = std::vector<std::string>;
-using Truths = std::vector<bool>;
-using Pages = std::vector<Page>;
-using Places = std::vector<std::size_t>;
-using Settings = std::vector<bool FormatSettings::*>;
+using Truths = std::array<bool, Kinds.size()>;
+using Pages = std::array<Page, Kinds.size()>;
+using Places = std::array<std::size_t, Kinds.size()>;
+using Settings = std::array<bool FormatSettings::*, Kinds.size()>;
 
 } // namespace
 
