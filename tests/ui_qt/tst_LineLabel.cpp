@@ -76,3 +76,10 @@ TEST_F(Line, ShowsOverItWhatWasCutAndWhatMoreThereIs) {
     label->tell(QStringLiteral("A"), QStringLiteral("a < b"));
     EXPECT_EQ(tip(), QStringLiteral("<p>a &lt; b</p>"));
 }
+
+TEST_F(Line, WhatMoreThereIsToKnowKeepsItsLines) {
+    label->tell(LongText, LongText + QStringLiteral("\nand <more>"));
+    show(80);
+    EXPECT_EQ(tip(), QStringLiteral("<p>%1<br>and &lt;more&gt;</p>").arg(LongText.toHtmlEscaped()))
+        << "what is cut is not said twice";
+}

@@ -42,15 +42,15 @@ bool LineLabel::event(QEvent* event) {
         return QLabel::event(event);
     }
     QStringList lines;
-    if (shownText() != text()) {
+    if (shownText() != text() && !m_more.contains(text())) {
         lines << text();
     }
     if (!m_more.isEmpty()) {
         lines << m_more;
     }
     // A paragraph is wrapped, and its text is escaped, as a line of a file may look like markup.
-    const QString tip =
-        lines.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(lines.join(u'\n').toHtmlEscaped());
+    const QString more = lines.join(u'\n').toHtmlEscaped().replace(u'\n', QStringLiteral("<br>"));
+    const QString tip = lines.isEmpty() ? QString() : QStringLiteral("<p>%1</p>").arg(more);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);
     return true;
 }
