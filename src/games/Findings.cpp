@@ -52,7 +52,7 @@ void AddQuakeWorldTimes(const Timetable& table, std::vector<Finding>& findings) 
     if (table.kicked.name > 0) {
         findings.push_back(
             {Weight::Loss,
-             "the server kicks the player at name " + std::to_string(table.kicked.name) + ", after " +
+             "kicked at name " + std::to_string(table.kicked.name) + ", after " +
                  TimeText(table.kicked.milliseconds),
              KickLimit.seen, table.kicked.name, 0, true});
     }
@@ -159,7 +159,7 @@ FindingsOnScript(Family family, const ScriptSize& size, std::optional<NameComman
         if (size.hasZero && !limit.takesZero) {
             add("does not run a script with glyph 0");
         }
-        if (!command && !limit.takesCrLf) {
+        if (!command && size.hasCrLf && !limit.takesCrLf) {
             add("shows a closing quote behind each message");
         }
     }

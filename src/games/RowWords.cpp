@@ -96,8 +96,14 @@ std::string SignOf(GlyphCode code) {
     default:
         break;
     }
-    return code > glyphs::BlankGlyph && code < 127 ? std::string(1, static_cast<char>(code))
-                                                   : "glyph " + std::to_string(code);
+    const auto isSign = [](int plain) {
+        return plain > glyphs::BlankGlyph && plain < 127;
+    };
+    if (isSign(code)) {
+        return {static_cast<char>(code)};
+    }
+    return isSign(code - 128) ? std::string("a colored ") + static_cast<char>(code - 128)
+                              : "glyph " + std::to_string(code);
 }
 
 std::string CellText(int column) {

@@ -149,7 +149,9 @@ std::string CommandText(NameCommand command) {
 }
 
 ScriptSize SizeOf(std::string_view script) {
-    ScriptSize size{script.size(), 0, script.find('\0') != std::string_view::npos};
+    ScriptSize size{
+        script.size(), 0, script.find('\0') != std::string_view::npos,
+        script.find("\r\n") != std::string_view::npos};
     for (glyphs::ByteLines lines(script); !lines.atEnd();) {
         size.longestLine = std::max(size.longestLine, lines.next().size());
     }
@@ -163,7 +165,7 @@ ScriptSize SizeOfAnimation(const TimedNames& names, NameCommand command) {
     constexpr std::size_t Quotes = 2;
     const std::size_t word = command == NameCommand::SetName ? std::string_view("set name ").size()
                                                              : std::string_view("name ").size();
-    ScriptSize size{Header.size() + CountLine.size() + 2 * LineEnd, CountLine.size()};
+    ScriptSize size{Header.size() + CountLine.size() + 2 * LineEnd, CountLine.size(), false, true};
     for (std::size_t i = 0; i < names.count(); ++i) {
         const std::size_t line = word + Quotes + LengthOf(names.name(i));
         const std::size_t waits = static_cast<std::size_t>(std::max<int>(names.ticks[i], 0)) * Wait.size();

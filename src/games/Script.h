@@ -41,6 +41,7 @@ struct ScriptSize {
     std::size_t bytes = 0;
     std::size_t longestLine = 0; ///< in bytes, without its end
     bool hasZero = false;        ///< whether a byte is 0
+    bool hasCrLf = false;        ///< whether lines end with CR LF
 
     friend bool operator==(const ScriptSize&, const ScriptSize&) = default;
 };

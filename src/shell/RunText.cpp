@@ -17,7 +17,7 @@ using games::Family;
 /// The games' own folders. A mod's lies beside them, and its games look there as well.
 constexpr std::array<std::string_view, 2> OwnFolders{"id1", "baseq2"};
 
-/// The engines of the world's families that run a script in a folder.
+/// The engines that run a script in a folder.
 std::vector<Engine> EnginesFor(const ui::Path& folder, const GameWorld& world, const ui::Files& files) {
     std::vector<Engine> engines = games::EnginesLookingIn(folder, world.system, world.places);
     for (const std::string_view own : OwnFolders) {
@@ -26,10 +26,14 @@ std::vector<Engine> EnginesFor(const ui::Path& folder, const GameWorld& world, c
             engines = games::EnginesLookingIn(sibling, world.system, world.places);
         }
     }
+    return engines;
+}
+
+/// Takes away the engines of games that are not played.
+void KeepPlayed(std::vector<Engine>& engines, const GameWorld& world) {
     std::erase_if(engines, [&world](Engine engine) {
         return std::ranges::find(world.families, games::FactsOf(engine).family) == world.families.end();
     });
-    return engines;
 }
 
 /// The engines of the families that run scripts.
@@ -117,6 +121,8 @@ std::string RunText(const editing::SaveOutcome& written, const GameWorld& world,
     }
     const std::string name = ui::PathText(written.path.filename());
     std::vector<Engine> engines = EnginesFor(written.path.parent_path(), world, files);
+    const std::string noGame = engines.empty() ? "No known game" : "None of your games";
+    KeepPlayed(engines, world);
     const bool isFound = !engines.empty();
     if (!isFound) {
         engines = EnginesOf(world.families);
@@ -136,9 +142,9 @@ std::string RunText(const editing::SaveOutcome& written, const GameWorld& world,
         return text + "Save it again and answer Yes.";
     }
     const std::string command = games::ExecCommand(name);
-    return text + (isFound ? "Type " + command + " in the console to run it."
-                           : "No known game looks in this folder; in a game's, " + command +
-                                 " in the console runs it.");
+    return text +
+           (isFound ? "Type " + command + " in the console to run it."
+                    : noGame + " looks in this folder; in a game's, " + command + " in the console runs it.");
 }
 
 } // namespace shell

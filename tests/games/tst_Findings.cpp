@@ -50,7 +50,7 @@ TEST(Findings, OnAnAnimationBeginWithItsTimes) {
     EXPECT_EQ(Lines(games::FindingsOnAnimation(Family::Quake, Animation(1, 2).names())), "");
     EXPECT_EQ(
         Lines(games::FindingsOnAnimation(Family::QuakeWorld, Animation(15, 12).names())),
-        "(7),0 the server kicks the player at name 7, after 0.9 s!\n"
+        "(7),0 kicked at name 7, after 0.9 s!\n"
         "(14),0 name 14 and what follows is never run: a script may wait 2.0 s!\n"
         "0,0 FTE servers mute the player for 5 minutes instead\n"
         "0,0 ezQuake runs no more than 10 waits under the ruleset qcon\n");
@@ -74,8 +74,9 @@ TEST(Findings, OnAScriptTellWhetherItRuns) {
         Lines(games::FindingsOnScript(Family::Quake, small, NameCommand::SetName)),
         "0,0 the command \"set\" is unknown: the old name stays!\n");
     EXPECT_EQ(Lines(games::FindingsOnScript(Family::Quake2, small, NameCommand::Name)), "");
+    EXPECT_EQ(Lines(games::FindingsOnScript(Family::Quake, small, std::nullopt)), "");
     EXPECT_EQ(
-        Lines(games::FindingsOnScript(Family::Quake, small, std::nullopt)),
+        Lines(games::FindingsOnScript(Family::Quake, {500, 60, false, true}, std::nullopt)),
         "0,0 original Quake shows a closing quote behind each message\n");
     EXPECT_EQ(
         Lines(games::FindingsOnScript(Family::Quake, {10517, 90}, NameCommand::Name)),

@@ -51,7 +51,7 @@ TEST(RowWords, SayWhatBecomesOfAName) {
         Words(Family::QuakeWorld, "console"),
         "the server will call you \"unnamed\": the name is the server's own");
     EXPECT_EQ(Words(Family::QuakeWorld, "a$b"), "the server refuses the name: $ in cell 2");
-    EXPECT_EQ(Words(Family::QuakeWorld, "a\xDC"), "the server refuses the name: glyph 220 in cell 2");
+    EXPECT_EQ(Words(Family::QuakeWorld, "a\xDC"), "the server refuses the name: a colored \\ in cell 2");
     EXPECT_EQ(Words(Family::QuakeWorld, "a\\b"), "the game does not send the name: \\ in cell 2");
     EXPECT_EQ(Words(Family::QuakeWorld, "Tom&cat"), "the old name stays: &c in cell 4 is a color code");
     EXPECT_EQ(Words(Family::QuakeWorld, "rock&roll"), "the old name stays: &r in cell 5 is a color code");
@@ -67,7 +67,7 @@ TEST(RowWords, SayWhatBecomesOfAName) {
     EXPECT_EQ(Words(Family::Quake2, "\x10\x11"), "others see an empty name");
     EXPECT_EQ(Words(Family::Quake2, "a;b"), "the game refuses the name: ; in cell 2");
     EXPECT_EQ(Words(Family::Quake2, "a\nb"), "the game refuses the name: a line feed in cell 2");
-    EXPECT_EQ(Words(Family::Quake2, "a\xA2"), "the server will call you \"badinfo\": glyph 162 in cell 2");
+    EXPECT_EQ(Words(Family::Quake2, "a\xA2"), "the server will call you \"badinfo\": a colored \" in cell 2");
     EXPECT_EQ(Words(Family::QuakeWorld, "a\rb", Audience::Player), "you see: ab");
 }
 

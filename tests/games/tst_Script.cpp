@@ -94,7 +94,7 @@ TEST(Script, TheLargestAnimationIsTooLongForTheFirstEngines) {
 
 TEST(Script, SizeIsReadOffAnyScript) {
     EXPECT_EQ(games::SizeOf(""), (ScriptSize{0, 0, false}));
-    EXPECT_EQ(games::SizeOf("// x\r\nname \"abc\"\r\n"), (ScriptSize{18, 10, false}));
+    EXPECT_EQ(games::SizeOf("// x\r\nname \"abc\"\r\n"), (ScriptSize{18, 10, false, true}));
     EXPECT_EQ(games::SizeOf(std::string_view("a\0b\n", 4)), (ScriptSize{4, 3, true}));
 }
 

@@ -100,7 +100,7 @@ TEST_F(Report, AKickComesBeforeWhatBecomesOfRows) {
         put(Page::Animation, row, std::string("Bob# ") + static_cast<char>('a' + row));
     }
     const shell::GameLine told = line(Page::Animation, Family::QuakeWorld);
-    EXPECT_EQ(told.text, "the server kicks the player at name 7, after 0.2 s");
+    EXPECT_EQ(told.text, "kicked at name 7, after 0.2 s");
     EXPECT_EQ(told.row, 7);
     EXPECT_EQ(told.column, 1);
     EXPECT_NE(told.more.find("takes 0.4 s, preview 1.5 s\n"), std::string::npos) << told.more;

@@ -48,7 +48,7 @@ TEST_F(RunTextTest, SaysThatNoGameLooksThere) {
     families = {Family::Quake};
     EXPECT_EQ(
         told(".yq2/baseq2/clan.vtn"),
-        "No known game looks in this folder; in a game's, exec clan.vtn in the console runs it.")
+        "None of your games looks in this folder; in a game's, exec clan.vtn in the console runs it.")
         << "nobody plays that game";
 }
 

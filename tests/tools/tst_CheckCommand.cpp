@@ -93,7 +93,7 @@ TEST_F(CheckCommand, TellsHowAnAnimationPlays) {
         script + ": an animation of 15 names, 458 bytes\n"
                  "  Quake       plays 0.4 s; kept\n"
                  "              note: DarkPlaces servers take one name in 5 seconds: 1 of 15\n"
-                 "  QuakeWorld  plays 0.4 s; the server kicks the player at name 7, after 0.2 s\n"
+                 "  QuakeWorld  plays 0.4 s; kicked at name 7, after 0.2 s\n"
                  "              note: FTE servers mute the player for 5 minutes instead\n"
                  "              note: ezQuake runs no more than 10 waits under the ruleset qcon\n"
                  "  Quake2      plays 0.5 s; kept\n"
