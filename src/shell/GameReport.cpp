@@ -103,7 +103,9 @@ GameLine LineOf(const editing::PageCursor& page, Family family, const games::Tim
     std::vector<Finding> findings = FindingsOn(page, family, names);
     std::vector<Finding> onScript;
     if (page.page == Page::Animation) {
-        line.text += ": " + TimesText(family, names);
+        const std::string times = TimesText(family, names);
+        line.text += ": " + times;
+        line.more = "takes " + times + "\n";
         onScript = FindingsOnAnimationScript(family, names);
     }
     const Finding* foremost = Foremost(findings, page.row);
@@ -116,9 +118,6 @@ GameLine LineOf(const editing::PageCursor& page, Family family, const games::Tim
         line.shown = foremost->shown.value_or(std::vector<glyphs::GlyphCode>{});
         line.row = foremost->row;
         line.column = foremost->row > 0 ? std::max(foremost->column, 1) : 0;
-    }
-    if (page.page == Page::Animation) {
-        line.more = "takes " + TimesText(family, names) + "\n";
     }
     std::ranges::move(onScript, std::back_inserter(findings));
     line.more += FullTexts(findings, page.page);
