@@ -3,6 +3,7 @@
 #include "shell/MainMenus.h"
 
 #include "shell/Icons.h"
+#include "shell/MenuTables.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -14,12 +15,10 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
-#include <type_traits>
 #include <utility>
 
 namespace shell {
 
-using editing::FormatOperation;
 using editing::Page;
 
 namespace {
@@ -28,133 +27,6 @@ constexpr int IconSide = 24;
 
 /// How much of a path a menu shows, in average characters; the middle of a longer one is left out.
 constexpr int RecentPathLength = 70;
-
-/// The row of the menus at which every kind adds its entries.
-constexpr auto EachKind = "EachKind";
-
-/// Runs a command with its arguments, at whichever receiver it is a command of.
-template <auto Handler, auto... Arguments>
-void Run(const MenuReceivers& receivers) {
-    if constexpr (std::is_invocable_v<decltype(Handler), Commands&, decltype(Arguments)...>) {
-        (receivers.commands.*Handler)(Arguments...);
-    } else if constexpr (std::is_invocable_v<decltype(Handler), FileCommands&, decltype(Arguments)...>) {
-        (receivers.files.*Handler)(Arguments...);
-    } else {
-        (receivers.session.*Handler)(Arguments...);
-    }
-}
-
-/// An entry of a menu. Without an action it is a submenu; without a caption it is a separator or EachKind.
-struct MenuCommand {
-    const char* menu; ///< objectName of the menu that it stands in; empty: the menu bar
-    const char* name; ///< objectName
-    const char* caption;
-    void (*run)(const MenuReceivers&);
-    const char* command = nullptr; ///< what Undo calls it; null: as its caption does
-};
-
-/// A button of the toolbar. Its action carries the key as objectName. Without a key it is a separator.
-struct ToolCommand {
-    const char* key;
-    const char* tooltip;
-    const char* entry; ///< objectName of the submenu that it pops up or of the menu entry that it chooses
-};
-
-constexpr std::array<MenuCommand, 43> MenuCommands{{
-    {"", "mnuFile", "&File", nullptr},
-    {"mnuFile", "mnuFileNew", "&New", nullptr},
-    {"mnuFile", "mnuLoad", "&Load", nullptr},
-    {"mnuFile", "mnuSave", "&Save", nullptr},
-    {"mnuFile", nullptr, nullptr, nullptr},
-    {"mnuFile", EachKind, nullptr, nullptr},
-    {"mnuLoadName", "mnuFileLoadNameFromConfigFile", "From &Config File",
-     Run<&FileCommands::loadNameFromConfig>, "Load"},
-    {"mnuSaveName", "mnuFileSaveName_1", "To A &Config File", Run<&FileCommands::saveNameToConfig>},
-    {"mnuSaveName", "mnuFileSaveName_2", "To Clip&board", Run<&FileCommands::copyNameToClipboard>},
-    {"mnuFile", nullptr, nullptr, nullptr},
-    {"mnuFile", "mnuFileExit", "E&xit", Run<&Commands::mnuFileExit_Click>},
-    {"", "mnuEdit", "&Edit", nullptr},
-    {"mnuEdit", "mnuEditCut", "Cu&t", Run<&Commands::mnuEditCut_Click>},
-    {"mnuEdit", "mnuEditCopy", "&Copy", Run<&Commands::mnuEditCopy_Click>},
-    {"mnuEdit", "mnuEditPaste", "&Paste", Run<&Commands::mnuEditPaste_Click>},
-    {"mnuEdit", nullptr, nullptr, nullptr},
-    {"mnuEdit", "mnuEditUndo", "&Undo", Run<&Session::undo>},
-    {"mnuEdit", "mnuEditRedo", "&Redo", Run<&Session::redo>},
-    {"", "mnuFormat", "F&ormat", nullptr},
-    {"mnuFormat", "mnuFormatAlignLeft", "Align &Left",
-     Run<&Commands::mnuFormat_Click, FormatOperation::AlignLeft>},
-    {"mnuFormat", "mnuFormatAlignCenter", "Align &Center",
-     Run<&Commands::mnuFormat_Click, FormatOperation::AlignCenter>},
-    {"mnuFormat", "mnuFormatAlignRight", "Align &Right",
-     Run<&Commands::mnuFormat_Click, FormatOperation::AlignRight>},
-    {"mnuFormat", nullptr, nullptr, nullptr},
-    {"mnuFormat", "mnuFormatUpperToLowerCase", "Upper To Lo&wer Case",
-     Run<&Commands::mnuFormat_Click, FormatOperation::ToLowerCase>},
-    {"mnuFormat", "mnuFormatLowerToUpperCase", "Lower To &Upper Case",
-     Run<&Commands::mnuFormat_Click, FormatOperation::ToUpperCase>},
-    {"mnuFormat", "mnuFormatSwitchCase", "Switch C&ase",
-     Run<&Commands::mnuFormat_Click, FormatOperation::SwitchCase>},
-    {"mnuFormat", nullptr, nullptr, nullptr},
-    {"mnuFormat", "mnuFormatColor1ToColor2", "Color&1 To Color2",
-     Run<&Commands::mnuFormat_Click, FormatOperation::Color1ToColor2>},
-    {"mnuFormat", "mnuFormatColor2ToColor1", "Color&2 To Color1",
-     Run<&Commands::mnuFormat_Click, FormatOperation::Color2ToColor1>},
-    {"mnuFormat", "mnuFormatSwitchColor", "&Switch Color",
-     Run<&Commands::mnuFormat_Click, FormatOperation::SwitchColor>},
-    {"mnuFormat", nullptr, nullptr, nullptr},
-    {"mnuFormat", "mnuFormatReverseCharacters", "Re&verse Character Order",
-     Run<&Commands::mnuFormat_Click, FormatOperation::ReverseCharacters>},
-    {"mnuFormat", "mnuFormatReverseNameOrder", "Reverse &Name Order",
-     Run<&Commands::mnuFormatReverseNameOrder_Click>},
-    {"", "mnuView", "&View", nullptr},
-    {"", "mnuTools", "&Tools", nullptr},
-    {"mnuTools", "mnuToolsAnimationWizard", "&Animation Wizard",
-     Run<&Commands::mnuToolsAnimationWizard_Click>, "Wizard"},
-    {"mnuTools", "mnuToolsAnimationViewer", "&Full Screen Preview",
-     Run<&Commands::mnuToolsAnimationViewer_Click>},
-    {"mnuTools", "mnuToolsBindingWizard", "&Binding Wizard", Run<&Commands::mnuToolsBindingWizard_Click>},
-    {"mnuTools", nullptr, nullptr, nullptr},
-    {"mnuTools", "mnuToolsSettings", "&Configure", Run<&Commands::mnuToolsSettings_Click>},
-    {"", "mnuHelpMenu", "&Help", nullptr},
-    {"mnuHelpMenu", "mnuHelp", "VTM &Help", Run<&Commands::mnuHelp_Click>},
-    {"mnuHelpMenu", "mnuAboutVTM", "&About VTM", Run<&Commands::mnuAboutVTM_Click>},
-}};
-
-// The page buttons are buttons 5 to 7, so a separator stands before them. The tooltips of the two colour
-// buttons name the opposite of what they do, which their pictures show.
-constexpr std::array<ToolCommand, 31> ToolCommands{{
-    {"fnew", "File New", "mnuFileNew"},
-    {"fopen", "File Open", "mnuLoad"},
-    {"fsave", "File Save", "mnuSave"},
-    {nullptr, nullptr, nullptr},
-    {"sname", "Switch To Name", "mnuView_0"},
-    {"sani", "Switch To Animate", "mnuView_1"},
-    {"smess", "Switch To Messages", "mnuView_2"},
-    {nullptr, nullptr, nullptr},
-    {"cut", "Cut", "mnuEditCut"},
-    {"copy", "Copy", "mnuEditCopy"},
-    {"paste", "Paste", "mnuEditPaste"},
-    {nullptr, nullptr, nullptr},
-    {"aleft", "Align Left", "mnuFormatAlignLeft"},
-    {"acenter", "Align Center", "mnuFormatAlignCenter"},
-    {"aright", "Align Right", "mnuFormatAlignRight"},
-    {nullptr, nullptr, nullptr},
-    {"lcase", "Upper To Lower Case", "mnuFormatUpperToLowerCase"},
-    {"ucase", "Lower To Upper Case", "mnuFormatLowerToUpperCase"},
-    {"scase", "Switch Case", "mnuFormatSwitchCase"},
-    {"color1", "Color2 To Color1", "mnuFormatColor1ToColor2"},
-    {"color2", "Color1 To Color2", "mnuFormatColor2ToColor1"},
-    {"scolor", "Switch Color", "mnuFormatSwitchColor"},
-    {"revorder", "Reverse Name Order", "mnuFormatReverseNameOrder"},
-    {"revchar", "Reverse Character Order", "mnuFormatReverseCharacters"},
-    {nullptr, nullptr, nullptr},
-    {"wiz", "Animation Wizard", "mnuToolsAnimationWizard"},
-    {"view", "Full Screen Preview", "mnuToolsAnimationViewer"},
-    {nullptr, nullptr, nullptr},
-    {"config", "Configure", "mnuToolsSettings"},
-    {"about", "About VTM", "mnuAboutVTM"},
-    {"help", "VTM Help", "mnuHelp"},
-}};
 
 QString Numbered(const char* name, int number) {
     return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(number);
@@ -229,7 +101,7 @@ void MainMenus::addEntriesOf(const editing::Kind& kind) {
 }
 
 void MainMenus::buildMenus() {
-    for (const MenuCommand& entry : MenuCommands) {
+    for (const MenuCommand& entry : MenuCommands()) {
         QMenu* parent = *entry.menu == '\0' ? nullptr : menu(QLatin1String(entry.menu));
         if (QLatin1String(entry.name) == QLatin1String(EachKind)) {
             std::ranges::for_each(editing::Kinds, [this](const editing::Kind& kind) { addEntriesOf(kind); });
@@ -301,7 +173,7 @@ void MainMenus::buildToolbar() {
     Toolbar1->setMovable(false);
     Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
     Toolbar1->setIconSize({IconSide, IconSide});
-    for (const ToolCommand& command : ToolCommands) {
+    for (const ToolCommand& command : ToolCommands()) {
         if (command.key == nullptr) {
             Toolbar1->addSeparator();
             continue;
