@@ -4,6 +4,7 @@
 
 #include "animation/Texts.h"
 #include "animation/mdlAniName.h"
+#include "games/Lists.h"
 #include "games/Script.h"
 
 #include <algorithm>
@@ -140,29 +141,6 @@ std::vector<int> ChangedNames(const AnimationDocument& animation, const Animatio
     return names;
 }
 
-/// Numbers in ascending order as people list them: "1 to 4, 7 and 9".
-std::string NumbersText(const std::vector<int>& numbers) {
-    std::vector<std::string> parts;
-    for (std::size_t first = 0; first < numbers.size();) {
-        std::size_t last = first;
-        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) {
-            ++last;
-        }
-        if (last < first + 2) {
-            last = first;
-        }
-        parts.push_back(
-            std::to_string(numbers[first]) + (last == first ? "" : " to " + std::to_string(numbers[last])));
-        first = last + 1;
-    }
-    std::string text;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const bool isLast = i + 1 == parts.size();
-        text += (i == 0 ? "" : isLast ? " and " : ", ") + parts[i];
-    }
-    return text;
-}
-
 /// The status text of a script whose reading was abandoned. `unshown`: the names that were read all the same,
 /// and which the page does not show.
 std::string
@@ -171,7 +149,7 @@ AbandonedText(const DecodedScript& script, const ui::Path& path, const std::vect
                        std::to_string(script.line) + ": " + script.cause + ".";
     if (!unshown.empty()) {
         AddSentence(
-            text, (unshown.size() == 1 ? "Name " : "Names ") + NumbersText(unshown) +
+            text, (unshown.size() == 1 ? "Name " : "Names ") + games::NumbersText(unshown) +
                       (unshown.size() == 1 ? " stands" : " stand") +
                       " in the animation and not on the screen.");
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "games/Script.h"
 
+#include "games/Lists.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -111,16 +113,6 @@ const CommandRule& RuleOf(Family family, NameCommand command) {
     return *std::ranges::find_if(CommandRules, [family, command](const CommandRule& rule) {
         return rule.family == family && rule.command == command;
     });
-}
-
-std::string ListText(std::span<const std::string_view> names) {
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const bool isLast = i + 1 == names.size();
-        text += i == 0 ? "" : isLast ? " and " : ", ";
-        text += names[i];
-    }
-    return text;
 }
 
 std::string FamiliesThatRun(NameCommand command) {

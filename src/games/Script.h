@@ -26,9 +26,6 @@ struct CommandRule {
 
 [[nodiscard]] const CommandRule& RuleOf(Family family, NameCommand command);
 
-/// Names as people list them: "Quake, QuakeWorld and Quake2".
-[[nodiscard]] std::string ListText(std::span<const std::string_view> names);
-
 /// The families that run a command: "Quake, QuakeWorld and Quake2".
 [[nodiscard]] std::string FamiliesThatRun(NameCommand command);
 

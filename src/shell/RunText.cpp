@@ -3,6 +3,7 @@
 #include "shell/RunText.h"
 
 #include "games/Findings.h"
+#include "games/Lists.h"
 #include "scripts/BindHints.h"
 
 #include <algorithm>
