@@ -143,6 +143,27 @@ TEST_F(CheckCommand, TellsOfALineThatANameBreaks) {
                                "  Quake       line 2 does not end with its quote\n");
 }
 
+TEST_F(CheckCommand, SaysOnceWhatBecomesOfSeveralRows) {
+    std::string script = Wave(15, "a#");
+    script.replace(script.find("a#4"), 3, "a\x90");
+    script.replace(script.find("a#6"), 2, "b");
+    EXPECT_EQ(run({"--game", "quakeworld,quake2", file("wave.vta", script)}), 1);
+    EXPECT_NE(
+        output.str().find(
+            "              names 1 to 3, 5 and 7 to 15: the server will call you \"unnamed\": # in cell 2\n"
+            "              note:"),
+        std::string::npos)
+        << output.str();
+    EXPECT_NE(output.str().find("  Quake2      plays 0.5 s; name 4: others see: a\n"), std::string::npos);
+    const std::string messages =
+        file("m.vtm", MessageHead + "say \"a\xFF\"\r\nsay \"a\xFF\"\r\nsay \"b\xFF\"\r\n");
+    EXPECT_EQ(run({"--game", "quakeworld", messages}), 1);
+    EXPECT_EQ(
+        output.str(), messages + ": 3 messages, 64 bytes\n"
+                                 "  QuakeWorld  messages 1 and 2: players see: a\n"
+                                 "              message 3: players see: b\n");
+}
+
 TEST_F(CheckCommand, TellsOfFileNamesThatNoKeyCanRun) {
     const std::string script = file("my (1).vtn", NameHead + "name \"Bob\"\r\n");
     EXPECT_EQ(run({"--game", "quakeworld", script}), 0);

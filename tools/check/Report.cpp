@@ -4,6 +4,7 @@
 
 #include "check/Json.h"
 #include "cli/TerminalText.h"
+#include "games/Lists.h"
 #include "glyphs/GlyphWords.h"
 
 #include <algorithm>
@@ -17,8 +18,8 @@ namespace {
 using games::Finding;
 using games::Weight;
 
-/// How many findings on single rows of a family people are shown; programs are shown all of them.
-constexpr int MostRowFindings = 3;
+/// How many lines on single rows of a family people are shown; programs are shown everything.
+constexpr int MostRowLines = 3;
 
 constexpr int TextColumn = 14; ///< where the sentences begin
 
@@ -37,13 +38,42 @@ std::string HeadOf(const Judgement& judgement) {
     return what + ", " + games::BytesText(judgement.size.bytes);
 }
 
-/// A finding as a line says it.
-std::string TextOf(const Finding& finding, const Judgement& judgement) {
+/// What is said of one row or of several, of none where the text names them.
+struct Line {
+    const Finding* finding;
+    std::vector<int> rows;
+
+    /// Whether the same is to be said of another row.
+    [[nodiscard]] bool says(const Finding& other) const {
+        return !rows.empty() && finding->text == other.text && finding->shown == other.shown &&
+               finding->weight == other.weight && finding->seen.engine == other.seen.engine;
+    }
+};
+
+std::vector<Line> LinesOn(const FamilyJudgement& family, const Judgement& judgement) {
+    std::vector<Line> lines;
+    for (const Finding& finding : family.findings) {
+        const bool isOnRow = finding.row > 0 && !finding.namesRow && judgement.kind != "name";
+        const auto same = std::ranges::find_if(lines, [&](const Line& line) { return line.says(finding); });
+        if (!isOnRow) {
+            lines.push_back({&finding, {}});
+        } else if (same == lines.end()) {
+            lines.push_back({&finding, {finding.row}});
+        } else {
+            same->rows.push_back(finding.row);
+        }
+    }
+    return lines;
+}
+
+std::string TextOf(const Line& line, const Judgement& judgement) {
+    const Finding& finding = *line.finding;
     const bool isNote = finding.weight == Weight::Note;
     std::string text = isNote ? "note" : "";
-    if (finding.row > 0 && !finding.namesRow && judgement.kind != "name") {
+    if (!line.rows.empty()) {
         text += isNote ? ", " : "";
-        text += (judgement.kind == "messages" ? "message " : "name ") + std::to_string(finding.row);
+        text += judgement.kind == "messages" ? "message" : "name";
+        text += (line.rows.size() == 1 ? " " : "s ") + games::NumbersText(line.rows);
     }
     text += text.empty() ? "" : ": ";
     text += isNote ? std::string(games::FactsOf(finding.seen.engine).name) + " " : "";
@@ -54,14 +84,17 @@ std::string TextOf(const Finding& finding, const Judgement& judgement) {
 std::vector<std::string> TextsOn(const FamilyJudgement& family, const Judgement& judgement) {
     std::vector<std::string> texts;
     int onRows = 0;
-    for (const Finding& finding : family.findings) {
-        onRows += finding.row > 0 && !finding.namesRow ? 1 : 0;
-        if (finding.row == 0 || finding.namesRow || onRows <= MostRowFindings) {
-            texts.push_back(TextOf(finding, judgement));
+    std::size_t untold = 0;
+    for (const Line& line : LinesOn(family, judgement)) {
+        onRows += line.rows.empty() ? 0 : 1;
+        if (line.rows.empty() || onRows <= MostRowLines) {
+            texts.push_back(TextOf(line, judgement));
+        } else {
+            untold += line.rows.size();
         }
     }
-    if (onRows > MostRowFindings) {
-        texts.push_back("and so on: " + std::to_string(onRows - MostRowFindings) + " more");
+    if (untold > 0) {
+        texts.push_back("and so on: " + std::to_string(untold) + " more");
     }
     if (family.arrives()) {
         texts.insert(texts.begin(), "kept");
