@@ -140,7 +140,33 @@ TEST_F(CheckCommand, TellsOfALineThatANameBreaks) {
     EXPECT_EQ(run({"--game", "quake", script}), 1);
     EXPECT_EQ(
         output.str(), script + ": a name, 49 bytes\n"
-                               "  Quake       line 2 does not end with its quote\n");
+                               "  Quake       line 2 does not end with its quote\n"
+                               "              line 3 holds another command\n");
+}
+
+TEST_F(CheckCommand, TellsOfAGlyphThatAGameRunsNoScriptWith) {
+    const std::string script = file("clan.vtn", NameHead + std::string("name \"ab\0cd\"\r\n", 14));
+    EXPECT_EQ(run({"--game", "quake", script}), 1);
+    EXPECT_EQ(
+        output.str(), script + ": a name, 47 bytes\n"
+                               "  Quake       cut off in cell 3; others see: ab\n");
+    const std::string message = file("m.vtm", MessageHead + std::string("say \"ab\0\"\r\n", 11));
+    EXPECT_EQ(run({"--game", "quake2", message}), 1);
+    EXPECT_EQ(
+        output.str(), message + ": 1 message, 45 bytes\n"
+                                "  Quake2      message 1: cut off in cell 3; players see: ab\n"
+                                "              note: Q2PRO does not run a script with glyph 0\n");
+}
+
+TEST_F(CheckCommand, ACarriageReturnInANameIsAGlyph) {
+    const std::string script = file("clan.vtn", NameHead + "name \"a\rb\"\r\n");
+    EXPECT_EQ(run({script}), 1);
+    EXPECT_EQ(
+        output.str(), script + ": a name, 45 bytes\n"
+                               "  Quake       kept\n"
+                               "              note: DarkPlaces ends the text there\n"
+                               "  QuakeWorld  others see: ab\n"
+                               "  Quake2      others see: ab\n");
 }
 
 TEST_F(CheckCommand, SaysOnceWhatBecomesOfSeveralRows) {
@@ -235,6 +261,26 @@ TEST_F(CheckCommand, PrintsJsonForPrograms) {
     EXPECT_NE(output.str().find("\"milliseconds\": 420,\n"), std::string::npos);
     EXPECT_NE(
         output.str().find("\"file\": \"/nonexistent\\u000a\",\n      \"error\": \""), std::string::npos);
+}
+
+TEST_F(CheckCommand, ARowWhoseLineHoldsMoreHasNoVerdict) {
+    const std::string script = file("m.vtm", MessageHead + "say \"a\"; quit\r\nsay \"b\"\r\n");
+    EXPECT_EQ(run({"--json", "--game", "quake", script}), 1);
+    EXPECT_NE(
+        output.str().find("          \"rows\": [\n"
+                          "            {\n"
+                          "              \"outcome\": \"unknown\"\n"
+                          "            },\n"
+                          "            {\n"
+                          "              \"outcome\": \"kept\",\n"
+                          "              \"seen\": [98],\n"),
+        std::string::npos)
+        << output.str();
+    std::string wave = Wave(15);
+    wave.replace(wave.find("n2\""), 3, "n#;");
+    EXPECT_EQ(run({"--game", "quakeworld", file("wave.vta", wave)}), 1);
+    EXPECT_NE(output.str().find("line 5 does not end with its quote\n"), std::string::npos);
+    EXPECT_EQ(output.str().find("unnamed"), std::string::npos) << "nobody knows what name that is";
 }
 
 TEST(CheckJson, TextIsSafeWhateverItHolds) {

@@ -2,57 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "check/Judgement.h"
 
-#include "glyphs/RowText.h"
-#include "scripts/mdlMacro.h"
+#include "check/GameScript.h"
 
 #include <algorithm>
 #include <array>
-#include <variant>
 
 namespace check {
 
 namespace {
 
+using editing::Page;
 using games::Family;
 using games::Finding;
-using games::NameCommand;
 using games::Weight;
-
-bool Holds(std::string_view line, std::string_view word) {
-    return line.find(word) != std::string_view::npos;
-}
-
-/// What the lines of a script tell that its document does not.
-struct Lines {
-    std::optional<NameCommand> command; ///< of the first name
-    int names = 0;                      ///< lines that set a name
-    int broken = 0;                     ///< the first line whose quotes do not end, from 1; 0: none
-};
-
-Lines ReadLines(std::string_view bytes) {
-    Lines read;
-    glyphs::ByteLines lines(bytes);
-    for (int number = 1; !lines.atEnd(); ++number) {
-        const std::string_view line = lines.next();
-        const bool isName = Holds(line, "name");
-        if (number == 1 || (!isName && !Holds(line, "say"))) {
-            continue;
-        }
-        if (isName) {
-            ++read.names;
-            const bool isSet = Holds(line.substr(0, line.find("name")), "set");
-            read.command = read.command.value_or(isSet ? NameCommand::SetName : NameCommand::Name);
-        }
-        const std::size_t quote = line.find('"');
-        const bool ends = quote != std::string_view::npos && line.size() > quote + 1 && line.back() == '"';
-        read.broken = read.broken == 0 && !ends ? number : read.broken;
-    }
-    return read;
-}
-
-void Add(std::vector<Finding>& findings, std::vector<Finding> more) {
-    std::ranges::move(more, std::back_inserter(findings));
-}
 
 /// What there is to say of a script's name, if a key is to run it.
 std::vector<Finding> OnFileName(Family family, const ui::Path& path) {
@@ -76,71 +38,105 @@ std::vector<Finding> OnFileName(Family family, const ui::Path& path) {
     return {};
 }
 
-/// Judges what a script holds, whatever its kind, in one family.
+/// Lines by the first of them: "line 3 ", "line 3 and 2 others ".
+std::string LinesText(const Lines& lines) {
+    const int others = lines.count - 1;
+    return "line " + std::to_string(lines.first) +
+           (others == 0 ? " " : " and " + std::to_string(others) + (others == 1 ? " other " : " others "));
+}
+
+/// The names of an animation as they are judged. Those that are not known are blank.
+class AnimationNames {
+public:
+    explicit AnimationNames(const std::vector<ScriptRow>& rows)
+        : m_cells(rows.size() * games::CellsOfName, glyphs::BlankGlyph) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            std::ranges::copy(
+                rows[i].glyphs, m_cells.begin() + static_cast<std::ptrdiff_t>(i * games::CellsOfName));
+            m_ticks.push_back(static_cast<std::int16_t>(rows[i].ticks));
+        }
+    }
+
+    [[nodiscard]] games::TimedNames names() const { return {m_cells, m_ticks}; }
+
+private:
+    std::vector<games::GlyphCode> m_cells;
+    std::vector<std::int16_t> m_ticks;
+};
+
+/// Judges a script in one family.
 class FamilyJudge {
 public:
-    FamilyJudge(Family family, std::string_view bytes, const Lines& lines)
-        : m_bytes(bytes)
-        , m_lines(lines) {
+    FamilyJudge(Family family, const GameScript& script)
+        : m_script(script) {
         m_judgement.family = family;
     }
 
-    FamilyJudgement operator()(const editing::NameDocument& name) {
-        m_judgement.rows = {games::JudgeName(family(), games::Audience::Others, name.cells)};
-        return finish(games::FindingsOnName(family(), name.cells));
-    }
-
-    FamilyJudgement operator()(const editing::MessageDocument& messages) {
-        const int count = scripts::CountMessages(m_bytes);
-        std::vector<Finding> findings;
-        for (int number = 1; number <= count; ++number) {
-            const auto row = std::span(messages.cells)
-                                 .subspan(
-                                     static_cast<std::size_t>(number - 1) * editing::MessageLength,
-                                     editing::MessageLength);
-            m_judgement.rows.push_back(games::JudgeMessage(family(), row));
-            Add(findings, games::FindingsOnMessage(family(), row, number));
+    FamilyJudgement judge(const games::ScriptSize& size) && {
+        addLines(m_script.unquoted, "does not end with its quote", "do not end with their quotes");
+        addLines(m_script.others, "holds another command", "hold other commands");
+        if (m_script.kind == Page::Messages) {
+            addLines(m_script.surplus, "holds another message", "hold other messages");
+        } else {
+            addLines(m_script.surplus, "holds another name", "hold other names");
         }
-        return finish(std::move(findings));
-    }
-
-    FamilyJudgement operator()(const editing::AnimationDocument& animation) {
-        const auto count = static_cast<std::size_t>(std::min(m_lines.names, editing::MaxNames));
-        const games::TimedNames names{
-            std::span(animation.nameGlyphs).first(count * games::CellsOfName),
-            std::span(animation.nameTicks).first(count)};
-        m_judgement.timetable = games::TimetableOf(family(), names);
-        for (std::size_t i = 0; i < names.count(); ++i) {
-            m_judgement.rows.push_back(games::JudgeName(family(), games::Audience::Others, names.name(i)));
-        }
-        return finish(games::FindingsOnAnimation(family(), names));
+        add(games::FindingsOnScript(family(), size, m_script.command));
+        addRows();
+        std::stable_partition(
+            m_judgement.findings.begin(), m_judgement.findings.end(),
+            [](const Finding& finding) { return finding.weight == Weight::Loss; });
+        return std::move(m_judgement);
     }
 
 private:
     [[nodiscard]] Family family() const { return m_judgement.family; }
 
-    FamilyJudgement finish(std::vector<Finding> onContent) {
-        std::vector<Finding>& findings = m_judgement.findings;
-        if (m_lines.broken > 0) {
-            findings.push_back(
-                {Weight::Loss, "line " + std::to_string(m_lines.broken) + " does not end with its quote",
-                 games::RuleOf(family(), games::Station::Own, '\n').seen});
-        }
-        Add(findings, games::FindingsOnScript(family(), games::SizeOf(m_bytes), m_lines.command));
-        Add(findings, std::move(onContent));
-        std::stable_partition(findings.begin(), findings.end(), [](const Finding& finding) {
-            return finding.weight == Weight::Loss;
-        });
-        return std::move(m_judgement);
+    void add(std::vector<Finding> findings) {
+        std::ranges::move(findings, std::back_inserter(m_judgement.findings));
     }
 
-    std::string_view m_bytes;
-    const Lines& m_lines;
+    void addLines(const Lines& lines, std::string_view one, std::string_view several) {
+        if (lines.count > 0) {
+            m_judgement.findings.push_back(
+                {Weight::Loss, LinesText(lines) + std::string(lines.count == 1 ? one : several),
+                 games::RuleOf(family(), games::Station::Own, '\n').seen});
+        }
+    }
+
+    void addRows() {
+        const bool isMessage = m_script.kind == Page::Messages;
+        for (const ScriptRow& row : m_script.rows) {
+            auto& verdict = m_judgement.rows.emplace_back();
+            if (row.isKnown) {
+                verdict = isMessage ? games::JudgeMessage(family(), row.glyphs)
+                                    : games::JudgeName(family(), games::Audience::Others, row.glyphs);
+            }
+        }
+        if (m_script.kind == Page::Animation) {
+            const AnimationNames animation(m_script.rows);
+            m_judgement.timetable = games::TimetableOf(family(), animation.names());
+            add(games::FindingsOnAnimation(family(), animation.names()));
+            std::erase_if(m_judgement.findings, [this](const Finding& finding) {
+                return finding.row > 0 && !finding.namesRow &&
+                       !m_judgement.rows[static_cast<std::size_t>(finding.row) - 1];
+            });
+            return;
+        }
+        for (int number = 1; const ScriptRow& row : m_script.rows) {
+            if (row.isKnown) {
+                add(isMessage ? games::FindingsOnMessage(family(), row.glyphs, number)
+                              : games::FindingsOnName(family(), row.glyphs));
+            }
+            ++number;
+        }
+    }
+
+    const GameScript& m_script;
     FamilyJudgement m_judgement{};
 };
 
-constexpr std::array<std::string_view, std::variant_size_v<cli::Script>> KindNames{
-    "name", "animation", "messages"};
+/// In the order of Page.
+constexpr std::array<std::string_view, editing::Kinds.size()> KindNames{"name", "animation", "messages"};
 
 } // namespace
 
@@ -155,19 +151,19 @@ bool Judgement::arrives() const {
 
 ui::Result<Judgement>
 Judge(const ui::Path& path, std::string_view bytes, const std::vector<Family>& families) {
-    const auto script = cli::ReadScript(bytes);
+    const auto script = ReadGameScript(bytes);
     if (!script) {
         return script.failure();
     }
-    Judgement judgement{path, KindNames.at(script.value().index()), games::SizeOf(bytes), {}, {}};
-    Lines lines = ReadLines(bytes);
-    if (std::holds_alternative<editing::MessageDocument>(script.value())) {
-        lines.command.reset();
-    }
-    judgement.command = lines.command;
+    Judgement judgement{
+        path,
+        KindNames.at(static_cast<std::size_t>(script.value().kind)),
+        games::SizeOf(bytes),
+        script.value().command,
+        {}};
     for (const Family family : families) {
-        FamilyJudgement judged = std::visit(FamilyJudge(family, bytes, lines), script.value());
-        Add(judged.findings, OnFileName(family, path));
+        FamilyJudgement judged = FamilyJudge(family, script.value()).judge(judgement.size);
+        std::ranges::move(OnFileName(family, path), std::back_inserter(judged.findings));
         judgement.families.push_back(std::move(judged));
     }
     return judgement;

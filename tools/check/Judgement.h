@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/Script.h"
 #include "games/Findings.h"
 #include "ui/Files.h"
 
@@ -14,7 +13,8 @@ namespace check {
 /// What a family makes of a script.
 struct FamilyJudgement {
     games::Family family;
-    std::vector<games::RowVerdict> rows; ///< of every name or message, in order
+    std::vector<std::optional<games::RowVerdict>> rows; ///< of every name or message, in order; nothing of
+                                                        ///< one whose line holds more
     std::vector<games::Finding> findings;
     std::optional<games::Timetable> timetable; ///< of an animation
 
@@ -27,14 +27,14 @@ struct Judgement {
     ui::Path path;
     std::string_view kind; ///< "name", "animation" or "messages"
     games::ScriptSize size;
-    std::optional<games::NameCommand> command; ///< nothing of messages
+    std::optional<games::NameCommand> command; ///< that sets its names; nothing of messages
     std::vector<FamilyJudgement> families;
 
     [[nodiscard]] bool arrives() const;
 };
 
-/// Judges the bytes of a script, which lie at `path`. Fails when they are no script or cannot be read to
-/// their end; the failure says why, without a file name.
+/// Judges the bytes of a script, which lie at `path`. Fails when they are no script or hold a row that is too
+/// long; the failure says why, without a file name.
 [[nodiscard]] ui::Result<Judgement>
 Judge(const ui::Path& path, std::string_view bytes, const std::vector<games::Family>& families);
 

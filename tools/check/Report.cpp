@@ -129,12 +129,12 @@ void WriteFinding(JsonWriter& json, const Finding& finding) {
     json.close('}');
 }
 
-void WriteRow(JsonWriter& json, const games::RowVerdict& verdict) {
+void WriteRow(JsonWriter& json, const std::optional<games::RowVerdict>& verdict) {
     json.open('{');
-    json.member("outcome", NameOf(verdict.outcome));
-    if (verdict.outcome != games::Outcome::Refused) {
-        json.numbers("seen", verdict.shownRow());
-        json.member("reads", verdict.shownCount == 0 ? "" : glyphs::ReadableRow(verdict.shownRow()));
+    json.member("outcome", verdict ? NameOf(verdict->outcome) : "unknown");
+    if (verdict && verdict->outcome != games::Outcome::Refused) {
+        json.numbers("seen", verdict->shownRow());
+        json.member("reads", verdict->shownCount == 0 ? "" : glyphs::ReadableRow(verdict->shownRow()));
     }
     json.close('}');
 }
@@ -148,7 +148,7 @@ void WriteFamily(JsonWriter& json, const FamilyJudgement& family) {
     }
     json.key("rows");
     json.open('[');
-    for (const games::RowVerdict& row : family.rows) {
+    for (const auto& row : family.rows) {
         WriteRow(json, row);
     }
     json.close(']');
