@@ -67,6 +67,25 @@ Change PutGlyph(const PageCursor& cursor, const Modes& modes, GlyphCode code) {
     return change;
 }
 
+std::size_t RoomFrom(const PageCursor& cursor) {
+    return static_cast<std::size_t>(cursor.rows.width() - cursor.column + 1);
+}
+
+Change PutGlyphs(const PageCursor& cursor, const Modes& modes, std::span<const GlyphCode> codes) {
+    codes = codes.first(std::min(codes.size(), RoomFrom(cursor)));
+    const auto cells = cursor.rows.row(cursor.row).last(RoomFrom(cursor));
+    const auto count = static_cast<std::ptrdiff_t>(codes.size());
+    if (modes.insert) {
+        std::shift_right(cells.begin(), cells.end(), count);
+    } else {
+        cursor.column = std::min(cursor.column + static_cast<int>(count), cursor.rows.width());
+    }
+    std::ranges::transform(codes, cells.begin(), [&modes](GlyphCode code) {
+        return modes.typingColour ? glyphs::ToColor2Glyph(code) : code;
+    });
+    return RowChanged(cursor, cursor.row);
+}
+
 Change DeleteGlyph(const PageCursor& cursor) {
     const int width = cursor.rows.width();
     const int column = cursor.column;

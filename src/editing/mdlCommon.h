@@ -33,6 +33,13 @@ void CursorLeft(const PageCursor& cursor);
 /// the cursor on, up to the last cell; inserting never moves it. Glyph 0 is not placed, and changes nothing.
 Change PutGlyph(const PageCursor& cursor, const Modes& modes, GlyphCode code);
 
+/// Places glyphs from the cursor on, in colour 2 and by shifting the row if the modes say so, as many as fit.
+/// Overwriting moves the cursor on behind them, up to the last cell; inserting never moves it.
+Change PutGlyphs(const PageCursor& cursor, const Modes& modes, std::span<const GlyphCode> codes);
+
+/// How many glyphs fit into the row from the cursor on.
+[[nodiscard]] std::size_t RoomFrom(const PageCursor& cursor);
+
 /// Removes the glyph at the cursor: the rest of the row closes up. The cursor stays.
 Change DeleteGlyph(const PageCursor& cursor);
 

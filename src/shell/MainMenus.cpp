@@ -249,6 +249,11 @@ void MainMenus::showTakingBack() {
     offer(*mnuEditRedo, tr("&Redo"), m_receivers.session.history().redoCommand());
 }
 
+void MainMenus::showExchange() {
+    m_window.findChild<QAction*>(QStringLiteral("mnuEditCopyAsText"))
+        ->setEnabled(m_receivers.exchange.hasRow());
+}
+
 bool MainMenus::open(int letter) {
     for (QAction* const action : m_window.menuBar()->actions()) {
         if (QKeySequence::mnemonic(action->text()) == QKeySequence(Qt::ALT | Qt::Key(letter))) {

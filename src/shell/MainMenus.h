@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/Commands.h"
+#include "shell/Exchange.h"
 #include "shell/FileCommands.h"
 
 #include <QList>
@@ -22,6 +23,7 @@ struct MenuReceivers {
     Session& session;
     FileCommands& files;
     Commands& commands;
+    Exchange& exchange;
 };
 
 /// The menu bar and the toolbar of the main window.
@@ -40,6 +42,9 @@ public:
 
     /// Says what Undo and Redo would do.
     void showTakingBack();
+
+    /// Offers what can be done with what is on the pages.
+    void showExchange();
 
     /// Marks the games that are played.
     void showGames();

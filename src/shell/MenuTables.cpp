@@ -20,12 +20,14 @@ void Run(const MenuReceivers& receivers) {
         (receivers.commands.*Handler)(Arguments...);
     } else if constexpr (std::is_invocable_v<decltype(Handler), FileCommands&, decltype(Arguments)...>) {
         (receivers.files.*Handler)(Arguments...);
+    } else if constexpr (std::is_invocable_v<decltype(Handler), Exchange&, decltype(Arguments)...>) {
+        (receivers.exchange.*Handler)(Arguments...);
     } else {
         (receivers.session.*Handler)(Arguments...);
     }
 }
 
-constexpr std::array<MenuCommand, 43> MenuRows{{
+constexpr std::array<MenuCommand, 46> MenuRows{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
     {"mnuFile", "mnuLoad", "&Load", nullptr},
@@ -42,6 +44,9 @@ constexpr std::array<MenuCommand, 43> MenuRows{{
     {"mnuEdit", "mnuEditCut", "Cu&t", Run<&Commands::mnuEditCut_Click>},
     {"mnuEdit", "mnuEditCopy", "&Copy", Run<&Commands::mnuEditCopy_Click>},
     {"mnuEdit", "mnuEditPaste", "&Paste", Run<&Commands::mnuEditPaste_Click>},
+    {"mnuEdit", nullptr, nullptr, nullptr},
+    {"mnuEdit", "mnuEditCopyAsText", "C&opy As Text", Run<&Exchange::copyAsText>},
+    {"mnuEdit", "mnuEditPasteText", "P&aste Text", Run<&Exchange::pasteText>},
     {"mnuEdit", nullptr, nullptr, nullptr},
     {"mnuEdit", "mnuEditUndo", "&Undo", Run<&Session::undo>},
     {"mnuEdit", "mnuEditRedo", "&Redo", Run<&Session::redo>},

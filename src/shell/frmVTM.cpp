@@ -48,7 +48,8 @@ frmVTM::frmVTM(const ui::Platform& platform)
           workspace().documents, workspace().pictures, workspace().atlas, workspace().settings, this))
     , m_commands(platform, m_session, *m_glyphColumn, *m_pageColumn, *this)
     , m_files(platform, m_session, m_commands)
-    , m_menus(new MainMenus(*this, {m_session, m_files, m_commands})) {
+    , m_exchange(platform, m_session)
+    , m_menus(new MainMenus(*this, {m_session, m_files, m_commands, m_exchange})) {
     setObjectName(QStringLiteral("frmVTM"));
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     // The toolkit's own menu would hide the toolbar.
@@ -152,6 +153,7 @@ void frmVTM::viewPage(Page page) {
 void frmVTM::showDocument(Page page) {
     m_pageColumn->showDocument(page);
     m_menus->showTakingBack();
+    m_menus->showExchange();
 }
 
 void frmVTM::followCursor() {

@@ -4,6 +4,7 @@
 
 #include "shell/Commands.h"
 #include "shell/CtrlNotice.h"
+#include "shell/Exchange.h"
 #include "shell/FileCommands.h"
 #include "shell/Session.h"
 #include "ui/KeyStroke.h"
@@ -83,6 +84,7 @@ private:
     PageColumn* m_pageColumn;
     Commands m_commands;
     FileCommands m_files;
+    Exchange m_exchange;
     MainMenus* m_menus;
     ScrollingCentre* m_centre = nullptr;
     ProgressIndicator* picProgress = nullptr;

@@ -5,6 +5,7 @@
 #include "ui/Dialogs.h"
 #include "ui/Files.h"
 #include "ui/Picture.h"
+#include "ui/TextCharacter.h"
 
 #include <cstdint>
 #include <functional>
@@ -24,8 +25,14 @@ public:
     /// Clears the clipboard and puts the bytes on it as text, one Latin-1 character a byte, unchanged.
     virtual void setText(std::string_view bytes) = 0;
 
+    /// Clears the clipboard and puts a text in UTF-8 on it.
+    virtual void setUtf8(std::string_view text) = 0;
+
     /// Clears the clipboard and puts the picture on it.
     virtual void setPicture(const Picture& picture) = 0;
+
+    /// The text that is on the clipboard; empty when there is none.
+    [[nodiscard]] virtual std::vector<TextCharacter> text() const = 0;
 };
 
 /// Plays short waves. Never blocks the caller; a sound that cannot be played is ignored.

@@ -153,6 +153,14 @@ protected:
         }
     }
 
+    void paste(std::string_view text) {
+        std::vector<GlyphCode> codes;
+        for (const char character : text) {
+            codes.push_back(static_cast<unsigned char>(character));
+        }
+        world.show(PutGlyphs(world.cursor(), world.modes, codes));
+    }
+
     void remove() { world.show(DeleteGlyph(world.cursor())); }
 
     [[nodiscard]] CellBlock damage() { return world.damage(); }
@@ -240,6 +248,37 @@ TEST_F(Editing, ReplacesTheLastCellWhenInsertingThere) {
     put("XY");
     EXPECT_EQ(world.row(1), "ABCDEFGHIJKLMNY");
     EXPECT_EQ(world.cursor().column, 15);
+    EXPECT_TRUE(world.isShownLikeDocument());
+}
+
+TEST_F(Editing, PlacesSeveralGlyphsAndMovesOnBehindThem) {
+    world.setRow(1, "ABCDEFGHIJKLMNO");
+    show(Page::Name, 1, 3);
+    paste("xyz");
+    EXPECT_EQ(world.row(1), "ABxyzFGHIJKLMNO");
+    EXPECT_EQ(world.cursor().column, 6);
+    show(Page::Name, 1, 13);
+    EXPECT_EQ(RoomFrom(world.cursor()), 3U);
+    paste("12345");
+    EXPECT_EQ(world.row(1), "ABxyzFGHIJKL123");
+    EXPECT_EQ(world.cursor().column, 15);
+    paste("");
+    EXPECT_EQ(world.row(1), "ABxyzFGHIJKL123");
+    EXPECT_TRUE(world.isShownLikeDocument());
+}
+
+TEST_F(Editing, InsertsSeveralGlyphsInTheirOrderAndStaysBeforeThem) {
+    world.modes.insert = true;
+    world.modes.typingColour = true;
+    world.page = Page::Messages;
+    world.setRow(2, "hello world");
+    show(Page::Messages, 2, 7);
+    paste("my ");
+    EXPECT_EQ(world.text(2), "hello \xED\xF9 world");
+    EXPECT_EQ(world.cursor().column, 7);
+    paste(std::string(40, 'x'));
+    EXPECT_EQ(world.row(2), "hello " + std::string(25, '\xF8'));
+    EXPECT_EQ(world.cursor().column, 7);
     EXPECT_TRUE(world.isShownLikeDocument());
 }
 
@@ -335,7 +374,7 @@ TEST_F(Editing, TellsOfAllThatItChangesWhateverIsDone) {
     for (int step = 0; step < 6000; ++step) {
         world.page = AllPages[random() % AllPages.size()];
         PageCursor cursor = world.cursor();
-        switch (random() % 12) {
+        switch (random() % 13) {
         case 0:
             cursor.column = upTo(cursor.rows.width());
             cursor.row = upTo(cursor.rowsInUse);
@@ -361,6 +400,9 @@ TEST_F(Editing, TellsOfAllThatItChangesWhateverIsDone) {
             break;
         case 8:
             world.show(PasteRow(world.cursor(), clipboard));
+            break;
+        case 9:
+            paste(std::string(random() % 20, 'x'));
             break;
         default:
             world.put(static_cast<GlyphCode>(random() % 256));

@@ -62,7 +62,8 @@ TEST_F(Undoing, StandsBelowTheOtherEntriesAndIsNotToBeHadAtFirst) {
     }
     EXPECT_EQ(
         entries.join(QLatin1Char(' ')).toStdString(),
-        "mnuEditCut mnuEditCopy mnuEditPaste --- mnuEditUndo mnuEditRedo");
+        "mnuEditCut mnuEditCopy mnuEditPaste --- mnuEditCopyAsText mnuEditPasteText --- "
+        "mnuEditUndo mnuEditRedo");
     EXPECT_EQ(find<QAction>("mnuEditUndo")->shortcut(), QKeySequence(QStringLiteral("Alt+Backspace")));
     EXPECT_EQ(find<QAction>("mnuEditRedo")->shortcut(), QKeySequence(QStringLiteral("Alt+Shift+Backspace")));
     EXPECT_EQ(offers(), "-, -");

@@ -3,11 +3,13 @@
 #include "editing/mdlKey.h"
 #include "games/RowVerdict.h"
 #include "glyphs/GlyphWords.h"
+#include "glyphs/LookAlikes.h"
 #include "shell/AltKeys.h"
 #include "ui/Files.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <regex>
@@ -243,6 +245,9 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "The name is longer than 15 glyphs; the first 15 were read.",
             "A message is longer than 31 glyphs; its first 31 were read.",
             "A stored setting could not be read, its default is used:",
+            "The clipboard holds this text: text",
+            "n glyphs pasted. No room was left for m glyphs. No glyph looks like characters",
+            "The clipboard holds no text for glyphs.",
         });
 }
 
@@ -287,6 +292,29 @@ TEST(Help, ShowsTheGlyphOfEveryCodeInTheKeyTable) {
     EXPECT_EQ(cells.size(), 3 * editing::MappedKeys);
     for (const auto& cell : cells) {
         EXPECT_EQ(glyphsOf(cell).at(0).code, std::stoi(cell.substr(cell.rfind(' '))));
+    }
+}
+
+TEST(Help, ShowsTheLookAlikesOfGlyphs) {
+    const std::string html = page();
+    const std::regex row("<tr data-looks=\"([^\"]*)\"><td>([^]*?)</td><td>([^<]*)</td>");
+    std::set<int> shown;
+    for (std::sregex_iterator match(html.begin(), html.end(), row); match != std::sregex_iterator();
+         ++match) {
+        std::string signs;
+        std::vector<glyphs::GlyphCode> codes;
+        for (const int code : codesOf((*match)[1])) {
+            codes.push_back(static_cast<glyphs::GlyphCode>(code));
+            signs += (signs.empty() ? "" : " ") + glyphs::LookAlikeText(std::span(codes).last(1));
+            shown.insert(code);
+        }
+        EXPECT_EQ((*match)[3], signs);
+        const std::vector<ShownGlyph> pictures = glyphsOf((*match)[2]);
+        EXPECT_TRUE(std::ranges::equal(pictures, codes, {}, &ShownGlyph::code)) << (*match)[1];
+    }
+    for (int code = 0; code <= 131; ++code) {
+        const char32_t sign = glyphs::LookAlikeOf(static_cast<glyphs::GlyphCode>(code));
+        EXPECT_EQ(shown.contains(code), sign != U' ' && sign != static_cast<char32_t>(code)) << code;
     }
 }
 
@@ -343,6 +371,8 @@ TEST(Help, TellsOfEveryCommandAndOption) {
                           "Switch To Messages",
                           "Edit > Cut",
                           "Edit > Copy",
+                          "Edit > Copy As Text",
+                          "Edit > Paste Text",
                           "Edit > Paste",
                           "Align Left",
                           "Align Center",

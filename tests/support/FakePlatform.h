@@ -17,14 +17,28 @@
 
 namespace support {
 
-/// Remembers everything that was put on the clipboard.
+/// Remembers everything that was put on the clipboard, and holds what the test says.
 class FakeClipboard final : public ui::Clipboard {
 public:
     void setText(std::string_view bytes) override { texts.emplace_back(bytes); }
 
+    void setUtf8(std::string_view text) override { utf8Texts.emplace_back(text); }
+
     void setPicture(const ui::Picture& picture) override { pictures.push_back(picture); }
 
-    std::vector<std::string> texts;
+    [[nodiscard]] std::vector<ui::TextCharacter> text() const override { return held; }
+
+    /// Holds a text from elsewhere, of characters that are not made of others.
+    void hold(std::u32string_view text) {
+        held.clear();
+        for (const char32_t character : text) {
+            held.push_back({character, std::u32string(1, character)});
+        }
+    }
+
+    std::vector<ui::TextCharacter> held;
+    std::vector<std::string> texts; ///< of bytes
+    std::vector<std::string> utf8Texts;
     std::vector<ui::Picture> pictures;
 };
 

@@ -33,6 +33,25 @@ TEST(QtClipboard, ReplacesWhatWasThere) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QString());
 }
 
+TEST(QtClipboard, CarriesUnicodeBothWays) {
+    ui::qt::QtClipboard clipboard;
+    clipboard.setUtf8("⟦é😀");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("⟦é😀"));
+    const auto text = clipboard.text();
+    ASSERT_EQ(text.size(), 3U);
+    EXPECT_EQ(text[0].code, U'⟦');
+    EXPECT_EQ(text[0].parts, U"⟦");
+    EXPECT_EQ(text[1].code, U'é');
+    EXPECT_EQ(text[1].parts, U"e\u0301") << "the letter and its accent";
+    EXPECT_EQ(text[2].code, U'😀');
+}
+
+TEST(QtClipboard, HoldsNoTextWhenItHoldsAPicture) {
+    ui::qt::QtClipboard clipboard;
+    clipboard.setPicture(ui::Picture(16, 16));
+    EXPECT_TRUE(clipboard.text().empty());
+}
+
 TEST(QtClipboard, KeepsThePictureWhenItsMemoryIsGone) {
     ui::qt::QtClipboard clipboard;
     clipboard.setText("name");

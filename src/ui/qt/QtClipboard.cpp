@@ -15,6 +15,11 @@ void QtClipboard::setText(std::string_view bytes) {
     QGuiApplication::clipboard()->setText(FromLatin1(bytes));
 }
 
+void QtClipboard::setUtf8(std::string_view text) {
+    QGuiApplication::clipboard()->setText(
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
 void QtClipboard::setPicture(const Picture& picture) {
     if (picture.empty()) {
         QGuiApplication::clipboard()->clear();
@@ -26,6 +31,15 @@ void QtClipboard::setPicture(const Picture& picture) {
         QImage::Format_RGB32);
     // The clipboard outlives the picture's memory.
     QGuiApplication::clipboard()->setImage(view.copy());
+}
+
+std::vector<TextCharacter> QtClipboard::text() const {
+    std::vector<TextCharacter> characters;
+    for (const char32_t code : QGuiApplication::clipboard()->text().toStdU32String()) {
+        const QString parts = QString::fromUcs4(&code, 1).normalized(QString::NormalizationForm_KD);
+        characters.push_back({code, parts.toStdU32String()});
+    }
+    return characters;
 }
 
 } // namespace ui::qt

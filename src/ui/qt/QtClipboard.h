@@ -10,7 +10,9 @@ namespace ui::qt {
 class QtClipboard final : public Clipboard {
 public:
     void setText(std::string_view bytes) override;
+    void setUtf8(std::string_view text) override;
     void setPicture(const Picture& picture) override;
+    [[nodiscard]] std::vector<TextCharacter> text() const override;
 };
 
 } // namespace ui::qt

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "glyphs/GlyphCode.h"
+#include "ui/TextCharacter.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace glyphs {
+
+/// The character of Unicode that looks most like a glyph, whatever its colour; a blank for the blanks.
+[[nodiscard]] char32_t LookAlikeOf(GlyphCode code);
+
+/// A row as text in UTF-8 that looks like it, without the blanks at its right end.
+[[nodiscard]] std::string LookAlikeText(std::span<const GlyphCode> row);
+
+/// A text as glyphs of colour 1.
+struct FittedText {
+    std::vector<GlyphCode> glyphs;
+    std::string unlike; ///< in UTF-8: the characters that no glyph looks like, each once
+};
+
+/// The glyphs that look most like a text: ASCII as it is, the look-alikes of glyphs as these, other letters
+/// as those that they resemble. Line ends and all other white space are blanks, and the text ends before
+/// those at its end. Of the glyphs that cannot be typed, 0, 13, 34 and 127, others stand in their place.
+[[nodiscard]] FittedText FitText(std::span<const ui::TextCharacter> text);
+
+} // namespace glyphs

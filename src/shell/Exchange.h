@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/Session.h"
+
+namespace shell {
+
+/// The commands that hand what is on the pages to other programs, and take it from them.
+class Exchange {
+public:
+    /// Both are borrowed and outlive the object.
+    Exchange(const ui::Platform& platform, Session& session);
+
+    /// Whether the row of the cursor holds a glyph.
+    [[nodiscard]] bool hasRow() const;
+
+    /// Puts the row of the cursor on the clipboard as text that looks like it.
+    void copyAsText();
+
+    /// Places the text on the clipboard as glyphs, from the cursor on.
+    void pasteText();
+
+private:
+    const ui::Platform& m_platform;
+    Session& m_session;
+    Workspace& m_workspace;
+};
+
+} // namespace shell

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#include "MainWindow.h"
+#include "support/PaintedPages.h"
+
+#include <QStatusBar>
+
+using editing::Page;
+
+namespace {
+
+/// Rows as text and pictures for other programs, and back.
+class Exchanging : public MainWindow {
+protected:
+    [[nodiscard]] std::string status() const { return window->statusBar()->currentMessage().toStdString(); }
+
+    [[nodiscard]] bool offers(const char* entry) const { return find<QAction>(entry)->isEnabled(); }
+
+    void setRow(std::string_view bytes) const {
+        const editing::PageCursor cursor = editing::CursorOf(workspace().documents, workspace().page());
+        const auto row = cursor.rows.row(cursor.row);
+        std::ranges::fill(row, glyphs::BlankGlyph);
+        std::ranges::transform(bytes, row.begin(), [](char byte) {
+            return static_cast<glyphs::GlyphCode>(static_cast<unsigned char>(byte));
+        });
+        press(Qt::Key_Home); // the window follows
+    }
+};
+
+} // namespace
+
+TEST_F(Exchanging, CopiesTheRowAsTextThatLooksLikeIt) {
+    startOn(Page::Animation);
+    setRow("\x10V\xD4M\x11 \x13 ");
+    choose("mnuEditCopyAsText");
+    EXPECT_EQ(fake.clipboard.utf8Texts, (std::vector<std::string>{"⟦VTM⟧ ¹"}));
+    EXPECT_EQ(status(), "The clipboard holds this text: ⟦VTM⟧ ¹");
+    EXPECT_EQ(row(15).substr(0, 8), "\x10V\xD4M\x11 \x13 ");
+}
+
+TEST_F(Exchanging, OffersNoTextOfABlankRow) {
+    startOn(Page::Messages);
+    EXPECT_FALSE(offers("mnuEditCopyAsText"));
+    EXPECT_TRUE(offers("mnuEditPasteText"));
+    type("a");
+    EXPECT_TRUE(offers("mnuEditCopyAsText"));
+    press(Qt::Key_Down);
+    EXPECT_FALSE(offers("mnuEditCopyAsText")) << "the row of the cursor counts";
+    press(Qt::Key_Up);
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(offers("mnuEditCopyAsText"));
+    press(Qt::Key_Backspace);
+    EXPECT_FALSE(offers("mnuEditCopyAsText"));
+}
+
+TEST_F(Exchanging, PastesTextAtTheCursorAsOneStep) {
+    startOn(Page::Name);
+    type("quake");
+    fake.clipboard.hold(U"⟦É…⟧");
+    fake.clipboard.held[1].parts = U"E\u0301";
+    fake.clipboard.held[2].parts = U"...";
+    press(Qt::Key_Left);
+    choose("mnuEditPasteText");
+    EXPECT_EQ(
+        row(), "quak\x10"
+               "E...\x11     ");
+    EXPECT_EQ(column(), 11);
+    EXPECT_EQ(status(), "6 glyphs pasted.");
+    EXPECT_TRUE(support::ArePaintedLike(workspace().documents, workspace().pictures, workspace().atlas));
+    EXPECT_EQ(find<QAction>("mnuEditUndo")->text(), QStringLiteral("&Undo Paste Text"));
+    choose("mnuEditUndo");
+    EXPECT_EQ(row(), "quake          ");
+    choose("mnuEditRedo");
+    EXPECT_EQ(
+        row(), "quak\x10"
+               "E...\x11     ");
+}
+
+TEST_F(Exchanging, PastesInTheModesInWhichKeysType) {
+    startOn(Page::Name);
+    type("abc");
+    press(Qt::Key_Home);
+    press(Qt::Key_Insert);
+    press(Qt::Key_ScrollLock);
+    fake.clipboard.hold(U"12");
+    choose("mnuEditPasteText");
+    EXPECT_EQ(
+        row(), "\xB1\xB2"
+               "abc          ");
+    EXPECT_EQ(column(), 1);
+}
+
+TEST_F(Exchanging, TellsWhatDidNotFitAndWhatNoGlyphLooksLike) {
+    startOn(Page::Name);
+    fake.clipboard.hold(U"☃ 0123456789abcdefg ☃");
+    choose("mnuEditPasteText");
+    EXPECT_EQ(row(), " 0123456789abcd");
+    EXPECT_EQ(status(), "15 glyphs pasted. No room was left for 3 glyphs. No glyph looks like ☃");
+    fake.clipboard.hold(U"x");
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "1 glyph pasted.");
+    EXPECT_EQ(row(), " 0123456789abcx");
+}
+
+TEST_F(Exchanging, SaysSoWhenThereIsNothingToPaste) {
+    startOn(Page::Name);
+    type("a");
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "The clipboard holds no text for glyphs.");
+    EXPECT_EQ(row(), "a              ");
+    EXPECT_EQ(find<QAction>("mnuEditUndo")->text(), QStringLiteral("&Undo Typing"));
+}
+
+TEST_F(Exchanging, BringsARowBackThatLooksTheSame) {
+    startOn(Page::Messages);
+    const std::string all = "\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0B\x0E\x0F\x10\x11\x12\x1B\x1C\x1D\x1E\x1F"
+                            "\x80\x81\x82\x83\x8D !Az~";
+    setRow(all);
+    choose("mnuEditCopyAsText");
+    fake.clipboard.hold(QString::fromStdString(fake.clipboard.utf8Texts.at(0)).toStdU32String());
+    press(Qt::Key_Down);
+    choose("mnuEditPasteText");
+    EXPECT_EQ(row(2).substr(0, all.size()), all);
+}
