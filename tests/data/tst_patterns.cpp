@@ -1,41 +1,26 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "glyphs/FieldReader.h"
-#include "support/ToolRun.h"
+#include "data/Patterns.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
+#include <cstdlib>
 #include <set>
 #include <string>
 #include <vector>
 
+using support::ColourCaseFile;
+using support::Pattern;
+using support::PatternNamed;
+using support::PatternPositions;
+using support::PatternSteps;
+using support::PositionalFile;
+using support::ReadPatternsOf;
+using support::Row;
+using support::ShownIn;
+
 namespace {
-
-constexpr std::size_t Steps = 14;
-constexpr std::size_t Positions = 15;
-
-using Row = std::array<int, Positions>;
-
-struct Pattern {
-    std::string title;
-    std::vector<Row> rows;
-
-    [[nodiscard]] bool blank() const {
-        return std::all_of(rows.begin(), rows.end(), [](const Row& row) {
-            return std::all_of(row.begin(), row.end(), [](int cell) { return cell == 0; });
-        });
-    }
-};
-
-std::string positionalFile() {
-    return support::FileContent(PROGRAM_DIR "/vtmani01.dat");
-}
-
-std::string colourCaseFile() {
-    return support::FileContent(PROGRAM_DIR "/vtmani02.dat");
-}
 
 // Lines without their CR LF; fails when the file does not consist of such lines.
 std::vector<std::string> linesOf(const std::string& bytes) {
@@ -54,37 +39,21 @@ std::vector<std::string> linesOf(const std::string& bytes) {
     return lines;
 }
 
-std::vector<Pattern> readPatterns(const std::string& bytes) {
-    glyphs::FieldReader fields(bytes);
-    std::vector<Pattern> patterns(static_cast<std::size_t>(std::max<int>(fields.number().value_or(0), 0)));
-    for (Pattern& pattern : patterns) {
-        pattern.title = fields.text().value_or("");
-        pattern.rows.resize(Steps);
-        for (Row& row : pattern.rows) {
-            for (int& cell : row) {
-                cell = fields.number().value_or(-1);
-            }
-        }
-    }
-    EXPECT_TRUE(fields.atEnd());
-    return patterns;
-}
-
 void expectExactLines(const std::string& bytes) {
     const std::vector<std::string> lines = linesOf(bytes);
     ASSERT_FALSE(lines.empty());
     const auto count = static_cast<std::size_t>(std::stoi(lines[0]));
     EXPECT_EQ(lines[0], std::to_string(count));
-    ASSERT_EQ(lines.size(), 1 + count * (1 + Steps));
+    ASSERT_EQ(lines.size(), 1 + count * (1 + PatternSteps));
     for (std::size_t index = 0; index < count; ++index) {
-        const std::size_t first = 1 + index * (1 + Steps);
+        const std::size_t first = 1 + index * (1 + PatternSteps);
         const std::string& title = lines[first];
         SCOPED_TRACE(title);
         ASSERT_GT(title.size(), 2U);
         EXPECT_EQ(title.front(), '"');
         EXPECT_EQ(title.back(), '"');
         EXPECT_EQ(std::count(title.begin(), title.end(), '"'), 2);
-        for (std::size_t step = 1; step <= Steps; ++step) {
+        for (std::size_t step = 1; step <= PatternSteps; ++step) {
             const std::string& row = lines[first + step];
             EXPECT_EQ(std::count(row.begin(), row.end(), ','), 14) << row;
             EXPECT_EQ(row.find_first_not_of("0123456789,"), std::string::npos) << row;
@@ -114,63 +83,78 @@ void expectCellsUpTo(const std::vector<Pattern>& patterns, int highest) {
     }
 }
 
+/// How much two patterns look alike, from 0 to 1: the part of their cells that are the same, of those that
+/// are not blank in both. A pattern that is another one a step later looks like it.
+double likeness(const Pattern& one, const Pattern& other) {
+    double most = 0;
+    for (const int later : {-1, 0, 1}) {
+        int same = 0;
+        int all = 0;
+        for (int step = 0; step < static_cast<int>(PatternSteps); ++step) {
+            if (step + later < 0 || step + later >= static_cast<int>(PatternSteps)) {
+                continue;
+            }
+            const Row& row = one.rows[static_cast<std::size_t>(step)];
+            const Row& otherRow = other.rows[static_cast<std::size_t>(step + later)];
+            for (std::size_t at = 0; at < PatternPositions; ++at) {
+                const bool isSeen = row[at] != 0 || otherRow[at] != 0;
+                all += isSeen ? 1 : 0;
+                same += isSeen && row[at] == otherRow[at] ? 1 : 0;
+            }
+        }
+        most = std::max(most, all == 0 ? 0 : static_cast<double>(same) / all);
+    }
+    return most;
+}
+
+void expectNoneAlike(const std::vector<Pattern>& patterns) {
+    for (std::size_t later = 1; later < patterns.size(); ++later) {
+        for (std::size_t earlier = 0; earlier < later; ++earlier) {
+            EXPECT_LT(likeness(patterns[earlier], patterns[later]), 0.75)
+                << patterns[earlier].title << " and " << patterns[later].title;
+        }
+    }
+}
+
 } // namespace
 
 TEST(PositionalPatterns, ComeInLinesOfTheFileFormat) {
-    expectExactLines(positionalFile());
+    expectExactLines(PositionalFile());
 }
 
 TEST(PositionalPatterns, AreManyAndDistinct) {
-    const std::vector<Pattern> patterns = readPatterns(positionalFile());
-    EXPECT_GE(patterns.size(), 24U);
+    const std::vector<Pattern> patterns = ReadPatternsOf(PositionalFile());
+    EXPECT_GE(patterns.size(), 56U);
     expectDistinct(patterns);
 }
 
 TEST(PositionalPatterns, NameBlanksAndPositionsOfTheName) {
-    expectCellsUpTo(readPatterns(positionalFile()), 15);
+    expectCellsUpTo(ReadPatternsOf(PositionalFile()), 15);
 }
 
-TEST(PositionalPatterns, StillMoveWhenOnlyTheirOddRowsPlay) {
-    for (const Pattern& pattern : readPatterns(positionalFile())) {
-        std::set<Row> played;
-        for (std::size_t step = 0; step < Steps; step += 2) {
-            played.insert(pattern.rows[step]);
-        }
-        played.erase(Row());
-        EXPECT_GE(played.size(), 3U) << pattern.title;
-    }
-}
-
-TEST(PositionalPatterns, BringInAllButAFewGlyphsBeforeTheNameRests) {
-    for (const Pattern& pattern : readPatterns(positionalFile())) {
-        std::set<int> shown;
-        for (const Row& row : pattern.rows) {
-            shown.insert(row.begin(), row.end());
-        }
-        shown.erase(0);
-        EXPECT_GE(shown.size(), 12U) << pattern.title;
-    }
+TEST(PositionalPatterns, NeverLookAlike) {
+    expectNoneAlike(ReadPatternsOf(PositionalFile()));
 }
 
 TEST(ColourCasePatterns, ComeInLinesOfTheFileFormat) {
-    expectExactLines(colourCaseFile());
+    expectExactLines(ColourCaseFile());
 }
 
 TEST(ColourCasePatterns, AreManyAndDistinct) {
-    const std::vector<Pattern> patterns = readPatterns(colourCaseFile());
-    EXPECT_GE(patterns.size(), 16U);
+    const std::vector<Pattern> patterns = ReadPatternsOf(ColourCaseFile());
+    EXPECT_GE(patterns.size(), 35U);
     expectDistinct(patterns);
 }
 
 TEST(ColourCasePatterns, OnlyMarkCells) {
-    expectCellsUpTo(readPatterns(colourCaseFile()), 1);
+    expectCellsUpTo(ReadPatternsOf(ColourCaseFile()), 1);
 }
 
 TEST(ColourCasePatterns, ReachAllButOneGlyphOfTheName) {
-    for (const Pattern& pattern : readPatterns(colourCaseFile())) {
+    for (const Pattern& pattern : ReadPatternsOf(ColourCaseFile())) {
         Row marked = {};
         for (const Row& row : pattern.rows) {
-            for (std::size_t at = 0; at < Positions; ++at) {
+            for (std::size_t at = 0; at < PatternPositions; ++at) {
                 marked[at] += row[at];
             }
         }
@@ -179,7 +163,43 @@ TEST(ColourCasePatterns, ReachAllButOneGlyphOfTheName) {
 }
 
 TEST(ColourCasePatterns, Change) {
-    for (const Pattern& pattern : readPatterns(colourCaseFile())) {
+    for (const Pattern& pattern : ReadPatternsOf(ColourCaseFile())) {
         EXPECT_GE(std::set<Row>(pattern.rows.begin(), pattern.rows.end()).size(), 2U) << pattern.title;
     }
+}
+
+TEST(ColourCasePatterns, NeverLookAlike) {
+    expectNoneAlike(ReadPatternsOf(ColourCaseFile()));
+}
+
+TEST(ColourCasePatterns, SayWhenTheySnapBack) {
+    for (const Pattern& pattern : ReadPatternsOf(ColourCaseFile())) {
+        const bool onlyFills =
+            std::is_sorted(pattern.rows.begin(), pattern.rows.end(), [](const Row& row, const Row& next) {
+                return ShownIn(row) < ShownIn(next);
+            });
+        const bool snapsBack =
+            onlyFills && ShownIn(pattern.rows.front()) <= 2 && ShownIn(pattern.rows.back()) >= 14;
+        EXPECT_EQ(pattern.title.ends_with(", snap back"), snapsBack) << pattern.title;
+    }
+}
+
+TEST(ColourCasePatterns, PassThroughManyStatesByThirds) {
+    const Pattern thirds = PatternNamed(ReadPatternsOf(ColourCaseFile()), "Thirds");
+    EXPECT_GE(std::set<Row>(thirds.rows.begin(), thirds.rows.end()).size(), 9U);
+}
+
+TEST(ColourCasePatterns, RunLetterByLetter) {
+    const std::vector<Pattern> patterns = ReadPatternsOf(ColourCaseFile());
+    const Pattern running = PatternNamed(patterns, "Single running letter");
+    const Pattern back = PatternNamed(patterns, "Letter by letter, there and back");
+    for (std::size_t step = 0; step < PatternSteps; ++step) {
+        EXPECT_EQ(ShownIn(running.rows[step]), 1);
+        EXPECT_EQ(running.rows[step][step], 1);
+        const Row& row = back.rows[step];
+        EXPECT_TRUE(std::is_sorted(row.rbegin(), row.rend())) << "from the first letter on";
+        EXPECT_LE(std::abs(ShownIn(row) - (step == 0 ? 0 : ShownIn(back.rows[step - 1]))), 2);
+    }
+    EXPECT_EQ(ShownIn(back.rows[7]), 15);
+    EXPECT_LE(ShownIn(back.rows.back()), 3) << "ends without a jump";
 }
