@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "editing/mdlKey.h"
 
+#include "glyphs/mdlSwitches.h"
+
 #include <algorithm>
 
 namespace editing {
@@ -156,6 +158,29 @@ const std::array<std::string_view, MappedKeys>& KeyNames() {
         "`",        "-",        "=",        "[",        "]",        ";",        "'",        ",",
         ".",        "/",        "\\"};
     return Names;
+}
+
+bool CanType(std::size_t key, std::size_t layer) {
+    constexpr std::size_t Ctrl = 2;
+    return key != KeyIndex(KeyEnter) && !(key == KeyIndex(KeyPause) && layer == Ctrl);
+}
+
+std::vector<std::string> TypingKeys(const KeyMap& map, bool typesColour2, GlyphCode code) {
+    constexpr std::array<std::string_view, 3> Held{"", "Shift+", "Ctrl+"};
+    // Keys that bear a sign stand before Tab, Pause and Escape, which serve others as well or little.
+    const std::size_t first = KeyIndex(KeySpace);
+    std::vector<std::string> keys;
+    for (std::size_t layer = 0; layer < Held.size(); ++layer) {
+        for (std::size_t i = 0; i < map.size(); ++i) {
+            const std::size_t key = (first + i) % map.size();
+            const GlyphCode mapped = map[key][layer];
+            const GlyphCode typed = typesColour2 ? glyphs::ToColor2Glyph(mapped) : mapped;
+            if (mapped != 0 && typed == code && CanType(key, layer)) {
+                keys.push_back(std::string(Held[layer]).append(KeyNames()[key]));
+            }
+        }
+    }
+    return keys;
 }
 
 std::size_t KeyIndex(int virtualKey) {

@@ -9,8 +9,10 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace editing {
 
@@ -29,6 +31,13 @@ using KeyMap = std::array<KeyGlyphs, MappedKeys>;
 
 /// The names of the keys in the order of their rows, as the options dialog lists them.
 [[nodiscard]] const std::array<std::string_view, MappedKeys>& KeyNames();
+
+/// Whether a place of the key map ever types: Enter moves the cursor, and Pause with Ctrl is another key.
+[[nodiscard]] bool CanType(std::size_t key, std::size_t layer);
+
+/// The keys that type a glyph in the present typing colour, as people read them ("Shift+7"): those alone
+/// first, then with Shift, then with Ctrl.
+[[nodiscard]] std::vector<std::string> TypingKeys(const KeyMap& map, bool typesColour2, GlyphCode code);
 
 /// The row of a key.
 [[nodiscard]] std::size_t KeyIndex(int virtualKey);

@@ -137,23 +137,31 @@ std::string CharacterName(char character) {
 
 } // namespace
 
-std::string GlyphName(GlyphCode code) {
-    if (code == BlankGlyph) {
-        return std::string(Blank);
-    }
+std::string GlyphWords(GlyphCode code) {
     const GlyphCode uncoloured = Uncoloured(code);
-    std::string name = "code " + std::to_string(code) + ", ";
+    std::string words;
     if (IsCharacter(uncoloured)) {
-        name += CharacterName(static_cast<char>(uncoloured));
+        words = CharacterName(static_cast<char>(uncoloured));
     } else if (OrnamentOf(code).sign == ' ' && code >= ColourDistance) {
         // Only the bytes below 128 mean something to a script, and a blank has no colour.
-        return name + std::string(Blank);
+        return std::string(Blank);
     } else if (code == ColourDistance + '\r') {
-        name += "right arrow head";
+        words = "right arrow head";
     } else {
-        name += OrnamentOf(code).words;
+        words = OrnamentOf(code).words;
     }
-    return code < ColourDistance || IsSlider(code) ? name : name + ", second color";
+    return code < ColourDistance || IsSlider(code) ? words : words + ", second color";
+}
+
+std::string GlyphName(GlyphCode code) {
+    std::string words = GlyphWords(code);
+    return code == BlankGlyph ? words : "code " + std::to_string(code) + ", " + words;
+}
+
+std::optional<GlyphCode> OtherColourOf(GlyphCode code) {
+    const auto other = static_cast<GlyphCode>(code ^ ColourDistance);
+    const bool isBlank = !IsCharacter(Uncoloured(code)) && OrnamentOf(code).sign == ' ';
+    return isBlank || IsSlider(code) || IsSlider(other) ? std::nullopt : std::optional(other);
 }
 
 std::string ReadableRow(std::span<const GlyphCode> row) {

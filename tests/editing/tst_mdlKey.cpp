@@ -539,4 +539,50 @@ TEST_F(Navigation, IsSilent) {
 
 } // namespace
 
+TEST(TypingKeys, NamesTheKeysOfAGlyph) {
+    KeyMap map = editing::DefaultKeyMap();
+    map[KeyIndex(ui::KeyF1 + 4)][0] = 5;
+    map[KeyIndex(ui::KeyDigit0 + 7)][2] = 5;
+    map[KeyIndex(ui::KeyA)][1] = 5;
+    EXPECT_EQ(editing::TypingKeys(map, false, 5), (std::vector<std::string>{"F5", "Shift+A", "Ctrl+7"}));
+    EXPECT_TRUE(editing::TypingKeys(map, false, 6).empty());
+}
+
+TEST(TypingKeys, GoByTheTypingColour) {
+    const KeyMap map = editing::DefaultKeyMap();
+    EXPECT_EQ(editing::TypingKeys(map, false, 'g'), std::vector<std::string>{"G"});
+    EXPECT_TRUE(editing::TypingKeys(map, false, 'g' + 128).empty());
+    EXPECT_TRUE(editing::TypingKeys(map, true, 'g').empty());
+    EXPECT_EQ(editing::TypingKeys(map, true, 'g' + 128), std::vector<std::string>{"G"});
+    EXPECT_EQ(editing::TypingKeys(map, true, 128), std::vector<std::string>{"F1"});
+}
+
+TEST(TypingKeys, LeavesOutWhatNeverTypes) {
+    KeyMap map{};
+    map[KeyIndex(ui::KeyEnter)] = {7, 7, 7};
+    map[KeyIndex(ui::KeyPause)] = {8, 8, 8};
+    EXPECT_TRUE(editing::TypingKeys(map, false, 7).empty());
+    EXPECT_EQ(editing::TypingKeys(map, false, 8), (std::vector<std::string>{"Pause", "Shift+Pause"}));
+    EXPECT_TRUE(editing::TypingKeys(map, false, 0).empty());
+}
+
+TEST(TypingKeys, AgreeWithWhatAKeyPressTypes) {
+    const KeyMap map = editing::DefaultKeyMap();
+    for (int key = 1; key < 223; ++key) {
+        for (const bool isCtrl : {false, true}) {
+            ui::KeyStroke stroke;
+            stroke.virtualKey = key;
+            stroke.isCtrl = isCtrl;
+            const KeyAction action = RouteKey(stroke, {}, map, editing::NumberPadRule::Desktop);
+            const std::size_t place = KeyIndex(key);
+            if (key == ui::KeyPause && isCtrl) {
+                continue; // the keyboard sends Cancel
+            }
+            if (std::holds_alternative<editing::GlyphAction>(action) && place != 0) {
+                EXPECT_TRUE(editing::CanType(place, isCtrl ? 2 : 0)) << key;
+            }
+        }
+    }
+}
+
 } // namespace editing

@@ -10,6 +10,8 @@
 
 using glyphs::GlyphCode;
 using glyphs::GlyphName;
+using glyphs::GlyphWords;
+using glyphs::OtherColourOf;
 using glyphs::ReadableRow;
 
 namespace {
@@ -87,6 +89,27 @@ TEST(GlyphWords, NamesOrnaments) {
     EXPECT_EQ(GlyphName(145), "code 145, ornate right bracket, second color");
     EXPECT_EQ(GlyphName(155), "code 155, gold digit 9, second color");
     EXPECT_EQ(GlyphName(255), "code 255, left arrow head, second color");
+}
+
+TEST(GlyphWords, SaysWhatAGlyphShowsWithoutItsNumber) {
+    EXPECT_EQ(GlyphWords('a'), "a");
+    EXPECT_EQ(GlyphWords(32), "blank");
+    EXPECT_EQ(GlyphWords(146), "gold digit 0, second color");
+}
+
+TEST(GlyphWords, TellsAGlyphInTheOtherColour) {
+    EXPECT_EQ(OtherColourOf('a'), 225);
+    EXPECT_EQ(OtherColourOf(225), 'a');
+    EXPECT_EQ(OtherColourOf(13), 141);
+    EXPECT_EQ(OtherColourOf(144), 16);
+    for (const int code : {0, 3, 10, 12, 32, 128, 131, 138, 140, 160}) {
+        EXPECT_FALSE(OtherColourOf(static_cast<GlyphCode>(code)).has_value()) << code;
+    }
+    for (int code = 0; code < glyphs::GlyphCount; ++code) {
+        if (const auto other = OtherColourOf(static_cast<GlyphCode>(code))) {
+            EXPECT_EQ(OtherColourOf(*other), code);
+        }
+    }
 }
 
 TEST(GlyphWords, ReadsARowWhateverItsColours) {

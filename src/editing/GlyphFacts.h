@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/mdlKey.h"
+
+#include <string>
+
+namespace editing {
+
+/// What a glyph is, for those who look for one: a short line each. ASCII.
+struct GlyphFacts {
+    std::string name; ///< "Glyph 231: g, second color"
+    std::string keys; ///< "Keys: F5, Ctrl+7", or that there is none
+    std::string note; ///< its number in the other colour, and why it is not placed; may be empty
+};
+
+/// What is to be said of a glyph in the user's key map and typing colour.
+[[nodiscard]] GlyphFacts FactsOf(GlyphCode code, const KeyMap& map, const Modes& modes);
+
+/// The same as one text, a line each.
+[[nodiscard]] std::string FactsText(const GlyphFacts& facts);
+
+} // namespace editing
