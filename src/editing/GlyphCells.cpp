@@ -5,6 +5,8 @@
 #include "glyphs/GlyphWords.h"
 #include "glyphs/mdlPaint.h"
 
+#include <utility>
+
 namespace editing {
 
 namespace {
@@ -13,7 +15,11 @@ constexpr int Side = glyphs::AtlasSide / glyphs::CellSide; // glyphs in a row
 
 } // namespace
 
-ui::qt::PictureCells GlyphGridCells(bool canBePressed) {
+glyphs::GlyphCode GridGlyph(int row, int column) {
+    return static_cast<glyphs::GlyphCode>((row - 1) * Side + column - 1);
+}
+
+ui::qt::PictureCells GlyphGridCells(bool canBePressed, std::function<QString(glyphs::GlyphCode)> glyphText) {
     ui::qt::PictureCells cells;
     cells.columns = Side;
     cells.side = glyphs::CellSide;
@@ -21,11 +27,20 @@ ui::qt::PictureCells GlyphGridCells(bool canBePressed) {
         return Side;
     };
     cells.cellText = [](int row, int column) {
-        const auto code = static_cast<glyphs::GlyphCode>((row - 1) * Side + column - 1);
-        return QString::fromStdString(glyphs::GlyphName(code));
+        return QString::fromStdString(glyphs::GlyphName(GridGlyph(row, column)));
     };
+    if (glyphText) {
+        cells.toolTip = [text = std::move(glyphText)](int row, int column) {
+            return text(GridGlyph(row, column));
+        };
+    }
     cells.canBePressed = canBePressed;
     return cells;
+}
+
+ui::Rect GridCell(glyphs::GlyphCode code) {
+    return {
+        code % Side * glyphs::CellSide, code / Side * glyphs::CellSide, glyphs::CellSide, glyphs::CellSide};
 }
 
 void SetCurrentGlyph(ui::qt::PictureWidget& grid, glyphs::GlyphCode code) {

@@ -5,11 +5,20 @@
 #include "glyphs/GlyphCode.h"
 #include "ui/qt/PictureWidget.h"
 
+#include <functional>
+
 namespace editing {
 
 /// The cells of a picture of all 256 glyphs in words. `canBePressed`: whether a press on a glyph does
-/// something.
-[[nodiscard]] ui::qt::PictureCells GlyphGridCells(bool canBePressed);
+/// something. `glyphText`: what the tooltip of a glyph says; without it, there is none.
+[[nodiscard]] ui::qt::PictureCells
+GlyphGridCells(bool canBePressed, std::function<QString(glyphs::GlyphCode)> glyphText = {});
+
+/// The glyph of a cell (1-based) of such a picture.
+[[nodiscard]] glyphs::GlyphCode GridGlyph(int row, int column);
+
+/// The part of such a picture that is a glyph.
+[[nodiscard]] ui::Rect GridCell(glyphs::GlyphCode code);
 
 /// Says that the marker of a picture of all glyphs is on a glyph; 0: on none.
 void SetCurrentGlyph(ui::qt::PictureWidget& grid, glyphs::GlyphCode code);

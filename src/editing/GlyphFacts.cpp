@@ -24,12 +24,12 @@ struct Refusal {
 
 constexpr std::array<Refusal, 7> Refusals{{
     {0, "it ends the text"},
-    {34, "it ends the quoted text"},
-    {126, "only a key types it"},
-    {127, "Quake2 drops it from names"},
-    {162, "Quake2 takes it for a quote"},
-    {254, "only a key types it"},
-    {255, "original Quake disconnects"},
+    {34, "it ends the text"},
+    {126, "left to the keys"},
+    {127, "Quake2 drops it"},
+    {162, "Quake2 reads a quote"},
+    {254, "left to the keys"},
+    {255, "old Quake disconnects"},
 }};
 
 std::string Listed(const std::vector<std::string>& keys) {
@@ -50,31 +50,38 @@ std::string KeysText(GlyphCode code, const KeyMap& map, bool typesColour2) {
     return "No key types it";
 }
 
-std::string NoteText(GlyphCode code) {
-    std::string note;
+/// Why a glyph is not placed as it is, or what it does to its line; empty for most.
+std::string WarningText(GlyphCode code) {
     const auto refusal = std::ranges::find(Refusals, code, &Refusal::code);
     if (refusal != Refusals.end()) {
-        note = std::string("Not placed: ").append(refusal->reason);
-    } else if (const GlyphCode placed = glyphs::FilterPickedGlyph(code); placed != code) {
-        note = "Placed as " + std::to_string(placed) + ": it breaks its line";
-    } else if (glyphs::BreaksScriptLine(code)) {
-        note = "Breaks the line that it is saved in";
+        return std::string("Not placed: ").append(refusal->reason);
     }
-    if (const auto other = glyphs::OtherColourOf(code)) {
-        note += std::string(note.empty() ? "Color " : "; color ") + (code < *other ? '2' : '1') + ": glyph " +
-                std::to_string(*other);
+    if (const GlyphCode placed = glyphs::FilterPickedGlyph(code); placed != code) {
+        return "Placed as " + std::to_string(placed) + ": it breaks its line";
     }
-    return note;
+    return glyphs::BreaksScriptLine(code) ? "Breaks the line that it is saved in" : "";
+}
+
+std::string OtherColourText(GlyphCode code) {
+    const auto other = glyphs::OtherColourOf(code);
+    return other ? std::string("olor ") + (code < *other ? '2' : '1') + ": glyph " + std::to_string(*other)
+                 : std::string();
 }
 
 } // namespace
 
 GlyphFacts FactsOf(GlyphCode code, const KeyMap& map, const Modes& modes) {
-    return {
+    GlyphFacts facts{
         .name = "Glyph " + std::to_string(code) + ": " + glyphs::GlyphWords(code),
         .keys = KeysText(code, map, modes.typingColour),
-        .note = NoteText(code),
+        .note = WarningText(code),
     };
+    if (const std::string other = OtherColourText(code); facts.note.empty() && !other.empty()) {
+        facts.note = 'C' + other;
+    } else if (!other.empty()) {
+        facts.keys += "; c" + other;
+    }
+    return facts;
 }
 
 std::string FactsText(const GlyphFacts& facts) {

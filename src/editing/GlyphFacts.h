@@ -11,8 +11,8 @@ namespace editing {
 /// What a glyph is, for those who look for one: a short line each. ASCII.
 struct GlyphFacts {
     std::string name; ///< "Glyph 231: g, second color"
-    std::string keys; ///< "Keys: F5, Ctrl+7", or that there is none
-    std::string note; ///< its number in the other colour, and why it is not placed; may be empty
+    std::string keys; ///< "Keys: F5, Ctrl+7", or that there is none; its other colour, if that is not noted
+    std::string note; ///< why it is not placed, or else its number in the other colour; may be empty
 };
 
 /// What is to be said of a glyph in the user's key map and typing colour.

@@ -55,6 +55,9 @@ PagePanel::PagePanel(
     m_marker->setObjectName(markerName);
     m_widget->setCurrentCell(1, 1);
     describeCells();
+    m_widget->setHoverTracking(true);
+    connect(m_widget, &ui::qt::PictureWidget::pointerMoved, this, &PagePanel::point);
+    connect(m_widget, &ui::qt::PictureWidget::pointerLeft, this, [this] { Q_EMIT pointedAt({}); });
     connect(m_widget, &ui::qt::PictureWidget::pressed, this, [this](QPoint pixel, Qt::MouseButton button) {
         Q_EMIT picturePressed(pixel.x(), pixel.y(), button);
     });
@@ -97,10 +100,20 @@ void PagePanel::describeCells() {
         return tr("%1: %2").arg(rowName(row), QString::fromStdString(glyphs::ReadableRow(rows().row(row))));
     };
     cells.toolTip = [this, note = cells.cellNote](int row, int column) {
-        const QStringList lines{m_widget->toolTip(), note(row, column)};
-        return lines.join(QLatin1Char('\n')).trimmed();
+        const GlyphCode code = glyphAt(row, column);
+        // Most of a page is blank, and of blanks there is nothing to tell.
+        const QString text =
+            m_glyphText && code != glyphs::BlankGlyph ? m_glyphText(code) : note(row, column);
+        return QStringList{m_widget->toolTip(), text}.join(QLatin1Char('\n')).trimmed();
     };
     m_widget->setCells(std::move(cells));
+}
+
+void PagePanel::point(QPoint pixel) {
+    const int column = pixel.x() / glyphs::CellSide + 1;
+    const int row = pixel.y() / glyphs::CellSide + 1;
+    const bool isCell = m_widget->cellIndex(row, column) >= 0;
+    Q_EMIT pointedAt(isCell ? std::optional(glyphAt(row, column)) : std::nullopt);
 }
 
 void PagePanel::showDamage() {

@@ -7,6 +7,9 @@
 #include "ui/Picture.h"
 
 #include <QWidget>
+#include <functional>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class QScrollBar;
@@ -46,6 +49,9 @@ public:
     /// Marks these cells, and no others, with a thin line.
     void mark(const std::vector<CellBlock>& cells);
 
+    /// Says what is to be told of a glyph in a cell's tooltip, a line each.
+    void setGlyphText(std::function<QString(GlyphCode)> text) { m_glyphText = std::move(text); }
+
     /// The mouse pointer over the picture: 0 none of its own, 1 arrow, 2 cross.
     void setPointer(int cursorStyle);
 
@@ -54,6 +60,8 @@ Q_SIGNALS:
     void userActed();
     /// A mouse button went down over the picture, at a position in its pixels.
     void picturePressed(int x, int y, Qt::MouseButton button);
+    /// The pointer is over a glyph; nothing: no longer.
+    void pointedAt(std::optional<GlyphCode> code);
     /// A scroll bar is to move the cursor to a cell (1-based).
     void cursorMoved(int column, int row);
 
@@ -97,7 +105,10 @@ private:
 
     [[nodiscard]] GlyphCode glyphAt(int row, int column) const { return rows().cell(row, column); }
 
+    void point(QPoint pixel);
+
     glyphs::PagePicture& m_picture;
+    std::function<QString(GlyphCode)> m_glyphText;
     ui::qt::PictureWidget* m_widget;
     ui::qt::MarkerShape* m_marker;
     ui::qt::CellMarks* m_marks = nullptr; ///< made when one is first wanted

@@ -13,6 +13,9 @@ struct PageCursor {
     int& column; ///< 1 to rows.width()
     int& row;    ///< 1 to rowsInUse
     int rowsInUse;
+
+    /// The glyph at the cursor.
+    [[nodiscard]] GlyphCode glyph() const { return rows.cell(row, column); }
 };
 
 /// The cursor of a page. The name page's row is always 1.

@@ -9,8 +9,6 @@ namespace games {
 
 namespace {
 
-constexpr GlyphCode ColourDistance = 128;
-
 bool IsHexDigit(GlyphCode code) {
     return (code >= '0' && code <= '9') || (code >= 'A' && code <= 'F') || (code >= 'a' && code <= 'f');
 }
@@ -175,12 +173,12 @@ private:
                 }
                 ++i;
                 hit(i, Fate::Changed, rule);
-                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] | ColourDistance));
+                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] | glyphs::ColourDistance));
                 continue;
             }
             if (rule.action == Action::StripColour) {
                 hit(i, Fate::Changed, rule);
-                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] - ColourDistance));
+                showAt(kept++, i, static_cast<GlyphCode>(m_verdict.shown[i] - glyphs::ColourDistance));
                 continue;
             }
             showAt(kept++, i, m_verdict.shown[i]);

@@ -14,4 +14,7 @@ constexpr GlyphCode BlankGlyph = 32;
 
 constexpr int GlyphCount = 256;
 
+/// How far a glyph of colour 2 lies behind the one that shows the same in colour 1.
+constexpr GlyphCode ColourDistance = 128;
+
 } // namespace glyphs

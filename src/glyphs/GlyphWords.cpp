@@ -9,7 +9,6 @@ namespace glyphs {
 
 namespace {
 
-constexpr GlyphCode ColourDistance = 128;
 constexpr GlyphCode FirstCharacter = 33;
 constexpr GlyphCode LastCharacter = 126;
 constexpr std::string_view Blank = "blank";

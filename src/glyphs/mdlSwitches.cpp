@@ -9,7 +9,6 @@ namespace glyphs {
 namespace {
 
 constexpr GlyphCode CaseDistance = 32;
-constexpr GlyphCode ColorDistance = 128;
 
 constexpr bool IsInRange(GlyphCode code, GlyphCode first, GlyphCode last) {
     return code >= first && code <= last;
@@ -110,11 +109,11 @@ GlyphCode SwitchCaseGlyph(GlyphCode code, CaseChoice choice) {
 }
 
 GlyphCode ToColor1Glyph(GlyphCode code) {
-    return IsColor2(code) ? static_cast<GlyphCode>(code - ColorDistance) : code;
+    return IsColor2(code) ? static_cast<GlyphCode>(code - ColourDistance) : code;
 }
 
 GlyphCode ToColor2Glyph(GlyphCode code) {
-    return IsColor1(code) ? static_cast<GlyphCode>(code + ColorDistance) : code;
+    return IsColor1(code) ? static_cast<GlyphCode>(code + ColourDistance) : code;
 }
 
 GlyphCode SwitchColorGlyph(GlyphCode code) {

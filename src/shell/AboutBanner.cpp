@@ -21,7 +21,6 @@ constexpr int LineMargin = 8;
 constexpr GlyphCode LineLeft = 29;
 constexpr GlyphCode LineMiddle = 30;
 constexpr GlyphCode LineRight = 31;
-constexpr GlyphCode ColourTwo = 128;
 
 void PaintLargeGlyph(
     ui::Picture& picture, const glyphs::GlyphAtlas& atlas, GlyphCode code, int x, int y, int scale) {
@@ -57,7 +56,7 @@ ui::Picture AboutBanner(const glyphs::GlyphAtlas& atlas) {
     PaintLine(picture, atlas, BannerHeight - LineMargin - lineSide);
     const int left = (Width - static_cast<int>(name.size()) * side) / 2;
     for (std::size_t i = 0; i < name.size(); ++i) {
-        const auto code = static_cast<GlyphCode>(name[i] + (i == 0 ? ColourTwo : 0));
+        const auto code = static_cast<GlyphCode>(name[i] + (i == 0 ? glyphs::ColourDistance : 0));
         PaintLargeGlyph(
             picture, atlas, code, left + static_cast<int>(i) * side, (BannerHeight - side) / 2, NameScale);
     }

@@ -14,7 +14,7 @@ using enum ui::VirtualKey;
 using Shift = AltKey::Shift;
 
 // Plus and minus need Shift on some keyboards, so they do not ask for it.
-constexpr std::array<AltKey, 31> Keys{{
+constexpr std::array<AltKey, 32> Keys{{
     {KeyDigit0 + 1, Shift::Up, PlaceFavourite, 0, "Alt+1", "cmdFavorite_0"},
     {KeyDigit0 + 2, Shift::Up, PlaceFavourite, 1, "Alt+2", "cmdFavorite_1"},
     {KeyDigit0 + 3, Shift::Up, PlaceFavourite, 2, "Alt+3", "cmdFavorite_2"},
@@ -30,8 +30,9 @@ constexpr std::array<AltKey, 31> Keys{{
     {KeyDigit0 + 8, Shift::Up, PlaceFrequent, 2, "Alt+8", "cmdFrequent_2"},
     {KeyDigit0 + 9, Shift::Up, CountFrequent, 0, "Alt+9", "cmdCalcFrequent"},
     {'G', Shift::Up, PickGlyph, 0, "Alt+G", "ImgGrid"},
-    {'R', Shift::Up, PlaceRightGlyph, 0, "Alt+R", ""},
-    {'R', Shift::Down, ChangeRightGlyph, 0, "Alt+Shift+R", "ImgGrid"},
+    {'R', Shift::Up, PlaceRightGlyph, 0, "Alt+R", "cmdRightGlyph"},
+    {'R', Shift::Down, ChangeRightGlyph, 0, "Alt+Shift+R", "cmdRightGlyph"},
+    {'I', Shift::Up, FindGlyph, 0, "Alt+I", ""},
     {'W', Shift::Up, OpenNameTicks, 0, "Alt+W", "ThisTickList"},
     {'L', Shift::Up, OpenAllTicks, 0, "Alt+L", "TickList"},
     {KeyEquals, Shift::Either, MoreNames, 0, "Alt+Plus", "AniTotalScroll"},

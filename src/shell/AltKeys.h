@@ -20,6 +20,7 @@ enum class AltCommand {
     PickGlyph,
     PlaceRightGlyph,
     ChangeRightGlyph,
+    FindGlyph,
     OpenNameTicks,
     OpenAllTicks,
     MoreNames,

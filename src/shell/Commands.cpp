@@ -6,6 +6,7 @@
 #include "animation/frmAniWiz.h"
 #include "animation/frmRankings.h"
 #include "animation/mdlAniName.h"
+#include "editing/GlyphFacts.h"
 #include "editing/frmGetChar.h"
 #include "editing/mdlPick.h"
 #include "scripts/frmBindWiz.h"
@@ -37,6 +38,11 @@ Commands::Commands(
     connect(&glyphColumn, &GlyphColumn::glyphPressed, this, &Commands::ImgGrid_MouseDown);
     connect(&glyphColumn, &GlyphColumn::favouritePressed, this, &Commands::cmdFavorite_MouseDown);
     connect(&glyphColumn, &GlyphColumn::frequentPressed, this, &Commands::cmdFrequent_MouseDown);
+    connect(&glyphColumn, &GlyphColumn::rightGlyphPressed, this, &Commands::cmdRightGlyph_MouseDown);
+    connect(&glyphColumn, &GlyphColumn::glyphFound, this, &Commands::putFoundGlyph);
+    connect(&glyphColumn, &GlyphColumn::findingEnded, this, [&session] { session.refresh(); });
+    pageColumn.setGlyphText([&glyphColumn](GlyphCode code) { return glyphColumn.glyphText(code); });
+    connect(&pageColumn, &PageColumn::pointedAt, &glyphColumn, &GlyphColumn::pointAt);
     connect(&glyphColumn, &GlyphColumn::countPressed, this, &Commands::cmdCalcFrequent_Click);
     connect(&glyphColumn, &GlyphColumn::modeSwitched, this, &Commands::cmdKey_Click);
     connect(&pageColumn, &PageColumn::pageWanted, this, [&session](Page page) { session.switchTo(page); });
@@ -151,6 +157,7 @@ void Commands::ImgGrid_MouseDown(GlyphCode code, Qt::MouseButton button) {
         putGlyphWithMarker(code);
     } else if (button == Qt::RightButton) {
         m_workspace.rightButtonGlyph = code;
+        m_glyphColumn.showGlyphs();
         m_session.refresh();
     }
 }
@@ -165,6 +172,26 @@ void Commands::cmdFavorite_MouseDown(int index, Qt::MouseButton button) {
         m_platform.clipboard.setPicture(m_glyphColumn.favouritePicture(index));
         m_session.refresh();
     }
+}
+
+void Commands::cmdRightGlyph_MouseDown(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) {
+        putGlyphWithMarker(m_workspace.rightButtonGlyph);
+    } else if (button == Qt::RightButton) {
+        pickRightGlyph();
+    }
+}
+
+void Commands::putFoundGlyph(GlyphCode code) {
+    const GlyphCode placed = glyphs::FilterPickedGlyph(code);
+    if (placed == 0) {
+        m_session.tell(editing::FactsOf(code, m_workspace.keys.used, m_workspace.settings.modes).note);
+    }
+    putGlyphWithMarker(placed);
+}
+
+void Commands::mnuViewFindGlyph_Click() {
+    m_glyphColumn.find();
 }
 
 void Commands::cmdFrequent_MouseDown(int index) {
@@ -270,6 +297,7 @@ void Commands::putPickedGlyph() {
 
 void Commands::pickRightGlyph() {
     m_workspace.rightButtonGlyph = pickGlyph(m_workspace.rightButtonGlyph);
+    m_glyphColumn.showGlyphs();
     m_session.refresh();
 }
 

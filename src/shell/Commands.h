@@ -31,6 +31,7 @@ public:
     void mnuEditPaste_Click();
     void mnuFormat_Click(editing::FormatOperation operation);
     void mnuFormatReverseNameOrder_Click();
+    void mnuViewFindGlyph_Click();
     void mnuToolsAnimationWizard_Click();
     void mnuToolsAnimationViewer_Click();
     void mnuToolsBindingWizard_Click();
@@ -44,6 +45,7 @@ public:
     // Buttons of the glyph column (index from 0)
     void cmdFavorite_MouseDown(int index, Qt::MouseButton button);
     void cmdFrequent_MouseDown(int index);
+    void cmdRightGlyph_MouseDown(Qt::MouseButton button);
     void cmdCalcFrequent_Click();
 
     /// A button of the list of names: 0 insert, 1 delete, 2 move up, 3 move down.
@@ -62,6 +64,7 @@ public:
 
 private:
     void ImgGrid_MouseDown(glyphs::GlyphCode code, Qt::MouseButton button);
+    void putFoundGlyph(glyphs::GlyphCode code);
     void cmdKey_Click(int index, bool isOn);
     void PagePic_MouseDown(editing::Page page, int x, int y, Qt::MouseButton button);
     void cursor_Moved(editing::Page page, int column, int row);

@@ -6,7 +6,46 @@
 #include "shell/ProgressIndicator.h"
 #include "shell/TabPicture.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+#include <utility>
+
 namespace shell {
+
+namespace {
+
+QString WithKeys(const QWidget& control) {
+    const QString keys = QString::fromStdString(AltKeysOf(control.objectName().toStdString()));
+    const QString text = control.toolTip();
+    return text.isEmpty() || keys.isEmpty() ? text + keys : QStringLiteral("%1 (%2)").arg(text, keys);
+}
+
+/// Shows more than the words of a control's tooltip, which stay as they are.
+class LongerToolTip final : public QObject {
+public:
+    LongerToolTip(QWidget& control, std::function<QString()> more)
+        : QObject(&control)
+        , m_control(control)
+        , m_more(std::move(more)) {}
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::ToolTip) {
+            return false;
+        }
+        QString text = WithKeys(m_control);
+        if (m_more) {
+            text += QLatin1Char('\n') + m_more();
+        }
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, &m_control);
+        return true;
+    }
+
+private:
+    QWidget& m_control;
+    std::function<QString()> m_more;
+};
+
+} // namespace
 
 TabAccess::TabAccess(TabPicture& tab)
     : QAccessibleWidget(&tab, QAccessible::PageTab) {}
@@ -61,9 +100,11 @@ QVariant ProgressAccess::minimumStepSize() const {
 }
 
 void DescribeKeys(QWidget& control) {
-    const QString keys = QString::fromStdString(AltKeysOf(control.objectName().toStdString()));
-    const QString text = control.toolTip();
-    control.setAccessibleDescription(text.isEmpty() ? keys : QStringLiteral("%1 (%2)").arg(text, keys));
+    control.setAccessibleDescription(WithKeys(control));
+}
+
+void AddToToolTip(QWidget& control, const std::function<QString()>& more) {
+    control.installEventFilter(new LongerToolTip(control, more));
 }
 
 } // namespace shell

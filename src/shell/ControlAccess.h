@@ -4,6 +4,8 @@
 
 #include <QAccessibleValueInterface>
 #include <QAccessibleWidget>
+#include <QString>
+#include <functional>
 
 namespace shell {
 
@@ -35,7 +37,10 @@ public:
     [[nodiscard]] QVariant minimumStepSize() const override;
 };
 
-/// Tells those who hear a control of its keys; its tooltip keeps its words.
+/// Tells those who hear a control of its keys.
 void DescribeKeys(QWidget& control);
+
+/// Shows the keys of a control, and what else there is to know of it, behind the words of its tooltip.
+void AddToToolTip(QWidget& control, const std::function<QString()>& more = {});
 
 } // namespace shell

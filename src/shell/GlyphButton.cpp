@@ -16,6 +16,7 @@ namespace shell {
 namespace {
 
 constexpr int Side = 26;
+constexpr int BareSide = 20; // holds the glyph at every scale of the screen
 
 } // namespace
 
@@ -30,13 +31,20 @@ GlyphButton::GlyphButton(QString title, QWidget* parent)
 }
 
 void GlyphButton::setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) {
+    m_code = code;
     m_picture = glyphs::GlyphButtonPicture(atlas, code);
     setAccessibleName(tr("%1: %2").arg(m_title, QString::fromStdString(glyphs::GlyphName(code))));
     update();
 }
 
+void GlyphButton::setBare() {
+    m_isBare = true;
+    setFixedSize(sizeHint());
+}
+
 QSize GlyphButton::sizeHint() const {
-    return {Side, Side};
+    const int side = m_isBare ? BareSide : Side;
+    return {side, side};
 }
 
 void GlyphButton::paintEvent(QPaintEvent*) {
@@ -44,7 +52,9 @@ void GlyphButton::paintEvent(QPaintEvent*) {
     QStyleOptionButton option;
     option.initFrom(this);
     option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
-    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    if (!m_isBare) {
+        painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    }
     // The style may leave the painter smoothing, which blurs the glyph on scaled screens.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const qreal scale = ui::qt::DeviceScale(painter);
@@ -54,6 +64,16 @@ void GlyphButton::paintEvent(QPaintEvent*) {
     const QPointF corner = ui::qt::DeviceCorner(painter) + QPointF(room.width() / 2, room.height() / 2);
     ui::qt::PaintFrom(painter, ui::qt::WholePixels(corner), unit);
     painter.drawImage(QPoint(0, 0), ui::qt::ImageOver(m_picture));
+}
+
+void GlyphButton::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    Q_EMIT pointedAt(true);
+}
+
+void GlyphButton::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    Q_EMIT pointedAt(false);
 }
 
 void GlyphButton::mousePressEvent(QMouseEvent* event) {

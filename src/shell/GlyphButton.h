@@ -18,8 +18,13 @@ public:
     /// `title` says which button it is, for those who cannot see it.
     explicit GlyphButton(QString title, QWidget* parent = nullptr);
 
+    /// The glyph alone, without the button around it.
+    void setBare();
+
     /// Shows the glyph's artwork.
     void setGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code);
+
+    [[nodiscard]] glyphs::GlyphCode glyph() const { return m_code; }
 
     /// The 16 x 16 picture that is shown.
     [[nodiscard]] const ui::Picture& picture() const { return m_picture; }
@@ -28,14 +33,20 @@ public:
 
 Q_SIGNALS:
     void mouseDown(Qt::MouseButton button);
+    /// The pointer is over it; false: no longer.
+    void pointedAt(bool isOver);
 
 protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     QString m_title;
+    bool m_isBare = false;
+    glyphs::GlyphCode m_code = 0;
     ui::Picture m_picture;
 };
 

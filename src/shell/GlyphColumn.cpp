@@ -3,11 +3,16 @@
 #include "shell/GlyphColumn.h"
 
 #include "editing/GlyphCells.h"
+#include "editing/GlyphFacts.h"
 #include "editing/mdlKey.h"
 #include "glyphs/mdlSwitches.h"
 #include "shell/ControlAccess.h"
 #include "shell/GlyphButton.h"
+#include "shell/GlyphFinder.h"
+#include "shell/GlyphReadout.h"
 #include "shell/ModeButton.h"
+#include "shell/Workspace.h"
+#include "ui/qt/CellMarks.h"
 #include "ui/qt/LineLabel.h"
 #include "ui/qt/MarkerShape.h"
 #include "ui/qt/PictureWidget.h"
@@ -44,12 +49,12 @@ int GlyphAt(QPoint pixel) {
 
 } // namespace
 
-GlyphColumn::GlyphColumn(const Settings& settings, const glyphs::GlyphAtlas& atlas, QWidget* parent)
+GlyphColumn::GlyphColumn(const Workspace& workspace, QWidget* parent)
     : QWidget(parent)
-    , m_settings(settings)
-    , m_atlas(atlas)
+    , m_workspace(workspace)
     , ImgGrid(new ui::qt::PictureWidget(this))
     , GridPosShape(new ui::qt::MarkerShape(ImgGrid))
+    , m_readout(new GlyphReadout(workspace, this))
     , lblFrequent(new ui::qt::LineLabel(this))
     , cmdCalcFrequent(new QToolButton(this)) {
     setObjectName(QStringLiteral("glyphColumn"));
@@ -58,11 +63,13 @@ GlyphColumn::GlyphColumn(const Settings& settings, const glyphs::GlyphAtlas& atl
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
     layout->addWidget(makeGrid());
+    layout->addWidget(m_readout);
     layout->addLayout(makeGlyphButtons());
     layout->addWidget(new QLabel(tr("Typing"), this));
     layout->addLayout(makeModeButtons());
     layout->addStretch(1);
     describeKeys();
+    connectFinder();
 }
 
 QWidget* GlyphColumn::makeGrid() {
@@ -74,29 +81,56 @@ QWidget* GlyphColumn::makeGrid() {
     ImgGrid->setAccessibleName(tr("Glyph grid"));
     ImgGrid->setBlock(glyphs::CellBlock);
     ImgGrid->setHoverTracking(true);
-    ImgGrid->setCells(editing::GlyphGridCells(true));
+    ImgGrid->setCells(editing::GlyphGridCells(true, [this](GlyphCode code) { return glyphText(code); }));
     GridPosShape->setObjectName(QStringLiteral("GridPosShape"));
     layout->addWidget(ImgGrid);
     frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(ImgGrid, &ui::qt::PictureWidget::pressed, this, &GlyphColumn::ImgGrid_MouseDown);
     connect(ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &GlyphColumn::ImgGrid_MouseMove);
+    connect(ImgGrid, &ui::qt::PictureWidget::pointerLeft, this, [this] { pointAt({}); });
     return frame;
 }
 
+GlyphButton* GlyphColumn::makeGlyphButton(const QString& title, const QString& name, const QString& toolTip) {
+    auto* button = new GlyphButton(title, this);
+    button->setObjectName(name);
+    button->setToolTip(toolTip);
+    AddToToolTip(*button, [this, button] { return glyphText(button->glyph()); });
+    connect(button, &GlyphButton::pointedAt, this, [this, button](bool isOver) {
+        pointAt(isOver ? std::optional(button->glyph()) : std::nullopt);
+    });
+    return button;
+}
+
+QLayout* GlyphColumn::makeFavouritesCaption() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    row->addWidget(new QLabel(tr("Favorites"), this));
+    row->addStretch(1);
+    row->addWidget(new QLabel(tr("Right click"), this));
+    cmdRightGlyph = makeGlyphButton(
+        tr("Glyph of the right mouse button"), QStringLiteral("cmdRightGlyph"),
+        tr("A right click on a page places this character, a right click here changes it"));
+    cmdRightGlyph->setBare();
+    connect(cmdRightGlyph, &GlyphButton::mouseDown, this, &GlyphColumn::rightGlyphPressed);
+    row->addWidget(cmdRightGlyph);
+    return row;
+}
+
 QLayout* GlyphColumn::makeGlyphButtons() {
-    const auto makeGroup = [](QWidget* caption, QLayout* row) {
+    const auto makeGroup = [](QLayout* caption, QLayout* row) {
         auto* group = new QVBoxLayout;
         group->setSpacing(3);
-        group->addWidget(caption);
+        group->addLayout(caption);
         group->addLayout(row);
         return group;
     };
     auto* favourites = new QHBoxLayout;
     favourites->setSpacing(2);
     for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
-        auto* button = new GlyphButton(tr("Favorite glyph %1").arg(i + 1), this);
-        button->setObjectName(QStringLiteral("cmdFavorite_%1").arg(i));
-        button->setToolTip(tr("Click to place this character, Right click to change"));
+        GlyphButton* const button = makeGlyphButton(
+            tr("Favorite glyph %1").arg(i + 1), QStringLiteral("cmdFavorite_%1").arg(i),
+            tr("Click to place this character, Right click to change"));
         connect(button, &GlyphButton::mouseDown, this, [this, button, i](Qt::MouseButton pressed) {
             if (pressed == Qt::RightButton) {
                 // The picker gets the release that would let the button up.
@@ -110,9 +144,9 @@ QLayout* GlyphColumn::makeGlyphButtons() {
     auto* frequents = new QHBoxLayout;
     frequents->setSpacing(2);
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
-        auto* button = new GlyphButton(tr("Frequent glyph %1").arg(i + 1), this);
-        button->setObjectName(QStringLiteral("cmdFrequent_%1").arg(i));
-        button->setToolTip(tr("Click to place this character"));
+        GlyphButton* const button = makeGlyphButton(
+            tr("Frequent glyph %1").arg(i + 1), QStringLiteral("cmdFrequent_%1").arg(i),
+            tr("Click to place this character"));
         connect(button, &GlyphButton::mouseDown, this, [this, i] {
             Q_EMIT frequentPressed(static_cast<int>(i));
         });
@@ -133,9 +167,12 @@ QLayout* GlyphColumn::makeGlyphButtons() {
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(2);
-    buttons->addLayout(makeGroup(new QLabel(tr("Favorites"), this), favourites));
+    buttons->addLayout(makeGroup(makeFavouritesCaption(), favourites));
     buttons->addStretch(1);
-    buttons->addLayout(makeGroup(lblFrequent, frequents));
+    auto* frequentCaption = new QHBoxLayout;
+    frequentCaption->addWidget(lblFrequent);
+    frequentCaption->addStrut(cmdRightGlyph->height());
+    buttons->addLayout(makeGroup(frequentCaption, frequents));
     return buttons;
 }
 
@@ -159,6 +196,8 @@ QLayout* GlyphColumn::makeModeButtons() {
 void GlyphColumn::describeKeys() {
     DescribeKeys(*ImgGrid);
     DescribeKeys(*cmdCalcFrequent);
+    AddToToolTip(*cmdCalcFrequent);
+    DescribeKeys(*cmdRightGlyph);
     for (GlyphButton* const button : cmdFavorite) {
         DescribeKeys(*button);
     }
@@ -167,23 +206,88 @@ void GlyphColumn::describeKeys() {
     }
 }
 
+void GlyphColumn::connectFinder() {
+    const GlyphFinder& finder = m_readout->finder();
+    connect(&finder, &GlyphFinder::found, this, &GlyphColumn::light);
+    connect(&finder, &GlyphFinder::reached, this, [this](GlyphCode code) {
+        mark(code);
+        m_readout->tell(code);
+    });
+    connect(&finder, &GlyphFinder::chosen, this, &GlyphColumn::glyphFound);
+    connect(&finder, &GlyphFinder::closed, this, [this] {
+        light({});
+        m_readout->showFinder(false);
+        showReadout();
+        tellGlyph();
+        Q_EMIT findingEnded();
+    });
+}
+
+void GlyphColumn::find() {
+    m_readout->show();
+    m_readout->showFinder(true);
+}
+
+bool GlyphColumn::takesKeysOf(const QWidget* widget) const {
+    return m_readout->finder().takesKeysOf(widget);
+}
+
+void GlyphColumn::light(const std::vector<GlyphCode>& fitting) {
+    if (m_shade == nullptr && !fitting.empty()) {
+        m_shade = new ui::qt::CellMarks(ImgGrid, ui::qt::CellMarks::Look::Shade);
+    }
+    if (m_shade != nullptr) {
+        std::vector<ui::Rect> cells(fitting.size());
+        std::ranges::transform(fitting, cells.begin(), editing::GridCell);
+        m_shade->mark(std::move(cells));
+    }
+}
+
+QString GlyphColumn::glyphText(GlyphCode code) const {
+    return QString::fromStdString(
+        editing::FactsText(editing::FactsOf(code, m_workspace.keys.used, m_workspace.settings.modes)));
+}
+
+void GlyphColumn::showCursor(GlyphCode code) {
+    m_underCursor = code;
+    tellGlyph();
+}
+
+void GlyphColumn::pointAt(std::optional<GlyphCode> code) {
+    m_underPointer = code;
+    tellGlyph();
+}
+
+void GlyphColumn::tellGlyph() {
+    if (m_readout->finder().isHidden()) {
+        m_readout->tell(m_underPointer.value_or(m_underCursor));
+    }
+}
+
+void GlyphColumn::showReadout() {
+    m_readout->setVisible(m_workspace.settings.showsReadout);
+}
+
 void GlyphColumn::showGrid() {
-    ImgGrid->setPicture(&m_atlas.cells);
+    ImgGrid->setPicture(&m_workspace.atlas.cells);
+    m_readout->tellAgain();
 }
 
 void GlyphColumn::showGlyphs() {
-    const bool isCounted = std::ranges::any_of(
-        m_settings.frequent, [](GlyphCode code) { return code != 0 && code != glyphs::BlankGlyph; });
+    const bool isCounted = std::ranges::any_of(m_workspace.settings.frequent, [](GlyphCode code) {
+        return code != 0 && code != glyphs::BlankGlyph;
+    });
     lblFrequent->tell(
         isCounted ? tr("Frequent") : tr("Frequent: use \u03A3"),
         tr("The glyphs that your name, animation and messages hold most often, once \u03A3 has counted "
            "them"));
     for (std::size_t i = 0; i < cmdFrequent.size(); ++i) {
-        cmdFrequent[i]->setGlyph(m_atlas, m_settings.frequent[i]);
+        cmdFrequent[i]->setGlyph(m_workspace.atlas, m_workspace.settings.frequent[i]);
     }
     for (std::size_t i = 0; i < cmdFavorite.size(); ++i) {
-        cmdFavorite[i]->setGlyph(m_atlas, m_settings.favourites[i]);
+        cmdFavorite[i]->setGlyph(m_workspace.atlas, m_workspace.settings.favourites[i]);
     }
+    cmdRightGlyph->setGlyph(m_workspace.atlas, m_workspace.rightButtonGlyph);
 }
 
 const ui::Picture& GlyphColumn::favouritePicture(int index) const {
@@ -191,17 +295,18 @@ const ui::Picture& GlyphColumn::favouritePicture(int index) const {
 }
 
 void GlyphColumn::showColours() {
-    GridPosShape->setColour(QColor::fromRgb(m_settings.colours[GridMarkerColour]));
+    GridPosShape->setColour(QColor::fromRgb(m_workspace.settings.colours[GridMarkerColour]));
 }
 
 void GlyphColumn::showPointer() {
-    ImgGrid->setPointer(m_settings.cursors[GridCursor]);
+    ImgGrid->setPointer(m_workspace.settings.cursors[GridCursor]);
 }
 
 void GlyphColumn::showModes() {
     for (std::size_t i = 0; i < cmdKey.size(); ++i) {
-        cmdKey[i]->setChecked(m_settings.modes.*editing::ModeKeys[i].flag);
+        cmdKey[i]->setChecked(m_workspace.settings.modes.*editing::ModeKeys[i].flag);
     }
+    m_readout->tellAgain();
 }
 
 void GlyphColumn::mark(GlyphCode code) {
@@ -223,6 +328,7 @@ void GlyphColumn::ImgGrid_MouseMove(QPoint pixel) {
     const int code = GlyphAt(pixel);
     if (code >= 0) {
         mark(static_cast<GlyphCode>(code));
+        pointAt(static_cast<GlyphCode>(code));
     }
 }
 

@@ -2,16 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editing/Documents.h"
-#include "glyphs/mdlPaint.h"
-#include "shell/Settings.h"
+#include "glyphs/GlyphCode.h"
+#include "ui/Picture.h"
 
 #include <QWidget>
 #include <array>
+#include <optional>
+#include <vector>
 
 class QToolButton;
 
 namespace ui::qt {
+class CellMarks;
 class LineLabel;
 class MarkerShape;
 class PictureWidget;
@@ -20,21 +22,40 @@ class PictureWidget;
 namespace shell {
 
 class GlyphButton;
+class GlyphReadout;
+struct Workspace;
 
-/// The left column of the main window: the glyph grid with its marker, the favourite and the frequent glyphs,
-/// and the buttons of the editing modes. It shows the settings and says what the user did.
+/// The left column of the main window: the glyph grid with its marker and what a glyph is, the favourite and
+/// the frequent glyphs, and the buttons of the editing modes. It shows the settings and says what the user
+/// did.
 class GlyphColumn final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Both are borrowed and outlive the column.
-    GlyphColumn(const Settings& settings, const glyphs::GlyphAtlas& atlas, QWidget* parent);
+    /// The workspace is borrowed and outlives the column.
+    GlyphColumn(const Workspace& workspace, QWidget* parent);
 
     /// Show the settings, or the atlas, as they are now.
     void showGlyphs();
     void showColours();
     void showPointer();
     void showModes();
+    void showReadout();
+
+    /// The glyph under the cursor is another.
+    void showCursor(glyphs::GlyphCode code);
+
+    /// The pointer is over a glyph, which is told of until the pointer leaves it; nothing: it has.
+    void pointAt(std::optional<glyphs::GlyphCode> code);
+
+    /// Opens the field that looks for glyphs.
+    void find();
+
+    /// Whether keys pressed on a widget of the column are its own.
+    [[nodiscard]] bool takesKeysOf(const QWidget* widget) const;
+
+    /// What is told of a glyph, a line each.
+    [[nodiscard]] QString glyphText(glyphs::GlyphCode code) const;
 
     /// The grid alone shows the atlas anew.
     void showGrid();
@@ -56,22 +77,36 @@ Q_SIGNALS:
     void glyphPressed(glyphs::GlyphCode code, Qt::MouseButton button);
     void favouritePressed(int index, Qt::MouseButton button);
     void frequentPressed(int index);
+    void rightGlyphPressed(Qt::MouseButton button);
+    /// A glyph that was looked for is to be placed.
+    void glyphFound(glyphs::GlyphCode code);
+    /// The field has gone: the page is to have the keyboard.
+    void findingEnded();
     void countPressed();
     void modeSwitched(int index, bool isOn);
 
 private:
     QWidget* makeGrid();
+    GlyphButton* makeGlyphButton(const QString& title, const QString& name, const QString& toolTip);
     QLayout* makeGlyphButtons();
+    QLayout* makeFavouritesCaption();
+    void connectFinder();
+    void light(const std::vector<glyphs::GlyphCode>& fitting);
+    void tellGlyph();
     QLayout* makeModeButtons();
     void describeKeys();
     void ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button);
     void ImgGrid_MouseMove(QPoint pixel);
 
-    const Settings& m_settings;
-    const glyphs::GlyphAtlas& m_atlas;
+    const Workspace& m_workspace;
     glyphs::GlyphCode m_markedGlyph = 0;
+    glyphs::GlyphCode m_underCursor = glyphs::BlankGlyph;
+    std::optional<glyphs::GlyphCode> m_underPointer;
     ui::qt::PictureWidget* ImgGrid;
     ui::qt::MarkerShape* GridPosShape;
+    ui::qt::CellMarks* m_shade = nullptr; ///< over what does not fit; made when it is first wanted
+    GlyphReadout* m_readout;
+    GlyphButton* cmdRightGlyph = nullptr;
     std::array<GlyphButton*, 5> cmdFavorite{};
     ui::qt::LineLabel* lblFrequent;
     std::array<GlyphButton*, 3> cmdFrequent{};

@@ -131,6 +131,24 @@ void MainMenus::buildMenus() {
     }
     m_pageEntries = pages->actions();
     addGames();
+    addReadout();
+}
+
+void MainMenus::addReadout() {
+    QMenu* const view = menu(QStringLiteral("mnuView"));
+    view->addSeparator();
+    mnuViewReadout = addEntry(*view, QStringLiteral("mnuViewReadout"), tr("Glyph &Readout"), nullptr, [] {});
+    mnuViewReadout->setCheckable(true);
+    connect(mnuViewReadout, &QAction::triggered, this, [this](bool isShown) {
+        m_receivers.session.chooseReadout(isShown);
+    });
+    addEntry(
+        *view, QStringLiteral("mnuViewFindGlyph"), tr("&Find Glyph") + QLatin1String("\tAlt+I"), nullptr,
+        [this] { m_receivers.commands.mnuViewFindGlyph_Click(); });
+}
+
+void MainMenus::showReadout() {
+    mnuViewReadout->setChecked(m_receivers.session.workspace().settings.showsReadout);
 }
 
 void MainMenus::addGames() {

@@ -49,6 +49,9 @@ public:
     /// Marks the games that are played.
     void showGames();
 
+    /// Marks whether the grid tells what its glyphs are.
+    void showReadout();
+
     /// Lets the user choose the games, at a point of the screen.
     void popGames(QPoint at);
 
@@ -60,6 +63,7 @@ public:
 private:
     void buildMenus();
     void addGames();
+    void addReadout();
     void buildToolbar();
     QMenu* addMenu(QMenu* parent, const char* name, const QString& caption);
     /// `command` is what Undo calls it; null: as its caption does.
@@ -78,6 +82,7 @@ private:
     QList<QAction*> m_pageButtons; ///< of the toolbar
     QAction* mnuEditUndo = nullptr;
     QAction* mnuEditRedo = nullptr;
+    QAction* mnuViewReadout = nullptr;
     QToolBar* Toolbar1 = nullptr;
 };
 

@@ -48,7 +48,9 @@ PageColumn::PageColumn(
     addPanel(Page::Animation, m_animationPage);
     addPanel(Page::Messages, new scripts::MessagesPage(documents.messages, pictures.messages, m_pages));
     for (const char* name : {"AniTotalScroll", "ThisTickList", "TickList", "VScroll1"}) {
-        DescribeKeys(*m_animationPage->findChild<QWidget*>(QLatin1String(name)));
+        auto& control = *m_animationPage->findChild<QWidget*>(QLatin1String(name));
+        DescribeKeys(control);
+        AddToToolTip(control);
     }
     layout->addWidget(m_pages, 1);
 
@@ -76,6 +78,7 @@ void PageColumn::addPanel(Page page, editing::PagePanel* panel) {
     connect(panel, &editing::PagePanel::cursorMoved, this, [this, page](int column, int row) {
         Q_EMIT cursorMoved(page, column, row);
     });
+    connect(panel, &editing::PagePanel::pointedAt, this, &PageColumn::pointedAt);
     connect(
         panel, &editing::PagePanel::picturePressed, this,
         [this, page](int x, int y, Qt::MouseButton button) { Q_EMIT picturePressed(page, x, y, button); });
@@ -146,6 +149,12 @@ void PageColumn::showGames() {
         m_cursorRow->addWidget(m_gameLines, 1);
     }
     m_gameLines->follow(inView());
+}
+
+void PageColumn::setGlyphText(const std::function<QString(glyphs::GlyphCode)>& text) {
+    for (const editing::Kind& kind : editing::Kinds) {
+        panel(kind.page).setGlyphText(text);
+    }
 }
 
 void PageColumn::goToLoss() {

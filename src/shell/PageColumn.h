@@ -8,6 +8,8 @@
 
 #include <QWidget>
 #include <array>
+#include <functional>
+#include <optional>
 
 class QBoxLayout;
 class QLabel;
@@ -58,6 +60,9 @@ public:
     /// Shows lines for the games that are played, from the first call on.
     void showGames();
 
+    /// Says what is to be told of a glyph in a cell's tooltip, a line each.
+    void setGlyphText(const std::function<QString(glyphs::GlyphCode)>& text);
+
     /// Moves the cursor to the next cell that a game does not keep.
     void goToLoss();
 
@@ -77,6 +82,8 @@ Q_SIGNALS:
     void cursorMoved(editing::Page page, int column, int row);
     /// A mouse button went down over a page's picture, at a position in its pixels.
     void picturePressed(editing::Page page, int x, int y, Qt::MouseButton button);
+    /// The pointer is over a glyph of a page; nothing: no longer.
+    void pointedAt(std::optional<glyphs::GlyphCode> code);
     /// An arrow of the direction pad, as a virtual key.
     void arrow(int virtualKey);
     /// The games are to be chosen, from a menu at a point of the screen.

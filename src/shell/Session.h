@@ -121,6 +121,9 @@ public:
     /// Says whether a family of games is played.
     void chooseGame(games::Family family, bool isPlayed);
 
+    /// Says whether the grid tells what its glyphs are.
+    void chooseReadout(bool isShown);
+
 private:
     ui::Status loadSettings();
     void loadStartFiles(const StartFiles& start);

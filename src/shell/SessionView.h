@@ -43,6 +43,9 @@ public:
 
     /// Shows what the games that are played make of the page in view.
     virtual void showGames() = 0;
+
+    /// Shows or hides what a glyph is.
+    virtual void showReadout() = 0;
 };
 
 } // namespace shell

@@ -17,6 +17,11 @@ void Session::chooseGame(games::Family family, bool isPlayed) {
     m_view.showGames();
 }
 
+void Session::chooseReadout(bool isShown) {
+    m_workspace.settings.showsReadout = isShown;
+    m_view.showReadout();
+}
+
 ui::Status Session::selectCharSet(int recordNumber) {
     const auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, recordNumber);
     if (!set) {

@@ -14,9 +14,13 @@ namespace {
 
 const std::string Section{OptionsSection};
 
-/// The games that are played have a section of their own, which is not made as long as nobody chooses.
-const std::string GamesSection = "games";
-const std::string PlayedKey = "played";
+/// A setting with a section of its own, which is not made as long as nobody chooses.
+struct ChosenSetting {
+    const char* section;
+    const char* key;
+    std::string (*text)(const Settings&);
+    void (*read)(Settings&, const std::string& text);
+};
 
 /// Shows every setting to a visitor with its key, in the order in which they are saved.
 template <class SettingsType, class Visitor>
@@ -175,6 +179,17 @@ games::FamilyChoice PlayedOf(const std::string& text) {
     return played;
 }
 
+constexpr std::array<ChosenSetting, 2> ChosenSettings{{
+    {"games", "played", [](const Settings& settings) { return PlayedText(settings.games); },
+     [](Settings& settings, const std::string& text) {
+         settings.games = PlayedOf(text);
+     }},
+    {"view", "readout", [](const Settings& settings) { return TextOf(settings.showsReadout); },
+     [](Settings& settings, const std::string& text) {
+         settings.showsReadout = BooleanOf(text).value_or(settings.showsReadout);
+     }},
+}};
+
 } // namespace
 
 std::string DefaultScreenshot(const ui::Path& programFolder) {
@@ -202,8 +217,10 @@ LoadedSettings Load(const ui::SettingsStore& store, const ui::Path& programFolde
     if (loaded.settings.makeType < 0 || loaded.settings.makeType > 2) {
         loaded.settings.makeType = Settings{}.makeType;
     }
-    if (const auto played = store.read(GamesSection, PlayedKey)) {
-        loaded.settings.games = PlayedOf(*played);
+    for (const ChosenSetting& chosen : ChosenSettings) {
+        if (const auto text = store.read(chosen.section, chosen.key)) {
+            chosen.read(loaded.settings, *text);
+        }
     }
     return loaded;
 }
@@ -218,9 +235,12 @@ ui::Status Save(ui::SettingsStore& store, const Settings& settings, const std::o
     for (const auto& [key, text] : texts) {
         store.write(Section, key, text);
     }
-    const bool isStored = store.read(GamesSection, PlayedKey).has_value();
-    if (settings.games != (loaded ? loaded->games : Settings{}.games) || (!loaded && isStored)) {
-        store.write(GamesSection, PlayedKey, PlayedText(settings.games));
+    for (const ChosenSetting& chosen : ChosenSettings) {
+        const bool isStored = store.read(chosen.section, chosen.key).has_value();
+        const std::string text = chosen.text(settings);
+        if (text != chosen.text(loaded.value_or(Settings{})) || (!loaded && isStored)) {
+            store.write(chosen.section, chosen.key, text);
+        }
     }
     return store.save();
 }

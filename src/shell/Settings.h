@@ -54,6 +54,7 @@ struct Settings {
     std::array<glyphs::GlyphCode, 5> favourites{16, 86, 84, 77, 17};
     editing::Modes modes;
     games::FamilyChoice games{true, true, true}; ///< that are played; kept apart from the other options
+    bool showsReadout = true;                    ///< what a glyph is, under the grid; likewise
     std::int16_t makeType = 1;                   ///< page in view: 0 name, 1 animation, 2 messages
 
     /// caseChoice as the case operations take it.

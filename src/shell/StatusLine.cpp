@@ -35,6 +35,7 @@ QLabel* StatusLine::makeLink(const char* name, const QString& caption, const QSt
     link->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum); // only its letters answer a click
     link->setAccessibleName(caption);
     DescribeKeys(*link);
+    AddToToolTip(*link);
     addPermanentWidget(link);
     link->hide();
     return link;

@@ -43,7 +43,7 @@ constexpr QSize FrameRoom(10, 40); // for what the desktop puts around the windo
 frmVTM::frmVTM(const ui::Platform& platform)
     : m_platform(platform)
     , m_session(platform, *this)
-    , m_glyphColumn(new GlyphColumn(workspace().settings, workspace().atlas, this))
+    , m_glyphColumn(new GlyphColumn(workspace(), this))
     , m_pageColumn(new PageColumn(
           workspace().documents, workspace().pictures, workspace().atlas, workspace().settings, this))
     , m_commands(platform, m_session, *m_glyphColumn, *m_pageColumn, *this)
@@ -51,6 +51,10 @@ frmVTM::frmVTM(const ui::Platform& platform)
     , m_exchange(platform, m_session)
     , m_menus(new MainMenus(*this, {m_session, m_files, m_commands, m_exchange})) {
     setObjectName(QStringLiteral("frmVTM"));
+    for (const editing::Kind& kind : editing::Kinds) {
+        m_pageColumn->panel(kind.page).setGlyphText(
+            [this](glyphs::GlyphCode code) { return m_glyphColumn->glyphText(code); });
+    }
     setFocusPolicy(Qt::NoFocus); // the picture of the page in view has it
     // The toolkit's own menu would hide the toolbar.
     setContextMenuPolicy(Qt::PreventContextMenu);
@@ -87,6 +91,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     if (ui::Status loaded = m_session.load(arguments); !loaded) {
         return loaded;
     }
+    showReadout();
     restoreWindow();
     show();
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
@@ -152,6 +157,7 @@ void frmVTM::viewPage(Page page) {
 
 void frmVTM::showDocument(Page page) {
     m_pageColumn->showDocument(page);
+    m_glyphColumn->showCursor(m_session.cursor().glyph());
     m_menus->showTakingBack();
     m_menus->showExchange();
 }
@@ -209,6 +215,11 @@ void frmVTM::showModes() {
 void frmVTM::showGames() {
     m_pageColumn->showGames();
     m_menus->showGames();
+}
+
+void frmVTM::showReadout() {
+    m_glyphColumn->showReadout();
+    m_menus->showReadout();
 }
 
 } // namespace shell

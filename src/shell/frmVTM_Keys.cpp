@@ -70,7 +70,10 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
             qobject_cast<const QMenuBar*>(widget) != nullptr) {
             return PassLatinLetter(*static_cast<QKeyEvent*>(event), *watched);
         }
-        if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget)) {
+        if (widget != nullptr && widget->window() == this && !KeepsItsKeys(widget) &&
+            !m_glyphColumn->takesKeysOf(widget)) {
+            // Whoever types looks at the cursor, wherever the pointer rests.
+            m_glyphColumn->pointAt({});
             const ui::KeyStroke stroke = m_keys.press(*static_cast<QKeyEvent*>(event));
             if (const AltKey* const key = FindAltKey(stroke)) {
                 runAltKey(*key);
@@ -151,6 +154,8 @@ void frmVTM::runAltKey(const AltKey& key) {
         return m_commands.putGlyph(workspace().rightButtonGlyph);
     case AltCommand::ChangeRightGlyph:
         return m_commands.pickRightGlyph();
+    case AltCommand::FindGlyph:
+        return m_glyphColumn->find();
     case AltCommand::OpenNameTicks:
         return animation.openTickList(false);
     case AltCommand::OpenAllTicks:

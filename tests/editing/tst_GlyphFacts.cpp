@@ -49,9 +49,11 @@ TEST(GlyphFacts, SayWhyAGlyphIsNotPlaced) {
         EXPECT_EQ(note.starts_with("Not placed: "), glyphs::FilterPickedGlyph(glyph) == 0) << code;
         EXPECT_EQ(note.starts_with("Placed as "), code == 13) << code;
     }
-    EXPECT_EQ(FactsOf(34, Map, {}).note, "Not placed: it ends the quoted text; color 2: glyph 162");
+    EXPECT_EQ(FactsOf(34, Map, {}).note, "Not placed: it ends the text");
+    EXPECT_EQ(FactsOf(34, Map, {}).keys, "No key types it; color 2: glyph 162");
     EXPECT_EQ(FactsOf(10, Map, {}).note, "Breaks the line that it is saved in");
-    EXPECT_EQ(FactsOf(13, Map, {}).note, "Placed as 141: it breaks its line; color 2: glyph 141");
+    EXPECT_EQ(FactsOf(13, Map, {}).note, "Placed as 141: it breaks its line");
+    EXPECT_EQ(FactsOf(13, Map, {}).keys, "No key types it; color 2: glyph 141");
     EXPECT_EQ(FactsOf(129, Map, {}).note, "");
 }
 

@@ -48,6 +48,8 @@ public:
 
     void showGames() override { shown.emplace_back("games"); }
 
+    void showReadout() override { shown.emplace_back("readout"); }
+
     std::vector<std::string> shown;
     std::string status;
     int furthest = -1; ///< the highest percentage of progress

@@ -236,12 +236,18 @@ TEST_F(Access, SaysWhichGlyphsBreakAScript) {
         QApplication::sendEvent(find(picture), &help);
         return QToolTip::isVisible() ? QToolTip::text().toStdString() : std::string();
     };
-    EXPECT_EQ(toolTipAt("NamePic", {40, 8}), "Glyph 13 breaks the line that it is saved in");
+    EXPECT_EQ(
+        toolTipAt("NamePic", {40, 8}), "Glyph 13: right arrow head, carriage return\nNo key types it; color "
+                                       "2: glyph 141\nPlaced as 141: it breaks its line");
     EXPECT_EQ(toolTipAt("NamePic", {8, 8}), "");
     choose("mnuView_2");
     workspace().documents.messages.cells[31] = 10;
-    EXPECT_EQ(toolTipAt("MacPic", {8, 24}), "Glyph 10 breaks the line that it is saved in");
-    EXPECT_EQ(toolTipAt("ImgGrid", {24, 152}), "") << "it would hide the glyphs around";
+    EXPECT_EQ(
+        toolTipAt("MacPic", {8, 24}),
+        "Glyph 10: blank, line feed\nNo key types it\nBreaks the line that it is saved in");
+    EXPECT_EQ(
+        toolTipAt("ImgGrid", {24, 152}),
+        "Glyph 145: ornate right bracket, second color\nNo key types it\nColor 1: glyph 17");
 }
 
 TEST_F(Access, GlyphButtonsSayTheirGlyphAndTheirKeys) {

@@ -44,6 +44,7 @@ const std::vector<KeyWay> KeyWays{
     {"cmdFrequent_1", Page::Name, Qt::Key_7, Qt::AltModifier},
     {"cmdFrequent_2", Page::Name, Qt::Key_8, Qt::AltModifier},
     {"cmdCalcFrequent", Page::Name, Qt::Key_9, Qt::AltModifier},
+    {"cmdRightGlyph", Page::Name, Qt::Key_R, Qt::AltModifier},
     {"cmdKey_0", Page::Name, Qt::Key_ScrollLock},
     {"cmdKey_1", Page::Name, Qt::Key_Insert},
     {"cmdKey_2", Page::Name, Qt::Key_CapsLock},
@@ -186,6 +187,8 @@ TEST_F(Shortcuts, EveryControlOfTheWindowHasItsKey) {
     }
     // These have tests of their own: the grid opens the picker, the tabs and the toolbar stand in the menus.
     reached.insert({QStringLiteral("ImgGrid")});
+    // It only shows.
+    reached.insert({QStringLiteral("picReadout")});
     for (const auto* widget : window->findChildren<QWidget*>()) {
         const bool isControl = qobject_cast<const QScrollBar*>(widget) != nullptr ||
                                qobject_cast<const QComboBox*>(widget) != nullptr ||

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QRegion>
 #include <algorithm>
 
 namespace ui::qt {
@@ -16,13 +17,15 @@ namespace {
 
 /// Told from every colour of the games' glyphs and from the cursor's marker.
 constexpr QColor MarkColour(80, 190, 255);
+constexpr QColor ShadeColour(0, 0, 0, 190);
 constexpr int MarkThickness = 2; ///< in pixels of the picture
 
 } // namespace
 
-CellMarks::CellMarks(PictureWidget* picture)
+CellMarks::CellMarks(PictureWidget* picture, Look look)
     : QWidget(picture)
-    , m_picture(picture) {
+    , m_picture(picture)
+    , m_look(look) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     setGeometry(picture->rect());
@@ -55,16 +58,37 @@ bool CellMarks::eventFilter(QObject* watched, QEvent* event) {
 
 void CellMarks::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    if (m_look == Look::Lines) {
+        paintLines(painter, event->rect());
+    } else {
+        paintShade(painter);
+    }
+}
+
+void CellMarks::paintLines(QPainter& painter, const QRect& area) const {
     const qreal scale = DeviceScale(painter);
     const QPointF corner = DeviceCorner(painter);
     PaintFrom(painter, QPoint(0, 0), 1);
     for (const Rect& cell : m_cells) {
-        if (m_picture->isInView(cell) && m_picture->areaOf(cell).intersects(event->rect())) {
+        if (m_picture->isInView(cell) && m_picture->areaOf(cell).intersects(area)) {
             QRect line = m_picture->pixelsOf(cell, corner, scale);
             const int thickness = std::max(1, line.height() * MarkThickness / cell.height);
             line.setTop(line.bottom() + 1 - thickness);
             painter.fillRect(line, MarkColour);
         }
+    }
+}
+
+void CellMarks::paintShade(QPainter& painter) const {
+    const qreal scale = DeviceScale(painter);
+    const QPointF corner = DeviceCorner(painter);
+    QRegion shaded = m_picture->pixelsOf(m_picture->picture()->bounds(), corner, scale);
+    for (const Rect& cell : m_cells) {
+        shaded -= m_picture->pixelsOf(cell, corner, scale);
+    }
+    PaintFrom(painter, QPoint(0, 0), 1);
+    for (const QRect& part : shaded) {
+        painter.fillRect(part, ShadeColour);
     }
 }
 

@@ -7,18 +7,22 @@
 #include <QWidget>
 #include <vector>
 
+class QPainter;
+
 namespace ui::qt {
 
 class PictureWidget;
 
-/// Thin lines below cells of the picture that it lies on, through which the mouse passes. Without a mark it
-/// is hidden, and costs nothing.
+/// Marks cells of the picture that it lies on, by thin lines below them or by a shade over all others. The
+/// mouse passes through. Without a mark it is hidden, and costs nothing.
 class CellMarks final : public QWidget {
     Q_OBJECT
 
 public:
+    enum class Look { Lines, Shade };
+
     /// No marks over `picture`, hidden.
-    explicit CellMarks(PictureWidget* picture);
+    explicit CellMarks(PictureWidget* picture, Look look = Look::Lines);
 
     /// Marks these parts of the picture, each a cell, and no others.
     void mark(std::vector<Rect> cells);
@@ -30,7 +34,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void paintLines(QPainter& painter, const QRect& area) const;
+    void paintShade(QPainter& painter) const;
+
     PictureWidget* m_picture;
+    Look m_look;
     std::vector<Rect> m_cells;
 };
 
