@@ -13,6 +13,7 @@ namespace shell {
 
 class GlyphColumn;
 class PageColumn;
+struct AltKey;
 
 /// What menus, buttons, mouse and keys do to the page in view, and the dialogs that they open.
 class Commands final : public QObject, public ScriptWizards {
@@ -53,6 +54,9 @@ public:
 
     /// Moves the cursor, or deletes a glyph, as a navigation key does.
     void navigate(int virtualKey);
+
+    /// Does what a key does with Alt, but for what the status line offers.
+    void runAltKey(const AltKey& key);
 
     /// Place a glyph at the cursor; the second shows it on the grid as well.
     void putGlyph(glyphs::GlyphCode code);

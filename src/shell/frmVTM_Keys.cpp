@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "animation/AnimationPage.h"
 #include "shell/AltKeys.h"
 #include "shell/GlyphColumn.h"
 #include "shell/MainMenus.h"
@@ -138,32 +137,7 @@ void frmVTM::lockKey_Turned(ui::LockKey key, bool isOn) {
 }
 
 void frmVTM::runAltKey(const AltKey& key) {
-    animation::AnimationPage& animation = m_pageColumn->animationPage();
     switch (key.command) {
-    case AltCommand::PlaceFavourite:
-        return m_commands.cmdFavorite_MouseDown(key.index, Qt::LeftButton);
-    case AltCommand::ChangeFavourite:
-        return m_commands.cmdFavorite_MouseDown(key.index, Qt::RightButton);
-    case AltCommand::PlaceFrequent:
-        return m_commands.cmdFrequent_MouseDown(key.index);
-    case AltCommand::CountFrequent:
-        return m_commands.cmdCalcFrequent_Click();
-    case AltCommand::PickGlyph:
-        return m_commands.putPickedGlyph();
-    case AltCommand::PlaceRightGlyph:
-        return m_commands.putGlyph(workspace().rightButtonGlyph);
-    case AltCommand::ChangeRightGlyph:
-        return m_commands.pickRightGlyph();
-    case AltCommand::FindGlyph:
-        return m_glyphColumn->find();
-    case AltCommand::OpenNameTicks:
-        return animation.openTickList(false);
-    case AltCommand::OpenAllTicks:
-        return animation.openTickList(true);
-    case AltCommand::MoreNames:
-        return animation.moveTotal(QAbstractSlider::SliderSingleStepAdd);
-    case AltCommand::FewerNames:
-        return animation.moveTotal(QAbstractSlider::SliderSingleStepSub);
     case AltCommand::ShowReadNames:
         if (m_statusLine->offersShow()) {
             m_session.showReadNames();
@@ -173,16 +147,8 @@ void frmVTM::runAltKey(const AltKey& key) {
         return m_recovery->restore();
     case AltCommand::DiscardWork:
         return m_recovery->discard();
-    case AltCommand::GoToLoss:
-        return m_pageColumn->goToLoss();
-    case AltCommand::ViewLineUp:
-        return animation.moveView(QAbstractSlider::SliderSingleStepSub);
-    case AltCommand::ViewLineDown:
-        return animation.moveView(QAbstractSlider::SliderSingleStepAdd);
-    case AltCommand::ViewPageUp:
-        return animation.moveView(QAbstractSlider::SliderPageStepSub);
-    case AltCommand::ViewPageDown:
-        return animation.moveView(QAbstractSlider::SliderPageStepAdd);
+    default:
+        m_commands.runAltKey(key);
     }
 }
 
