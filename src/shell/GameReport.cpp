@@ -6,6 +6,7 @@
 #include "animation/mdlAniServer.h"
 #include "editing/mdlCommon.h"
 #include "games/Findings.h"
+#include "glyphs/GlyphWords.h"
 
 #include <algorithm>
 
@@ -49,16 +50,29 @@ FindingsOn(const editing::PageCursor& page, Family family, const games::TimedNam
 }
 
 /// What is to be said about the script of an animation, by the command that the family knows.
-std::vector<Finding> FindingsOnAnimationScript(Family family, const games::TimedNames& names) {
-    const bool runsName = games::RuleOf(family, games::NameCommand::Name).runs;
-    const auto command = runsName ? games::NameCommand::Name : games::NameCommand::SetName;
-    return games::FindingsOnScript(family, games::SizeOfAnimation(names, command), command);
+struct OnScript {
+    std::vector<Finding> findings;
+    std::string brief; ///< the first of them
+};
+
+/// Which of a family's engines a script is too long for; empty: none.
+std::string LengthText(Family family, const games::ScriptSize& size) {
+    for (const games::Fit fit : {games::Fit::TooLong, games::Fit::MayNotFit}) {
+        for (const games::ScriptLimit& limit : games::ScriptLimits()) {
+            const games::EngineFacts& engine = games::FactsOf(limit.seen.engine);
+            if (engine.family == family && games::FitOf(limit, size) == fit) {
+                return (fit == games::Fit::TooLong ? "too long for " : "may be too long for ") +
+                       std::string(engine.name) + ": " + games::BytesText(size.bytes);
+            }
+        }
+    }
+    return {};
 }
 
-/// A finding in words, where the row is not known by itself.
-std::string FullText(const Finding& finding, Page page) {
+/// A finding in words, where it is not about the row `known`.
+std::string FullText(const Finding& finding, Page page, int known = 0) {
     std::string text;
-    if (finding.row > 0 && !finding.namesRow && page != Page::Name) {
+    if (finding.row != known && !finding.namesRow && page != Page::Name) {
         text = (page == Page::Animation ? "name " : "message ") + std::to_string(finding.row) + ": ";
     }
     if (finding.weight == Weight::Note) {
@@ -79,11 +93,38 @@ const Finding* Foremost(const std::vector<Finding>& findings, int currentRow) {
     return foremost == findings.end() || rank(*foremost) == NeverSaid ? nullptr : &*foremost;
 }
 
-std::string FullTexts(const std::vector<Finding>& findings, Page page) {
+OnScript FindingsOnAnimationScript(Family family, const games::TimedNames& names) {
+    const bool runsName = games::RuleOf(family, games::NameCommand::Name).runs;
+    const auto command = runsName ? games::NameCommand::Name : games::NameCommand::SetName;
+    const games::ScriptSize size = games::SizeOfAnimation(names, command);
+    OnScript script{games::FindingsOnScript(family, size, command), LengthText(family, size)};
+    if (script.brief.empty() && !script.findings.empty()) {
+        script.brief = FullText(script.findings.front(), Page::Animation);
+    }
+    return script;
+}
+
+/// Whether a row has a glyph in the second colour that differs from the same in the first.
+bool HasColour(std::span<const glyphs::GlyphCode> row) {
+    constexpr glyphs::GlyphCode ColouredBlank = 160;
+    return std::ranges::any_of(row, [](glyphs::GlyphCode code) { return code > ColouredBlank; });
+}
+
+/// The row that is seen, in words, which by themselves do not tell of colours; empty: none is shown.
+std::string ShownText(const Finding& finding, const editing::PageCursor& page) {
+    if (!finding.shown) {
+        return {};
+    }
+    const bool losesColour = HasColour(page.rows.row(finding.row)) && !HasColour(*finding.shown);
+    return glyphs::ReadableRow(*finding.shown) + (losesColour ? ", in one color" : "");
+}
+
+std::string FullTexts(const std::vector<Finding>& findings, const editing::PageCursor& page) {
     std::string texts;
     for (std::size_t i = 0; i < findings.size() && i < MostLines; ++i) {
-        texts += (i == 0 ? "" : "\n") + FullText(findings[i], page) + " (" +
-                 games::SightingText(findings[i].seen) + ")";
+        const std::string shown = ShownText(findings[i], page);
+        texts += (i == 0 ? "" : "\n") + FullText(findings[i], page.page) + (shown.empty() ? "" : " ") +
+                 shown + " (" + games::SightingText(findings[i].seen) + ")";
     }
     if (findings.size() > MostLines) {
         texts += "\nand " + std::to_string(findings.size() - MostLines) + " more";
@@ -91,36 +132,43 @@ std::string FullTexts(const std::vector<Finding>& findings, Page page) {
     return texts;
 }
 
-/// The time that an animation takes, and in the preview.
-std::string TimesText(Family family, const games::TimedNames& names) {
+/// How long an animation takes.
+struct Times {
+    std::string inGame;
+    std::string inPreview;
+};
+
+Times TimesOf(Family family, const games::TimedNames& names) {
     const games::Timetable table = games::TimetableOf(family, names);
-    return games::TimeText(table.milliseconds) + ", preview " +
-           games::TimeText(table.ticks * animation::TickMilliseconds);
+    return {games::TimeText(table.milliseconds), games::TimeText(table.ticks * animation::TickMilliseconds)};
 }
 
-GameLine LineOf(const editing::PageCursor& page, Family family, const games::TimedNames& names) {
+GameLine
+LineOf(const editing::PageCursor& page, Family family, const games::TimedNames& names, bool tellsPreview) {
     GameLine line{.family = family, .text = "kept"};
     std::vector<Finding> findings = FindingsOn(page, family, names);
-    std::vector<Finding> onScript;
-    if (page.page == Page::Animation) {
-        const std::string times = TimesText(family, names);
-        line.text += ": " + times;
-        line.more = "takes " + times + "\n";
-        onScript = FindingsOnAnimationScript(family, names);
-    }
-    const Finding* foremost = Foremost(findings, page.row);
-    if (!onScript.empty() && (foremost == nullptr || foremost->weight == Weight::Note)) {
-        foremost = &onScript.front();
-    }
-    if (foremost != nullptr) {
-        line.isLoss = foremost->weight == Weight::Loss;
-        line.text = (line.isLoss ? "" : line.text + "; ") + FullText(*foremost, page.page);
+    const bool isAnimation = page.page == Page::Animation;
+    const OnScript onScript = isAnimation ? FindingsOnAnimationScript(family, names) : OnScript{};
+    const Finding* const foremost = Foremost(findings, page.row);
+    line.isLoss = foremost != nullptr && foremost->weight == Weight::Loss;
+    if (!line.isLoss && !onScript.findings.empty()) {
+        line.isLoss = onScript.findings.front().weight == Weight::Loss;
+        line.text = onScript.brief;
+    } else if (foremost != nullptr) {
+        // Before what one engine does, the time of an animation tells that the others play it.
+        line.text = (line.isLoss || isAnimation ? "" : "kept; ") + FullText(*foremost, page.page, page.row);
         line.shown = foremost->shown.value_or(std::vector<glyphs::GlyphCode>{});
+        line.shownText = ShownText(*foremost, page);
         line.row = foremost->row;
         line.column = foremost->row > 0 ? std::max(foremost->column, 1) : 0;
     }
-    std::ranges::move(onScript, std::back_inserter(findings));
-    line.more += FullTexts(findings, page.page);
+    if (isAnimation) {
+        const Times times = TimesOf(family, names);
+        line.text = times.inGame + (tellsPreview ? " (preview " + times.inPreview + "); " : "; ") + line.text;
+        line.more = "takes " + times.inGame + ", preview " + times.inPreview + "\n";
+    }
+    std::ranges::copy(onScript.findings, std::back_inserter(findings));
+    line.more += FullTexts(findings, page);
     return line;
 }
 
@@ -162,7 +210,7 @@ GameReport ReportOf(editing::Documents& documents, Page page, const games::Famil
     const games::TimedNames names = animation::TimedNamesOf(documents.animation);
     for (const Family family : games::Families) {
         if (chosen.at(static_cast<std::size_t>(family))) {
-            report.lines.push_back(LineOf(cursor, family, names));
+            report.lines.push_back(LineOf(cursor, family, names, report.lines.empty()));
         }
     }
     for (int row = 1; row <= cursor.rowsInUse; ++row) {

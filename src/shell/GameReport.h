@@ -17,6 +17,7 @@ struct GameLine {
     std::string text = {};                     ///< behind the family's name
     std::string more = {};                     ///< all that is known, a line each; may be empty
     std::vector<glyphs::GlyphCode> shown = {}; ///< the row that others see, behind the text; may be empty
+    std::string shownText = {};                ///< the same in words
     int row = 0;                               ///< the cell that the text is about (1-based); 0: none
     int column = 0;
 
@@ -30,7 +31,7 @@ struct GameReport {
     friend bool operator==(const GameReport&, const GameReport&) = default;
 };
 
-/// What the games make of a page. Of several things to say about an animation or messages, those about the
+/// What the games make of a page. The first line tells the preview's time too. Of several things to say about an animation or messages, those about the
 /// cursor's row come before those about other rows.
 [[nodiscard]] GameReport
 ReportOf(editing::Documents& documents, editing::Page page, const games::FamilyChoice& chosen);

@@ -82,17 +82,31 @@ TEST_F(Report, WhatOthersSeeIsShownInGlyphs) {
     const shell::GameLine told = line(Page::Name, Family::Quake2);
     EXPECT_EQ(told.text, "others see:");
     EXPECT_EQ(told.shown, (std::vector<glyphs::GlyphCode>{'B', 'a'}));
+    EXPECT_EQ(told.shownText, "Ba, in one color");
+    EXPECT_EQ(told.more, "others see: Ba, in one color (Yamagi Quake II 8.20, run)");
     const std::vector<CellBlock> marks{{2, 1, 1, 1}};
     EXPECT_EQ(shell::ReportOf(documents, Page::Name, AllGames).marks, marks)
         << "a glyph that only loses its color is shown, not marked";
 }
 
-TEST_F(Report, AnAnimationTellsItsTimeBesideThePreviews) {
+TEST_F(Report, OnlyARowThatLosesAColorIsOfOneColor) {
+    put(Page::Name, 1, "B\x10x");
+    EXPECT_EQ(line(Page::Name, Family::Quake2).shownText, "Bx");
+    put(Page::Name, 1, "B\xa0\x90");
+    EXPECT_EQ(line(Page::Name, Family::Quake2).shownText, "B") << "a blank has no color to lose";
+    put(Page::Name, 1, "\x01y\xe1");
+    EXPECT_EQ(line(Page::Name, Family::QuakeWorld).shownText, "ya") << "QuakeWorld keeps the colors";
+}
+
+TEST_F(Report, AnAnimationTellsItsTimeAndOnceThePreviews) {
     for (int row = 1; row <= documents.animation.nameCount; ++row) {
         put(Page::Animation, row, "Bob");
     }
-    EXPECT_EQ(line(Page::Animation, Family::Quake).text, "kept: 0.4 s, preview 1.5 s");
-    EXPECT_EQ(line(Page::Animation, Family::Quake2).text, "kept: 0.5 s, preview 1.5 s");
+    EXPECT_EQ(line(Page::Animation, Family::Quake).text, "0.4 s (preview 1.5 s); kept");
+    EXPECT_EQ(line(Page::Animation, Family::QuakeWorld).text, "0.4 s; kept");
+    EXPECT_EQ(line(Page::Animation, Family::Quake2).text, "0.5 s; kept");
+    const auto report = shell::ReportOf(documents, Page::Animation, {false, true, true});
+    EXPECT_EQ(report.lines.front().text, "0.4 s (preview 1.5 s); kept") << "the first line, whatever it is";
 }
 
 TEST_F(Report, AKickComesBeforeWhatBecomesOfRows) {
@@ -100,7 +114,7 @@ TEST_F(Report, AKickComesBeforeWhatBecomesOfRows) {
         put(Page::Animation, row, std::string("Bob# ") + static_cast<char>('a' + row));
     }
     const shell::GameLine told = line(Page::Animation, Family::QuakeWorld);
-    EXPECT_EQ(told.text, "kicked at name 7, after 0.2 s");
+    EXPECT_EQ(told.text, "0.4 s; kicked at name 7, after 0.2 s");
     EXPECT_EQ(told.row, 7);
     EXPECT_EQ(told.column, 1);
     EXPECT_NE(told.more.find("takes 0.4 s, preview 1.5 s\n"), std::string::npos) << told.more;
@@ -111,8 +125,13 @@ TEST_F(Report, TheCursorsRowComesBeforeTheOthers) {
         put(Page::Animation, row, "Bob\x10");
     }
     documents.animation.currentName = 9;
-    EXPECT_EQ(line(Page::Animation, Family::Quake2).text, "name 9: others see:");
-    EXPECT_EQ(line(Page::Animation, Family::Quake2).row, 9);
+    const shell::GameLine told = line(Page::Animation, Family::Quake2);
+    EXPECT_EQ(told.text, "0.5 s; others see:");
+    EXPECT_EQ(told.row, 9);
+    EXPECT_NE(told.more.find("name 9: others see: Bob ("), std::string::npos) << told.more;
+    documents.animation.nameGlyphs.fill(glyphs::BlankGlyph);
+    put(Page::Animation, 2, "Bob\x10");
+    EXPECT_EQ(line(Page::Animation, Family::Quake2).text, "0.5 s; name 2: others see:");
 }
 
 TEST_F(Report, ALongScriptIsToldOfTheFirstEngines) {
@@ -123,7 +142,11 @@ TEST_F(Report, ALongScriptIsToldOfTheFirstEngines) {
     }
     const shell::GameLine told = line(Page::Animation, Family::Quake);
     EXPECT_FALSE(told.isLoss);
-    EXPECT_NE(told.text.find("10,517 bytes"), std::string::npos) << told.text;
+    EXPECT_EQ(told.text, "18.9 s (preview 67.5 s); too long for original Quake: 10,517 bytes");
+    EXPECT_NE(told.more.find("original Quake does not run 10,517 bytes"), std::string::npos) << told.more;
+    EXPECT_EQ(
+        line(Page::Animation, Family::Quake2).text, "23.0 s; too long for original Quake II: 10,517 bytes");
+    EXPECT_EQ(line(Page::Animation, Family::QuakeWorld).text.find("too long"), std::string::npos);
 }
 
 TEST_F(Report, MessagesAreJudgedOneByOneAndBlankOnesNotAtAll) {
