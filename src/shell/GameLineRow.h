@@ -36,20 +36,31 @@ public:
     /// The atlas is another one.
     void showAtlas();
 
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     /// The line, which is about a cell, was pressed.
     void pressed();
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void paleName();
     void makePicture();
-    void fitFrame();
-    /// Paints what is shown; cells that show the same as `before` are left.
+    /// Shows the row in place of `before`.
     void showGlyphs(const std::vector<glyphs::GlyphCode>& before);
+    /// Paints the cells that show another glyph than `before`, or, without that, all.
+    void paintCells(const std::vector<glyphs::GlyphCode>* before);
+    /// Draws the row as large as there is room for behind the text.
+    void fitPicture();
+    /// How many pixels of the screen are a pixel of the artwork then.
+    [[nodiscard]] int blockPixels() const;
+    /// The place of so many of the screen's pixels, with the border around them.
+    [[nodiscard]] int framed(int pixels) const;
 
     games::Family m_family;
     const glyphs::GlyphAtlas& m_atlas;

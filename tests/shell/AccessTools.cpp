@@ -68,6 +68,8 @@ void Listener::take(QAccessibleEvent& event) {
     case QAccessible::NameChanged:
         if (about != nullptr && about->role() == QAccessible::Cell) {
             m_events.push_back("name " + name);
+        } else if (about != nullptr && about->role() == QAccessible::StaticText) {
+            m_events.push_back("label " + name);
         }
         break;
     case QAccessible::TableModelChanged: {

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] const std::vector<std::string>& events() const { return m_events; }
 
     /// Whether an event was told: "focus NAME", "selected NAME", "name NAME" for cells with a new content,
-    /// "data" and "rows" for whole tables.
+    /// "label NAME" for labels with another text, "data" and "rows" for whole tables.
     [[nodiscard]] bool heard(const std::string& event) const;
 
     /// How many events of a kind were told.

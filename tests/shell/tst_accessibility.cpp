@@ -157,6 +157,19 @@ TEST_F(Announcements, TellsOfTheCursorAndOfWhatIsTyped) {
     EXPECT_TRUE(listener.heard("name code 120, x")) << "what was pushed on has changed too";
 }
 
+TEST_F(Announcements, TellsOfTheGameLinesThatReadOtherwise) {
+    const auto hears = [this](const char* line) {
+        return QTest::qWaitFor([&] { return listener.heard(std::string("label ") + line); });
+    };
+    startOn(Page::Name);
+    type("a");
+    ASSERT_TRUE(hears("Quake2: kept"));
+    listener.clear();
+    clickGlyph('b' + 128);
+    ASSERT_TRUE(hears("Quake2: others see: ab, in one color"));
+    EXPECT_FALSE(listener.heard("label Quake: kept")) << "that one reads as before";
+}
+
 TEST_F(Announcements, TellsOfNoCellThatStayedAsItWas) {
     startOn(Page::Messages);
     press(Qt::Key_Down);

@@ -7,8 +7,11 @@
 #include "ui/qt/LineLabel.h"
 #include "ui/qt/PictureWidget.h"
 
+#include <QHelpEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QToolButton>
+#include <QToolTip>
 
 namespace {
 
@@ -94,13 +97,71 @@ TEST_F(Games, WhatOthersSeeIsDrawnAndHeard) {
     ASSERT_TRUE(tells(2, QStringLiteral("others see:")));
     const auto* shown = find<ui::qt::PictureWidget>("picShown_2");
     ASSERT_TRUE(shown->isVisible());
-    EXPECT_EQ(shown->parentWidget()->size(), QSize(3 * glyphs::CellSide, glyphs::CellSide));
+    constexpr int Border = 1;
+    const int side = shown->height();
+    EXPECT_EQ(side % glyphs::ArtworkCell, 0);
+    EXPECT_EQ(shown->pos(), QPoint(Border, Border));
+    const QImage framed = shown->parentWidget()->grab().toImage();
+    EXPECT_EQ(framed.size(), QSize(3 * side + 2 * Border, side + 2 * Border));
+    for (const QPoint corner : {QPoint(0, 0), QPoint(framed.width() - 1, framed.height() - 1)}) {
+        EXPECT_EQ(framed.pixel(corner), ui::OpaqueBlack) << "glyphs do not touch a light window";
+    }
     ui::Picture expected = *shown->picture();
     for (int i = 0; i < 3; ++i) {
         glyphs::PaintGlyph(expected, workspace().atlas, static_cast<glyphs::GlyphCode>("bob"[i]), i + 1, 1);
     }
     EXPECT_EQ(*shown->picture(), expected);
     EXPECT_EQ(find("lblGame_2")->accessibleName(), QStringLiteral("Quake2: others see: bob"));
+}
+
+TEST_F(Games, ARowThatLosesItsColorsIsHeardToDoSo) {
+    startWithLines(Page::Name);
+    clickGlyph('b' + 128);
+    ASSERT_TRUE(tells(2, QStringLiteral("others see:")));
+    EXPECT_EQ(find("lblGame_2")->accessibleName(), QStringLiteral("Quake2: others see: b, in one color"));
+    EXPECT_EQ(
+        find("lblGame_2")->accessibleDescription(),
+        QStringLiteral("others see: b, in one color (Yamagi Quake II 8.20, run)"));
+}
+
+TEST_F(Games, TheRowThatOthersSeeIsAsLargeAsThereIsRoomBehindItsText) {
+    startWithLines(Page::Messages);
+    settle();
+    QFont font;
+    font.setPixelSize(glyphs::CellSide);
+    find("lblGame_2")->setFont(font);
+    const int narrowest = window->minimumSizeHint().width();
+    for (int i = 0; i < 30; ++i) {
+        press(Qt::Key_A);
+    }
+    editing::CursorOf(workspace().documents, Page::Messages).rows.row(1)[30] = '\r';
+    press(Qt::Key_Home);
+    ASSERT_TRUE(tells(2, QStringLiteral("players see:")));
+    const auto* shown = find<ui::qt::PictureWidget>("picShown_2");
+    const QWidget& frame = *shown->parentWidget();
+    const QWidget& row = *frame.parentWidget();
+    EXPECT_EQ(window->minimumSizeHint().width(), narrowest);
+    const int small = shown->height();
+    EXPECT_LE(frame.geometry().right(), row.rect().right());
+    window->resize(3 * window->width(), window->height());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->height() > small; }));
+    EXPECT_LE(frame.geometry().right(), row.rect().right());
+    window->resize(narrowest, window->height());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->height() == small; }));
+}
+
+TEST_F(Games, WhatMoreThereIsStandsOverTheWholeLine) {
+    startWithLines(Page::Name);
+    clickGlyph('#');
+    ASSERT_TRUE(QTest::qWaitFor([this] { return marks("NamePic") == 1; }));
+    const QWidget& row = *find("lblGame_1")->parentWidget();
+    for (QWidget* const part : row.findChildren<QLabel*>()) {
+        QHelpEvent event(QEvent::ToolTip, {2, 2}, part->mapToGlobal(QPoint(2, 2)));
+        QCoreApplication::sendEvent(part, &event);
+        EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("(MVDSV"))) << part->objectName().toStdString();
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    }
 }
 
 TEST_F(Games, ThePageInViewIsTold) {

@@ -19,6 +19,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <array>
 #include <cmath>
 
 using editing::Page;
@@ -151,6 +152,28 @@ TEST_P(OnEachScreen, EveryGlyphIsMadeOfWholePixels) {
     EXPECT_EQ(find("NameScroll")->width(), find("NamePic")->width());
     EXPECT_EQ(find("MacNameScroll")->width(), find("MacPic")->width());
     EXPECT_EQ(find("MacScroll")->height(), find("MacPic")->height());
+}
+
+TEST_P(OnEachScreen, RowsThatOthersSeeMoveNothing) {
+    startThere();
+    const auto top = [this](const char* name) {
+        return find(name)->mapTo(window.get(), QPoint()).y();
+    };
+    const std::array before{top("NamePic"), top("imgDir"), top("cmdKey_0")};
+    click("ImgGrid", {5 * 16 + 8, 8}); // QuakeWorld and Quake2 leave that glyph out
+    type("a");
+    const auto isDrawn = [this](const QString& name) {
+        const auto* const shown = window->findChild<PictureWidget*>(name);
+        return shown != nullptr && shown->isVisible();
+    };
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return isDrawn(QStringLiteral("picShown_1")) && isDrawn(QStringLiteral("picShown_2")); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ((std::array{top("NamePic"), top("imgDir"), top("cmdKey_0")}), before);
+    auto& shown = *find<PictureWidget>("picShown_2");
+    const int pixels = static_cast<int>(std::floor(shown.height() * scale() / glyphs::ArtworkCell));
+    EXPECT_GE(pixels, std::floor(scale()));
+    expectWhole(shown, glyphs::CellBlock, pixels);
 }
 
 TEST_P(OnEachScreen, TheGlyphButtonsAreMadeOfWholePixels) {
