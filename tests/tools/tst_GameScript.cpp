@@ -18,15 +18,15 @@ using namespace std::string_literals;
 
 const std::vector<games::Family> AllFamilies(games::Families.begin(), games::Families.end());
 
-std::string NameScript(const std::string& lines) {
+std::string NameFile(const std::string& lines) {
     return "// Name File Created by Vortigo\r\n" + lines;
 }
 
-std::string MessageScript(const std::string& lines) {
+std::string MessageFile(const std::string& lines) {
     return "// Macro File Created by Vortigo\r\n" + lines;
 }
 
-std::string AnimationScript(const std::string& lines) {
+std::string AnimationFile(const std::string& lines) {
     return "// Animation File Created by Vortigo\r\n// 15 Names In The Animation Sequence\r\n" + lines;
 }
 
@@ -72,8 +72,8 @@ void FillRow(std::span<glyphs::GlyphCode> row, std::mt19937& random) {
     const bool isWild = random() % 4 == 0;
     for (auto& cell : row) {
         const bool isEnd = isWild && random() % 4 == 0;
-        cell = isEnd ? static_cast<unsigned char>(Ends[random() % Ends.size()])
-                     : static_cast<glyphs::GlyphCode>(128 + random() % 128);
+        const auto end = static_cast<unsigned char>(Ends[random() % Ends.size()]);
+        cell = isEnd ? end : static_cast<unsigned char>(128 + random() % 128);
     }
 }
 
@@ -86,51 +86,51 @@ bool Holds(std::span<const glyphs::GlyphCode> row, std::string_view codes) {
 } // namespace
 
 TEST(GameScript, HoldsTheRowsThatAGameReads) {
-    EXPECT_EQ(RowsOf(NameScript("name \"Bob A\"\r\n")), "[Bob A]");
-    EXPECT_EQ(RowsOf(NameScript("  set\tname   \"Bob\"  ")), "[Bob]")
+    EXPECT_EQ(RowsOf(NameFile("name \"Bob A\"\r\n")), "[Bob A]");
+    EXPECT_EQ(RowsOf(NameFile("  set\tname   \"Bob\"  ")), "[Bob]")
         << "blanks do not matter, nor the last end";
-    EXPECT_EQ(RowsOf(NameScript("// set name \"x#y\"\nname \"Bob\"\n")), "[Bob]");
-    EXPECT_EQ(RowsOf(NameScript("name \"a\rb\"\r\n")), "[a\rb]") << "a line ends at a line feed";
-    EXPECT_EQ(RowsOf(NameScript("name \"a\"b\"\r\n")), "[a\"b]");
-    EXPECT_EQ(RowsOf(NameScript("name \"a;b\";\r\n")), "[a;b]");
-    EXPECT_EQ(RowsOf(NameScript("name \"// a\" ; // mine\r\n")), "[// a]");
-    EXPECT_EQ(RowsOf(MessageScript("say \"a\"\r\n\r\nsay_team \"b\"\r\n")), "[a][b]");
+    EXPECT_EQ(RowsOf(NameFile("// set name \"x#y\"\nname \"Bob\"\n")), "[Bob]");
+    EXPECT_EQ(RowsOf(NameFile("name \"a\rb\"\r\n")), "[a\rb]") << "a line ends at a line feed";
+    EXPECT_EQ(RowsOf(NameFile("name \"a\"b\"\r\n")), "[a\"b]");
+    EXPECT_EQ(RowsOf(NameFile("name \"a;b\";\r\n")), "[a;b]");
+    EXPECT_EQ(RowsOf(NameFile("name \"// a\" ; // mine\r\n")), "[// a]");
+    EXPECT_EQ(RowsOf(MessageFile("say \"a\"\r\n\r\nsay_team \"b\"\r\n")), "[a][b]");
     EXPECT_EQ(
-        RowsOf(AnimationScript("name \"a\"\nwait; wait; \nname \"\"\nwait\n wait ;wait\nname \"c\"\n")),
+        RowsOf(AnimationFile("name \"a\"\nwait; wait; \nname \"\"\nwait\n wait ;wait\nname \"c\"\n")),
         "[a]2[]3[c]");
 }
 
 TEST(GameScript, OfANameScriptTheLastNameStays) {
-    EXPECT_EQ(RowsOf(NameScript("name \"a\"\r\nname \"b\"\r\n")), "[b]");
-    EXPECT_EQ(LossesOf(NameScript("name \"a\"\r\nname \"b\"\r\n")), "line 3 holds another name");
+    EXPECT_EQ(RowsOf(NameFile("name \"a\"\r\nname \"b\"\r\n")), "[b]");
+    EXPECT_EQ(LossesOf(NameFile("name \"a\"\r\nname \"b\"\r\n")), "line 3 holds another name");
     EXPECT_EQ(
-        LossesOf(NameScript("name \"a\"\r\nname \"b\"\r\nname \"c\"\r\nname \"d\"\r\n")),
+        LossesOf(NameFile("name \"a\"\r\nname \"b\"\r\nname \"c\"\r\nname \"d\"\r\n")),
         "line 3 and 2 others hold other names");
     EXPECT_EQ(
-        LossesOf(MessageScript("say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nsay \"d\"\r\nsay \"e\"\r\n")),
+        LossesOf(MessageFile("say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nsay \"d\"\r\nsay \"e\"\r\n")),
         "line 5 and 1 other hold other messages");
 }
 
 TEST(GameScript, OneNameSetByAnUnknownCommandIsEnough) {
     EXPECT_EQ(
-        LossesOf(AnimationScript("name \"a\"\r\nset name \"b\"\r\nname \"c\"\r\n")),
+        LossesOf(AnimationFile("name \"a\"\r\nset name \"b\"\r\nname \"c\"\r\n")),
         "the command \"set\" is unknown: the old name stays");
 }
 
 TEST(GameScript, TellsOfLinesThatHoldMore) {
     const std::string bob = "name \"Bob\"\r\n";
-    EXPECT_EQ(LossesOf(NameScript(bob + "unbindall\r\n")), "line 3 holds another command");
-    EXPECT_EQ(LossesOf(NameScript("alias name \"quit\"\r\n" + bob)), "line 2 holds another command");
+    EXPECT_EQ(LossesOf(NameFile(bob + "unbindall\r\n")), "line 3 holds another command");
+    EXPECT_EQ(LossesOf(NameFile("alias name \"quit\"\r\n" + bob)), "line 2 holds another command");
     EXPECT_EQ(LossesOf("quit // Name File Created by Vortigo\r\n" + bob), "line 1 holds another command");
     EXPECT_EQ(
-        LossesOf(NameScript("name \"Bob\r\nquit\r\nunbindall\r\n")),
+        LossesOf(NameFile("name \"Bob\r\nquit\r\nunbindall\r\n")),
         "line 2 does not end with its quote; line 3 and 1 other hold other commands");
-    EXPECT_EQ(RowsOf(NameScript("name \"Bob\"; quit\r\n")), "?");
-    EXPECT_EQ(LossesOf(NameScript("name \"Bob\"; quit\r\n")), "line 2 holds another command");
-    EXPECT_EQ(LossesOf(NameScript("name \"Bob\" b\r\n")), "line 2 does not end with its quote");
-    EXPECT_EQ(LossesOf(NameScript("name Bob\r\n")), "line 2 does not end with its quote");
+    EXPECT_EQ(RowsOf(NameFile("name \"Bob\"; quit\r\n")), "?");
+    EXPECT_EQ(LossesOf(NameFile("name \"Bob\"; quit\r\n")), "line 2 holds another command");
+    EXPECT_EQ(LossesOf(NameFile("name \"Bob\" b\r\n")), "line 2 does not end with its quote");
+    EXPECT_EQ(LossesOf(NameFile("name Bob\r\n")), "line 2 does not end with its quote");
     EXPECT_EQ(
-        LossesOf(NameScript("name \"\r\nname \"\r\n")),
+        LossesOf(NameFile("name \"\r\nname \"\r\n")),
         "line 2 and 1 other do not end with their quotes; line 3 holds another name");
 }
 
@@ -138,39 +138,39 @@ TEST(GameScript, NothingIsHiddenFromIt) {
     const std::string bob = "name \"Bob\"\r\n";
     const std::string ann = "name \"Ann\"\r\nwait; \r\n";
     const std::vector<std::string> hostile{
-        NameScript(bob + "unbindall\r\n"),
-        NameScript(bob + "  quit"),
-        NameScript(bob + "NAME \"x#y\"\r\n"),
-        NameScript(bob + "seta name \"Rob\"\r\n"),
-        NameScript(bob + "bind x \"name Rob\"\r\n"),
-        NameScript(bob + "rcon_password \"name\"\r\n"),
-        NameScript("name \"Bob\";quit\r\n"),
-        NameScript("name \"Bob\" ; bind x \"unbindall \"\r\n"),
-        NameScript("name\"Bob\"\r\nname \"Bob\"\r\n"),
-        NameScript(bob + "// a comment; quit\r\n"),
-        NameScript(bob + "// a \"comment\"; quit\r\n"),
-        NameScript(bob + "// a comment\rquit\r\n"),
-        NameScript(bob + "// a comment\0quit\r\n"s),
-        NameScript(bob + "/* a comment */ quit\r\n"),
-        NameScript(bob + "wait; wait; quit\r\n"),
-        NameScript(bob + "wait 5\r\n"),
-        NameScript(bob + "wait;\rquit\r\n"),
-        NameScript(bob + "say \"I am Bob\"\r\n"),
-        NameScript(bob + "\0\r\n"s),
-        NameScript(bob + "\xA0quit\r\n"),
-        NameScript("exec name.cfg\r\n" + bob),
-        NameScript("set name \"Bob\"\r\nset rate \"1\"\r\n"),
+        NameFile(bob + "unbindall\r\n"),
+        NameFile(bob + "  quit"),
+        NameFile(bob + "NAME \"x#y\"\r\n"),
+        NameFile(bob + "seta name \"Rob\"\r\n"),
+        NameFile(bob + "bind x \"name Rob\"\r\n"),
+        NameFile(bob + "rcon_password \"name\"\r\n"),
+        NameFile("name \"Bob\";quit\r\n"),
+        NameFile("name \"Bob\" ; bind x \"unbindall \"\r\n"),
+        NameFile("name\"Bob\"\r\nname \"Bob\"\r\n"),
+        NameFile(bob + "// a comment; quit\r\n"),
+        NameFile(bob + "// a \"comment\"; quit\r\n"),
+        NameFile(bob + "// a comment\rquit\r\n"),
+        NameFile(bob + "// a comment\0quit\r\n"s),
+        NameFile(bob + "/* a comment */ quit\r\n"),
+        NameFile(bob + "wait; wait; quit\r\n"),
+        NameFile(bob + "wait 5\r\n"),
+        NameFile(bob + "wait;\rquit\r\n"),
+        NameFile(bob + "say \"I am Bob\"\r\n"),
+        NameFile(bob + "\0\r\n"s),
+        NameFile(bob + "\xA0quit\r\n"),
+        NameFile("exec name.cfg\r\n" + bob),
+        NameFile("set name \"Bob\"\r\nset rate \"1\"\r\n"),
         "// Name File Created by Vortigo; quit\r\n" + bob,
         "// \" Name File Created by Vortigo\rquit\r\n" + bob,
         "\xEF\xBB\xBF// Name File Created by Vortigo\r\n" + bob,
-        MessageScript("say \"a\"\r\nquit\r\n"),
-        MessageScript("say \"a\"\r\nname \"say\"\r\n"),
-        MessageScript("say \"a\"\r\nsay_quit \"b\"\r\n"),
-        MessageScript("say \"a\"; quit\r\n"),
-        MessageScript("say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nquit\r\n"),
-        AnimationScript(ann + "say \"I am Ann\"\r\n"),
-        AnimationScript(ann + "wait; wait; unbindall; wait; \r\n"),
-        AnimationScript(ann + "await; \r\n"),
+        MessageFile("say \"a\"\r\nquit\r\n"),
+        MessageFile("say \"a\"\r\nname \"say\"\r\n"),
+        MessageFile("say \"a\"\r\nsay_quit \"b\"\r\n"),
+        MessageFile("say \"a\"; quit\r\n"),
+        MessageFile("say \"a\"\r\nsay \"b\"\r\nsay \"c\"\r\nquit\r\n"),
+        AnimationFile(ann + "say \"I am Ann\"\r\n"),
+        AnimationFile(ann + "wait; wait; unbindall; wait; \r\n"),
+        AnimationFile(ann + "await; \r\n"),
         "// Animation File Created by Vortigo\r\nsv 15 Names In The Animation Sequence\r\n" + ann,
     };
     for (const std::string& script : hostile) {
@@ -182,7 +182,7 @@ TEST(GameScript, WhatIsHarmlessIsNoLoss) {
     for (const std::string& lines :
          {"name \"Bob\"\n"s, "\r\n\t\r\n// name \"x#y\"\r\nname \"Bob\"\r\n"s, "name \"Bob\";\r\nwait;\r\n"s,
           " name \"Bob\" ;; // that's me\r\n"s, "// \"Bob; the builder\"\r\nname \"Bob\""s}) {
-        EXPECT_EQ(LossesOf(NameScript(lines)), "") << lines;
+        EXPECT_EQ(LossesOf(NameFile(lines)), "") << lines;
     }
 }
 
@@ -191,30 +191,29 @@ TEST(GameScript, IsNoneWithoutRowsOrWithTooManyOrTooLongOnes) {
     EXPECT_EQ(
         RowsOf("name \"Bob\"\r\n// Name File Created by Vortigo\r\n"),
         "it is not a name, animation or message script");
-    EXPECT_EQ(RowsOf(NameScript("")), "it holds no name");
-    EXPECT_EQ(RowsOf(NameScript("// name \"Bob\"\r\n")), "it holds no name");
+    EXPECT_EQ(RowsOf(NameFile("")), "it holds no name");
+    EXPECT_EQ(RowsOf(NameFile("// name \"Bob\"\r\n")), "it holds no name");
     EXPECT_EQ(RowsOf("// Name File Created by Vortigo\rname \"Bob\"\r"), "it holds no name")
         << "all of it is a comment";
-    EXPECT_EQ(RowsOf(MessageScript("quit\r\n")), "it holds no message");
+    EXPECT_EQ(RowsOf(MessageFile("quit\r\n")), "it holds no message");
+    EXPECT_EQ(RowsOf(NameFile("name \"1234567890123456\"\r\n")), "line 2: its name has more than 15 glyphs");
     EXPECT_EQ(
-        RowsOf(NameScript("name \"1234567890123456\"\r\n")), "line 2: its name has more than 15 glyphs");
-    EXPECT_EQ(
-        RowsOf(MessageScript("say \"" + std::string(32, 'x') + "\"\r\n")),
+        RowsOf(MessageFile("say \"" + std::string(32, 'x') + "\"\r\n")),
         "line 2: its message has more than 31 glyphs");
     EXPECT_EQ(
-        RowsOf(MessageScript("say \"" + std::string(31, 'x') + "\"\r\n")), "[" + std::string(31, 'x') + "]");
+        RowsOf(MessageFile("say \"" + std::string(31, 'x') + "\"\r\n")), "[" + std::string(31, 'x') + "]");
     std::string names;
     for (int i = 0; i < 91; ++i) {
         names += "name \"a\"\r\n";
     }
-    EXPECT_EQ(RowsOf(AnimationScript(names)), "line 93: it holds a name after the 90th");
-    EXPECT_EQ(RowsOf(AnimationScript("wait; \r\nname \"a\"\r\n")), "line 3: it waits before the first name");
+    EXPECT_EQ(RowsOf(AnimationFile(names)), "line 93: it holds a name after the 90th");
+    EXPECT_EQ(RowsOf(AnimationFile("wait; \r\nname \"a\"\r\n")), "line 3: it waits before the first name");
     std::string waits;
     for (int i = 0; i < 32767; ++i) {
         waits += "wait; ";
     }
-    EXPECT_EQ(RowsOf(AnimationScript("name \"a\"\r\n" + waits)), "[a]32767");
-    EXPECT_EQ(RowsOf(AnimationScript("name \"a\"\r\n" + waits + "\r\nwait; ")), "line 5: it waits too long");
+    EXPECT_EQ(RowsOf(AnimationFile("name \"a\"\r\n" + waits)), "[a]32767");
+    EXPECT_EQ(RowsOf(AnimationFile("name \"a\"\r\n" + waits + "\r\nwait; ")), "line 5: it waits too long");
 }
 
 TEST(GameScript, WhatTheProgramWritesIsJudgedByItsGlyphs) {
