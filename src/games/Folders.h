@@ -36,10 +36,9 @@ inline constexpr std::size_t PlaceCount = 8;
 struct FolderRule {
     System system;
     Place place;
-    std::string_view folder; ///< within the place, with '/' between folders
+    std::string_view folder; ///< within the place, with '/' between folders; empty: the place itself
     std::string_view
-        config;     ///< the file that the engine saves its settings in, within the place; empty: none
-    bool isOffered; ///< whether a script is best saved there
+        config; ///< the file that the engine saves its settings in, within the place; empty: none
     Sighting seen;
 };
 
@@ -62,6 +61,8 @@ struct Places {
 /// How the disk is looked at.
 struct FolderLook {
     std::function<bool(const ui::Path&)> isFolder;
+    /// Whether the user can make files in a folder.
+    std::function<bool(const ui::Path&)> isWritable;
     /// When a file was last written; nothing if there is none.
     std::function<std::optional<std::filesystem::file_time_type>(const ui::Path&)> writtenAt;
 };
@@ -69,26 +70,51 @@ struct FolderLook {
 /// The real disk.
 [[nodiscard]] FolderLook LookAtDisk();
 
+/// Where games have their folders on a computer.
+struct GamesHere {
+    System system = System::Linux;
+    Places places = {};
+    FolderLook look = LookAtDisk();
+};
+
+/// The folders that games were put into, for Places: where systems put them, and those that one of the files
+/// lies in or below, as far as games are there.
+[[nodiscard]] std::vector<ui::Path> FindGames(std::span<const ui::Path> files, const GamesHere& here);
+
 /// A folder that is there.
 struct FoundFolder {
     ui::Path path;
-    std::vector<Engine> engines; ///< that look in it
+    std::vector<Engine> engines; ///< that look in it, the one with the newest settings first
     ui::Path config = {};        ///< the newest file of settings; empty: none is there
 };
 
-/// The folders to offer for scripts: those that are there, the one with the newest settings first and those
-/// without any last.
-[[nodiscard]] std::vector<FoundFolder>
-FindFolders(System system, const Places& places, const FolderLook& look);
+/// The folders to offer for scripts: those that are there and can be written, the one with the newest
+/// settings first and those without any last. The place of a game itself is none.
+[[nodiscard]] std::vector<FoundFolder> FindFolders(const GamesHere& here);
+
+/// Who looks for scripts in a folder.
+struct Lookers {
+    std::vector<Engine> engines = {};
+    bool isOfMod = false; ///< whether they look there only while the mod of the folder's name is played
+};
 
 /// The engines that run a script in a folder by its mere name. A folder of another place is taken for a
-/// game's by what it is called.
-[[nodiscard]] std::vector<Engine>
-EnginesLookingIn(const ui::Path& folder, System system, const Places& places);
+/// game's by what it is called and by what lies beside it.
+[[nodiscard]] Lookers LookersIn(const ui::Path& folder, const GamesHere& here);
 
-/// The engines that keep their settings in a file, likewise.
-[[nodiscard]] std::vector<Engine>
-EnginesWithConfig(const ui::Path& config, System system, const Places& places);
+/// The engines that keep their settings in a file. One of another place is taken for a game's by what it and
+/// its folders are called.
+[[nodiscard]] std::vector<Engine> EnginesWithConfig(const ui::Path& config, const GamesHere& here);
+
+/// A file that an engine reads in the place of another one.
+struct ConfigInstead {
+    Engine engine;
+    ui::Path path;
+};
+
+/// The files that engines read in the place of a game's own config.cfg, as players have one in folders of
+/// their own.
+[[nodiscard]] std::vector<ConfigInstead> ConfigsInstead(const ui::Path& config, const GamesHere& here);
 
 /// What is to be typed into the console to run a script in the game's folder: "exec clan.vtn".
 [[nodiscard]] std::string ExecCommand(std::string_view fileName);

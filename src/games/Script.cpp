@@ -70,19 +70,30 @@ constexpr std::array ScriptNames{
     ScriptNameRule{"", true, 63, {Engine::Q2Pro, Read}},
 };
 
-constexpr std::array Keys{
-    KeyRule{"ESC", false, "knows no key of this name", {Engine::QuakeSpasm, Read}},
-    KeyRule{"ESC", false, "knows no key of this name", {Engine::EzQuake, Read}},
-    KeyRule{"ESC", false, "knows no key of this name", {Engine::Yamagi, Read}},
-    KeyRule{"\\", false, "calls this key BACKSLASH", {Engine::DarkPlaces, Read}},
-    KeyRule{"~", false, "keeps this key for its console", {Engine::Yamagi, Read}},
-    KeyRule{"F10", true, "uses this key unless it is bound anew", {Engine::QuakeSpasm, Read}},
-    KeyRule{"F10", true, "uses this key unless it is bound anew", {Engine::EzQuake, Read}},
-    KeyRule{"F10", true, "uses this key unless it is bound anew", {Engine::Yamagi, Read}},
-    KeyRule{"F12", true, "takes a picture with this key unless it is bound anew", {Engine::QuakeSpasm, Read}},
-    KeyRule{"F12", true, "takes a picture with this key unless it is bound anew", {Engine::EzQuake, Read}},
-    KeyRule{"F12", true, "takes a picture with this key unless it is bound anew", {Engine::Yamagi, Read}},
-};
+constexpr auto MakeKeys() {
+    constexpr std::string_view NoKey = "knows no key of this name";
+    constexpr std::string_view Uses = "uses this key unless it is bound anew";
+    constexpr std::string_view TakesPicture = "takes a picture with this key unless it is bound anew";
+    return std::array{
+        KeyRule{"ESC", false, NoKey, {Engine::QuakeSpasm, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::VkQuake, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::Ironwail, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::DarkPlaces, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::EzQuake, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::Yamagi, Read}},
+        KeyRule{"ESC", false, NoKey, {Engine::Q2Pro, Read}},
+        KeyRule{"\\", false, "calls this key BACKSLASH", {Engine::DarkPlaces, Read}},
+        KeyRule{"~", false, "keeps this key for its console", {Engine::Yamagi, Read}},
+        KeyRule{"F10", true, Uses, {Engine::QuakeSpasm, Read}},
+        KeyRule{"F10", true, Uses, {Engine::EzQuake, Read}},
+        KeyRule{"F10", true, Uses, {Engine::Yamagi, Read}},
+        KeyRule{"F12", true, TakesPicture, {Engine::QuakeSpasm, Read}},
+        KeyRule{"F12", true, TakesPicture, {Engine::EzQuake, Read}},
+        KeyRule{"F12", true, TakesPicture, {Engine::Yamagi, Read}},
+    };
+}
+
+constexpr auto Keys = MakeKeys();
 
 constexpr std::string_view Wait = "wait; ";
 
@@ -210,9 +221,9 @@ std::span<const KeyRule> KeyRules() {
     return Keys;
 }
 
-const KeyRule* TroubleOfKey(Family family, std::string_view key) {
-    const auto found = std::ranges::find_if(Keys, [family, key](const KeyRule& rule) {
-        return FactsOf(rule.seen.engine).family == family &&
+const KeyRule* TroubleOfKey(std::span<const Engine> engines, std::string_view key) {
+    const auto found = std::ranges::find_if(Keys, [engines, key](const KeyRule& rule) {
+        return (engines.empty() || std::ranges::find(engines, rule.seen.engine) != engines.end()) &&
                std::ranges::equal(rule.key, key, {}, CapitalOf, CapitalOf);
     });
     return found == Keys.end() ? nullptr : &*found;

@@ -97,9 +97,9 @@ struct KeyRule {
     Sighting seen;
 };
 
-/// What stands in the way of a key, by its name in any case, in a family: what makes it useless there first.
-/// Nothing when it can be bound.
-[[nodiscard]] const KeyRule* TroubleOfKey(Family family, std::string_view key);
+/// What stands in the way of a key, by its name in any case, in one of the engines; none: in any engine.
+/// Nothing when all of them let it be bound.
+[[nodiscard]] const KeyRule* TroubleOfKey(std::span<const Engine> engines, std::string_view key);
 
 [[nodiscard]] std::span<const KeyRule> KeyRules();
 

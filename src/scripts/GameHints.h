@@ -7,19 +7,17 @@
 #include <string>
 #include <string_view>
 
-/// What the binding wizard says of games beside its fields: one sentence, or nothing.
+/// What the binding wizard says of games beside its fields: short sentences, or nothing.
 namespace scripts {
 
-/// Where games have their folders on this computer.
-struct GamesHere {
-    games::System system = games::System::Linux;
-    games::Places places = {};
-};
+using games::GamesHere;
 
-/// That a game writes a configuration file itself, and which file is safer.
+/// Which games read another file in the place of a configuration; that a game writes this one itself, and
+/// which file is safer.
 [[nodiscard]] std::string ConfigAdvice(const ui::Path& config, const GamesHere& here);
 
-/// That a script lies where the configuration's game does not look. Empty too where the game is not known.
+/// That a script lies where the configuration's game does not look, or only while a mod is played. Empty too
+/// where the game is not known.
 [[nodiscard]] std::string
 ScriptPlaceHint(const ui::Path& script, const ui::Path& config, const GamesHere& here);
 

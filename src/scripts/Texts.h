@@ -64,6 +64,14 @@ constexpr auto LongScriptName = "Some games run no script with more than 27 char
 constexpr auto QuitGameFirst =
     "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.";
 
+inline std::string ReadsInstead(std::string_view engine, const std::string& path) {
+    return std::string(engine) + " reads " + path + ", not this file.";
+}
+
+inline std::string LookedAtInMod(std::string_view engine, const std::string& mod) {
+    return std::string(engine) + " looks in this folder only while " + mod + " is played.";
+}
+
 inline std::string NotLookedAt(std::string_view engine) {
     return std::string(engine) + " does not look for scripts in this folder.";
 }

@@ -113,7 +113,7 @@ void Commands::mnuToolsAnimationViewer_Click() {
 void Commands::mnuToolsBindingWizard_Click() {
     scripts::frmBindWiz wizard(
         m_platform.dialogs, m_platform.files, m_platform.directory,
-        {m_workspace.rememberedConfig, m_workspace.rememberedScript}, {HereSystem, PlacesHere()}, &m_window);
+        {m_workspace.rememberedConfig, m_workspace.rememberedScript}, FindGames(m_workspace), &m_window);
     wizard.exec();
     m_workspace.rememberedConfig = wizard.remembered().config;
     m_workspace.rememberedScript = wizard.remembered().script;

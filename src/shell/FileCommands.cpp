@@ -83,7 +83,7 @@ std::string FileCommands::statusText(const editing::SaveOutcome& outcome) const 
     std::ranges::copy_if(games::Families, std::back_inserter(played), [this](games::Family family) {
         return m_workspace.settings.games.at(static_cast<std::size_t>(family));
     });
-    const std::string run = RunText(outcome, {played, HereSystem, PlacesHere()}, m_platform.files);
+    const std::string run = RunText(outcome, {played, FindGames(m_workspace)});
     const bool hasBoth = !outcome.statusText.empty() && !run.empty();
     return outcome.statusText + (hasBoth ? " " : "") + run;
 }

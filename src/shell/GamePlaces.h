@@ -10,13 +10,14 @@
 /// Where games look on this computer.
 namespace shell {
 
-inline constexpr games::System HereSystem = games::System::Linux;
+struct Workspace;
 
-/// Where the user's folders are, in which games have their own. No game that lies elsewhere is known.
-[[nodiscard]] games::Places PlacesHere();
+/// Where the user's folders are, in which games have their own, and the folders that games were put into, as
+/// far as the files tell that the user works with. Looks at the disk.
+[[nodiscard]] games::GamesHere FindGames(const Workspace& workspace);
 
-/// The folders of games that are there, for file dialogs: named after the engine that looks in them, the one
+/// The folders of games that are there, for file dialogs: named after an engine that looks in them, the one
 /// with the newest settings first. Looks at the disk.
-[[nodiscard]] std::vector<ui::NamedFolder> GameFolders();
+[[nodiscard]] std::vector<ui::NamedFolder> GameFolders(const Workspace& workspace);
 
 } // namespace shell

@@ -15,21 +15,6 @@ namespace {
 using games::Engine;
 using games::Family;
 
-/// The games' own folders. A mod's lies beside them, and its games look there as well.
-constexpr std::array<std::string_view, 2> OwnFolders{"id1", "baseq2"};
-
-/// The engines that run a script in a folder.
-std::vector<Engine> EnginesFor(const ui::Path& folder, const GameWorld& world, const ui::Files& files) {
-    std::vector<Engine> engines = games::EnginesLookingIn(folder, world.system, world.places);
-    for (const std::string_view own : OwnFolders) {
-        const ui::Path sibling = folder.parent_path() / own;
-        if (engines.empty() && files.kindOf(sibling) == ui::PathKind::Folder) {
-            engines = games::EnginesLookingIn(sibling, world.system, world.places);
-        }
-    }
-    return engines;
-}
-
 /// Takes away the engines of games that are not played.
 void KeepPlayed(std::vector<Engine>& engines, const GameWorld& world) {
     std::erase_if(engines, [&world](Engine engine) {
@@ -116,12 +101,12 @@ std::string TroubleText(
 
 } // namespace
 
-std::string RunText(const editing::SaveOutcome& written, const GameWorld& world, const ui::Files& files) {
+std::string RunText(const editing::SaveOutcome& written, const GameWorld& world) {
     if (world.families.empty()) {
         return {};
     }
     const std::string name = ui::PathText(written.path.filename());
-    std::vector<Engine> engines = EnginesFor(written.path.parent_path(), world, files);
+    std::vector<Engine> engines = games::LookersIn(written.path.parent_path(), world.here).engines;
     const std::string noGame = engines.empty() ? "No known game" : "None of your games";
     KeepPlayed(engines, world);
     const bool isFound = !engines.empty();

@@ -13,14 +13,12 @@ namespace shell {
 /// Where the games of a player are looked for.
 struct GameWorld {
     std::span<const games::Family> families; ///< that are played
-    games::System system;
-    games::Places places;
+    games::GamesHere here;
 };
 
 /// How a script that was written is run, and the weightiest thing that stands in its way: two short sentences
 /// at most, for the status line. Of a folder in which a known game looks only that game counts. Empty when no
 /// family is played.
-[[nodiscard]] std::string
-RunText(const editing::SaveOutcome& written, const GameWorld& world, const ui::Files& files);
+[[nodiscard]] std::string RunText(const editing::SaveOutcome& written, const GameWorld& world);
 
 } // namespace shell

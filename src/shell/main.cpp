@@ -37,7 +37,10 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("VTM"));
     QApplication::setDesktopFileName(QStringLiteral("vtm"));
     QApplication::setWindowIcon(shell::ProgramIcon());
-    ui::qt::QtPlatform qtPlatform(shell::GameFolders);
+    const shell::Workspace* workspace = nullptr; // as long as there is no window
+    ui::qt::QtPlatform qtPlatform([&workspace] {
+        return workspace == nullptr ? std::vector<ui::NamedFolder>() : shell::GameFolders(*workspace);
+    });
     ui::Platform& platform = qtPlatform.platform();
     ui::qt::UseSpareFont(platform.directory.folder() / "vtmfont.ttf");
 
@@ -48,6 +51,7 @@ int main(int argc, char* argv[]) {
         std::cerr << shell::HowToLoad << '\n';
     }
     shell::frmVTM window(platform);
+    workspace = &window.workspace();
     ui::qt::OnTermination(window, [&window] {
         // Not quit(): that does nothing while a message of the start is all that runs.
         QCoreApplication::exit();

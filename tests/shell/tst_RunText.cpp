@@ -21,12 +21,11 @@ protected:
 
     /// What is told of a script that lies there, within the home folder.
     std::string told(const std::string& file) {
-        games::Places places;
-        places[games::Place::Home] = home();
-        places[games::Place::Data] = home() / ".local/share";
+        games::GamesHere here;
+        here.places[games::Place::Home] = home();
+        here.places[games::Place::Data] = home() / ".local/share";
         return shell::RunText(
-            SaveOutcome{SaveOutcome::Kind::Written, home() / file, "", script, command},
-            {families, games::System::Linux, places}, fake.files);
+            SaveOutcome{SaveOutcome::Kind::Written, home() / file, "", script, command}, {families, here});
     }
 
     [[nodiscard]] ui::Path home() const { return fake.directory.files.path(); }
