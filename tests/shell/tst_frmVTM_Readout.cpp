@@ -6,6 +6,7 @@
 
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QToolTip>
 
 using editing::Page;
