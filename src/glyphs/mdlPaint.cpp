@@ -88,6 +88,33 @@ void PaintGlyph(ui::Picture& destination, const GlyphAtlas& atlas, GlyphCode cod
     }
 }
 
+void DrawRow(
+    ui::Picture& destination, std::span<const GlyphCode> row, const ui::Picture& source, int left, int top,
+    int factor) {
+    const int cell = ArtworkCell * factor;
+    for (const GlyphCode code : row) {
+        StretchCells(
+            destination, {left, top, cell, cell}, source,
+            {code % 16 * ArtworkCell, code / 16 * ArtworkCell, ArtworkCell, ArtworkCell});
+        left += cell;
+    }
+}
+
+ui::Picture RowPicture(std::span<const GlyphCode> row, const ui::Picture& source, int factor) {
+    const auto isGlyph = [](GlyphCode code) {
+        return code != BlankGlyph;
+    };
+    const auto first = std::ranges::find_if(row, isGlyph);
+    const auto end = std::find_if(row.rbegin(), row.rend(), isGlyph).base();
+    if (first == row.end()) {
+        return {};
+    }
+    const std::span<const GlyphCode> shown(first, end);
+    ui::Picture picture(static_cast<int>(shown.size()) * ArtworkCell * factor, ArtworkCell * factor);
+    DrawRow(picture, shown, source, 0, 0, factor);
+    return picture;
+}
+
 ui::Picture GlyphButtonPicture(const GlyphAtlas& atlas, GlyphCode code) {
     assert(code >= 0 && code < GlyphCount);
     const int side = atlas.source.width() / 16;

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <span>
 #include <string_view>
 
 namespace glyphs {
@@ -47,6 +48,15 @@ struct GlyphAtlas {
 /// Copies the atlas cell of a glyph to a cell (column and row 1-based) of a picture. A code outside 0 to 255
 /// paints nothing but blank.
 void PaintGlyph(ui::Picture& destination, const GlyphAtlas& atlas, GlyphCode code, int column, int row);
+
+/// Draws a row of glyphs at a place of a picture that holds it. `source` is that of an atlas; its pixels are
+/// enlarged by a whole factor.
+void DrawRow(
+    ui::Picture& destination, std::span<const GlyphCode> row, const ui::Picture& source, int left, int top,
+    int factor);
+
+/// A picture of a row without the blanks at both of its ends, drawn likewise; empty for a row of blanks.
+[[nodiscard]] ui::Picture RowPicture(std::span<const GlyphCode> row, const ui::Picture& source, int factor);
 
 /// The glyph's 8 x 8 artwork cell stretched to a 16 x 16 picture, for the glyph buttons.
 [[nodiscard]] ui::Picture GlyphButtonPicture(const GlyphAtlas& atlas, GlyphCode code);

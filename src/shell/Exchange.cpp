@@ -3,6 +3,7 @@
 #include "shell/Exchange.h"
 
 #include "glyphs/LookAlikes.h"
+#include "glyphs/mdlPaint.h"
 
 #include <algorithm>
 
@@ -35,6 +36,17 @@ void Exchange::copyAsText() {
     const std::string text = glyphs::LookAlikeText(cursor.rows.row(cursor.row));
     m_platform.clipboard.setUtf8(text);
     m_session.tell("The clipboard holds this text: " + text);
+    m_session.refresh();
+}
+
+void Exchange::copyAsPicture(int times) {
+    const editing::PageCursor cursor = m_session.cursor();
+    const ui::Picture picture =
+        glyphs::RowPicture(cursor.rows.row(cursor.row), m_workspace.atlas.source, times * glyphs::CellBlock);
+    m_platform.clipboard.setPicture(picture);
+    m_session.tell(
+        "The clipboard holds a picture of " + std::to_string(picture.width()) + " x " +
+        std::to_string(picture.height()) + " pixels.");
     m_session.refresh();
 }
 

@@ -18,6 +18,9 @@ public:
     /// Puts the row of the cursor on the clipboard as text that looks like it.
     void copyAsText();
 
+    /// Puts the row of the cursor on the clipboard as a picture, so many times as large as on its page.
+    void copyAsPicture(int times);
+
     /// Places the text on the clipboard as glyphs, from the cursor on.
     void pasteText();
 

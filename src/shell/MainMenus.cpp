@@ -268,8 +268,9 @@ void MainMenus::showTakingBack() {
 }
 
 void MainMenus::showExchange() {
-    m_window.findChild<QAction*>(QStringLiteral("mnuEditCopyAsText"))
-        ->setEnabled(m_receivers.exchange.hasRow());
+    const bool hasRow = m_receivers.exchange.hasRow();
+    m_window.findChild<QAction*>(QStringLiteral("mnuEditCopyAsText"))->setEnabled(hasRow);
+    menu(QStringLiteral("mnuEditCopyAsPicture"))->menuAction()->setEnabled(hasRow);
 }
 
 bool MainMenus::open(int letter) {

@@ -27,7 +27,7 @@ void Run(const MenuReceivers& receivers) {
     }
 }
 
-constexpr std::array<MenuCommand, 46> MenuRows{{
+constexpr std::array<MenuCommand, 50> MenuRows{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
     {"mnuFile", "mnuLoad", "&Load", nullptr},
@@ -46,6 +46,10 @@ constexpr std::array<MenuCommand, 46> MenuRows{{
     {"mnuEdit", "mnuEditPaste", "&Paste", Run<&Commands::mnuEditPaste_Click>},
     {"mnuEdit", nullptr, nullptr, nullptr},
     {"mnuEdit", "mnuEditCopyAsText", "C&opy As Text", Run<&Exchange::copyAsText>},
+    {"mnuEdit", "mnuEditCopyAsPicture", "Copy As P&icture", nullptr},
+    {"mnuEditCopyAsPicture", "mnuEditCopyAsPicture_1", "&1x", Run<&Exchange::copyAsPicture, 1>},
+    {"mnuEditCopyAsPicture", "mnuEditCopyAsPicture_2", "&2x", Run<&Exchange::copyAsPicture, 2>},
+    {"mnuEditCopyAsPicture", "mnuEditCopyAsPicture_4", "&4x", Run<&Exchange::copyAsPicture, 4>},
     {"mnuEdit", "mnuEditPasteText", "P&aste Text", Run<&Exchange::pasteText>},
     {"mnuEdit", nullptr, nullptr, nullptr},
     {"mnuEdit", "mnuEditUndo", "&Undo", Run<&Session::undo>},

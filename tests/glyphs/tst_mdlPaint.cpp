@@ -329,6 +329,23 @@ TEST(GridHitTest, FindsNothingOutsideTheGrid) {
     EXPECT_EQ(GridHitTest(0, 3840), -1);
 }
 
+TEST(RowPicture, ShowsARowEnlargedWithoutTheBlanksAtItsEnds) {
+    const Picture source = DistinctAtlas().source;
+    const std::vector<GlyphCode> row{32, 17, 32, 255, 32, 32};
+    const ui::Picture picture = RowPicture(row, source, 3);
+    ASSERT_EQ(picture.width(), 3 * 8 * 3);
+    ASSERT_EQ(picture.height(), 8 * 3);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < 24; ++x) {
+            ASSERT_EQ(picture.pixel(x, y), source.pixel(8 + x / 3, 8 + y / 3));
+            ASSERT_EQ(picture.pixel(24 + x, y), source.pixel(x / 3, 16 + y / 3));
+            ASSERT_EQ(picture.pixel(48 + x, y), source.pixel(120 + x / 3, 120 + y / 3));
+        }
+    }
+    EXPECT_TRUE(RowPicture(std::vector<GlyphCode>(15, 32), source, 2).empty());
+    EXPECT_TRUE(RowPicture({}, source, 2).empty());
+}
+
 } // namespace
 
 } // namespace glyphs

@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "support/PaintedPages.h"
 
+#include <QMenu>
 #include <QStatusBar>
 
 using editing::Page;
@@ -51,6 +52,26 @@ TEST_F(Exchanging, OffersNoTextOfABlankRow) {
     EXPECT_TRUE(offers("mnuEditCopyAsText"));
     press(Qt::Key_Backspace);
     EXPECT_FALSE(offers("mnuEditCopyAsText"));
+}
+
+TEST_F(Exchanging, CopiesTheRowAsAPictureAsItStandsOnThePage) {
+    startOn(Page::Messages);
+    press(Qt::Key_Down);
+    EXPECT_FALSE(find<QMenu>("mnuEditCopyAsPicture")->menuAction()->isEnabled());
+    type(" ab c");
+    EXPECT_TRUE(find<QMenu>("mnuEditCopyAsPicture")->menuAction()->isEnabled());
+    const ui::Picture& page = workspace().pictures.messages.pixels();
+    for (const int times : {1, 2, 4}) {
+        choose(("mnuEditCopyAsPicture_" + std::to_string(times)).c_str());
+        const ui::Picture& copied = fake.clipboard.pictures.back();
+        ASSERT_EQ(copied.width(), 4 * 16 * times) << "without the blanks at its ends";
+        ASSERT_EQ(copied.height(), 16 * times);
+        for (int x = 0; x < copied.width(); ++x) {
+            ASSERT_EQ(copied.pixel(x, 5 * times), page.pixel(16 + x / times, 16 + 5)) << x;
+        }
+    }
+    EXPECT_EQ(status(), "The clipboard holds a picture of 256 x 64 pixels.");
+    EXPECT_EQ(fake.clipboard.pictures.size(), 3U);
 }
 
 TEST_F(Exchanging, PastesTextAtTheCursorAsOneStep) {

@@ -58,11 +58,12 @@ TEST_F(Undoing, StandsBelowTheOtherEntriesAndIsNotToBeHadAtFirst) {
     startOn(Page::Name);
     QStringList entries;
     for (const QAction* entry : find<QMenu>("mnuEdit")->actions()) {
-        entries.append(entry->isSeparator() ? QStringLiteral("---") : entry->objectName());
+        const QObject* const named = entry->menu() != nullptr ? static_cast<QObject*>(entry->menu()) : entry;
+        entries.append(entry->isSeparator() ? QStringLiteral("---") : named->objectName());
     }
     EXPECT_EQ(
         entries.join(QLatin1Char(' ')).toStdString(),
-        "mnuEditCut mnuEditCopy mnuEditPaste --- mnuEditCopyAsText mnuEditPasteText --- "
+        "mnuEditCut mnuEditCopy mnuEditPaste --- mnuEditCopyAsText mnuEditCopyAsPicture mnuEditPasteText --- "
         "mnuEditUndo mnuEditRedo");
     EXPECT_EQ(find<QAction>("mnuEditUndo")->shortcut(), QKeySequence(QStringLiteral("Alt+Backspace")));
     EXPECT_EQ(find<QAction>("mnuEditRedo")->shortcut(), QKeySequence(QStringLiteral("Alt+Shift+Backspace")));

@@ -246,6 +246,7 @@ TEST(Help, ExplainsTheMessagesAboutFiles) {
             "A message is longer than 31 glyphs; its first 31 were read.",
             "A stored setting could not be read, its default is used:",
             "The clipboard holds this text: text",
+            "The clipboard holds a picture of w x h pixels.",
             "n glyphs pasted. No room was left for m glyphs. No glyph looks like characters",
             "The clipboard holds no text for glyphs.",
         });
@@ -372,6 +373,7 @@ TEST(Help, TellsOfEveryCommandAndOption) {
                           "Edit > Cut",
                           "Edit > Copy",
                           "Edit > Copy As Text",
+                          "Edit > Copy As Picture",
                           "Edit > Paste Text",
                           "Edit > Paste",
                           "Align Left",

@@ -139,19 +139,6 @@ int Fit(Block& block, int side) {
     }
 }
 
-/// Draws a row of glyphs, enlarged, at a place of a picture that holds it.
-void DrawLine(
-    ui::Picture& picture, std::span<const GlyphCode> line, const ui::Picture& source, int left, int top,
-    int factor) {
-    const int cell = ArtworkCell * factor;
-    for (const GlyphCode code : line) {
-        glyphs::StretchCells(
-            picture, {left, top, cell, cell}, source,
-            {code % 16 * ArtworkCell, code / 16 * ArtworkCell, ArtworkCell, ArtworkCell});
-        left += cell;
-    }
-}
-
 } // namespace
 
 ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork, int side) {
@@ -165,7 +152,7 @@ ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork,
     const int left = (side - WidthOf(block) * factor) / 2;
     int top = (side - HeightOf(block) * factor) / 2;
     for (const Line& line : block.lines) {
-        DrawLine(picture, line, source, left, top, factor);
+        glyphs::DrawRow(picture, line, source, left, top, factor);
         top += (ArtworkCell + block.gap) * factor;
     }
     return picture;
@@ -179,7 +166,7 @@ DrawAnimation(const editing::AnimationDocument& animation, const ui::Picture& ar
     const int factor = std::max(width / (editing::NameLength * ArtworkCell), 1);
     const auto drawn = [&](int name) {
         ui::Picture picture(editing::NameLength * ArtworkCell * factor, ArtworkCell * factor);
-        DrawLine(picture, animation.name(name), source, 0, 0, factor);
+        glyphs::DrawRow(picture, animation.name(name), source, 0, 0, factor);
         return picture;
     };
     std::vector<glyphs::GifFrame> frames;
