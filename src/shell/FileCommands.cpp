@@ -11,10 +11,38 @@
 #include "ui/System.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace shell {
 
 using editing::Page;
+
+namespace {
+
+std::string LowerExtension(const ui::Path& path) {
+    std::string extension = ui::PathText(path.extension());
+    std::ranges::transform(extension, extension.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return extension;
+}
+
+/// Whose script a file is; nothing when neither its first line nor its extension says so.
+std::optional<Page> KindOfScript(const ui::Files& files, const ui::Path& path) {
+    const ui::Result<ui::Bytes> bytes = files.read(path);
+    const std::string_view firstLine = bytes ? glyphs::ByteLines(bytes.value()).next() : std::string_view();
+    const auto hasHeader = [firstLine](const editing::Kind& kind) {
+        return firstLine.find(kind.header) != std::string_view::npos;
+    };
+    auto kind = std::ranges::find_if(editing::Kinds, hasHeader);
+    if (kind == editing::Kinds.end()) {
+        kind = std::ranges::find(editing::Kinds, LowerExtension(path), &editing::Kind::extension);
+    }
+    return kind == editing::Kinds.end() ? std::optional<Page>() : kind->page;
+}
+
+} // namespace
 
 FileCommands::FileCommands(const ui::Platform& platform, Session& session, ScriptWizards& wizards)
     : m_platform(platform)
@@ -37,8 +65,34 @@ void FileCommands::newDocument(Page page) {
 void FileCommands::loadScript(Page page) {
     if (const auto path = m_platform.dialogs.chooseFileToOpen(
             editing::OpenScriptRequest(editing::KindOf(page), dialogFolder()))) {
-        m_session.switchTo(page);
-        m_session.readScript(page, *path);
+        readScript(page, *path);
+    }
+    m_session.refresh();
+}
+
+void FileCommands::readScript(Page page, const ui::Path& path) {
+    m_session.switchTo(page);
+    m_session.readScript(page, path);
+}
+
+void FileCommands::loadDropped(std::span<const ui::Path> paths) {
+    const auto running = m_session.running("Load");
+    const Page pageInView = m_session.page();
+    std::vector<Page> read;
+    bool hasReadConfig = false;
+    for (const ui::Path& path : paths) {
+        const std::optional<Page> kind = KindOfScript(m_platform.files, path);
+        if (!kind && LowerExtension(path) == ".cfg") {
+            if (!std::exchange(hasReadConfig, true)) {
+                readNameFromConfig(path);
+            }
+            continue;
+        }
+        const Page page = kind.value_or(pageInView);
+        if (std::ranges::find(read, page) == read.end()) {
+            read.push_back(page);
+            readScript(page, path);
+        }
     }
     m_session.refresh();
 }
@@ -101,14 +155,18 @@ void FileCommands::scriptSaved(Page page, const ui::Path& path) {
 
 void FileCommands::loadNameFromConfig() {
     if (const auto path = scripts::ChooseConfigToLoad(m_platform.dialogs)) {
-        m_session.switchTo(Page::Name);
-        m_workspace.rememberedConfig = *path;
-        const auto outcome = scripts::LoadNameFromConfig(
-            m_platform.dialogs, m_platform.files, *path, m_workspace.documents.name,
-            [this] { m_session.repaint(Page::Name); });
-        m_session.tell(outcome.statusText);
+        readNameFromConfig(*path);
     }
     m_session.refresh();
+}
+
+void FileCommands::readNameFromConfig(const ui::Path& path) {
+    m_session.switchTo(Page::Name);
+    m_workspace.rememberedConfig = path;
+    const auto outcome = scripts::LoadNameFromConfig(
+        m_platform.dialogs, m_platform.files, path, m_workspace.documents.name,
+        [this] { m_session.repaint(Page::Name); });
+    m_session.tell(outcome.statusText);
 }
 
 void FileCommands::saveNameToConfig() {

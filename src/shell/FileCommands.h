@@ -5,6 +5,8 @@
 #include "editing/ScriptFlow.h"
 #include "shell/Session.h"
 
+#include <span>
+
 namespace shell {
 
 /// The wizards that saving goes through.
@@ -30,6 +32,11 @@ public:
     void loadScript(editing::Page page);
     void saveScript(editing::Page page);
 
+    /// Reads files that were dropped on the window, as the entries of the menu Load do: of each kind the
+    /// first. What a file is its first line says, or its extension; where neither does, it is taken for a
+    /// script of the page in view.
+    void loadDropped(std::span<const ui::Path> paths);
+
     /// Reads an entry (from 0) of the recent files; nothing where there is none.
     void loadRecent(editing::Page page, std::size_t index);
 
@@ -40,6 +47,9 @@ public:
     void copyNameToClipboard();
 
 private:
+    void readScript(editing::Page page, const ui::Path& path);
+    void readNameFromConfig(const ui::Path& path);
+
     /// What the status line says of a save: what was lost, and how the script is run.
     [[nodiscard]] std::string statusText(const editing::SaveOutcome& outcome) const;
 

@@ -10,6 +10,7 @@
 #include "shell/Recovery.h"
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
+#include "ui/qt/FileDrop.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -60,6 +61,10 @@ frmVTM::frmVTM(const ui::Platform& platform)
     setContextMenuPolicy(Qt::PreventContextMenu);
     buildCentre();
     connect(m_pageColumn, &PageColumn::gamesWanted, m_menus, &MainMenus::popGames);
+    new ui::qt::FileDrop(*this, [this](const std::vector<ui::Path>& files) {
+        m_statusLine->clearMessage();
+        m_files.loadDropped(files);
+    });
     m_recovery = new Recovery(
         workspace(), *m_statusLine, m_platform.files, m_platform.stateFolder,
         [this](const WorkState& state) { m_session.restore(state); }, this);
