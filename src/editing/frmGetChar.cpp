@@ -80,6 +80,7 @@ frmGetChar::~frmGetChar() = default;
 
 void frmGetChar::connectControls() {
     connect(m_ui->ImgGrid, &ui::qt::PictureWidget::pressed, this, &frmGetChar::ImgGrid_MouseDown);
+    connect(m_ui->ImgGrid, &ui::qt::PictureWidget::pressedTwice, this, &frmGetChar::ImgGrid_DblClick);
     connect(m_ui->ImgGrid, &ui::qt::PictureWidget::pointerMoved, this, &frmGetChar::ImgGrid_MouseMove);
     connect(m_blink, &QTimer::timeout, this, &frmGetChar::tmrCursor_Timer);
     connect(m_ui->buttons, &QDialogButtonBox::accepted, this, &frmGetChar::cmdOK_Click);
@@ -109,6 +110,13 @@ void frmGetChar::ImgGrid_MouseDown(QPoint pixel) {
     choose(PickedAt(m_chosen, pixel.x(), pixel.y()));
 }
 
+void frmGetChar::ImgGrid_DblClick(QPoint pixel, Qt::MouseButton button) {
+    // On a glyph that may not be picked the choice is another one than that under the pointer.
+    if (button == Qt::LeftButton && PickedAt(0, pixel.x(), pixel.y()) != 0) {
+        cmdOK_Click();
+    }
+}
+
 void frmGetChar::ImgGrid_MouseMove(QPoint pixel, Qt::MouseButtons buttons) {
     if (buttons != Qt::NoButton) {
         choose(PickedAt(m_chosen, pixel.x(), pixel.y()));
@@ -132,6 +140,7 @@ void frmGetChar::cmdReset_Click() {
     if (m_start != 0) {
         choose(m_start);
     }
+    m_ui->ImgGrid->setFocus();
 }
 
 void frmGetChar::keyPressEvent(QKeyEvent* event) {
@@ -148,8 +157,24 @@ void frmGetChar::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Down:
         choose(PickedTowards(m_chosen, 0, 1));
         break;
+    case Qt::Key_Home:
+        choose(PickedAtEnd(m_chosen, -1, 0));
+        break;
+    case Qt::Key_End:
+        choose(PickedAtEnd(m_chosen, 1, 0));
+        break;
+    case Qt::Key_PageUp:
+        choose(PickedAtEnd(m_chosen, 0, -1));
+        break;
+    case Qt::Key_PageDown:
+        choose(PickedAtEnd(m_chosen, 0, 1));
+        break;
     default:
-        QDialog::keyPressEvent(event);
+        if (const QString text = event->text(); text.size() == 1 && text[0].isPrint()) {
+            choose(PickedByCharacter(m_chosen, text[0].toLatin1()));
+        } else {
+            QDialog::keyPressEvent(event);
+        }
     }
 }
 

@@ -22,7 +22,7 @@ namespace editing {
 
 using glyphs::GlyphCode;
 
-/// The glyph picker: the whole glyph grid, on which one glyph is chosen with the mouse or the arrow keys.
+/// The glyph picker: the whole glyph grid, on which one glyph is chosen with the mouse or the keys.
 class frmGetChar : public QDialog {
     Q_OBJECT
 
@@ -43,6 +43,7 @@ private:
     void choose(GlyphCode code);
 
     void ImgGrid_MouseDown(QPoint pixel);
+    void ImgGrid_DblClick(QPoint pixel, Qt::MouseButton button);
     void ImgGrid_MouseMove(QPoint pixel, Qt::MouseButtons buttons);
     void tmrCursor_Timer();
     void cmdOK_Click();

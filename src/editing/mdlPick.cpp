@@ -59,4 +59,25 @@ GlyphCode PickedTowards(GlyphCode chosen, int columns, int rows) {
     return chosen;
 }
 
+GlyphCode PickedAtEnd(GlyphCode chosen, int columns, int rows) {
+    GlyphCode last = chosen;
+    for (GlyphCode next = PickedTowards(last, columns, rows); next != last;
+         next = PickedTowards(last, columns, rows)) {
+        last = next;
+    }
+    return last;
+}
+
+GlyphCode PickedByCharacter(GlyphCode chosen, char character) {
+    constexpr GlyphCode FirstOfColour2 = 128;
+    const auto inColour1 = static_cast<GlyphCode>(character);
+    if (inColour1 < glyphs::BlankGlyph || inColour1 >= FirstOfColour2) {
+        return chosen;
+    }
+    const GlyphCode inColour2 = glyphs::ToColor2Glyph(inColour1);
+    const bool wantsColour2 = chosen >= FirstOfColour2 ? chosen != inColour2 : chosen == inColour1;
+    const GlyphCode picked = glyphs::FilterPickedGlyph(wantsColour2 ? inColour2 : inColour1);
+    return picked == 0 ? chosen : picked;
+}
+
 } // namespace editing

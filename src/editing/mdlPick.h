@@ -20,4 +20,11 @@ namespace editing {
 /// or further on the same way; `chosen` when there is none. The first of the grid when none is chosen (0).
 [[nodiscard]] GlyphCode PickedTowards(GlyphCode chosen, int columns, int rows);
 
+/// The last one on that way.
+[[nodiscard]] GlyphCode PickedAtEnd(GlyphCode chosen, int columns, int rows);
+
+/// The glyph that shows a typed character (ASCII): in the colour of the chosen one, and in the other if it is
+/// chosen already. `chosen` where no glyph may be picked for it.
+[[nodiscard]] GlyphCode PickedByCharacter(GlyphCode chosen, char character);
+
 } // namespace editing

@@ -229,6 +229,69 @@ TEST_F(GlyphPicker, IsMovedWithTheArrowKeys) {
     EXPECT_EQ(picker().glyph(), 65);
 }
 
+TEST_F(GlyphPicker, GoesToTheEndsOfTheRowAndTheColumn) {
+    open(65);
+    const auto type = [](Qt::Key key) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+    };
+    type(Qt::Key_End);
+    EXPECT_EQ(marked(), 79);
+    type(Qt::Key_PageDown);
+    EXPECT_EQ(marked(), 239) << "255 may not be picked";
+    type(Qt::Key_Home);
+    EXPECT_EQ(marked(), 224);
+    type(Qt::Key_PageUp);
+    EXPECT_EQ(marked(), 16) << "nor may 0";
+    type(Qt::Key_Up);
+    EXPECT_EQ(marked(), 16);
+}
+
+TEST_F(GlyphPicker, JumpsToATypedCharacterAndThenToItsOtherColour) {
+    open(5);
+    const auto type = [](char character) {
+        QTest::keyClick(QApplication::focusWidget(), character);
+    };
+    type('q');
+    EXPECT_EQ(marked(), 'q');
+    type('q');
+    EXPECT_EQ(marked(), 'q' + 128);
+    type('A');
+    EXPECT_EQ(marked(), 'A' + 128) << "the colour stays";
+    type('A');
+    EXPECT_EQ(marked(), 'A');
+    type(' ');
+    EXPECT_EQ(marked(), 32);
+    type('"');
+    EXPECT_EQ(marked(), 32) << "a glyph that may not be picked";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_NE(QApplication::focusWidget()->objectName(), "ImgGrid");
+    type('7');
+    EXPECT_EQ(marked(), '7') << "wherever the focus is";
+    EXPECT_TRUE(picker().isVisible());
+}
+
+TEST_F(GlyphPicker, TakesTheGlyphOfADoubleClick) {
+    open(65);
+    auto& grid = control<PictureWidget>("ImgGrid");
+    QTest::mouseDClick(&grid, Qt::LeftButton, {}, middle(34));
+    EXPECT_TRUE(picker().isVisible()) << "that one may not be picked";
+    QTest::mouseDClick(&grid, Qt::RightButton, {}, middle(90));
+    EXPECT_TRUE(picker().isVisible());
+    QTest::mouseDClick(&grid, Qt::LeftButton, {}, middle(13));
+    EXPECT_FALSE(picker().isVisible());
+    EXPECT_EQ(picker().result(), QDialog::Accepted);
+    EXPECT_EQ(picker().glyph(), 141);
+}
+
+TEST_F(GlyphPicker, GivesTheKeysBackToTheGridAfterReset) {
+    open(65);
+    press(90);
+    click("cmdReset");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "ImgGrid");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(marked(), 66);
+}
+
 TEST_F(GlyphPicker, SaysWhichGlyphIsChosen) {
     open(0);
     EXPECT_EQ(readout(), QStringLiteral("No glyph chosen"));

@@ -312,7 +312,9 @@ void PictureWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    Q_EMIT pressed(pixelAt(event->position()), event->button());
+    const QPoint pixel = pixelAt(event->position());
+    Q_EMIT pressed(pixel, event->button());
+    Q_EMIT pressedTwice(pixel, event->button());
 }
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {

@@ -115,6 +115,9 @@ Q_SIGNALS:
     /// A mouse button went down on a pixel of the picture. The second press of a double click is one too.
     void pressed(QPoint pixel, Qt::MouseButton button);
 
+    /// The second press of a double click, after it was told as a press.
+    void pressedTwice(QPoint pixel, Qt::MouseButton button);
+
     /// The pointer moved to a pixel, which lies outside the picture when a button was held on leaving it.
     void pointerMoved(QPoint pixel, Qt::MouseButtons buttons);
 
