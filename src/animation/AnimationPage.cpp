@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "animation/AnimationPage.h"
 
+#include "animation/RowTimes.h"
 #include "ui/qt/PictureWidget.h"
 
 #include <QApplication>
@@ -26,8 +27,9 @@ using editing::NameLength;
 
 namespace {
 
-constexpr int VisibleNames = 15;
+constexpr int VisibleNames = RowTimes::Rows;
 constexpr int ViewLargeStep = 10;
+constexpr int NamesSpacing = 2;
 
 struct ListButton {
     const char* caption;
@@ -147,7 +149,7 @@ void AnimationPage::layOut() {
     frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 
     auto* names = new QGridLayout;
-    names->setSpacing(2);
+    names->setSpacing(NamesSpacing);
     for (QLabel* const number : lblNum) {
         number->setAlignment(Qt::AlignRight);
     }
@@ -156,6 +158,14 @@ void AnimationPage::layOut() {
     names->addWidget(frame, 0, 1);
     names->addWidget(VScroll1, 0, 2);
     names->addWidget(AniNameScroll, 1, 1);
+    m_times = new RowTimes(m_document, this);
+    lblLength =
+        MakeLabel("lblLength", LengthText(m_document), tr("The whole animation in the preview"), this);
+    for (QWidget* const part : std::array<QWidget*, 2>{m_times, lblLength}) {
+        part->hide();
+    }
+    names->addWidget(m_times, 0, 3);
+    names->addWidget(lblLength, 2, 1, Qt::AlignHCenter);
 
     auto* controls = new QGridLayout;
     controls->setHorizontalSpacing(6);
@@ -225,6 +235,10 @@ void AnimationPage::refresh() {
             Q_EMIT namesAdded(before + 1);
         }
     }
+    if (m_times->isVisible()) {
+        m_times->refresh();
+        lblLength->setText(LengthText(m_document));
+    }
     setBar(AniScroll, m_document.currentName);
     lblAniNameNum->setText(QString::number(m_document.currentName));
     setBar(AniNameScroll, m_document.cursorPos);
@@ -237,6 +251,31 @@ void AnimationPage::refresh() {
     if (ThisTickList->currentIndex() != index || ThisTickList->currentText() != text) {
         ThisTickList->setCurrentIndex(index);
         ThisTickList->setEditText(text);
+    }
+}
+
+void AnimationPage::resizeEvent(QResizeEvent* event) {
+    PagePanel::resizeEvent(event);
+    showTimes();
+}
+
+QSize AnimationPage::timesSize() const {
+    return {m_times->sizeHint().width() + NamesSpacing, lblLength->sizeHint().height() + NamesSpacing};
+}
+
+QSize AnimationPage::minimumSizeHint() const {
+    const QSize least = PagePanel::minimumSizeHint();
+    return m_times->isHidden() ? least : least - timesSize();
+}
+
+void AnimationPage::showTimes() {
+    const QSize wanted = minimumSizeHint() + timesSize();
+    const bool hasRoom = wanted.width() <= width() && wanted.height() <= height() &&
+                         AniPicBox->height() >= VisibleNames * fontMetrics().ascent();
+    if (hasRoom == m_times->isHidden()) {
+        m_times->setVisible(hasRoom);
+        lblLength->setVisible(hasRoom);
+        refresh();
     }
 }
 
@@ -318,6 +357,7 @@ void AnimationPage::AniNameScroll_Change(int value) {
 }
 
 void AnimationPage::VScroll1_Change(int value) {
+    m_times->setFirst(value);
     pictureWidget()->setView((value - 1) * glyphs::CellSide, VisibleNames * glyphs::CellSide);
     lblNum[0]->setText(QString::number(value));
     lblNum[1]->setText(QString::number(value + VisibleNames - 1));

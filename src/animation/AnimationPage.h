@@ -14,6 +14,8 @@ class QPushButton;
 
 namespace animation {
 
+class RowTimes;
+
 /// The page of the name animation: all names painted, of which fifteen are in view, and the controls of the
 /// name list and the ticks.
 class AnimationPage : public editing::PagePanel {
@@ -24,6 +26,9 @@ public:
         editing::AnimationDocument& document, glyphs::PagePicture& picture, QWidget* parent = nullptr);
 
     void refresh() override;
+
+    /// Without what is shown only where there is room.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
     /// Opens the list of the current name's ticks, or that of all names, as if it was clicked.
     void openTickList(bool ofAllNames);
@@ -38,6 +43,7 @@ protected:
     [[nodiscard]] QString rowName(int row) const override;
     void fitPicture() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 Q_SIGNALS:
     /// A button of the name list was pressed: 0 insert, 1 delete, 2 move up, 3 move down.
@@ -53,6 +59,8 @@ private:
     void buildControls();
     void layOut();
     void connectControls();
+    void showTimes();
+    [[nodiscard]] QSize timesSize() const;
 
     void AniTotalScroll_Change(int value);
     void AniScroll_Change(int value);
@@ -69,6 +77,8 @@ private:
     editing::AnimationDocument& m_document;
     int m_shownTotal;
     QWidget* AniPicBox = nullptr;
+    RowTimes* m_times = nullptr; ///< shown where there is room
+    QLabel* lblLength = nullptr; ///< likewise
     QScrollBar* AniTotalScroll = nullptr;
     QScrollBar* AniScroll = nullptr;
     QScrollBar* AniNameScroll = nullptr;

@@ -128,6 +128,17 @@ const QWidget& PagePanel::marker() const {
     return *m_marker;
 }
 
+void PagePanel::setZoom(int zoom) {
+    if (zoom != m_widget->zoom()) {
+        m_widget->setZoom(zoom);
+        tellSize();
+    }
+}
+
+QSize PagePanel::leastSizeAt(int zoom) const {
+    return minimumSizeHint() + m_widget->growthTo(zoom);
+}
+
 void PagePanel::blink() {
     m_marker->toggleStyle();
 }

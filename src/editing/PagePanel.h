@@ -41,6 +41,12 @@ public:
     /// The marker over the cursor's cell.
     [[nodiscard]] const QWidget& marker() const;
 
+    /// Shows the picture `zoom` times as large.
+    void setZoom(int zoom);
+
+    /// The least size of the panel at another zoom.
+    [[nodiscard]] QSize leastSizeAt(int zoom) const;
+
     /// Flips the marker's outline between dashed and dotted.
     void blink();
 

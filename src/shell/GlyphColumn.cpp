@@ -268,6 +268,14 @@ void GlyphColumn::showReadout() {
     m_readout->setVisible(m_workspace.settings.showsReadout);
 }
 
+void GlyphColumn::setZoom(int zoom) {
+    ImgGrid->setZoom(zoom);
+}
+
+QSize GlyphColumn::leastSizeAt(int zoom) const {
+    return minimumSizeHint() + ImgGrid->growthTo(zoom);
+}
+
 void GlyphColumn::showGrid() {
     ImgGrid->setPicture(&m_workspace.atlas.cells);
     m_readout->tellAgain();

@@ -42,6 +42,12 @@ public:
     void showModes();
     void showReadout();
 
+    /// Shows the grid `zoom` times as large.
+    void setZoom(int zoom);
+
+    /// The least size of the column at another zoom.
+    [[nodiscard]] QSize leastSizeAt(int zoom) const;
+
     /// The glyph under the cursor is another.
     void showCursor(glyphs::GlyphCode code);
 

@@ -4,6 +4,7 @@
 
 #include "shell/Icons.h"
 #include "shell/MenuTables.h"
+#include "shell/ZoomFit.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -132,6 +133,7 @@ void MainMenus::buildMenus() {
     m_pageEntries = pages->actions();
     addGames();
     addReadout();
+    addZooms();
 }
 
 void MainMenus::addReadout() {
@@ -147,8 +149,24 @@ void MainMenus::addReadout() {
         [this] { m_receivers.commands.mnuViewFindGlyph_Click(); });
 }
 
-void MainMenus::showReadout() {
-    mnuViewReadout->setChecked(m_receivers.session.workspace().settings.showsReadout);
+void MainMenus::addZooms() {
+    QMenu* const zooms = addMenu(menu(QStringLiteral("mnuView")), "mnuViewZoom", tr("&Zoom"));
+    auto* const choice = new QActionGroup(this);
+    for (int zoom = FitZoom; zoom <= MaxZoom; ++zoom) {
+        const QString caption = zoom == FitZoom ? tr("&Fit the window") : tr("&%1x").arg(zoom);
+        QAction* const action =
+            addEntry(*zooms, Numbered("mnuViewZoom", zoom), caption, nullptr, [this, zoom] {
+                m_receivers.session.chooseZoom(zoom);
+            });
+        action->setCheckable(true);
+        choice->addAction(action);
+    }
+}
+
+void MainMenus::showViewChoices() {
+    const Settings& settings = m_receivers.session.workspace().settings;
+    mnuViewReadout->setChecked(settings.showsReadout);
+    menu(QStringLiteral("mnuViewZoom"))->actions().at(settings.zoom)->setChecked(true);
 }
 
 void MainMenus::addGames() {

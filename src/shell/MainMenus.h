@@ -49,8 +49,8 @@ public:
     /// Marks the games that are played.
     void showGames();
 
-    /// Marks whether the grid tells what its glyphs are.
-    void showReadout();
+    /// Marks what was chosen in the View menu but for pages and games.
+    void showViewChoices();
 
     /// Lets the user choose the games, at a point of the screen.
     void popGames(QPoint at);
@@ -64,6 +64,7 @@ private:
     void buildMenus();
     void addGames();
     void addReadout();
+    void addZooms();
     void buildToolbar();
     QMenu* addMenu(QMenu* parent, const char* name, const QString& caption);
     /// `command` is what Undo calls it; null: as its caption does.

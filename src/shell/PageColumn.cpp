@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace shell {
 
@@ -115,6 +116,35 @@ void PageColumn::view(Page page) {
         picTab[i]->setActive(i == static_cast<std::size_t>(page));
     }
     m_pages->setCurrentIndex(static_cast<int>(page));
+    settleRoom();
+}
+
+void PageColumn::setZoom(Page page, int zoom) {
+    panel(page).setZoom(zoom);
+}
+
+QSize PageColumn::leastSizeAt(Page page, int zoom) const {
+    const QSize column = minimumSizeHint();
+    const QSize pages = m_pages->minimumSizeHint();
+    const int frame = 2 * m_pages->frameWidth();
+    const QSize paged = panel(page).leastSizeAt(zoom) + QSize(frame, frame);
+    // What stands above and below the pages may be what makes the column wide.
+    const int width =
+        column.width() > pages.width() ? std::max(column.width(), paged.width()) : paged.width();
+    return {width, column.height() - pages.height() + paged.height()};
+}
+
+void PageColumn::makeRoomForAll(bool isForAll) {
+    m_isForAll = isForAll;
+    settleRoom();
+}
+
+void PageColumn::settleRoom() {
+    for (const editing::Kind& kind : editing::Kinds) {
+        const bool hasRoom = m_isForAll || kind.page == inView();
+        const QSizePolicy::Policy policy = hasRoom ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        panel(kind.page).setSizePolicy(policy, policy);
+    }
 }
 
 void PageColumn::showDocument(Page page) {

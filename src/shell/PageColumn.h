@@ -57,6 +57,15 @@ public:
     void showColours();
     void showPointers();
 
+    /// Shows a page's picture `zoom` times as large.
+    void setZoom(editing::Page page, int zoom);
+
+    /// The least size of the column when a page is in view at another zoom.
+    [[nodiscard]] QSize leastSizeAt(editing::Page page, int zoom) const;
+
+    /// Whether the column is as large as its largest page wants, or as the page in view.
+    void makeRoomForAll(bool isForAll);
+
     /// Shows lines for the games that are played, from the first call on.
     void showGames();
 
@@ -94,6 +103,7 @@ private:
     void addPanel(editing::Page page, editing::PagePanel* panel);
     QBoxLayout* makeCursorRow();
     [[nodiscard]] editing::Page inView() const;
+    void settleRoom();
 
     editing::Documents& m_documents;
     const glyphs::GlyphAtlas& m_atlas;
@@ -105,6 +115,7 @@ private:
     QLabel* lblCurPos = nullptr;
     QBoxLayout* m_cursorRow = nullptr;
     GameLines* m_gameLines = nullptr;
+    bool m_isForAll = true; ///< whether pages out of view have room as well
 };
 
 } // namespace shell

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/ScrollingCentre.h"
 
+#include "shell/GlyphColumn.h"
+#include "shell/PageColumn.h"
+#include "shell/ZoomFit.h"
 #include "ui/qt/PictureWidget.h"
 #include "ui/qt/WholePixels.h"
 
@@ -22,8 +25,10 @@ constexpr QSize RoomAround(10, 140);
 
 } // namespace
 
-ScrollingCentre::ScrollingCentre(QWidget& left, QWidget& right, QWidget* parent)
-    : QScrollArea(parent) {
+ScrollingCentre::ScrollingCentre(GlyphColumn& left, PageColumn& right, QWidget* parent)
+    : QScrollArea(parent)
+    , m_glyphColumn(left)
+    , m_pageColumn(right) {
     setObjectName(QStringLiteral("centre"));
     setAccessibleName(tr("Glyphs and pages"));
     setFrameShape(QFrame::NoFrame);
@@ -73,12 +78,61 @@ void ScrollingCentre::follow(const QWidget& part) {
     }
 }
 
+void ScrollingCentre::setZoom(int zoom) {
+    m_zoom = zoom;
+    m_pageColumn.makeRoomForAll(zoom == 1);
+    applyZoom();
+    updateGeometry();
+}
+
+void ScrollingCentre::applyZoom() {
+    Zooms zooms = EqualZooms(m_zoom);
+    if (m_zoom == FitZoom) {
+        const QSize around =
+            widget()->minimumSizeHint() -
+            QSize(m_glyphColumn.minimumSizeHint().width() + m_pageColumn.minimumSizeHint().width(), 0);
+        zooms = FittingZooms(
+            {[this](int zoom) { return m_glyphColumn.leastSizeAt(zoom); },
+             [this](editing::Page page, int zoom) {
+                 return m_pageColumn.leastSizeAt(page, zoom);
+             }},
+            contentsRect().size() - QSize(around.width(), 2 * Margin));
+    }
+    m_glyphColumn.setZoom(zooms.grid);
+    for (const editing::Kind& kind : editing::Kinds) {
+        m_pageColumn.setZoom(kind.page, zooms.pages.at(static_cast<std::size_t>(kind.page)));
+    }
+}
+
+QSize ScrollingCentre::leastSize() const {
+    if (m_zoom != FitZoom) {
+        // A window that grows with the zoom keeps its margins.
+        const int margins = m_zoom == 1 ? 0 : 3 * (Margin - LeastGap);
+        return widget()->minimumSizeHint() + QSize(margins, 0);
+    }
+    // However large it is by now: it gets as small as it was at first.
+    QSize least;
+    for (const editing::Kind& kind : editing::Kinds) {
+        least = least.expandedTo(m_pageColumn.leastSizeAt(kind.page, 1));
+    }
+    const QSize grid = m_glyphColumn.leastSizeAt(1);
+    return {
+        grid.width() + least.width() + 3 * LeastGap, std::max(grid.height(), least.height()) + 2 * Margin};
+}
+
 QSize ScrollingCentre::sizeHint() const {
-    return widget()->sizeHint();
+    return m_zoom == FitZoom ? leastSize() : widget()->sizeHint();
 }
 
 QSize ScrollingCentre::minimumSizeHint() const {
-    return widget()->minimumSizeHint().boundedTo(screen()->availableSize() - RoomAround);
+    return leastSize().boundedTo(screen()->availableSize() - RoomAround);
+}
+
+void ScrollingCentre::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    if (m_zoom == FitZoom) {
+        applyZoom();
+    }
 }
 
 bool ScrollingCentre::event(QEvent* event) {
@@ -90,6 +144,9 @@ bool ScrollingCentre::event(QEvent* event) {
 
 bool ScrollingCentre::eventFilter(QObject* watched, QEvent* event) {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        if (m_zoom == FitZoom) {
+            applyZoom();
+        }
         // The window grows with its content, as far as the screen goes.
         updateGeometry();
     }

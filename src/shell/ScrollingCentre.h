@@ -6,6 +6,9 @@
 
 namespace shell {
 
+class GlyphColumn;
+class PageColumn;
+
 /// What the main window holds between its bars: two columns. Where the screen is too small for that, it is
 /// scrolled: nothing of it gets out of reach.
 class ScrollingCentre final : public QScrollArea {
@@ -15,7 +18,10 @@ public:
     static constexpr int Margin = 12; ///< around the columns; less beside them where the window is narrow
 
     /// Takes the columns in, the left one with the height that it wants.
-    ScrollingCentre(QWidget& left, QWidget& right, QWidget* parent);
+    ScrollingCentre(GlyphColumn& left, PageColumn& right, QWidget* parent);
+
+    /// Shows the grid and the pages `zoom` times as large, 1 to MaxZoom; FitZoom: as large as there is room.
+    void setZoom(int zoom);
 
     /// The layouts learn what their content wants at the scale of the screen, pages out of view as well.
     void settle();
@@ -31,7 +37,16 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void applyZoom();
+    [[nodiscard]] QSize leastSize() const; ///< of the content
+
+    GlyphColumn& m_glyphColumn;
+    PageColumn& m_pageColumn;
+    int m_zoom = 1;
 };
 
 } // namespace shell

@@ -124,6 +124,9 @@ public:
     /// Says whether the grid tells what its glyphs are.
     void chooseReadout(bool isShown);
 
+    /// Says how large the grid and the pages are shown, see Settings::zoom.
+    void chooseZoom(int zoom);
+
 private:
     ui::Status loadSettings();
     void loadStartFiles(const StartFiles& start);

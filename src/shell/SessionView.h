@@ -44,8 +44,8 @@ public:
     /// Shows what the games that are played make of the page in view.
     virtual void showGames() = 0;
 
-    /// Shows or hides what a glyph is.
-    virtual void showReadout() = 0;
+    /// Shows what was chosen in the View menu but for pages and games.
+    virtual void showViewChoices() = 0;
 };
 
 } // namespace shell

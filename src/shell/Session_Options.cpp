@@ -19,7 +19,12 @@ void Session::chooseGame(games::Family family, bool isPlayed) {
 
 void Session::chooseReadout(bool isShown) {
     m_workspace.settings.showsReadout = isShown;
-    m_view.showReadout();
+    m_view.showViewChoices();
+}
+
+void Session::chooseZoom(int zoom) {
+    m_workspace.settings.zoom = zoom;
+    m_view.showViewChoices();
 }
 
 ui::Status Session::selectCharSet(int recordNumber) {

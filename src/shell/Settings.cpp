@@ -14,6 +14,8 @@ namespace {
 
 const std::string Section{OptionsSection};
 
+constexpr int LargestZoom = 6;
+
 /// A setting with a section of its own, which is not made as long as nobody chooses.
 struct ChosenSetting {
     const char* section;
@@ -179,7 +181,7 @@ games::FamilyChoice PlayedOf(const std::string& text) {
     return played;
 }
 
-constexpr std::array<ChosenSetting, 2> ChosenSettings{{
+constexpr std::array<ChosenSetting, 3> ChosenSettings{{
     {"games", "played", [](const Settings& settings) { return PlayedText(settings.games); },
      [](Settings& settings, const std::string& text) {
          settings.games = PlayedOf(text);
@@ -187,6 +189,12 @@ constexpr std::array<ChosenSetting, 2> ChosenSettings{{
     {"view", "readout", [](const Settings& settings) { return TextOf(settings.showsReadout); },
      [](Settings& settings, const std::string& text) {
          settings.showsReadout = BooleanOf(text).value_or(settings.showsReadout);
+     }},
+    {"view", "zoom", [](const Settings& settings) { return std::to_string(settings.zoom); },
+     [](Settings& settings, const std::string& text) {
+         if (const auto zoom = ShortNumberOf(text); zoom && *zoom >= 0 && *zoom <= LargestZoom) {
+             settings.zoom = *zoom;
+         }
      }},
 }};
 

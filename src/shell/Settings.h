@@ -55,6 +55,7 @@ struct Settings {
     editing::Modes modes;
     games::FamilyChoice games{true, true, true}; ///< that are played; kept apart from the other options
     bool showsReadout = true;                    ///< what a glyph is, under the grid; likewise
+    int zoom = 1;                                ///< of grid and pages, 0 to 6; 0: as large as there is room
     std::int16_t makeType = 1;                   ///< page in view: 0 name, 1 animation, 2 messages
 
     /// caseChoice as the case operations take it.

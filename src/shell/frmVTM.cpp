@@ -96,7 +96,7 @@ ui::Status frmVTM::Form_Load(std::span<const std::string> arguments) {
     if (ui::Status loaded = m_session.load(arguments); !loaded) {
         return loaded;
     }
-    showReadout();
+    showViewChoices();
     restoreWindow();
     show();
     // The desktop learns about the file types once the window is painted: nothing in it waits for them.
@@ -222,9 +222,10 @@ void frmVTM::showGames() {
     m_menus->showGames();
 }
 
-void frmVTM::showReadout() {
+void frmVTM::showViewChoices() {
     m_glyphColumn->showReadout();
-    m_menus->showReadout();
+    m_centre->setZoom(workspace().settings.zoom);
+    m_menus->showViewChoices();
 }
 
 } // namespace shell

@@ -77,7 +77,7 @@ private:
     void showPointers() override;
     void showModes() override;
     void showGames() override;
-    void showReadout() override;
+    void showViewChoices() override;
 
     const ui::Platform& m_platform;
     Session m_session;

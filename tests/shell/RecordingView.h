@@ -48,7 +48,7 @@ public:
 
     void showGames() override { shown.emplace_back("games"); }
 
-    void showReadout() override { shown.emplace_back("readout"); }
+    void showViewChoices() override { shown.emplace_back("choices"); }
 
     std::vector<std::string> shown;
     std::string status;

@@ -54,6 +54,11 @@ void PictureWidget::setBlock(int side, std::optional<int> pixels) {
     fitPicture();
 }
 
+void PictureWidget::setZoom(int zoom) {
+    m_zoom = zoom;
+    fitPicture();
+}
+
 void PictureWidget::setView(int top, int height, QPoint shift) {
     if (top == m_viewTop && height == m_viewHeight && shift == m_viewShift) {
         return;
@@ -130,7 +135,7 @@ qreal PictureWidget::pixelSide() const {
 }
 
 QSize PictureWidget::sizeOf(int width, int height) const {
-    // A little less, so that the error of the division makes no whole number one more.
+    // A little less: the error of the division must make no whole number one more.
     const auto extent = [this](int pixels, int shift) {
         return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - PixelTolerance));
     };
@@ -228,7 +233,7 @@ void PictureWidget::announceRows() {
 void PictureWidget::fitPicture() {
     const qreal scale = devicePixelRatioF();
     const int blockPixels =
-        m_fixedBlockPixels ? *m_fixedBlockPixels : BlockPixels(m_block, scale, screen()->size());
+        m_zoom * m_fixedBlockPixels.value_or(BlockPixels(m_block, scale, screen()->size()));
     const bool isScaled = scale != m_scale || blockPixels != m_blockPixels;
     m_scale = scale;
     m_blockPixels = blockPixels;

@@ -50,6 +50,14 @@ public:
     /// with as many as BlockPixels says.
     void setBlock(int side, std::optional<int> pixels = std::nullopt);
 
+    /// Draws every block with `zoom` times as many pixels of the screen. 1 at first.
+    void setZoom(int zoom);
+
+    [[nodiscard]] int zoom() const { return m_zoom; }
+
+    /// What the part in view would take more of its parent at another zoom.
+    [[nodiscard]] QSize growthTo(int zoom) const { return viewSize() * (zoom - m_zoom) / m_zoom; }
+
     /// Shows only a part of the picture, `height` pixels from `top` on, which begins at the left upper corner
     /// of its parent, or `shift` pixels of the screen away from it. Another `top` repaints only what comes
     /// into view.
@@ -149,6 +157,7 @@ private:
     qreal m_scale = 1;     ///< of the screen
     int m_blockPixels = 1; ///< of the screen, for a side of a block
     std::optional<int> m_fixedBlockPixels;
+    int m_zoom = 1;
     int m_viewTop = 0;
     int m_viewHeight = 0; ///< 0: the whole picture is in view
     QPoint m_viewShift;   ///< in pixels of the screen

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Vortigo developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "editing/Kinds.h"
+
+#include <QSize>
+#include <array>
+#include <functional>
+
+namespace shell {
+
+constexpr int MaxZoom = 6;
+
+/// The setting that takes as large a zoom as there is room for.
+constexpr int FitZoom = 0;
+
+/// How many times as large as at first the glyph grid and the page of each kind are shown.
+struct Zooms {
+    int grid = 1;
+    std::array<int, editing::Kinds.size()> pages{};
+
+    friend bool operator==(const Zooms&, const Zooms&) = default;
+};
+
+/// The same zoom for all.
+[[nodiscard]] Zooms EqualZooms(int zoom);
+
+/// What the column of the grid, and that of the pages with one of them in view, take at a zoom.
+struct ZoomSizes {
+    std::function<QSize(int zoom)> grid;
+    std::function<QSize(editing::Page page, int zoom)> page;
+};
+
+/// The largest zooms, 1 to MaxZoom, at which both columns fit into a room beside each other. The grid keeps
+/// its zoom whatever page is in view; neither it nor the page is left small to make the other large.
+[[nodiscard]] Zooms FittingZooms(const ZoomSizes& sizes, const QSize& room);
+
+} // namespace shell
