@@ -54,11 +54,6 @@ void PictureWidget::setBlock(int side, std::optional<int> pixels) {
     fitPicture();
 }
 
-void PictureWidget::setZoom(int zoom) {
-    m_zoom = zoom;
-    fitPicture();
-}
-
 void PictureWidget::setView(int top, int height, QPoint shift) {
     if (top == m_viewTop && height == m_viewHeight && shift == m_viewShift) {
         return;

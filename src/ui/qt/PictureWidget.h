@@ -51,7 +51,10 @@ public:
     void setBlock(int side, std::optional<int> pixels = std::nullopt);
 
     /// Draws every block with `zoom` times as many pixels of the screen. 1 at first.
-    void setZoom(int zoom);
+    void setZoom(int zoom) {
+        m_zoom = zoom;
+        fitPicture();
+    }
 
     [[nodiscard]] int zoom() const { return m_zoom; }
 
