@@ -9,10 +9,12 @@
 
 namespace editing {
 
+/// What is told of a glyph in a tooltip, a line each.
+using GlyphText = std::function<QString(glyphs::GlyphCode)>;
+
 /// The cells of a picture of all 256 glyphs in words. `canBePressed`: whether a press on a glyph does
-/// something. `glyphText`: what the tooltip of a glyph says; without it, there is none.
-[[nodiscard]] ui::qt::PictureCells
-GlyphGridCells(bool canBePressed, std::function<QString(glyphs::GlyphCode)> glyphText = {});
+/// something. Without a `glyphText` no glyph has a tooltip.
+[[nodiscard]] ui::qt::PictureCells GlyphGridCells(bool canBePressed, GlyphText glyphText = {});
 
 /// The glyph of a cell (1-based) of such a picture.
 [[nodiscard]] glyphs::GlyphCode GridGlyph(int row, int column);

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "editing/Change.h"
+#include "editing/GlyphCells.h"
 #include "glyphs/mdlPaint.h"
 #include "ui/Picture.h"
 
 #include <QWidget>
-#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -56,7 +56,7 @@ public:
     void mark(const std::vector<CellBlock>& cells);
 
     /// Says what is to be told of a glyph in a cell's tooltip, a line each.
-    void setGlyphText(std::function<QString(GlyphCode)> text) { m_glyphText = std::move(text); }
+    void setGlyphText(GlyphText text) { m_glyphText = std::move(text); }
 
     /// The mouse pointer over the picture: 0 none of its own, 1 arrow, 2 cross.
     void setPointer(int cursorStyle);
@@ -114,7 +114,7 @@ private:
     void point(QPoint pixel);
 
     glyphs::PagePicture& m_picture;
-    std::function<QString(GlyphCode)> m_glyphText;
+    GlyphText m_glyphText;
     ui::qt::PictureWidget* m_widget;
     ui::qt::MarkerShape* m_marker;
     ui::qt::CellMarks* m_marks = nullptr; ///< made when one is first wanted

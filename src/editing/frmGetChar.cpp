@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "editing/frmGetChar.h"
 
-#include "editing/GlyphCells.h"
 #include "editing/mdlPick.h"
 #include "glyphs/mdlPaint.h"
 #include "ui/qt/DialogButtons.h"
@@ -11,6 +10,7 @@
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <utility>
 
 namespace editing {
 
@@ -35,7 +35,8 @@ QString ReadoutOf(GlyphCode code) {
 
 } // namespace
 
-frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent)
+frmGetChar::frmGetChar(
+    GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent, GlyphText glyphText)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::frmGetChar>())
     , m_grid(grid)
@@ -46,7 +47,7 @@ frmGetChar::frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel marke
     m_ui->setupUi(this);
     m_ui->ImgGrid->setBlock(glyphs::CellBlock);
     m_ui->ImgGrid->setPicture(&m_grid);
-    m_ui->ImgGrid->setCells(GlyphGridCells(true));
+    m_ui->ImgGrid->setCells(GlyphGridCells(true, std::move(glyphText)));
     m_ui->ImgGrid->setFocusPolicy(Qt::StrongFocus);
     m_ui->picChosen->setBlock(PreviewSide / glyphs::ArtworkCell);
     m_ui->picChosen->setPicture(&m_preview);
@@ -178,8 +179,9 @@ void frmGetChar::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-GlyphCode PickGlyph(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent) {
-    frmGetChar picker(start, grid, markerColour, parent);
+GlyphCode PickGlyph(
+    GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent, GlyphText glyphText) {
+    frmGetChar picker(start, grid, markerColour, parent, std::move(glyphText));
     picker.exec();
     return picker.glyph();
 }

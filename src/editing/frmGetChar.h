@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/GlyphCells.h"
 #include "glyphs/GlyphCode.h"
 #include "ui/Picture.h"
 
@@ -29,7 +30,9 @@ class frmGetChar : public QDialog {
 public:
     /// `start` is chosen at first, even one that could not be picked; 0: none is. `grid` is the 256 x 256
     /// picture of all glyphs.
-    frmGetChar(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent = nullptr);
+    frmGetChar(
+        GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent = nullptr,
+        GlyphText glyphText = {});
     ~frmGetChar() override;
 
     /// The glyph that was confirmed; the start glyph until then, and when the picker was cancelled.
@@ -62,7 +65,8 @@ private:
 
 /// Lets the user pick a glyph; `start` itself when the picker is cancelled. May return 0 only if `start` is
 /// 0.
-[[nodiscard]] GlyphCode
-PickGlyph(GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent);
+[[nodiscard]] GlyphCode PickGlyph(
+    GlyphCode start, const ui::Picture& grid, ui::Pixel markerColour, QWidget* parent,
+    GlyphText glyphText = {});
 
 } // namespace editing

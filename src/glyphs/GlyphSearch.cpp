@@ -3,6 +3,7 @@
 #include "glyphs/GlyphSearch.h"
 
 #include "glyphs/GlyphWords.h"
+#include "glyphs/LookAlikes.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +17,8 @@
 namespace glyphs {
 
 namespace {
+
+constexpr char32_t LastAscii = 127;
 
 /// What people also call what a description calls otherwise; both in small letters.
 struct OtherName {
@@ -107,6 +110,23 @@ std::vector<GlyphCode> FindGlyphs(std::string_view wanted) {
         return std::ranges::all_of(
             words, [&](const std::string& word) { return Describes(description, SmallLetters(word)); });
     });
+}
+
+std::vector<GlyphCode> FindGlyphs(std::span<const ui::TextCharacter> wanted) {
+    if (wanted.size() == 1 && wanted[0].code > LastAscii) {
+        const FittedText fitted = FitText(wanted);
+        if (fitted.glyphs.size() != 1 || !fitted.unlike.empty()) {
+            return {};
+        }
+        const GlyphCode code = fitted.glyphs.front();
+        return AllThat(
+            [code, other = OtherColourOf(code)](GlyphCode each) { return each == code || each == other; });
+    }
+    std::string ascii;
+    for (const ui::TextCharacter& character : wanted) {
+        ascii.push_back(character.code > LastAscii ? '?' : static_cast<char>(character.code));
+    }
+    return FindGlyphs(ascii);
 }
 
 } // namespace glyphs

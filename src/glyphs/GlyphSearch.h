@@ -3,7 +3,9 @@
 #pragma once
 
 #include "glyphs/GlyphCode.h"
+#include "ui/TextCharacter.h"
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -14,5 +16,8 @@ namespace glyphs {
 /// and case. Common names of signs stand for the ones used here ("hash" for number sign). None fits a blank
 /// text.
 [[nodiscard]] std::vector<GlyphCode> FindGlyphs(std::string_view wanted);
+
+/// The same for any text: a single character that is not ASCII is looked for by its looks, in either colour.
+[[nodiscard]] std::vector<GlyphCode> FindGlyphs(std::span<const ui::TextCharacter> wanted);
 
 } // namespace glyphs

@@ -34,14 +34,15 @@ Commands::Commands(
     , m_workspace(session.workspace())
     , m_glyphColumn(glyphColumn)
     , m_pageColumn(pageColumn)
-    , m_window(window) {
+    , m_window(window)
+    , m_glyphText([&glyphColumn](GlyphCode code) { return glyphColumn.glyphText(code); }) {
     connect(&glyphColumn, &GlyphColumn::glyphPressed, this, &Commands::ImgGrid_MouseDown);
     connect(&glyphColumn, &GlyphColumn::favouritePressed, this, &Commands::cmdFavorite_MouseDown);
     connect(&glyphColumn, &GlyphColumn::frequentPressed, this, &Commands::cmdFrequent_MouseDown);
     connect(&glyphColumn, &GlyphColumn::rightGlyphPressed, this, &Commands::cmdRightGlyph_MouseDown);
     connect(&glyphColumn, &GlyphColumn::glyphFound, this, &Commands::putFoundGlyph);
     connect(&glyphColumn, &GlyphColumn::findingEnded, this, [&session] { session.refresh(); });
-    pageColumn.setGlyphText([&glyphColumn](GlyphCode code) { return glyphColumn.glyphText(code); });
+    pageColumn.setGlyphText(m_glyphText);
     connect(&pageColumn, &PageColumn::pointedAt, &glyphColumn, &GlyphColumn::pointAt);
     connect(&glyphColumn, &GlyphColumn::countPressed, this, &Commands::cmdCalcFrequent_Click);
     connect(&glyphColumn, &GlyphColumn::modeSwitched, this, &Commands::cmdKey_Click);
@@ -288,7 +289,7 @@ void Commands::putGlyphWithMarker(GlyphCode code) {
 void Commands::putPickedGlyph() {
     editing::frmGetChar picker(
         m_glyphColumn.markedGlyph(), m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour],
-        &m_window);
+        &m_window, m_glyphText);
     if (picker.exec() == QDialog::Accepted) {
         putGlyphWithMarker(picker.glyph());
     }
@@ -304,7 +305,7 @@ void Commands::pickRightGlyph() {
 GlyphCode Commands::pickGlyph(GlyphCode start) {
     return editing::PickGlyph(
         start, m_workspace.atlas.cells, m_workspace.settings.colours[GridMarkerColour],
-        QApplication::activeWindow());
+        QApplication::activeWindow(), m_glyphText);
 }
 
 } // namespace shell

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/GlyphCells.h"
 #include "editing/mdlArray.h"
 #include "shell/FileCommands.h"
 
@@ -82,6 +83,7 @@ private:
     GlyphColumn& m_glyphColumn;
     PageColumn& m_pageColumn;
     QWidget& m_window;
+    editing::GlyphText m_glyphText;
 };
 
 } // namespace shell

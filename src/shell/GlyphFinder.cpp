@@ -5,6 +5,7 @@
 #include "glyphs/GlyphSearch.h"
 #include "glyphs/GlyphWords.h"
 #include "ui/qt/LineLabel.h"
+#include "ui/qt/TextCharacters.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -46,7 +47,7 @@ bool GlyphFinder::takesKeysOf(const QWidget* widget) const {
 }
 
 void GlyphFinder::txtFind_Change() {
-    m_fitting = glyphs::FindGlyphs(txtFind->text().toStdString());
+    m_fitting = glyphs::FindGlyphs(ui::qt::CharactersOf(txtFind->text().trimmed()));
     m_current = 0;
     Q_EMIT found(m_fitting);
     showFound();

@@ -181,7 +181,7 @@ void PageColumn::showGames() {
     m_gameLines->follow(inView());
 }
 
-void PageColumn::setGlyphText(const std::function<QString(glyphs::GlyphCode)>& text) {
+void PageColumn::setGlyphText(const editing::GlyphText& text) {
     for (const editing::Kind& kind : editing::Kinds) {
         panel(kind.page).setGlyphText(text);
     }

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editing/GlyphCells.h"
 #include "editing/Kinds.h"
 #include "editing/PagePainter.h"
 #include "shell/Settings.h"
 
 #include <QWidget>
 #include <array>
-#include <functional>
 #include <optional>
 
 class QBoxLayout;
@@ -70,7 +70,7 @@ public:
     void showGames();
 
     /// Says what is to be told of a glyph in a cell's tooltip, a line each.
-    void setGlyphText(const std::function<QString(glyphs::GlyphCode)>& text);
+    void setGlyphText(const editing::GlyphText& text);
 
     /// Moves the cursor to the next cell that a game does not keep.
     void goToLoss();

@@ -49,6 +49,20 @@ TEST(GlyphSearch, KnowsOtherNamesOfSigns) {
     }
 }
 
+TEST(GlyphSearch, FindsAPastedCharacterByItsLooks) {
+    const auto found = [](std::u32string_view text) {
+        std::vector<ui::TextCharacter> characters;
+        for (const char32_t code : text) {
+            characters.push_back({code, std::u32string(1, code)});
+        }
+        return FindGlyphs(characters);
+    };
+    EXPECT_EQ(found(U"\u2588"), (Codes{11, 139})) << "the full block";
+    EXPECT_EQ(found(U"\u4E2D"), Codes{}) << "nothing looks like that";
+    EXPECT_EQ(found(U"gold 7"), (Codes{25, 153}));
+    EXPECT_EQ(found(U""), Codes{});
+}
+
 TEST(GlyphSearch, FindsNothingForNothing) {
     EXPECT_EQ(FindGlyphs(""), Codes{});
     EXPECT_EQ(FindGlyphs(" \t"), Codes{});

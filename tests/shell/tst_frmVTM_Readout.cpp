@@ -29,9 +29,12 @@ protected:
     }
 
     [[nodiscard]] QString toolTipOf(const char* name, QPoint at = {8, 8}) const {
+        return toolTipOf(find(name), at);
+    }
+
+    [[nodiscard]] static QString toolTipOf(QWidget* widget, QPoint at) {
         QToolTip::hideText();
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
-        QWidget* const widget = find(name);
         QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
         QApplication::sendEvent(widget, &event);
         return QToolTip::text();
@@ -118,6 +121,19 @@ TEST_F(Readout, IsWhatToolTipsSay) {
                                     "Alt+Shift+2)\nGlyph 86: capital V\nKey: Shift+V\nColor 2: glyph 214");
     EXPECT_EQ(find("cmdFavorite_1")->toolTip(), "Click to place this character, Right click to change");
     EXPECT_TRUE(toolTipOf("cmdCalcFrequent").endsWith("(Alt+9)"));
+}
+
+TEST_F(Readout, IsWhatThePickerSays) {
+    startOn(Page::Name);
+    QString told;
+    QTimer::singleShot(0, window.get(), [&] {
+        QWidget* const picker = QApplication::activeModalWidget();
+        ASSERT_NE(picker, nullptr);
+        told = toolTipOf(picker->findChild<QWidget*>(QStringLiteral("ImgGrid")), {8, 24});
+        picker->close();
+    });
+    press(Qt::Key_G, Qt::AltModifier);
+    EXPECT_EQ(told, "Glyph 16: ornate left bracket\nNo key types it\nColor 2: glyph 144");
 }
 
 TEST_F(Readout, ShowsTheGlyphOfTheRightButton) {

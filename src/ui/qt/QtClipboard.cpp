@@ -3,6 +3,7 @@
 #include "ui/qt/QtClipboard.h"
 
 #include "ui/qt/Text.h"
+#include "ui/qt/TextCharacters.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -34,12 +35,7 @@ void QtClipboard::setPicture(const Picture& picture) {
 }
 
 std::vector<TextCharacter> QtClipboard::text() const {
-    std::vector<TextCharacter> characters;
-    for (const char32_t code : QGuiApplication::clipboard()->text().toStdU32String()) {
-        const QString parts = QString::fromUcs4(&code, 1).normalized(QString::NormalizationForm_KD);
-        characters.push_back({code, parts.toStdU32String()});
-    }
-    return characters;
+    return CharactersOf(QGuiApplication::clipboard()->text());
 }
 
 } // namespace ui::qt
