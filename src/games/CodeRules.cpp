@@ -90,6 +90,8 @@ constexpr std::array Pairs{
     PairRule{Family::QuakeWorld, Station::Others, 'c', 0, Reason::ColourCode, MvdsvRun},
 };
 
+constexpr std::array Turns{TurnRule{Family::QuakeWorld, '$', EzRun}};
+
 constexpr std::array WholeNames{
     WholeNameRule{Family::QuakeWorld, "", Reason::NoName, MvdsvRead},
     WholeNameRule{Family::QuakeWorld, "console", Reason::ReservedName, MvdsvRead},
@@ -128,6 +130,17 @@ const CodeRule& RuleOf(Family family, Station station, GlyphCode code) {
 
 std::span<const PairRule> PairRules() {
     return Pairs;
+}
+
+const TurnRule* TurnOf(Family family, std::span<const GlyphCode> row, std::size_t place) {
+    const auto isSign = [&row](std::size_t at) {
+        return at < row.size() && row[at] > glyphs::BlankGlyph && row[at] < 127;
+    };
+    const auto found = std::ranges::find_if(Turns, [&](const TurnRule& rule) {
+        return rule.family == family && rule.code == row[place] && isSign(place + 1) &&
+               row[place + 1] != rule.code;
+    });
+    return found == Turns.end() ? nullptr : &*found;
 }
 
 std::span<const WholeNameRule> WholeNameRules() {

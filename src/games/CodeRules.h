@@ -41,6 +41,7 @@ enum class Reason : std::uint8_t {
     Unnamed,       ///< the server gives the name "unnamed"
     BadInfo,       ///< the server gives the name "badinfo"
     ServerRefuses, ///< the server refuses the name or gives another
+    UnlessTurned,  ///< as ServerRefuses, unless the player's engine makes another glyph of it before
     GameRefuses,   ///< the player's own game refuses it: the old name stays
     NotSent,       ///< the player's own game keeps it from the server
     ColourCode,    ///< a colour code is not allowed: the old name stays
@@ -76,6 +77,16 @@ struct PairRule {
 };
 
 [[nodiscard]] std::span<const PairRule> PairRules();
+
+/// A glyph that one engine makes another of, together with the sign behind it, before a server sees it.
+struct TurnRule {
+    Family family;
+    std::uint8_t code;
+    Sighting seen;
+};
+
+/// What turns the glyph at a place of a row; nothing where it stays.
+[[nodiscard]] const TurnRule* TurnOf(Family family, std::span<const GlyphCode> row, std::size_t place);
 
 /// A name, as it comes out of the rules for glyphs, that gets another in its place.
 struct WholeNameRule {

@@ -104,11 +104,19 @@ private:
     /// Refuses the row for a glyph or a pair of glyphs that may not be in it; all of them are marked.
     void refuse() {
         const CodeRule* first = nullptr;
+        const TurnRule* turned = nullptr;
         // A server looks at the whole name before it cuts it.
         const std::size_t end = m_verdict.station == Station::Others ? m_verdict.shownCount : endOfText();
         for (std::size_t i = 0; i < end; ++i) {
             const CodeRule& rule = ruleOf(m_verdict.shown[i]);
-            if (rule.action == Action::Refuse) {
+            if (rule.action != Action::Refuse) {
+                continue;
+            }
+            if (const TurnRule* turn = TurnOf(m_verdict.family, m_verdict.shownRow(), i)) {
+                turned = turn;
+                fateOf(i) = Fate::Dropped;
+                fateOf(i + 1) = Fate::Changed;
+            } else {
                 fateOf(i) = Fate::Refused;
                 first = first == nullptr ? &rule : first;
             }
@@ -118,6 +126,8 @@ private:
             decide(first->reason, first->seen);
         } else if (pair != nullptr) {
             decide(pair->reason, pair->seen);
+        } else if (turned != nullptr) {
+            decide(Reason::UnlessTurned, turned->seen);
         }
     }
 

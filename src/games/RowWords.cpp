@@ -11,8 +11,13 @@ namespace {
 /// Which glyphs of a row a note is about.
 enum class Match : std::uint8_t {
     Anywhere,
-    AtStart,    ///< of the row
-    BeforeDigit ///< with a digit behind it
+    AtStart, ///< of the row
+    AtEnd,   ///< of the row
+    NotAtEnd,
+    BeforeItself,   ///< with another one behind it
+    BeforeDigit,    ///< with a digit behind it
+    BeforeVariable, ///< with what begins the name of a variable behind it
+    Turned          ///< as TurnRule says
 };
 
 struct NoteRule {
@@ -36,28 +41,28 @@ constexpr auto MakeNotes() {
     constexpr Sighting EzQuakeRead{Engine::EzQuake, Evidence::Read};
     constexpr Sighting Q2Pro{Engine::Q2Pro, Evidence::Read};
     constexpr std::string_view EndsText = "ends the text there";
-    constexpr std::string_view FillsIn = "puts the value of a variable in the place of $ and its name";
-    constexpr std::string_view NoBackslash =
-        "cannot store a \\, and as the last glyph it takes the closing quote";
-    constexpr std::string_view TurnsPairs = "turns $ and what stands behind it into another glyph";
+    constexpr std::string_view TakesQuote = "takes the closing quote for a part of the text";
+    constexpr std::string_view TurnsPairs = "makes one glyph of $ and the next";
     constexpr std::string_view ColorMark = "may take the glyph for a color mark";
     constexpr std::string_view Quake2Text = "refuses the name";
     return std::array{
         NoteRule{Name, Anywhere, '\r', '\r', EndsText, DarkRead},
-        NoteRule{Name, Anywhere, '$', '$', FillsIn, DarkPlaces},
-        NoteRule{Name, Anywhere, '\\', '\\', NoBackslash, DarkRead},
+        NoteRule{Name, BeforeVariable, '$', '$', "fills in $variables", DarkPlaces},
+        NoteRule{Name, NotAtEnd, '\\', '\\', "cannot store \\", DarkRead},
+        NoteRule{Name, AtEnd, '\\', '\\', TakesQuote, DarkRead},
         NoteRule{Name, BeforeDigit, '^', '^', "shows ^ and a digit as a color", DarkRead},
         NoteRule{Name, Anywhere, 255, 255, "ends the text there, and the player is disconnected", FirstQuake},
-        NoteRule{Name, Anywhere, '$', '$', TurnsPairs, EzQuake},
+        NoteRule{Name, Turned, '$', '$', TurnsPairs, EzQuake},
         NoteRule{Name, Anywhere, 162, 162, Quake2Text, Q2Pro},
         NoteRule{Name, Anywhere, 187, 187, Quake2Text, Q2Pro},
         NoteRule{Name, Anywhere, 220, 220, Quake2Text, Q2Pro},
 
         NoteRule{Message, Anywhere, '\r', '\r', EndsText, DarkRead},
-        NoteRule{Message, Anywhere, '\\', '\\', NoBackslash, DarkRead},
+        NoteRule{Message, BeforeItself, '\\', '\\', "makes one \\ of two", DarkRead},
+        NoteRule{Message, AtEnd, '\\', '\\', TakesQuote, DarkRead},
         NoteRule{Message, Anywhere, 255, 255, EndsText, FirstQuake},
         NoteRule{Message, AtStart, 1, 2, ColorMark, {Engine::VkQuake, Evidence::Read}},
-        NoteRule{Message, Anywhere, '$', '$', TurnsPairs, EzQuakeRead},
+        NoteRule{Message, Turned, '$', '$', TurnsPairs, EzQuakeRead},
         NoteRule{Message, Anywhere, '%', '%', "puts other words in the place of % and a letter", EzQuakeRead},
         NoteRule{Message, Anywhere, '^', '^', "takes ^ and what stands behind it for a color", EzQuakeRead},
         NoteRule{Message, AtStart, 1, 2, ColorMark, EzQuakeRead},
@@ -68,16 +73,31 @@ constexpr auto MakeNotes() {
 
 constexpr auto Notes = MakeNotes();
 
-/// Whether a note is about the glyph at a place of a row.
+bool BeginsVariable(int code) {
+    return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') || code == '$' || code == '{';
+}
+
+/// Whether a note is about the glyph at a place of a row, which does not end with blanks.
 bool IsAbout(const NoteRule& note, std::span<const GlyphCode> row, std::size_t place) {
     if (row[place] < note.first || row[place] > note.last) {
         return false;
     }
+    const int next = place + 1 < row.size() ? row[place + 1] : -1;
     switch (note.match) {
     case Match::AtStart:
         return place == 0;
+    case Match::AtEnd:
+        return next < 0;
+    case Match::NotAtEnd:
+        return next >= 0;
+    case Match::BeforeItself:
+        return next == row[place];
     case Match::BeforeDigit:
-        return place + 1 < row.size() && row[place + 1] >= '0' && row[place + 1] <= '9';
+        return next >= '0' && next <= '9';
+    case Match::BeforeVariable:
+        return BeginsVariable(next);
+    case Match::Turned:
+        return TurnOf(FactsOf(note.seen.engine).family, row, place) != nullptr;
     case Match::Anywhere:
         break;
     }
@@ -126,6 +146,9 @@ std::string RefusalText(const RowVerdict& verdict, std::span<const GlyphCode> ro
         return "the name breaks off" + where;
     case Reason::ServerRefuses:
         return "the server refuses the name" + where;
+    case Reason::UnlessTurned:
+        return "the server refuses the name, except from " + std::string(FactsOf(verdict.seen.engine).name) +
+               where;
     case Reason::GameRefuses:
         return "the game refuses the name" + where;
     case Reason::NotSent:
@@ -170,6 +193,9 @@ RowWords WordsOf(const RowVerdict& verdict, std::span<const GlyphCode> row) {
 }
 
 std::vector<EngineNote> NotesOn(Family family, Station station, std::span<const GlyphCode> row) {
+    while (!row.empty() && row.back() == glyphs::BlankGlyph) {
+        row = row.first(row.size() - 1);
+    }
     std::vector<EngineNote> notes;
     for (const NoteRule& rule : Notes) {
         const bool isMessageRule = rule.station == Station::Message;

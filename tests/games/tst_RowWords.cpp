@@ -50,7 +50,13 @@ TEST(RowWords, SayWhatBecomesOfAName) {
     EXPECT_EQ(
         Words(Family::QuakeWorld, "console"),
         "the server will call you \"unnamed\": the name is the server's own");
-    EXPECT_EQ(Words(Family::QuakeWorld, "a$b"), "the server refuses the name: $ in cell 2");
+    EXPECT_EQ(
+        Words(Family::QuakeWorld, "a$b"), "the server refuses the name, except from ezQuake: $ in cell 2");
+    EXPECT_EQ(
+        Words(Family::QuakeWorld, "a$\rb"), "the server refuses the name, except from ezQuake: $ in cell 2");
+    EXPECT_EQ(Words(Family::QuakeWorld, "a$"), "the server refuses the name: $ in cell 2");
+    EXPECT_EQ(Words(Family::QuakeWorld, "a$#"), "the server will call you \"unnamed\": # in cell 3");
+    EXPECT_EQ(Words(Family::QuakeWorld, "a$b#"), "the server will call you \"unnamed\": # in cell 4");
     EXPECT_EQ(Words(Family::QuakeWorld, "a\xDC"), "the server refuses the name: a colored \\ in cell 2");
     EXPECT_EQ(Words(Family::QuakeWorld, "a\\b"), "the game does not send the name: \\ in cell 2");
     EXPECT_EQ(Words(Family::QuakeWorld, "Tom&cat"), "the old name stays: &c in cell 4 is a color code");
@@ -87,13 +93,25 @@ TEST(RowWords, TellWhatSingleEnginesDo) {
     EXPECT_EQ(
         Notes(Family::Quake, Station::Others, "a\r$\\^1\xFF"),
         "2 DarkPlaces ends the text there\n"
-        "3 DarkPlaces puts the value of a variable in the place of $ and its name\n"
-        "4 DarkPlaces cannot store a \\, and as the last glyph it takes the closing quote\n"
+        "4 DarkPlaces cannot store \\\n"
         "5 DarkPlaces shows ^ and a digit as a color\n"
         "7 original Quake ends the text there, and the player is disconnected\n");
     EXPECT_EQ(
-        Notes(Family::QuakeWorld, Station::Others, "x$b$c"),
-        "2 ezQuake turns $ and what stands behind it into another glyph\n");
+        Notes(Family::QuakeWorld, Station::Others, "x$b$c"), "2 ezQuake makes one glyph of $ and the next\n");
+    for (const std::string_view name : {"a$b", "a$Z", "a$$", "a${fov}"}) {
+        EXPECT_EQ(Notes(Family::Quake, Station::Own, name), "2 DarkPlaces fills in $variables\n") << name;
+    }
+    for (const std::string_view name : {"a$", "a$   ", "a$ b", "a$1", "a$["}) {
+        EXPECT_EQ(Notes(Family::Quake, Station::Own, name), "") << name;
+    }
+    for (const std::string_view name : {"a$", "a$  ", "a$$", "a$\xE1"}) {
+        EXPECT_EQ(Notes(Family::QuakeWorld, Station::Own, name), "") << name;
+    }
+    for (const Station station : {Station::Own, Station::Message}) {
+        EXPECT_EQ(
+            Notes(Family::Quake, station, "ab\\  "),
+            "3 DarkPlaces takes the closing quote for a part of the text\n");
+    }
     EXPECT_EQ(
         Notes(Family::Quake2, Station::Own, "a\xA2\xBB\xDC"), "2 Q2PRO refuses the name\n"
                                                               "3 Q2PRO refuses the name\n"
@@ -101,14 +119,14 @@ TEST(RowWords, TellWhatSingleEnginesDo) {
     EXPECT_EQ(
         Notes(Family::Quake, Station::Message, "\1a\r\\\xFF"),
         "3 DarkPlaces ends the text there\n"
-        "4 DarkPlaces cannot store a \\, and as the last glyph it takes the closing quote\n"
         "5 original Quake ends the text there\n"
         "1 vkQuake may take the glyph for a color mark\n");
     EXPECT_EQ(
         Notes(Family::QuakeWorld, Station::Message, "a%b$c^\2"),
-        "4 ezQuake turns $ and what stands behind it into another glyph\n"
+        "4 ezQuake makes one glyph of $ and the next\n"
         "2 ezQuake puts other words in the place of % and a letter\n"
         "6 ezQuake takes ^ and what stands behind it for a color\n");
+    EXPECT_EQ(Notes(Family::Quake, Station::Message, "a\\b\\\\c"), "4 DarkPlaces makes one \\ of two\n");
     EXPECT_EQ(
         Notes(Family::Quake2, Station::Message, "\2$%\xFF"),
         "4 original Quake II ends the text there\n"

@@ -77,6 +77,7 @@ std::string tellingOf(const games::RowVerdict& verdict, int code) {
         {Reason::Unnamed, "the server calls you <em>unnamed</em>"},
         {Reason::BadInfo, "the server calls you <em>badinfo</em>"},
         {Reason::ServerRefuses, "the server refuses the name"},
+        {Reason::UnlessTurned, "the server refuses the name, except from ezQuake"},
         {Reason::GameRefuses, "the game refuses the name"},
         {Reason::NotSent, "the game does not send the name"},
         {Reason::EndsQuotes, "the name breaks off"},

@@ -64,9 +64,7 @@ TEST_F(CheckCommand, TellsWhatOthersSeeOfAName) {
         script +
             ": a name, 49 bytes\n"
             "  Quake       kept\n"
-            "              note: DarkPlaces puts the value of a variable in the place of $ and its name\n"
             "  QuakeWorld  the server will call you \"unnamed\": # in cell 6\n"
-            "              note: ezQuake turns $ and what stands behind it into another glyph\n"
             "  Quake2      others see: Bob A#$\n");
     EXPECT_EQ(run({"--game", "quake", script}), 0) << "a note of one engine is no loss";
 }
