@@ -7,6 +7,8 @@
 #include "glyphs/FieldReader.h"
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace animation {
 
@@ -16,6 +18,7 @@ using glyphs::GlyphCode;
 namespace {
 
 using NameCells = std::array<GlyphCode, NameLength>;
+using PatternReader = std::function<ui::Result<ui::Bytes>(std::string_view name)>;
 
 /// Reads the 14 x 15 numbers of a record.
 std::optional<Pattern> ReadCells(glyphs::FieldReader& fields) {
@@ -103,6 +106,55 @@ GlyphCode ChangeCase(GlyphCode code, CaseChange change, glyphs::CaseChoice choic
     return glyphs::SwitchCaseGlyph(code, choice);
 }
 
+/// Builds from what `read` makes of the names of the pattern files.
+BuildOutcome Build(
+    AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
+    const PatternReader& read) {
+    const bool placesPositions = choices.firstPosition != 0 || choices.secondPosition != 0;
+    if (!placesPositions && choices.color == 0 && choices.letterCase == 0) {
+        return {.end = BuildEnd::NothingToDo, .rowsWritten = false};
+    }
+    BuildOutcome outcome{.end = BuildEnd::Stopped, .rowsWritten = false};
+    if (placesPositions) {
+        const auto bytes = read(PositionPatternsName);
+        const auto pattern = bytes ? PositionPattern(choices, bytes.value()) : std::nullopt;
+        if (!pattern) {
+            return outcome;
+        }
+        PlacePositions(animation, choices, *pattern);
+        outcome.rowsWritten = true;
+    }
+    const auto changePattern = [&](int option) {
+        const auto bytes = read(ChangePatternsName);
+        return bytes ? ReadPattern(bytes.value(), option) : std::nullopt;
+    };
+    if (choices.color != 0) {
+        const auto pattern = changePattern(choices.color);
+        if (!pattern) {
+            return outcome;
+        }
+        ChangeMarked(animation, choices.startName, *pattern, [&](GlyphCode code) {
+            return ChangeColor(code, choices.colorChange);
+        });
+        outcome.rowsWritten = true;
+    }
+    if (choices.letterCase != 0) {
+        const auto pattern = changePattern(choices.letterCase);
+        if (!pattern) {
+            return outcome;
+        }
+        ChangeMarked(animation, choices.startName, *pattern, [&](GlyphCode code) {
+            return ChangeCase(code, choices.caseChange, caseChoice);
+        });
+        outcome.rowsWritten = true;
+    }
+    if (choices.safeForServers) {
+        MakeSafeForServers(animation, choices.startName);
+    }
+    outcome.end = BuildEnd::Built;
+    return outcome;
+}
+
 } // namespace
 
 bool Pattern::isPositional() const {
@@ -159,49 +211,17 @@ Pattern CombinePatterns(const Pattern& first, const Pattern& second) {
 BuildOutcome BuildAnimation(
     AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
     const ui::Files& files, const ui::ProgramDirectory& directory) {
-    const bool placesPositions = choices.firstPosition != 0 || choices.secondPosition != 0;
-    if (!placesPositions && choices.color == 0 && choices.letterCase == 0) {
-        return {.end = BuildEnd::NothingToDo, .rowsWritten = false};
-    }
-    BuildOutcome outcome{.end = BuildEnd::Stopped, .rowsWritten = false};
-    if (placesPositions) {
-        const auto bytes = ReadPatternFile(files, directory, PositionPatternsName);
-        const auto pattern = bytes ? PositionPattern(choices, bytes.value()) : std::nullopt;
-        if (!pattern) {
-            return outcome;
-        }
-        PlacePositions(animation, choices, *pattern);
-        outcome.rowsWritten = true;
-    }
-    const auto changePattern = [&](int option) {
-        const auto bytes = ReadPatternFile(files, directory, ChangePatternsName);
-        return bytes ? ReadPattern(bytes.value(), option) : std::nullopt;
-    };
-    if (choices.color != 0) {
-        const auto pattern = changePattern(choices.color);
-        if (!pattern) {
-            return outcome;
-        }
-        ChangeMarked(animation, choices.startName, *pattern, [&](GlyphCode code) {
-            return ChangeColor(code, choices.colorChange);
-        });
-        outcome.rowsWritten = true;
-    }
-    if (choices.letterCase != 0) {
-        const auto pattern = changePattern(choices.letterCase);
-        if (!pattern) {
-            return outcome;
-        }
-        ChangeMarked(animation, choices.startName, *pattern, [&](GlyphCode code) {
-            return ChangeCase(code, choices.caseChange, caseChoice);
-        });
-        outcome.rowsWritten = true;
-    }
-    if (choices.safeForServers) {
-        MakeSafeForServers(animation, choices.startName);
-    }
-    outcome.end = BuildEnd::Built;
-    return outcome;
+    return Build(animation, choices, caseChoice, [&](std::string_view name) {
+        return ReadPatternFile(files, directory, name);
+    });
+}
+
+BuildOutcome BuildAnimation(
+    AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
+    const PatternFiles& patterns) {
+    return Build(animation, choices, caseChoice, [&](std::string_view name) -> ui::Result<ui::Bytes> {
+        return name == PositionPatternsName ? patterns.positions : patterns.changes;
+    });
 }
 
 std::string OutOfUseText(const AnimationDocument& animation, int startName) {
@@ -225,8 +245,8 @@ WizardOptions LoadWizardOptions(const ui::Files& files, const ui::ProgramDirecto
             return options;
         }
     }
-    const auto positions = ReadPatternFile(files, directory, PositionPatternsName);
-    const auto changes = ReadPatternFile(files, directory, ChangePatternsName);
+    auto positions = ReadPatternFile(files, directory, PositionPatternsName);
+    auto changes = ReadPatternFile(files, directory, ChangePatternsName);
     if (!positions || !changes) {
         options.message = ui::Consequence(
                               "Automatic animation has been disabled, because its patterns cannot be read.",
@@ -236,6 +256,7 @@ WizardOptions LoadWizardOptions(const ui::Files& files, const ui::ProgramDirecto
     }
     options.positions = ReadPatternTitles(positions.value());
     options.changes = ReadPatternTitles(changes.value());
+    options.patterns = {std::move(positions).value(), std::move(changes).value()};
     options.available = true;
     return options;
 }

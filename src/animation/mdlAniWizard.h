@@ -89,12 +89,23 @@ struct BuildOutcome {
     bool rowsWritten = false; ///< whether the page is painted again
 };
 
+/// What both pattern files hold.
+struct PatternFiles {
+    ui::Bytes positions;
+    ui::Bytes changes;
+};
+
 /// Builds the chosen animation: the positional pass, then colours, then case. Reads the patterns anew; each
 /// is whole and checked before its pass writes a row. The number of names stays, and ticks do but for what
 /// MakeSafeForServers() does to them.
 [[nodiscard]] BuildOutcome BuildAnimation(
     AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
     const ui::Files& files, const ui::ProgramDirectory& directory);
+
+/// The same from patterns that have been read, which may lie elsewhere by now.
+[[nodiscard]] BuildOutcome BuildAnimation(
+    AnimationDocument& animation, const WizardChoices& choices, glyphs::CaseChoice caseChoice,
+    const PatternFiles& patterns);
 
 /// For the status line: which of the fifteen rows from `startName` on are out of use, and so not to be seen.
 /// Empty when all are in use.
@@ -106,6 +117,7 @@ struct WizardOptions {
     std::string message;                ///< what to say when they are not
     std::vector<std::string> positions; ///< titles of the positional patterns, single bytes
     std::vector<std::string> changes;   ///< titles of the colour and case patterns
+    PatternFiles patterns;              ///< what was read
 };
 
 [[nodiscard]] WizardOptions LoadWizardOptions(const ui::Files& files, const ui::ProgramDirectory& directory);
