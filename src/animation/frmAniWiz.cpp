@@ -4,6 +4,7 @@
 
 #include "animation/Texts.h"
 #include "animation/mdlAniServer.h"
+#include "animation/mdlAniTrial.h"
 
 #include "ui/qt/DialogButtons.h"
 #include "ui/qt/Text.h"
@@ -43,8 +44,8 @@ void ShowFocusOf(const QScrollBar& bar, QLabel& number) {
 } // namespace
 
 frmAniWiz::frmAniWiz(
-    AnimationDocument& animation, glyphs::CaseChoice caseChoice, ui::Dialogs& dialogs, const ui::Files& files,
-    const ui::ProgramDirectory& directory, QWidget* parent)
+    AnimationDocument& animation, glyphs::CaseChoice caseChoice, const glyphs::GlyphAtlas& atlas,
+    ui::Dialogs& dialogs, const ui::Files& files, const ui::ProgramDirectory& directory, QWidget* parent)
     : QDialog(parent)
     , m_form(std::make_unique<Ui::frmAniWiz>())
     , m_animation(animation)
@@ -64,9 +65,12 @@ frmAniWiz::frmAniWiz(
     for (QLabel* const label : {m_form->lblNameToUse, m_form->lblStartName, m_form->lblEndName}) {
         label->setMinimumWidth(width);
     }
+    m_form->strip->setAtlas(atlas);
+    setTabOrder(m_form->chkSafeForServers, m_form->strip->button());
     addShortcuts();
-    connectControls();
     Form_Load();
+    connectControls();
+    showTrial();
 }
 
 frmAniWiz::~frmAniWiz() = default;
@@ -76,6 +80,17 @@ void frmAniWiz::connectControls() {
     connect(m_form->StartNameScroll, &QScrollBar::valueChanged, this, &frmAniWiz::StartNameScroll_Change);
     ShowFocusOf(*m_form->NameToUseScroll, *m_form->lblNameToUse);
     ShowFocusOf(*m_form->StartNameScroll, *m_form->lblStartName);
+    for (PatternList* const list :
+         {m_form->cmboPos_1, m_form->cmboPos_2, m_form->cmboColor, m_form->cmboCase}) {
+        list->keepFree([this] { return m_form->strip->globalArea(); });
+        connect(list, &PatternList::tried, this, &frmAniWiz::showTrial);
+    }
+    for (const QRadioButton* const option : findChildren<QRadioButton*>()) {
+        connect(option, &QRadioButton::clicked, this, &frmAniWiz::showTrial);
+    }
+    connect(m_form->NameToUseScroll, &QScrollBar::valueChanged, this, &frmAniWiz::showTrial);
+    connect(m_form->StartNameScroll, &QScrollBar::valueChanged, this, &frmAniWiz::showTrial);
+    connect(m_form->chkSafeForServers, &QCheckBox::toggled, this, &frmAniWiz::showTrial);
     connect(m_form->buttons, &QDialogButtonBox::accepted, this, &frmAniWiz::cmdBuild_Click);
     connect(m_form->buttons, &QDialogButtonBox::rejected, this, &frmAniWiz::cmdCancel_Click);
 }
@@ -139,6 +154,7 @@ void frmAniWiz::Form_Load() {
         m_message = std::move(options.message);
         return;
     }
+    m_patterns = std::move(options.patterns);
     FillOptions(*m_form->cmboPos_1, options.positions);
     FillOptions(*m_form->cmboPos_2, options.positions);
     FillOptions(*m_form->cmboColor, options.changes);
@@ -171,6 +187,15 @@ WizardChoices frmAniWiz::choices() const {
     choices.startName = m_form->StartNameScroll->value();
     choices.safeForServers = m_form->chkSafeForServers->isChecked();
     return choices;
+}
+
+void frmAniWiz::showTrial() {
+    WizardChoices tried = choices();
+    tried.firstPosition = m_form->cmboPos_1->triedIndex();
+    tried.secondPosition = m_form->cmboPos_2->triedIndex();
+    tried.color = m_form->cmboColor->triedIndex();
+    tried.letterCase = m_form->cmboCase->triedIndex();
+    m_form->strip->show(TryChoices(m_animation, tried, m_caseChoice, m_patterns));
 }
 
 void frmAniWiz::NameToUseScroll_Change(int value) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "animation/mdlAniWizard.h"
+#include "glyphs/mdlPaint.h"
 
 #include <QDialog>
 
@@ -22,8 +23,9 @@ class frmAniWiz final : public QDialog {
 public:
     /// Everything is borrowed and outlives the dialog.
     frmAniWiz(
-        AnimationDocument& animation, glyphs::CaseChoice caseChoice, ui::Dialogs& dialogs,
-        const ui::Files& files, const ui::ProgramDirectory& directory, QWidget* parent = nullptr);
+        AnimationDocument& animation, glyphs::CaseChoice caseChoice, const glyphs::GlyphAtlas& atlas,
+        ui::Dialogs& dialogs, const ui::Files& files, const ui::ProgramDirectory& directory,
+        QWidget* parent = nullptr);
     ~frmAniWiz() override;
 
     /// Whether rows of the animation were written: its page is to be painted again, however the dialog ended.
@@ -42,6 +44,7 @@ private:
     void goTo(QWidget* control);
     void Form_Load();
     [[nodiscard]] WizardChoices choices() const;
+    void showTrial();
 
     void NameToUseScroll_Change(int value);
     void StartNameScroll_Change(int value);
@@ -54,7 +57,8 @@ private:
     ui::Dialogs& m_dialogs;
     const ui::Files& m_files;
     const ui::ProgramDirectory& m_directory;
-    std::string m_message; ///< to be shown once, when the window is seen
+    PatternFiles m_patterns; ///< as they were when the wizard opened
+    std::string m_message;   ///< to be shown once, when the window is seen
     std::string m_statusText;
     bool m_built = false;
 };

@@ -92,8 +92,8 @@ void Commands::mnuFormatReverseNameOrder_Click() {
 
 void Commands::mnuToolsAnimationWizard_Click() {
     animation::frmAniWiz wizard(
-        m_workspace.documents.animation, m_workspace.settings.letterChoice(), m_platform.dialogs,
-        m_platform.files, m_platform.directory, &m_window);
+        m_workspace.documents.animation, m_workspace.settings.letterChoice(), m_workspace.atlas,
+        m_platform.dialogs, m_platform.files, m_platform.directory, &m_window);
     wizard.exec();
     if (wizard.built()) {
         m_session.switchTo(Page::Animation);

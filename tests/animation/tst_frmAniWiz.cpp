@@ -52,7 +52,7 @@ struct AnimationWizard : testing::Test {
 
     void open() {
         form = std::make_unique<animation::frmAniWiz>(
-            desk.animation(), glyphs::CaseChoice::LettersOnly, platform.dialogs, platform.files,
+            desk.animation(), glyphs::CaseChoice::LettersOnly, desk.atlas, platform.dialogs, platform.files,
             platform.directory);
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
