@@ -64,7 +64,7 @@ std::string WarningText(GlyphCode code) {
 
 std::string OtherColourText(GlyphCode code) {
     const auto other = glyphs::OtherColourOf(code);
-    return other ? std::string("olor ") + (code < *other ? '2' : '1') + ": glyph " + std::to_string(*other)
+    return other ? std::string("olor ") + (code < *other ? '2' : '1') + ": " + std::to_string(*other)
                  : std::string();
 }
 

@@ -23,8 +23,8 @@ TEST(GlyphFacts, NamesGlyphKeysAndOtherColour) {
     const GlyphFacts facts = FactsOf('g', Map, colour(false));
     EXPECT_EQ(facts.name, "Glyph 103: g");
     EXPECT_EQ(facts.keys, "Key: G");
-    EXPECT_EQ(facts.note, "Color 2: glyph 231");
-    EXPECT_EQ(editing::FactsText(facts), "Glyph 103: g\nKey: G\nColor 2: glyph 231");
+    EXPECT_EQ(facts.note, "Color 2: 231");
+    EXPECT_EQ(editing::FactsText(facts), "Glyph 103: g\nKey: G\nColor 2: 231");
 }
 
 TEST(GlyphFacts, SaysWhichColourAKeyNeeds) {
@@ -50,10 +50,10 @@ TEST(GlyphFacts, SayWhyAGlyphIsNotPlaced) {
         EXPECT_EQ(note.starts_with("Placed as "), code == 13) << code;
     }
     EXPECT_EQ(FactsOf(34, Map, {}).note, "Not placed: it ends the text");
-    EXPECT_EQ(FactsOf(34, Map, {}).keys, "No key types it; color 2: glyph 162");
+    EXPECT_EQ(FactsOf(34, Map, {}).keys, "No key types it; color 2: 162");
     EXPECT_EQ(FactsOf(10, Map, {}).note, "Breaks the line that it is saved in");
     EXPECT_EQ(FactsOf(13, Map, {}).note, "Placed as 141: it breaks its line");
-    EXPECT_EQ(FactsOf(13, Map, {}).keys, "No key types it; color 2: glyph 141");
+    EXPECT_EQ(FactsOf(13, Map, {}).keys, "No key types it; color 2: 141");
     EXPECT_EQ(FactsOf(129, Map, {}).note, "");
 }
 

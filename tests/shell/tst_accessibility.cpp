@@ -209,9 +209,8 @@ TEST_F(Announcements, TellsOfTheCellWhenAnotherPageComesIntoView) {
     choose("mnuView_0");
     EXPECT_TRUE(QTest::qWaitFor([this] { return listener.heard("focus code 97, a"); }));
     const auto& events = listener.events();
-    const auto last = std::find_if(events.rbegin(), events.rend(), [](const std::string& event) {
-        return !event.starts_with("label");
-    });
+    const auto last = std::find_if(
+        events.rbegin(), events.rend(), [](const std::string& event) { return !event.starts_with("label"); });
     EXPECT_EQ(*last, "focus code 97, a") << "the cell has the last word";
 }
 
@@ -255,7 +254,7 @@ TEST_F(Access, SaysWhichGlyphsBreakAScript) {
     };
     EXPECT_EQ(
         toolTipAt("NamePic", {40, 8}), "Glyph 13: right arrow head, carriage return\nNo key types it; color "
-                                       "2: glyph 141\nPlaced as 141: it breaks its line");
+                                       "2: 141\nPlaced as 141: it breaks its line");
     EXPECT_EQ(toolTipAt("NamePic", {8, 8}), "");
     choose("mnuView_2");
     workspace().documents.messages.cells[31] = 10;
@@ -264,7 +263,7 @@ TEST_F(Access, SaysWhichGlyphsBreakAScript) {
         "Glyph 10: blank, line feed\nNo key types it\nBreaks the line that it is saved in");
     EXPECT_EQ(
         toolTipAt("ImgGrid", {24, 152}),
-        "Glyph 145: ornate right bracket, second color\nNo key types it\nColor 1: glyph 17");
+        "Glyph 145: ornate right bracket, second color\nNo key types it\nColor 1: 17");
 }
 
 TEST_F(Access, GlyphButtonsSayTheirGlyphAndTheirKeys) {
