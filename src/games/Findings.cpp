@@ -159,6 +159,9 @@ FindingsOnScript(Family family, const ScriptSize& size, std::optional<NameComman
         if (size.hasZero && !limit.takesZero) {
             add("does not run a script with glyph 0");
         }
+        if (size.lacksEnd && limit.needsEnd) {
+            add("does not run the last line: it has no end");
+        }
         if (!command && size.hasCrLf && !limit.takesCrLf) {
             add("shows a closing quote behind each message");
         }

@@ -41,16 +41,16 @@ constexpr std::size_t FirstMost = 8191;
 constexpr std::size_t Line = 1023;
 
 constexpr std::array Limits{
-    ScriptLimit{FirstSure, FirstMost, Line, true, false, {Engine::FirstQuake, Run}},
-    ScriptLimit{262143, 262143, Line, true, true, {Engine::QuakeSpasm, Read}},
-    ScriptLimit{262143, 262143, Line, true, true, {Engine::VkQuake, Read}},
-    ScriptLimit{262143, 262143, Line, true, true, {Engine::Ironwail, Read}},
-    ScriptLimit{NoLimit, NoLimit, 16383, true, true, {Engine::DarkPlaces, Read}},
-    ScriptLimit{262143, 262143, Line, true, true, {Engine::EzQuake, Read}},
-    ScriptLimit{262143, 262143, Line, true, true, {Engine::Fte, Read}},
-    ScriptLimit{FirstSure, FirstMost, Line, true, true, {Engine::FirstQuake2, Run}},
-    ScriptLimit{32767, 32767, Line, true, true, {Engine::Yamagi, Read}},
-    ScriptLimit{65535, 65535, Line, false, true, {Engine::Q2Pro, Read}},
+    ScriptLimit{FirstSure, FirstMost, Line, true, false, true, {Engine::FirstQuake, Run}},
+    ScriptLimit{262143, 262143, Line, true, true, false, {Engine::QuakeSpasm, Read}},
+    ScriptLimit{262143, 262143, Line, true, true, false, {Engine::VkQuake, Read}},
+    ScriptLimit{262143, 262143, Line, true, true, false, {Engine::Ironwail, Read}},
+    ScriptLimit{NoLimit, NoLimit, 16383, true, true, false, {Engine::DarkPlaces, Read}},
+    ScriptLimit{262143, 262143, Line, true, true, false, {Engine::EzQuake, Read}},
+    ScriptLimit{262143, 262143, Line, true, true, false, {Engine::Fte, Read}},
+    ScriptLimit{FirstSure, FirstMost, Line, true, true, true, {Engine::FirstQuake2, Run}},
+    ScriptLimit{32767, 32767, Line, true, true, false, {Engine::Yamagi, Read}},
+    ScriptLimit{65535, 65535, Line, false, true, false, {Engine::Q2Pro, Read}},
 };
 
 /// What an engine does not take in the name of a script that a key runs.
@@ -154,7 +154,7 @@ std::string CommandText(NameCommand command) {
 ScriptSize SizeOf(std::string_view script) {
     ScriptSize size{
         script.size(), 0, script.find('\0') != std::string_view::npos,
-        script.find("\r\n") != std::string_view::npos};
+        script.find("\r\n") != std::string_view::npos, !script.empty() && script.back() != '\n'};
     for (glyphs::ByteLines lines(script); !lines.atEnd();) {
         size.longestLine = std::max(size.longestLine, lines.next().size());
     }

@@ -39,6 +39,7 @@ struct ScriptSize {
     std::size_t longestLine = 0; ///< in bytes, without its end
     bool hasZero = false;        ///< whether a byte is 0
     bool hasCrLf = false;        ///< whether lines end with CR LF
+    bool lacksEnd = false;       ///< whether its last line has no end
 
     friend bool operator==(const ScriptSize&, const ScriptSize&) = default;
 };
@@ -55,6 +56,7 @@ struct ScriptLimit {
     std::size_t line; ///< its longest line
     bool takesZero;   ///< whether it may hold a byte 0
     bool takesCrLf;   ///< whether a message is shown without the carriage return at its line's end
+    bool needsEnd;    ///< whether it does not run a last line without an end
     Sighting seen;
 };
 

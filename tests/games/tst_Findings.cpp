@@ -79,6 +79,9 @@ TEST(Findings, OnAScriptTellWhetherItRuns) {
         Lines(games::FindingsOnScript(Family::Quake, {500, 60, false, true}, std::nullopt)),
         "0,0 original Quake shows a closing quote behind each message\n");
     EXPECT_EQ(
+        Lines(games::FindingsOnScript(Family::Quake2, {500, 60, false, true, true}, NameCommand::Name)),
+        "0,0 original Quake II does not run the last line: it has no end\n");
+    EXPECT_EQ(
         Lines(games::FindingsOnScript(Family::Quake, {10517, 90}, NameCommand::Name)),
         "0,0 original Quake does not run 10,517 bytes: it takes 8,191 bytes at most\n");
     EXPECT_EQ(

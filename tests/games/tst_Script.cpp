@@ -73,6 +73,16 @@ TEST(Script, SizeOfAnAnimationIsWhatIsWritten) {
     }
 }
 
+TEST(Script, OneGlyphZeroOfAnAnimationIsEnough) {
+    auto animation = AnimationOf(15, 15, 1);
+    EXPECT_FALSE(games::SizeOfAnimation(NamesOf(animation), NameCommand::Name).hasZero);
+    for (const int name : {1, 8, 15}) {
+        animation = AnimationOf(15, 15, 1);
+        animation.rows().row(name)[14] = 0;
+        EXPECT_TRUE(games::SizeOfAnimation(NamesOf(animation), NameCommand::Name).hasZero) << name;
+    }
+}
+
 TEST(Script, TheLargestAnimationIsTooLongForTheFirstEngines) {
     const auto largest = AnimationOf(90, 15, 15);
     const ScriptSize size = games::SizeOfAnimation(NamesOf(largest), NameCommand::Name);
@@ -85,6 +95,7 @@ TEST(Script, TheLargestAnimationIsTooLongForTheFirstEngines) {
         EXPECT_NE(games::VersionOf(limit.seen), "");
         EXPECT_EQ(limit.takesZero, limit.seen.engine != Engine::Q2Pro);
         EXPECT_EQ(limit.takesCrLf, limit.seen.engine != Engine::FirstQuake);
+        EXPECT_EQ(limit.needsEnd, isFirst);
     }
     EXPECT_EQ(
         games::SizeOfAnimation(NamesOf(AnimationOf(15, 0, 0)), NameCommand::Name).bytes, 77U + 15U * 9U);
@@ -96,6 +107,7 @@ TEST(Script, SizeIsReadOffAnyScript) {
     EXPECT_EQ(games::SizeOf(""), (ScriptSize{0, 0, false}));
     EXPECT_EQ(games::SizeOf("// x\r\nname \"abc\"\r\n"), (ScriptSize{18, 10, false, true}));
     EXPECT_EQ(games::SizeOf(std::string_view("a\0b\n", 4)), (ScriptSize{4, 3, true}));
+    EXPECT_EQ(games::SizeOf("a\nbc"), (ScriptSize{4, 2, false, false, true}));
 }
 
 TEST(Script, EnginesHaveBuffersOfTheirOwn) {
