@@ -74,7 +74,7 @@ std::string ScriptPlaceHint(const ui::Path& script, const ui::Path& config, cons
 std::string KeyHint(std::string_view key, const ui::Path& config, const GamesHere& here) {
     const games::KeyRule* trouble = games::TroubleOfKey(EnginesReading(config, here), key);
     return trouble == nullptr ? std::string()
-                              : std::string(games::FactsOf(trouble->seen.engine).name) + " " +
+                              : texts::Beginning(games::FactsOf(trouble->seen.engine).name) + " " +
                                     std::string(trouble->text) + ".";
 }
 

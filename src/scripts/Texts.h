@@ -62,18 +62,23 @@ constexpr auto IsDevice = "This is not a file.";
 constexpr auto LongScriptName = "Some games run no script with more than 27 characters before its extension.";
 
 constexpr auto QuitGameFirst =
-    "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.";
+    "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.";
+
+/// An engine at the beginning of a sentence, where some names keep their small letter.
+inline std::string Beginning(std::string_view engine) {
+    return (engine.starts_with("original ") ? "The " : "") + std::string(engine);
+}
 
 inline std::string ReadsInstead(std::string_view engine, const std::string& path) {
-    return std::string(engine) + " reads " + path + ", not this file.";
+    return Beginning(engine) + " reads " + path + ", not this file.";
 }
 
 inline std::string LookedAtInMod(std::string_view engine, const std::string& mod) {
-    return std::string(engine) + " looks in this folder only while " + mod + " is played.";
+    return Beginning(engine) + " looks in this folder only while " + mod + " is played.";
 }
 
 inline std::string NotLookedAt(std::string_view engine) {
-    return std::string(engine) + " does not look for scripts in this folder.";
+    return Beginning(engine) + " does not look for scripts in this folder.";
 }
 
 inline std::string NoGameRuns(const std::string& what) {

@@ -7,7 +7,6 @@
 #include "ui/qt/Text.h"
 #include "ui_frmBindWiz.h"
 
-#include <QDir>
 #include <QSignalBlocker>
 
 namespace scripts {
@@ -18,8 +17,13 @@ constexpr int KeyRole = Qt::UserRole;
 
 /// The path of a typed text, which may begin in the user's home.
 ui::Path PathOf(const QString& text) {
-    const bool isAtHome = text.startsWith(QLatin1String("~/"));
-    return ui::qt::ToPath(isAtHome ? QDir::homePath() + text.mid(1) : text);
+    return ui::qt::ToPath(ui::qt::WithHome(text));
+}
+
+/// Shows a hint, which takes no room when there is none.
+void Tell(ui::qt::LineLabel& hint, const std::string& text, const std::string& reason = {}) {
+    hint.tell(QString::fromStdString(text), QString::fromStdString(reason));
+    hint.setVisible(!text.empty());
 }
 
 /// Fills a list with the keys of which `isListed` is true, in the order of the table.
@@ -100,8 +104,8 @@ void frmBindWiz::setScript(const ui::Path& path) {
 
 void frmBindWiz::showBoundKeys() {
     m_keys = ReadBoundKeys(m_files, m_choice.config);
-    m_form->lblCFGHint->tell(QString::fromStdString(m_keys.hint), QString::fromStdString(m_keys.reason));
-    m_form->lblCFGAdvice->tell(QString::fromStdString(ConfigAdvice(m_choice.config, m_games)));
+    Tell(*m_form->lblCFGHint, m_keys.hint, m_keys.reason);
+    Tell(*m_form->lblCFGAdvice, ConfigAdvice(m_choice.config, m_games));
     // Where the script is looked for depends on the game.
     showScriptHint();
 
@@ -126,7 +130,7 @@ void frmBindWiz::showScriptHint() {
     if (hint.empty()) {
         hint = ScriptPlaceHint(m_choice.script, m_choice.config, m_games);
     }
-    m_form->lblSCRHint->tell(QString::fromStdString(hint));
+    Tell(*m_form->lblSCRHint, hint);
 }
 
 void frmBindWiz::chooseKey(const QListWidget& list) {
@@ -143,7 +147,7 @@ void frmBindWiz::showChosenKey() {
         Select(*list, m_choice.key);
     }
     const std::string_view key = m_choice.key ? KeyNames.at(static_cast<std::size_t>(*m_choice.key)) : "";
-    m_form->lblKeyHint->tell(QString::fromStdString(KeyHint(key, m_choice.config, m_games)));
+    Tell(*m_form->lblKeyHint, KeyHint(key, m_choice.config, m_games));
     m_form->lblForecast->tell(QString::fromStdString(m_keys.forecast(m_choice.key)));
 }
 

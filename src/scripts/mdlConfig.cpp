@@ -119,13 +119,16 @@ ui::FileDialogRequest LoadConfigRequest() {
     return ConfigRequest("Select the Config file");
 }
 
-ui::FileDialogRequest SaveConfigRequest(const ui::Files& files) {
+ui::FileDialogRequest SaveConfigRequest(const ui::Files& files, const GamesHere& games) {
     auto request = ConfigRequest("Select The CFG File To Alter");
     request.extension = ".cfg";
     // The file is altered, not replaced.
     request.asksToOverwrite = false;
     request.forecast = [&files](const ui::Path& path) {
         return NameForecast(files, path);
+    };
+    request.advice = [games](const ui::Path& path) {
+        return ConfigAdvice(path, games);
     };
     return request;
 }
@@ -134,8 +137,9 @@ std::optional<ui::Path> ChooseConfigToLoad(ui::Dialogs& dialogs) {
     return dialogs.chooseFileToOpen(LoadConfigRequest());
 }
 
-std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files) {
-    return dialogs.chooseFileToSave(SaveConfigRequest(files));
+std::optional<ui::Path>
+ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files, const GamesHere& games) {
+    return dialogs.chooseFileToSave(SaveConfigRequest(files, games));
 }
 
 LoadOutcome LoadNameFromConfig(

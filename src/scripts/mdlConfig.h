@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/Documents.h"
+#include "scripts/GameHints.h"
 #include "scripts/Outcome.h"
 #include "ui/Platform.h"
 
@@ -33,14 +34,15 @@ struct ConfigNameLine {
 [[nodiscard]] std::string NameForecast(const ui::Files& files, const ui::Path& path);
 
 /// What the file dialogs of the configuration file are opened with. The one to save tells what is going to
-/// happen to the file; `files` outlives it.
+/// happen to the file, and whether a game writes it too; `files` outlives it.
 [[nodiscard]] ui::FileDialogRequest LoadConfigRequest();
-[[nodiscard]] ui::FileDialogRequest SaveConfigRequest(const ui::Files& files);
+[[nodiscard]] ui::FileDialogRequest SaveConfigRequest(const ui::Files& files, const GamesHere& games = {});
 
 /// The configuration file to read the name from, and the one to write it into; nothing when cancelled. The
 /// caller remembers the path for the binding wizard, whatever comes of the command.
 [[nodiscard]] std::optional<ui::Path> ChooseConfigToLoad(ui::Dialogs& dialogs);
-[[nodiscard]] std::optional<ui::Path> ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files);
+[[nodiscard]] std::optional<ui::Path>
+ChooseConfigToAlter(ui::Dialogs& dialogs, const ui::Files& files, const GamesHere& games = {});
 
 /// Reads the name out of the configuration file `path`, repaints what changed and tells the user.
 LoadOutcome LoadNameFromConfig(

@@ -170,7 +170,8 @@ void FileCommands::readNameFromConfig(const ui::Path& path) {
 }
 
 void FileCommands::saveNameToConfig() {
-    if (const auto path = scripts::ChooseConfigToAlter(m_platform.dialogs, m_platform.files)) {
+    if (const auto path =
+            scripts::ChooseConfigToAlter(m_platform.dialogs, m_platform.files, FindGames(m_workspace))) {
         m_workspace.rememberedConfig = *path;
         const auto outcome = scripts::SaveNameToConfig(
             m_platform.dialogs, m_platform.files, m_platform.directory, *path, m_workspace.documents.name);

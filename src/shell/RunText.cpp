@@ -125,7 +125,7 @@ std::string RunText(const editing::SaveOutcome& written, const GameWorld& world)
     });
     text += text.empty() ? "" : " ";
     if (!isRun) {
-        return text + "Save it again and answer Yes.";
+        return text + "Save it again and answer Yes to the Quake2 question.";
     }
     const std::string command = games::ExecCommand(name);
     return text +

@@ -53,6 +53,9 @@ struct FileDialogRequest {
 
     /// What is going to happen to a file, in a line below the dialog's controls; no function: no line.
     std::function<std::string(const Path&)> forecast = {};
+
+    /// What to know of a file before it is chosen, in a smaller line below that; no function: no line.
+    std::function<std::string(const Path&)> advice = {};
 };
 
 /// Message boxes, file choosers and the colour chooser. Texts are UTF-8; a message's lines end with '\n'.

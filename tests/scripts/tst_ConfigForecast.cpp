@@ -175,6 +175,11 @@ TEST(NameForecast, IsToldByTheDialogThatAsksForTheFile) {
     const auto request = scripts::SaveConfigRequest(fake.files);
     ASSERT_TRUE(request.forecast);
     EXPECT_EQ(request.forecast(game.put("a.cfg", "name")), "Line 1 will be replaced: name");
+    ASSERT_TRUE(request.advice);
+    EXPECT_EQ(request.advice(game / "a.cfg"), "");
+    EXPECT_EQ(
+        request.advice(game / "config.cfg"),
+        "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.");
 }
 
 TEST(UnquotedKeysText, CountsTheKeysThatTheListsShowAsFree) {

@@ -38,7 +38,7 @@ std::string HintOf(const char* key, const char* config) {
 
 TEST(GameHints, TellToQuitTheGameThatWritesAConfig) {
     const std::string advice =
-        "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.";
+        "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.";
     for (const char* config :
          {"/home/r/.yq2/baseq2/config.cfg", "/games/quake/id1/config.cfg", "/games/quake/id1/ironwail.cfg",
           "/games/quake/ctf/config.cfg"}) {
@@ -55,7 +55,7 @@ TEST(GameHints, TellThatAConfigIsNotRead) {
     EXPECT_EQ(
         scripts::ConfigAdvice("/games/quake2/baseq2/config.cfg", Here()),
         "Q2PRO reads ~/.q2pro/baseq2/config.cfg, not this file. "
-        "Quit the game first: it writes this file when it quits. autoexec.cfg beside it is safer.");
+        "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.");
     scripts::GamesHere here = Here();
     here.places[games::Place::Home] = "/home/r/.q2pro/..";
     EXPECT_TRUE(scripts::ConfigAdvice("/games/quake2/baseq2/config.cfg", here).starts_with("Quit"));
@@ -64,7 +64,7 @@ TEST(GameHints, TellThatAConfigIsNotRead) {
 TEST(GameHints, TellOfAScriptThatIsFoundInItsModAlone) {
     EXPECT_EQ(
         PlaceHint("/games/quake/ctf/clan.vtn", "/games/quake/id1/config.cfg"),
-        "original Quake looks in this folder only while ctf is played.");
+        "The original Quake looks in this folder only while ctf is played.");
     EXPECT_EQ(
         PlaceHint("/games/quake/ctf/clan.vtn", "/home/r/.quakespasm/id1/config.cfg"),
         "QuakeSpasm looks in this folder only while ctf is played.");
@@ -83,6 +83,9 @@ TEST(GameHints, TellOfAScriptWhereItsGameDoesNotLook) {
         PlaceHint("/games/quake/ezquake/configs/clan.vtn", "/games/quake/ezquake/configs/config.cfg"),
         "ezQuake does not look for scripts in this folder.")
         << "though its configuration lies there";
+    EXPECT_EQ(
+        PlaceHint("/home/r/clan.vtn", "/games/quake/id1/config.cfg"),
+        "The original Quake does not look for scripts in this folder.");
     EXPECT_EQ(PlaceHint("/home/r/.yq2/baseq2/clan.vtn", Quake2), "");
     EXPECT_EQ(PlaceHint("/games/quake/id1/clan.vtn", "/games/quake/id1/config.cfg"), "");
     EXPECT_EQ(PlaceHint("/home/r/clan.vtn", "/home/r/my.cfg"), "") << "nobody knows which game that is";

@@ -71,7 +71,8 @@ TEST_F(RunTextTest, WarnsOfACommandThatAGameDoesNotKnow) {
         << "QuakeWorld looks there as well";
     EXPECT_EQ(
         told(".quakespasm/id1/clan.vtn"),
-        "In Quake the command \"set\" is unknown: the old name stays. Save it again and answer Yes.");
+        "In Quake the command \"set\" is unknown: the old name stays. Save it again and answer Yes to the "
+        "Quake2 question.");
     EXPECT_EQ(told(".yq2/baseq2/clan.vtn"), "Type exec clan.vtn in the console to run it.");
     families = {Family::QuakeWorld, Family::Quake2};
     EXPECT_EQ(told("quake/id1/clan.vtn"), "Type exec clan.vtn in the console to run it.");

@@ -295,9 +295,14 @@ TEST(FileDialog, TellsWhatIsGoingToHappenToTheTypedFile) {
     request.forecast = [&folder](const ui::Path& path) {
         return std::filesystem::relative(path, folder.path()).native() + " will be made";
     };
+    request.advice = [](const ui::Path& path) {
+        return path.extension() == ".scr" ? std::string("Better not") : std::string();
+    };
     WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
         const auto* line = dialog.findChild<QLabel*>(QStringLiteral("lblForecast"));
+        const auto* advice = dialog.findChild<QLabel*>(QStringLiteral("lblAdvice"));
         EXPECT_TRUE(line->isVisible());
+        EXPECT_LT(advice->font().pointSizeF(), line->font().pointSizeF());
         EXPECT_EQ(line->text().trimmed(), QString()) << "a pattern is no file";
         const auto tells = [&](const char* typed, const char* told) {
             NameEdit(dialog)->selectAll();
@@ -309,7 +314,9 @@ TEST(FileDialog, TellsWhatIsGoingToHappenToTheTypedFile) {
         tells("in", "in.vtn will be made");
         tells("inner", "");
         tells("inner/a.vtn", "inner/a.vtn will be made");
+        EXPECT_EQ(advice->text().trimmed(), QString());
         tells("x\"y.scr", "x\"y.scr will be made");
+        EXPECT_EQ(advice->text(), QStringLiteral("Better not"));
         tells("*.vtn", "");
         dialog.reject();
     });
@@ -320,6 +327,7 @@ TEST(FileDialog, TellsNothingWhereThereIsNothingToTell) {
     const TempFolder folder;
     WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblForecast")), nullptr);
+        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("lblAdvice")), nullptr);
         dialog.reject();
     });
     EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), std::nullopt);

@@ -3,6 +3,7 @@
 #include "ui/qt/FileChooser.h"
 
 #include "ui/qt/LineLabel.h"
+#include "ui/qt/SmallPrint.h"
 #include "ui/qt/Text.h"
 
 #include <QCheckBox>
@@ -90,16 +91,26 @@ FileChooser::FileChooser(
     connect(m_hidden, &QCheckBox::toggled, this, [this](bool isShown) {
         setFilter(isShown ? filter() | QDir::Hidden : filter() & ~QDir::Hidden);
     });
-    if (request.forecast) {
-        m_forecast = request.forecast;
-        m_forecastLine = new LineLabel(this);
-        m_forecastLine->setObjectName(QStringLiteral("lblForecast"));
-        rows.addWidget(m_forecastLine, rows.rowCount(), 0, 1, -1);
+    addRemark(QStringLiteral("lblForecast"), request.forecast);
+    if (LineLabel* const advice = addRemark(QStringLiteral("lblAdvice"), request.advice)) {
+        SetSmallPrint(*advice);
     }
     // Queued: the toolkit first handles the text and selects in the list.
     connect(
         nameEdit(), &QLineEdit::textChanged, this, [this](const QString& text) { showTyped(text); },
         Qt::QueuedConnection);
+}
+
+LineLabel* FileChooser::addRemark(const QString& name, const std::function<std::string(const Path&)>& text) {
+    if (!text) {
+        return nullptr;
+    }
+    auto* const line = new LineLabel(this);
+    line->setObjectName(name);
+    auto& rows = dynamic_cast<QGridLayout&>(*layout());
+    rows.addWidget(line, rows.rowCount(), 0, 1, -1);
+    m_remarks.push_back({text, line});
+    return line;
 }
 
 FileChooser::~FileChooser() {
@@ -194,10 +205,7 @@ QLineEdit* FileChooser::nameEdit() const {
 }
 
 QString FileChooser::typedFile() const {
-    QString text = nameEdit()->text();
-    if (text.startsWith(QLatin1String("~/"))) {
-        text.replace(0, 1, QDir::homePath());
-    }
+    const QString text = WithHome(nameEdit()->text());
     const QFileInfo file(directory(), text);
     const bool isBare = !file.isDir() && !file.fileName().contains(QLatin1Char('.'));
     return isBare && !defaultSuffix().isEmpty() ? file.absoluteFilePath() + QLatin1Char('.') + defaultSuffix()
@@ -217,10 +225,10 @@ void FileChooser::showTyped(const QString& text) {
         const auto accepts = acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
         findChild<QDialogButtonBox*>()->button(accepts)->setEnabled(true);
     }
-    if (m_forecastLine != nullptr) {
-        const QString file = typedFile();
-        const bool isFile = !text.isEmpty() && !IsPattern(text) && !QFileInfo(file).isDir();
-        m_forecastLine->tell(isFile ? QString::fromStdString(m_forecast(ToPath(file))) : QString());
+    const QString file = typedFile();
+    const bool isFile = !text.isEmpty() && !IsPattern(text) && !QFileInfo(file).isDir();
+    for (const Remark& remark : m_remarks) {
+        remark.line->tell(isFile ? QString::fromStdString(remark.text(ToPath(file))) : QString());
     }
 }
 

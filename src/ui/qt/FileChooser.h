@@ -46,6 +46,15 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// A line below the controls, about the file that the typed name leads to.
+    struct Remark {
+        std::function<std::string(const Path&)> text;
+        LineLabel* line;
+    };
+
+    /// Adds such a line; null when there is nothing to tell.
+    LineLabel* addRemark(const QString& name, const std::function<std::string(const Path&)>& text);
+
     /// Adds folders that are there to the side bar.
     void addPlaces(const FolderHistory& history, const std::vector<NamedFolder>& offered);
 
@@ -63,8 +72,8 @@ private:
     /// Accepts the typed name as the toolkit does, but to the letter.
     void acceptTyped();
 
-    /// Shows in the list and on the button that a name with double quotes is one name, and what is going to
-    /// happen to the file.
+    /// Shows in the list and on the button that a name with double quotes is one name, and what there is to
+    /// tell of the file.
     void showTyped(const QString& text);
 
     /// The toolkit prefers what is selected in the list, which may be the name that was typed before.
@@ -77,8 +86,7 @@ private:
     QHash<QUrl, QString> m_names; ///< of the folders that are offered
     QCheckBox* m_hidden = nullptr;
     QString m_typed; ///< what acceptTyped() accepted
-    std::function<std::string(const Path&)> m_forecast;
-    LineLabel* m_forecastLine = nullptr;
+    std::vector<Remark> m_remarks;
 };
 
 } // namespace ui::qt

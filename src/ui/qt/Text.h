@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/Files.h"
+#include "ui/System.h"
 
 #include <QFile>
 #include <QString>
@@ -19,6 +20,13 @@ namespace ui::qt {
 
 [[nodiscard]] inline Path ToPath(const QString& text) {
     return QFile::encodeName(text).toStdString();
+}
+
+/// A typed path in which the "~/" at its beginning stands for the user's home.
+[[nodiscard]] inline QString WithHome(const QString& text) {
+    const Path home = HomeFolder();
+    const bool isAtHome = text.startsWith(QLatin1String("~/")) && !home.empty();
+    return isAtHome ? FromPath(home) + text.mid(1) : text;
 }
 
 /// Text that has one character a byte: names of keys and files of the program's own.
