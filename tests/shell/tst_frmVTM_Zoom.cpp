@@ -4,6 +4,8 @@
 #include "animation/RowTimes.h"
 #include "ui/qt/PictureWidget.h"
 
+#include <QAbstractScrollArea>
+
 using animation::RowTimes;
 using editing::Page;
 
