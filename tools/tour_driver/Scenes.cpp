@@ -200,6 +200,7 @@ void PlayAnimation(Tour& tour) {
     tour.expectWindow("Animation Wizard");
     // Paused, the strip shows a name from the middle; playing, it would never come to rest.
     desktop.press(XK_p, {XK_Alt_L});
+    tour.settle();
     desktop.press(XK_1, {XK_Alt_L});
     desktop.press(XK_Down);
     tour.portrait("animation-wizard");
