@@ -41,6 +41,7 @@ WizardStrip::WizardStrip(QWidget* parent)
     , m_note(new ui::qt::LineLabel(this))
     , m_pauseButton(new QToolButton(this))
     , m_timer(new QTimer(this)) {
+    setAccessibleName(tr("Preview of the choices"));
     m_strip->setObjectName(QStringLiteral("picTrial"));
     m_strip->setAccessibleName(tr("What will be built"));
     m_strip->setBlock(glyphs::CellBlock);
