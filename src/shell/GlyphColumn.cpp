@@ -9,7 +9,6 @@
 #include "shell/ControlAccess.h"
 #include "shell/GlyphButton.h"
 #include "shell/GlyphFinder.h"
-#include "shell/GlyphReadout.h"
 #include "shell/ModeButton.h"
 #include "shell/Workspace.h"
 #include "ui/qt/CellMarks.h"
@@ -69,7 +68,6 @@ GlyphColumn::GlyphColumn(const Workspace& workspace, QWidget* parent)
     layout->addLayout(makeModeButtons());
     layout->addStretch(1);
     describeKeys();
-    connectFinder();
 }
 
 QWidget* GlyphColumn::makeGrid() {
@@ -206,30 +204,34 @@ void GlyphColumn::describeKeys() {
     }
 }
 
-void GlyphColumn::connectFinder() {
-    const GlyphFinder& finder = m_readout->finder();
-    connect(&finder, &GlyphFinder::found, this, &GlyphColumn::light);
-    connect(&finder, &GlyphFinder::reached, this, [this](GlyphCode code) {
+void GlyphColumn::makeFinder() {
+    m_finder = m_readout->makeFinder();
+    connect(m_finder, &GlyphFinder::found, this, &GlyphColumn::light);
+    connect(m_finder, &GlyphFinder::reached, this, [this](GlyphCode code) {
         mark(code);
         m_readout->tell(code);
     });
-    connect(&finder, &GlyphFinder::chosen, this, &GlyphColumn::glyphFound);
-    connect(&finder, &GlyphFinder::closed, this, [this] {
+    connect(m_finder, &GlyphFinder::chosen, this, &GlyphColumn::glyphFound);
+    connect(m_finder, &GlyphFinder::closed, this, [this] {
         light({});
-        m_readout->showFinder(false);
+        m_readout->showLines(true);
         showReadout();
-        tellGlyph();
+        tellGlyph(GlyphReadout::When::AtOnce);
         Q_EMIT findingEnded();
     });
 }
 
 void GlyphColumn::find() {
+    if (m_finder == nullptr) {
+        makeFinder();
+    }
     m_readout->show();
-    m_readout->showFinder(true);
+    m_readout->showLines(false);
+    m_finder->open();
 }
 
 bool GlyphColumn::takesKeysOf(const QWidget* widget) const {
-    return m_readout->finder().takesKeysOf(widget);
+    return m_finder != nullptr && m_finder->takesKeysOf(widget);
 }
 
 void GlyphColumn::light(const std::vector<GlyphCode>& fitting) {
@@ -250,17 +252,17 @@ QString GlyphColumn::glyphText(GlyphCode code) const {
 
 void GlyphColumn::showCursor(GlyphCode code) {
     m_underCursor = code;
-    tellGlyph();
+    tellGlyph(GlyphReadout::When::AtRest);
 }
 
 void GlyphColumn::pointAt(std::optional<GlyphCode> code) {
     m_underPointer = code;
-    tellGlyph();
+    tellGlyph(code ? GlyphReadout::When::AtOnce : GlyphReadout::When::AtRest);
 }
 
-void GlyphColumn::tellGlyph() {
-    if (m_readout->finder().isHidden()) {
-        m_readout->tell(m_underPointer.value_or(m_underCursor));
+void GlyphColumn::tellGlyph(GlyphReadout::When when) {
+    if (m_finder == nullptr || m_finder->isHidden()) {
+        m_readout->tell(m_underPointer.value_or(m_underCursor), when);
     }
 }
 

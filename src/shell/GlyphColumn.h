@@ -3,6 +3,7 @@
 #pragma once
 
 #include "glyphs/GlyphCode.h"
+#include "shell/GlyphReadout.h"
 #include "ui/Picture.h"
 
 #include <QWidget>
@@ -22,7 +23,7 @@ class PictureWidget;
 namespace shell {
 
 class GlyphButton;
-class GlyphReadout;
+class GlyphFinder;
 struct Workspace;
 
 /// The left column of the main window: the glyph grid with its marker and what a glyph is, the favourite and
@@ -96,9 +97,9 @@ private:
     GlyphButton* makeGlyphButton(const QString& title, const QString& name, const QString& toolTip);
     QLayout* makeGlyphButtons();
     QLayout* makeFavouritesCaption();
-    void connectFinder();
+    void makeFinder();
     void light(const std::vector<glyphs::GlyphCode>& fitting);
-    void tellGlyph();
+    void tellGlyph(GlyphReadout::When when);
     QLayout* makeModeButtons();
     void describeKeys();
     void ImgGrid_MouseDown(QPoint pixel, Qt::MouseButton button);
@@ -112,6 +113,7 @@ private:
     ui::qt::MarkerShape* GridPosShape;
     ui::qt::CellMarks* m_shade = nullptr; ///< over what does not fit; made when it is first wanted
     GlyphReadout* m_readout;
+    GlyphFinder* m_finder = nullptr; ///< made when it is first wanted
     GlyphButton* cmdRightGlyph = nullptr;
     std::array<GlyphButton*, 5> cmdFavorite{};
     ui::qt::LineLabel* lblFrequent;

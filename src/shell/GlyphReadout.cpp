@@ -12,6 +12,7 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <chrono>
 
 namespace shell {
 
@@ -19,6 +20,7 @@ namespace {
 
 constexpr int PictureSide = 3 * glyphs::CellSide;
 constexpr int PictureGap = 8;
+constexpr std::chrono::milliseconds RestTime(150);
 
 } // namespace
 
@@ -27,36 +29,34 @@ GlyphReadout::GlyphReadout(const Workspace& workspace, QWidget* parent)
     , m_workspace(workspace)
     , m_picture(PictureSide, PictureSide)
     , picReadout(new ui::qt::PictureWidget(this))
-    , m_finder(new GlyphFinder(this)) {
+    , m_lines(new QVBoxLayout) {
     setObjectName(QStringLiteral("readout"));
     setAccessibleName(tr("The glyph under the pointer or the cursor"));
     picReadout->setObjectName(QStringLiteral("picReadout"));
     picReadout->setAccessibleName(tr("Its picture"));
     picReadout->setBlock(PictureSide / glyphs::ArtworkCell);
     picReadout->setPicture(&m_picture);
-    auto* lines = new QVBoxLayout;
-    lines->setSpacing(0);
-    lines->addStretch(1);
+    m_lines->setSpacing(0);
+    m_lines->addStretch(1);
     for (std::size_t i = 0; i < lblReadout.size(); ++i) {
         lblReadout[i] = new ui::qt::LineLabel(this);
         lblReadout[i]->setObjectName(QStringLiteral("lblReadout_%1").arg(i));
-        lines->addWidget(lblReadout[i]);
+        m_lines->addWidget(lblReadout[i]);
     }
-    lines->addWidget(m_finder);
-    lines->addStretch(1);
+    m_lines->addStretch(1);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(PictureGap);
     layout->addWidget(picReadout, 0, Qt::AlignVCenter);
-    layout->addLayout(lines, 1);
+    layout->addLayout(m_lines, 1);
     tmrReadout.setSingleShot(true);
     connect(&tmrReadout, &QTimer::timeout, this, &GlyphReadout::tmrReadout_Timer);
 }
 
-void GlyphReadout::tell(glyphs::GlyphCode code) {
+void GlyphReadout::tell(glyphs::GlyphCode code, When when) {
     if (code != m_code) {
         m_code = code;
-        tellAgain();
+        tmrReadout.start(when == When::AtOnce ? std::chrono::milliseconds(0) : RestTime);
     }
 }
 
@@ -64,12 +64,15 @@ void GlyphReadout::tellAgain() {
     tmrReadout.start(0);
 }
 
-void GlyphReadout::showFinder(bool isOpen) {
+GlyphFinder* GlyphReadout::makeFinder() {
+    auto* const finder = new GlyphFinder(this);
+    m_lines->insertWidget(m_lines->count() - 1, finder);
+    return finder;
+}
+
+void GlyphReadout::showLines(bool areShown) {
     for (ui::qt::LineLabel* const label : lblReadout) {
-        label->setHidden(isOpen);
-    }
-    if (isOpen) {
-        m_finder->open();
+        label->setVisible(areShown);
     }
 }
 

@@ -9,6 +9,8 @@
 #include <QWidget>
 #include <array>
 
+class QVBoxLayout;
+
 namespace ui::qt {
 class LineLabel;
 class PictureWidget;
@@ -28,16 +30,20 @@ public:
     /// The workspace is borrowed and outlives the readout.
     GlyphReadout(const Workspace& workspace, QWidget* parent);
 
-    /// Tells of a glyph, as soon as nothing else waits: no key waits for it.
-    void tell(glyphs::GlyphCode code);
+    /// When a glyph is told of: at once for the pointer, and for the cursor once it rests, since whoever
+    /// types looks at the page.
+    enum class When { AtOnce, AtRest };
+
+    void tell(glyphs::GlyphCode code, When when = When::AtOnce);
 
     /// Tells of the same glyph again, since its looks or its keys may have changed.
     void tellAgain();
 
-    [[nodiscard]] GlyphFinder& finder() const { return *m_finder; }
+    /// Makes the field, hidden.
+    GlyphFinder* makeFinder();
 
-    /// Opens the field, or shows the readout again.
-    void showFinder(bool isOpen);
+    /// Shows the lines, or leaves their place to the field.
+    void showLines(bool areShown);
 
 private:
     void tmrReadout_Timer();
@@ -47,7 +53,7 @@ private:
     glyphs::GlyphCode m_code = glyphs::BlankGlyph;
     ui::qt::PictureWidget* picReadout;
     std::array<ui::qt::LineLabel*, 3> lblReadout{};
-    GlyphFinder* m_finder;
+    QVBoxLayout* m_lines;
     QTimer tmrReadout;
 };
 
