@@ -15,9 +15,8 @@ namespace {
 constexpr int ColumnGap = 10;
 constexpr float PaleAlpha = 0.7F;
 
-QString SecondsText(int ticks) {
-    constexpr double Milliseconds = 1000;
-    return RowTimes::tr("%1 s").arg(ticks * TickMilliseconds / Milliseconds, 0, 'f', 2);
+QString TimeText(int ticks) {
+    return SecondsText(std::int64_t{ticks} * TickMilliseconds);
 }
 
 /// The ticks of the names before one (1-based).
@@ -52,8 +51,8 @@ void RowTimes::refresh() {
     QStringList spoken;
     for (int row = 0; row < Rows && m_first + row <= m_document.nameCount; ++row) {
         const int own = m_document.ticks(m_first + row);
-        texts.at(static_cast<std::size_t>(row)) = {QString::number(own), SecondsText(ticks)};
-        spoken << tr("name %1: %2 ticks, at %3").arg(m_first + row).arg(own).arg(SecondsText(ticks));
+        texts.at(static_cast<std::size_t>(row)) = {QString::number(own), TimeText(ticks)};
+        spoken << tr("name %1: %2 ticks, at %3").arg(m_first + row).arg(own).arg(TimeText(ticks));
         ticks += own;
     }
     if (texts != m_texts) {
@@ -66,7 +65,7 @@ void RowTimes::refresh() {
 QSize RowTimes::sizeHint() const {
     return {
         fontMetrics().horizontalAdvance(QStringLiteral("15")) + ColumnGap +
-            fontMetrics().horizontalAdvance(SecondsText(editing::MaxNames * editing::MaxOfferedTicks)),
+            fontMetrics().horizontalAdvance(TimeText(editing::MaxNames * editing::MaxOfferedTicks)),
         0};
 }
 
@@ -87,9 +86,14 @@ void RowTimes::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
+QString SecondsText(std::int64_t milliseconds) {
+    constexpr double Second = 1000;
+    return RowTimes::tr("%1 s").arg(static_cast<double>(milliseconds) / Second, 0, 'f', 2);
+}
+
 QString LengthText(const editing::AnimationDocument& document) {
     const int ticks = TicksBefore(document, document.nameCount + 1);
-    return RowTimes::tr("%1 names, %2 ticks, %3").arg(document.nameCount).arg(ticks).arg(SecondsText(ticks));
+    return RowTimes::tr("%1 names, %2 ticks, %3").arg(document.nameCount).arg(ticks).arg(TimeText(ticks));
 }
 
 } // namespace animation

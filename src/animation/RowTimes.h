@@ -7,6 +7,7 @@
 #include <QString>
 #include <QWidget>
 #include <array>
+#include <cstdint>
 
 namespace animation {
 
@@ -45,6 +46,9 @@ private:
     int m_first = 1;
     std::array<RowText, Rows> m_texts;
 };
+
+/// A time as the window tells it, in seconds.
+[[nodiscard]] QString SecondsText(std::int64_t milliseconds);
 
 /// How many names are in use, their ticks and how long they take in the preview.
 [[nodiscard]] QString LengthText(const editing::AnimationDocument& document);

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "animation/frmRankings.h"
 
+#include "animation/PlayerLook.h"
+#include "animation/RowTimes.h"
+#include "games/Timetable.h"
 #include "glyphs/GlyphWords.h"
 #include "ui/qt/PictureWidget.h"
 #include "ui/qt/Text.h"
@@ -11,8 +14,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QImageReader>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 
 #include <algorithm>
@@ -22,6 +27,9 @@
 namespace animation {
 
 namespace {
+
+/// Between the buttons and what stands beside them.
+constexpr int PlaceDistance = 16;
 
 /// The painted rows of the names in use, copied.
 QImage RowsInUse(const ui::Picture& painted, int names) {
@@ -44,14 +52,13 @@ QRect RectOf(const ui::Rect& rect) {
 } // namespace
 
 frmRankings::frmRankings(
-    const editing::AnimationDocument& animation, const ui::Picture& paintedNames,
-    const std::string& screenShot, const ui::Platform& platform, const glyphs::SoundOptions& soundOptions,
-    QWidget* parent)
+    const editing::AnimationDocument& animation, const ui::Picture& paintedNames, RankingsChoices choices,
+    const ui::Platform& platform, QWidget* parent)
     : QDialog(parent)
     , m_form(std::make_unique<Ui::frmRankings>())
     , m_animation(animation)
     , m_platform(platform)
-    , m_soundOptions(soundOptions)
+    , m_choices(std::move(choices))
     , m_preview(animation)
     , m_names(RowsInUse(paintedNames, animation.nameCount))
     , AniTimer(new QTimer(this)) {
@@ -60,16 +67,19 @@ frmRankings::frmRankings(
     AniTimer->setTimerType(Qt::PreciseTimer);
     AniTimer->setInterval(TickMilliseconds);
 
-    // The game's picture stands on black, whatever the colours of the desktop.
-    QPalette black = palette();
-    black.setColor(QPalette::Window, Qt::black);
-    setPalette(black);
+    setPalette(PlayerPalette());
+    for (QPushButton* const button : findChildren<QPushButton*>()) {
+        button->setStyleSheet(PlayerButtonStyle());
+    }
 
     // At a fractional scale the screenshot shows through at the edges of the frame.
     m_form->AniPic->setAutoFillBackground(false);
 
-    loadScreenShot(screenShot);
+    loadScreenShot();
+    offerPaces();
+    keepPlaceWidth();
     connectControls();
+    connectKeys();
     setWindowState(windowState() | Qt::WindowFullScreen);
     // Placed on the parent's screen, also where no window manager does so.
     setGeometry((parent == nullptr ? this : parent)->screen()->geometry());
@@ -77,12 +87,22 @@ frmRankings::frmRankings(
 
 frmRankings::~frmRankings() = default;
 
-void frmRankings::loadScreenShot(const std::string& setting) {
-    ScreenShot found = FindScreenShot(setting, m_platform.files, m_platform.directory);
+void frmRankings::loadScreenShot() {
+    ScreenShot found = FindScreenShot(m_choices.screenShot, m_platform.files, m_platform.directory);
     m_message = std::move(found.message);
-    if (!found.path.empty()) {
-        // A picture that cannot be read leaves the background empty.
-        m_screenShot = QImageReader(ui::qt::FromPath(found.path)).read();
+    if (found.path.empty()) {
+        m_form->lblReason->setText(
+            m_choices.screenShot.empty()
+                ? tr("No screen shot is chosen.")
+                : tr("There is no file %1.").arg(ui::qt::FromPath(m_choices.screenShot)));
+        return;
+    }
+    QImageReader reader(ui::qt::FromPath(found.path));
+    // A picture that cannot be read leaves the background empty.
+    m_screenShot = reader.read();
+    if (m_screenShot.isNull()) {
+        m_form->lblReason->setText(
+            tr("%1 cannot be shown: %2").arg(ui::qt::FromPath(found.path), reader.errorString()));
     }
 }
 
@@ -94,7 +114,51 @@ void frmRankings::connectControls() {
     connect(m_form->cmdForward, &QPushButton::clicked, this, &frmRankings::cmdForward_Click);
     connect(m_form->cmdToEnd, &QPushButton::clicked, this, &frmRankings::cmdToEnd_Click);
     connect(m_form->cmdQuit, &QPushButton::clicked, this, &frmRankings::cmdQuit_Click);
+    connect(m_form->chkAgain, &QCheckBox::toggled, this, &frmRankings::chkAgain_Click);
+    connect(m_form->cmboPace, &QComboBox::currentIndexChanged, this, &frmRankings::cmboPace_Click);
     connect(AniTimer, &QTimer::timeout, this, &frmRankings::AniTimer_Timer);
+}
+
+void frmRankings::connectKeys() {
+    const std::array<std::pair<Qt::Key, QPushButton*>, 4> keys = {{
+        {Qt::Key_Left, m_form->cmdRewind},
+        {Qt::Key_Right, m_form->cmdForward},
+        {Qt::Key_Home, m_form->cmdToBegin},
+        {Qt::Key_End, m_form->cmdToEnd},
+    }};
+    for (const auto& [key, button] : keys) {
+        // Ahead of the buttons, which would pass the keyboard on to their neighbours.
+        connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+    }
+}
+
+/// The preview's own pace, and those of the games that are played.
+void frmRankings::offerPaces() {
+    m_form->cmboPace->addItem(tr("%1 ms a tick").arg(TickMilliseconds), TickMilliseconds);
+    for (std::size_t i = 0; i < games::Families.size(); ++i) {
+        if (m_choices.games.at(i)) {
+            const int tick = games::PaceOf(games::Families.at(i)).tick;
+            m_form->cmboPace->addItem(
+                tr("%1, %2 ms").arg(ui::qt::FromLatin1(games::FamilyNames.at(i))).arg(tick), tick);
+        }
+    }
+    const bool hasChoice = m_form->cmboPace->count() > 1;
+    m_form->lblPace->setVisible(hasChoice);
+    m_form->cmboPace->setVisible(hasChoice);
+}
+
+/// Leaves the texts room for their longest, so that nothing moves while it plays.
+void frmRankings::keepPlaceWidth() {
+    int widest = 0;
+    std::int64_t ticks = 0;
+    for (int name = 1; name <= m_animation.nameCount; ++name) {
+        m_form->lblPlace->setText(placeText(name));
+        widest = std::max(widest, m_form->lblPlace->sizeHint().width());
+        ticks += m_preview.ticksOf(name);
+    }
+    m_form->lblPlace->setMinimumWidth(widest);
+    m_form->lblTime->setText(SecondsText(ticks * TickMilliseconds));
+    m_form->lblTime->setMinimumWidth(m_form->lblTime->sizeHint().width());
 }
 
 void frmRankings::done(int result) {
@@ -128,7 +192,7 @@ void frmRankings::resizeEvent(QResizeEvent* event) {
 }
 
 void frmRankings::Form_Resize() {
-    const QSize player = m_form->picPlayer->sizeHint();
+    const QSize player = playerSize();
     const RankingsLayout before = std::exchange(
         m_layout, LayOutRankings(
                       {.windowWidth = width(),
@@ -145,7 +209,24 @@ void frmRankings::Form_Resize() {
     m_form->AniPicBox->setGeometry(RectOf(m_layout.strip));
     m_form->picPlayer->setGeometry(RectOf(m_layout.player));
     m_form->cmdQuit->setGeometry(RectOf(m_layout.quit));
+    m_form->lblReason->setGeometry(
+        0, m_layout.screenShot.empty() ? height() / TopPart : 0, width(),
+        m_form->lblReason->heightForWidth(width()));
+    m_form->lblReason->setVisible(m_screenShot.isNull());
     showName();
+}
+
+/// In a narrow window the texts stand below the buttons, clear of the OK button.
+QSize frmRankings::playerSize() {
+    for (const auto& [direction, spacing] :
+         {std::pair(QBoxLayout::LeftToRight, PlaceDistance), std::pair(QBoxLayout::TopToBottom, 0)}) {
+        m_form->layoutPlayer->setDirection(direction);
+        m_form->layoutPlayer->setSpacing(spacing);
+        if (m_form->picPlayer->sizeHint().width() <= width() - 2 * QuitDistance) {
+            break;
+        }
+    }
+    return m_form->picPlayer->sizeHint();
 }
 
 void frmRankings::scalePictures() {
@@ -187,7 +268,17 @@ QImage frmRankings::strip(int name) const {
     return image;
 }
 
+QString frmRankings::placeText(int name) const {
+    const int ticks = m_preview.ticksOf(name);
+    return (ticks == 1 ? tr("%1 of %2, %3 tick") : tr("%1 of %2, %3 ticks"))
+        .arg(name)
+        .arg(m_animation.nameCount)
+        .arg(ticks);
+}
+
 void frmRankings::showName() {
+    m_form->lblPlace->setText(placeText(m_preview.shownName()));
+    m_form->lblTime->setText(SecondsText(m_preview.elapsedTicks() * m_tick));
     const int name = m_preview.shownName();
     const int height = m_shownNames.height() * glyphs::CellSide / m_names.height();
     m_form->AniPic->setView((name - 1) * height, height, {m_layout.insetX, m_layout.insetY});
@@ -228,7 +319,7 @@ void frmRankings::followPlaying() {
 }
 
 void frmRankings::cmdPlay_Click() {
-    glyphs::PlaySoundResource(m_platform.sounds, m_soundOptions, glyphs::PreviewStartedSound);
+    glyphs::PlaySoundResource(m_platform.sounds, m_choices.sounds, glyphs::PreviewStartedSound);
     m_preview.play();
     followPlaying();
 }
@@ -261,9 +352,30 @@ void frmRankings::cmdQuit_Click() {
     accept();
 }
 
+void frmRankings::chkAgain_Click() {
+    m_preview.setAgain(m_form->chkAgain->isChecked());
+}
+
+void frmRankings::cmboPace_Click() {
+    m_tick = m_form->cmboPace->currentData().toInt();
+    AniTimer->setInterval(m_tick);
+    m_ticks = 0;
+    m_clock.start();
+    showName();
+}
+
+void frmRankings::keyPressEvent(QKeyEvent* event) {
+    // A button that has the keyboard takes it for itself.
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        (m_preview.playing() ? m_form->cmdStop : m_form->cmdPlay)->click();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
 void frmRankings::AniTimer_Timer() {
     // A timer that comes late makes up for the ticks that it missed.
-    for (std::int64_t due = TicksDue(m_clock.elapsed(), m_ticks); due > 0; --due) {
+    for (std::int64_t due = TicksDue(m_clock.elapsed(), m_ticks, m_tick); due > 0; --due) {
         m_preview.step();
         ++m_ticks;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "animation/mdlAniPreview.h"
+#include "games/Engines.h"
 #include "glyphs/mdlPaint.h"
 
 #include <QDialog>
@@ -20,18 +21,24 @@ namespace Ui {
 class frmRankings;
 }
 
+/// What the preview shows beside the animation.
+struct RankingsChoices {
+    std::string screenShot; ///< a path, or empty
+    glyphs::SoundOptions sounds;
+    games::FamilyChoice games{}; ///< whose paces can be chosen
+};
+
 /// The full-window preview: the names of the animation follow one another over a screenshot of the game's
 /// rankings, at the speed that the script gives them.
 class frmRankings final : public QDialog {
     Q_OBJECT
 
 public:
-    /// Shows the animation as it is painted now, over the screenshot of the settings (a path, or empty). The
-    /// animation and the platform are borrowed and outlive the dialog.
+    /// Shows the animation as it is painted now. The animation and the platform are borrowed and outlive the
+    /// dialog.
     frmRankings(
-        const editing::AnimationDocument& animation, const ui::Picture& paintedNames,
-        const std::string& screenShot, const ui::Platform& platform, const glyphs::SoundOptions& soundOptions,
-        QWidget* parent = nullptr);
+        const editing::AnimationDocument& animation, const ui::Picture& paintedNames, RankingsChoices choices,
+        const ui::Platform& platform, QWidget* parent = nullptr);
     ~frmRankings() override;
 
     void done(int result) override;
@@ -40,14 +47,20 @@ protected:
     void showEvent(QShowEvent* event) override;
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void loadScreenShot(const std::string& setting);
+    void loadScreenShot();
     void connectControls();
+    void connectKeys();
+    void offerPaces();
+    void keepPlaceWidth();
+    [[nodiscard]] QSize playerSize();
     void Form_Resize();
     void scalePictures();
     [[nodiscard]] QImage strip(int name) const;
     void showName();
+    [[nodiscard]] QString placeText(int name) const;
     void followPlaying();
 
     void cmdPlay_Click();
@@ -57,12 +70,14 @@ private:
     void cmdForward_Click();
     void cmdToEnd_Click();
     void cmdQuit_Click();
+    void chkAgain_Click();
+    void cmboPace_Click();
     void AniTimer_Timer();
 
     std::unique_ptr<Ui::frmRankings> m_form;
     const editing::AnimationDocument& m_animation;
     const ui::Platform& m_platform;
-    glyphs::SoundOptions m_soundOptions;
+    RankingsChoices m_choices;
     AniPreview m_preview;
     QImage m_names;      ///< the rows in use as they were painted
     QImage m_screenShot; ///< null: there is none
@@ -70,9 +85,10 @@ private:
     ui::Picture m_shownScreenShot;
     RankingsLayout m_layout;
     QTimer* AniTimer;
-    QElapsedTimer m_clock;    ///< runs from the beginning of the playing
+    QElapsedTimer m_clock;    ///< runs from the beginning of the playing or another pace
     std::int64_t m_ticks = 0; ///< ticks that have been stepped since then
-    std::string m_message;    ///< to be shown once, when the window is seen
+    int m_tick = TickMilliseconds;
+    std::string m_message; ///< to be shown once, when the window is seen
 };
 
 } // namespace animation

@@ -27,9 +27,7 @@ constexpr int BoardHeight = 480;
 constexpr int BoardLineX = 240;
 constexpr int BoardLineY = 176;
 
-/// The distance of the OK button's corner from the right and the bottom edge, and its side, which is smaller
-/// so that nothing of it is cut off.
-constexpr int QuitDistance = 40;
+/// The side of the OK button, which is smaller than its distance so that nothing of it is cut off.
 constexpr int QuitSide = 34;
 
 /// The greatest multiple of `step` that is not above `value`, which may be negative.
@@ -64,14 +62,21 @@ AniPreview::AniPreview(const editing::AnimationDocument& animation)
     , m_previewTotal(animation.nameCount)
     , m_previewName(animation.nameCount) {}
 
+std::int64_t AniPreview::elapsedTicks() const {
+    return m_playing ? m_tickCounter - m_began : ticksBefore(m_shownName);
+}
+
 void AniPreview::play() {
     m_playing = true;
+    m_stopped = false;
+    m_began = m_tickCounter;
     m_previewName = 1;
     wait();
     passDueNames();
 }
 
 void AniPreview::stop() {
+    m_stopped = true;
     m_previewName = m_previewTotal - 1;
 }
 
@@ -88,15 +93,28 @@ void AniPreview::show(int name) {
 }
 
 void AniPreview::wait() {
-    m_deadline = m_tickCounter + m_ticks[static_cast<std::size_t>(m_previewName - 1)];
+    m_deadline = m_tickCounter + ticksOf(m_previewName);
 }
 
 void AniPreview::passDueNames() {
-    while (m_previewName < m_previewTotal && m_tickCounter >= m_deadline) {
-        show(m_previewName + 1);
+    while (goesOn() && m_tickCounter >= m_deadline) {
+        if (m_previewName == m_previewTotal) {
+            show(1);
+            m_began = m_tickCounter;
+        } else {
+            show(m_previewName + 1);
+        }
         wait();
     }
-    m_playing = m_previewName < m_previewTotal;
+    m_playing = goesOn();
+}
+
+bool AniPreview::goesOn() const {
+    return m_previewName < m_previewTotal || (m_again && !m_stopped && ticksBefore(m_previewTotal + 1) > 0);
+}
+
+std::int64_t AniPreview::ticksBefore(int name) const {
+    return std::accumulate(m_ticks.begin(), m_ticks.begin() + (name - 1), std::int64_t{0});
 }
 
 ScreenShot
@@ -126,7 +144,7 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     const bool isBoard = width == BoardWidth && height == BoardHeight;
     const std::int64_t lineX = isBoard ? BoardLineX : RoundedDown(width - StripWidth, 2) / 2;
     const std::int64_t lineY = height * BoardLineY / BoardHeight;
-    const int top = sizes.windowHeight / 10;
+    const int top = sizes.windowHeight / TopPart;
     const int playerTop = sizes.windowHeight * 9 / 10;
 
     RankingsLayout layout;
@@ -180,8 +198,8 @@ RankingsLayout LayOutRankings(const RankingsSizes& sizes) {
     return layout;
 }
 
-std::int64_t TicksDue(std::int64_t milliseconds, std::int64_t passed) {
-    return std::max<std::int64_t>((milliseconds + EarlyMilliseconds) / TickMilliseconds - passed, 0);
+std::int64_t TicksDue(std::int64_t milliseconds, std::int64_t passed, int tick) {
+    return std::max<std::int64_t>((milliseconds + EarlyMilliseconds) / tick - passed, 0);
 }
 
 } // namespace animation

@@ -12,7 +12,7 @@
 
 namespace animation {
 
-/// How long one tick lasts.
+/// How long one tick lasts, unless another pace is chosen.
 constexpr int TickMilliseconds = 50;
 
 /// The preview of an animation: which of its names is shown, and its playing tick by tick. It knows no clock:
@@ -26,6 +26,17 @@ public:
     [[nodiscard]] int shownName() const { return m_shownName; }
 
     [[nodiscard]] bool playing() const { return m_playing; }
+
+    /// The ticks of a row, 1 to the number of names.
+    [[nodiscard]] int ticksOf(int name) const { return m_ticks[static_cast<std::size_t>(name - 1)]; }
+
+    /// While playing: the ticks that went by since it began with the first name. Otherwise those of the names
+    /// before the shown one.
+    [[nodiscard]] std::int64_t elapsedTicks() const;
+
+    /// Whether the last name, once its own ticks went by, is followed by the first; off at first. stop() ends
+    /// the playing all the same, and so does an animation without any ticks.
+    void setAgain(bool again) { m_again = again; }
 
     /// Plays from the first name. What was shown before stays until the first step to another name: names
     /// follow each other after the ticks of the one before, and the last one's ticks are not waited.
@@ -55,13 +66,18 @@ private:
     void show(int name);
     void wait();
     void passDueNames();
+    [[nodiscard]] bool goesOn() const;
+    [[nodiscard]] std::int64_t ticksBefore(int name) const;
 
     std::array<std::int16_t, editing::MaxNames> m_ticks;
     int m_previewTotal;
     int m_previewName; ///< the current name; not always the one that is shown
     int m_shownName = 1;
     bool m_playing = false;
+    bool m_again = false;
+    bool m_stopped = false; ///< since the playing began
     std::int64_t m_tickCounter = 0;
+    std::int64_t m_began = 0;    ///< count of ticks at which the first name came
     std::int64_t m_deadline = 0; ///< count of ticks at which the current wait ends
 };
 
@@ -74,6 +90,12 @@ struct ScreenShot {
 /// Looks for the screenshot of the settings; a relative path lies in the program directory.
 [[nodiscard]] ScreenShot
 FindScreenShot(const std::string& setting, const ui::Files& files, const ui::ProgramDirectory& directory);
+
+/// The distance of the OK button's corner from the right and the bottom edge.
+constexpr int QuitDistance = 40;
+
+/// The screenshot begins below such a part of the window.
+constexpr int TopPart = 10;
 
 /// Widths and heights in pixels.
 struct RankingsSizes {
@@ -109,8 +131,9 @@ struct RankingsLayout {
 /// reaches to the next whole ones.
 [[nodiscard]] RankingsLayout LayOutRankings(const RankingsSizes& sizes);
 
-/// How many ticks are due `milliseconds` after playing began, when `passed` have been stepped. A clock that
-/// is read a little early counts as being in time.
-[[nodiscard]] std::int64_t TicksDue(std::int64_t milliseconds, std::int64_t passed);
+/// How many ticks of `tick` milliseconds are due `milliseconds` after playing began, when `passed` have been
+/// stepped. A clock that is read a little early counts as being in time.
+[[nodiscard]] std::int64_t
+TicksDue(std::int64_t milliseconds, std::int64_t passed, int tick = TickMilliseconds);
 
 } // namespace animation

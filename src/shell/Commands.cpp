@@ -106,7 +106,10 @@ void Commands::mnuToolsAnimationWizard_Click() {
 void Commands::mnuToolsAnimationViewer_Click() {
     animation::frmRankings(
         m_workspace.documents.animation, m_workspace.pictures.animation.pixels(),
-        m_workspace.settings.screenshot, m_platform, m_workspace.settings.sounds, &m_window)
+        {.screenShot = m_workspace.settings.screenshot,
+         .sounds = m_workspace.settings.sounds,
+         .games = m_workspace.settings.games},
+        m_platform, &m_window)
         .exec();
     m_session.refresh();
 }

@@ -1,10 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "animation/frmRankings.h"
-
-#include "animation/AnimationDesk.h"
-#include "animation/FormTest.h"
-#include "ui/qt/PictureWidget.h"
+#include "animation/RankingsWindow.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -24,65 +20,7 @@ namespace {
 constexpr std::array<const char*, 5> IdleButtons = {
     "cmdPlay", "cmdRewind", "cmdToBegin", "cmdToEnd", "cmdForward"};
 
-struct Rankings : testing::Test {
-    support::AnimationDesk desk;
-    support::FakePlatform platform;
-    std::unique_ptr<animation::frmRankings> form;
-
-    Rankings() {
-        desk.fillNames(15);
-        animation::SetAllTicks(desk.animation(), 1);
-        putScreenShot("shot.bmp", 640, 480);
-    }
-
-    void putScreenShot(const char* name, int width, int height) {
-        QImage image(width, height, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
-        ASSERT_TRUE(image.save(QString::fromStdString((platform.directory.files / name).string()), "BMP"));
-    }
-
-    void open(const std::string& screenShot = "shot.bmp", QSize size = {1024, 768}) {
-        form = std::make_unique<animation::frmRankings>(
-            desk.animation(), desk.pictures.animation.pixels(), screenShot, platform.platform,
-            desk.soundOptions);
-        form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
-        EXPECT_TRUE(form->isFullScreen());
-        form->resize(size);
-        QCoreApplication::processEvents();
-    }
-
-    [[nodiscard]] support::FormHand hand() const { return support::FormHand(*form); }
-
-    /// The name in the strip, told from where the copied picture stands.
-    [[nodiscard]] int shownName() const {
-        const auto& picture = hand().find<ui::qt::PictureWidget>("AniPic");
-        const int row = hand().find<QWidget>("AniPicBox").height();
-        EXPECT_EQ(picture.x(), 0);
-        EXPECT_EQ(picture.y() % row, 0);
-        return 1 - picture.y() / row;
-    }
-
-    /// A name as it is painted now.
-    [[nodiscard]] QImage paintedName(int name) const {
-        const ui::Picture& picture = desk.pictures.animation.pixels();
-        QImage image(240, 16, QImage::Format_RGB32);
-        for (int y = 0; y < image.height(); ++y) {
-            std::copy_n(
-                picture.row((name - 1) * image.height() + y), image.width(),
-                reinterpret_cast<QRgb*>(image.scanLine(y)));
-        }
-        return image;
-    }
-
-    [[nodiscard]] bool isPlaying() const { return hand().find<QTimer>("AniTimer").isActive(); }
-
-    bool waitForEnd() const {
-        return QTest::qWaitFor([this] { return !isPlaying(); }, 20000);
-    }
-
-    [[nodiscard]] QRect geometry(const char* name) const { return hand().find<QWidget>(name).geometry(); }
-};
+using Rankings = support::RankingsWindow;
 
 } // namespace
 
@@ -461,11 +399,12 @@ TEST_F(Rankings, CanBeWorkedWithTheKeyboardAlone) {
     EXPECT_EQ(shownName(), 15);
     EXPECT_TRUE(hand().find<QWidget>("cmdPlay").hasFocus());
     std::vector<std::string> order;
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < 9; ++i) {
         order.push_back(form->focusWidget()->objectName().toStdString());
         QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(
         order, (std::vector<std::string>{
-                   "cmdPlay", "cmdStop", "cmdToBegin", "cmdRewind", "cmdForward", "cmdToEnd", "cmdQuit"}));
+                   "cmdPlay", "cmdStop", "cmdToBegin", "cmdRewind", "cmdForward", "cmdToEnd", "chkAgain",
+                   "cmboPace", "cmdQuit"}));
 }

@@ -214,6 +214,70 @@ TEST(AniPreview, TakesAsManyTicksAsTheNamesHave) {
     }
 }
 
+TEST(AniPreview, TellsTheTicksSinceTheFirstName) {
+    editing::AnimationDocument animation = withTicks(15, 2);
+    SetTicks(animation, 3, 5);
+    AniPreview preview(animation);
+    EXPECT_EQ(preview.elapsedTicks(), 0);
+    EXPECT_EQ(preview.ticksOf(3), 5);
+    preview.toEnd();
+    EXPECT_EQ(preview.elapsedTicks(), 13 * 2 + 5);
+    for (int round = 0; round < 2; ++round) {
+        preview.play();
+        for (int step = 0; preview.playing(); ++step) {
+            EXPECT_EQ(preview.elapsedTicks(), step);
+            preview.step();
+        }
+        EXPECT_EQ(preview.elapsedTicks(), 13 * 2 + 5);
+        preview.step();
+        EXPECT_EQ(preview.elapsedTicks(), 13 * 2 + 5) << "idle steps do not count";
+    }
+}
+
+TEST(AniPreview, BeginsAgainAfterTheTicksOfTheLastName) {
+    editing::AnimationDocument animation = withTicks(15, 1);
+    SetTicks(animation, 15, 4);
+    AniPreview preview(animation);
+    preview.setAgain(true);
+    preview.play();
+    for (int round = 0; round < 3; ++round) {
+        for (int name = 1; name <= 15; ++name) {
+            EXPECT_EQ(preview.elapsedTicks(), name - 1);
+            for (int tick = preview.ticksOf(name); tick > 0; --tick) {
+                EXPECT_EQ(preview.shownName(), name);
+                preview.step();
+                EXPECT_TRUE(preview.playing());
+            }
+        }
+        EXPECT_EQ(preview.shownName(), 1);
+    }
+    preview.stop();
+    EXPECT_EQ(stepsToEnd(preview), 1) << "after the current wait";
+    EXPECT_EQ(preview.shownName(), 15);
+    preview.play();
+    for (int step = 0; step < 1000; ++step) {
+        preview.step();
+    }
+    EXPECT_TRUE(preview.playing()) << "a stop counts for its own playing";
+    preview.setAgain(false);
+    EXPECT_LE(stepsToEnd(preview), 14 + 4);
+    EXPECT_EQ(preview.shownName(), 15);
+}
+
+TEST(AniPreview, EndsAtOnceWithoutTicksEvenWhereItWouldBeginAgain) {
+    AniPreview preview(withTicks(15, 0));
+    preview.setAgain(true);
+    preview.play();
+    EXPECT_FALSE(preview.playing());
+    EXPECT_EQ(preview.shownName(), 15);
+}
+
+TEST(TicksDue, CountsAtTheChosenPace) {
+    EXPECT_EQ(TicksDue(13, 0, 13), 1);
+    EXPECT_EQ(TicksDue(7, 0, 13), 0);
+    EXPECT_EQ(TicksDue(130, 3, 13), 7);
+}
+
 TEST(TicksDue, CountsFromTheBeginningSoThatLateTimersCatchUp) {
     EXPECT_EQ(TicksDue(0, 0), 0);
     EXPECT_EQ(TicksDue(44, 0), 0);
