@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 #include "support/TempProgramDirectory.h"
 #include "support/ToolRun.h"
 
@@ -17,7 +17,7 @@ protected:
     support::TempFolder folder;
 
     std::string put(const ui::Picture& picture) {
-        return folder.put("in.png", cli::EncodePng(picture).value()).native();
+        return folder.put("in.png", glyphs::EncodePng(picture).value()).native();
     }
 
     [[nodiscard]] support::ToolRun run(const std::string& icon) const {

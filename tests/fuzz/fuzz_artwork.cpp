@@ -3,9 +3,9 @@
 #include "charset/Artwork.h"
 #include "charset/ArtworkSlot.h"
 #include "charset/OldPictures.h"
-#include "cli/PngPicture.h"
 #include "fuzz/Fuzz.h"
 #include "glyphs/GifPicture.h"
+#include "glyphs/PngPicture.h"
 
 #include <array>
 #include <string>
@@ -60,7 +60,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             Check(last);
         }
     }
-    Check(cli::DecodePng(bytes));
+    Check(glyphs::DecodePng(bytes));
     Check(charset::DecodeTga(bytes));
     Check(charset::DecodePcx(bytes));
     Check(charset::DecodeBmp(bytes));

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "charset/Artwork.h"
-#include "cli/PngPicture.h"
 #include "glyphs/GifPicture.h"
+#include "glyphs/PngPicture.h"
 #include "tools/GameFiles.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ void ExpectRefused(const ui::Result<Artwork>& read, const std::string& message) 
 }
 
 std::string Png(const ui::Picture& picture) {
-    return cli::EncodePng(picture).value();
+    return glyphs::EncodePng(picture).value();
 }
 
 unsigned LumpIndexAt(int x, int y) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 #include "support/FailingFiles.h"
 #include "support/ToolRun.h"
 #include "tools/CharSetWorld.h"
@@ -55,7 +55,7 @@ protected:
 
     /// A picture file of shade 9, outside the program directory.
     std::string picture(const ui::Path& name = "set.png") {
-        return folder.put(name, cli::EncodePng(SmallArtwork(9)).value()).native();
+        return folder.put(name, glyphs::EncodePng(SmallArtwork(9)).value()).native();
     }
 
     support::TempProgramDirectory directory;
@@ -244,17 +244,18 @@ TEST_F(CharSetCommand, AddTakesTheGamesFiles) {
 }
 
 TEST_F(CharSetCommand, AddSaysWhatItChanged) {
-    const std::string file = folder
-                                 .put(
-                                     "many.png", cli::EncodePng(support::MakePicture(
-                                                                    256, 256,
-                                                                    [](int x, int y) {
-                                                                        return ui::OpaquePixel(
-                                                                            static_cast<unsigned>(x),
-                                                                            static_cast<unsigned>(y / 4), 0);
-                                                                    }))
-                                                     .value())
-                                 .native();
+    const std::string file =
+        folder
+            .put(
+                "many.png", glyphs::EncodePng(support::MakePicture(
+                                                  256, 256,
+                                                  [](int x, int y) {
+                                                      return ui::OpaquePixel(
+                                                          static_cast<unsigned>(x),
+                                                          static_cast<unsigned>(y / 4), 0);
+                                                  }))
+                                .value())
+            .native();
     ASSERT_EQ(run({"add", "Many", file}), 0) << errors.str();
     EXPECT_TRUE(output.str().starts_with(
         "The picture was reduced from 256 to 128 pixels a side; details between were dropped.\n"
@@ -269,7 +270,7 @@ TEST_F(CharSetCommand, ExportWritesAPictureThatCanBeAddedAgain) {
     const std::string file = (folder / "out.png").native();
     ASSERT_EQ(run({"export", "2", file}), 0) << errors.str();
     EXPECT_EQ(output.str(), "");
-    const auto picture = cli::DecodePng(folder.content("out.png"));
+    const auto picture = glyphs::DecodePng(folder.content("out.png"));
     ASSERT_TRUE(picture);
     EXPECT_EQ(picture.value(), SmallArtwork(1));
     ASSERT_EQ(run({"add", "Again", file}), 0);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "cli/PngPicture.h"
 #include "glyphs/GifPicture.h"
+#include "glyphs/PngPicture.h"
 #include "support/FailingFiles.h"
 #include "support/TempProgramDirectory.h"
 #include "support/ToolRun.h"
@@ -44,7 +44,7 @@ protected:
     [[nodiscard]] std::string at(const ui::Path& name) const { return (folder / name).native(); }
 
     [[nodiscard]] ui::Picture png(const ui::Path& name) const {
-        const auto picture = cli::DecodePng(folder.content(name));
+        const auto picture = glyphs::DecodePng(folder.content(name));
         EXPECT_TRUE(picture) << picture.failure().message;
         return picture ? picture.value() : ui::Picture();
     }

@@ -6,8 +6,8 @@
 #include "charset/LittleEndian.h"
 #include "charset/OldPictures.h"
 #include "charset/PictureParts.h"
-#include "cli/PngPicture.h"
 #include "glyphs/GifPicture.h"
+#include "glyphs/PngPicture.h"
 #include "glyphs/mdlData.h"
 
 #include <algorithm>
@@ -201,7 +201,7 @@ using Decoder = ui::Result<ui::Picture> (*)(std::string_view);
 /// What decodes a picture; none when the bytes are of no known kind.
 Decoder DecoderOf(std::string_view bytes, const std::string& extension) {
     if (bytes.starts_with("\x89PNG")) {
-        return &cli::DecodePng;
+        return &glyphs::DecodePng;
     }
     if (bytes.starts_with("GIF8")) {
         return &glyphs::DecodeGif;

@@ -9,8 +9,8 @@
 #include "charset/Texts.h"
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
-#include "cli/PngPicture.h"
 #include "cli/TerminalText.h"
+#include "glyphs/PngPicture.h"
 #include "ui/FileWriter.h"
 
 #include <algorithm>
@@ -306,7 +306,7 @@ Outcome Run::exportPicture(const std::string& number, const ui::Path& file) {
     if (!picture) {
         return picture.failure();
     }
-    const auto png = cli::EncodePng(picture.value());
+    const auto png = glyphs::EncodePng(picture.value());
     if (!png) {
         return ui::Failure{"\"" + ui::PathText(file) + "\" was not written: " + png.failure().message + "."};
     }

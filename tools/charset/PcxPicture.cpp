@@ -18,7 +18,7 @@ constexpr std::uint8_t PaletteMark = 12;
 constexpr std::size_t TransparentIndex = 255;
 
 /// Lines are filled up to an even number of bytes, by some programs to more.
-constexpr std::size_t MaxBytesPerLine = 2 * cli::MaxPictureSide;
+constexpr std::size_t MaxBytesPerLine = 2 * glyphs::MaxPictureSide;
 
 ui::Failure NotUsablePcx(const std::string& cause) {
     return {"not a usable PCX picture: " + cause};

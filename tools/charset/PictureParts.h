@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 #include "ui/Picture.h"
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace charset {
 
 /// Whether a decoder takes pictures of this size.
 [[nodiscard]] constexpr bool IsDecodedSize(std::int64_t width, std::int64_t height) {
-    return width >= 1 && height >= 1 && width <= cli::MaxPictureSide && height <= cli::MaxPictureSide;
+    return width >= 1 && height >= 1 && width <= glyphs::MaxPictureSide && height <= glyphs::MaxPictureSide;
 }
 
 /// A colour with its alpha.

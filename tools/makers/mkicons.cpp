@@ -4,7 +4,7 @@
 // mkicons FOLDER NAME=PICTURE.png...: writes the pixels of square pictures, each to the file NAME of the
 // folder: rows of 32-bit numbers as this machine stores them, 0xAARRGGBB with red, green and blue multiplied
 // by alpha.
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 #include "makers/SourceText.h"
 
 #include <algorithm>
@@ -32,7 +32,7 @@ std::string PixelsOf(const std::string& file) {
     if (!stream) {
         throw makers::SourceError{file + ": cannot be read"};
     }
-    auto picture = cli::DecodePng(bytes);
+    auto picture = glyphs::DecodePng(bytes);
     if (!picture) {
         throw makers::SourceError{file + ": " + picture.failure().message};
     }

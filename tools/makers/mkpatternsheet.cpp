@@ -8,7 +8,7 @@
 #include "makers/PatternSource.h"
 #include "makers/SourceText.h"
 
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 #include "glyphs/mdlPaint.h"
 #include "glyphs/mdlSwitches.h"
 
@@ -151,7 +151,7 @@ std::string drawSheet(const std::string& positions, const std::string& marks, co
         }
         cell = rounded(static_cast<std::size_t>(cell));
     }
-    auto png = cli::EncodePng(sheet.picture());
+    auto png = glyphs::EncodePng(sheet.picture());
     if (!png) {
         throw makers::SourceError{png.failure().message};
     }

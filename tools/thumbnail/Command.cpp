@@ -4,9 +4,9 @@
 
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
-#include "cli/PngPicture.h"
 #include "cli/Script.h"
 #include "cli/TerminalText.h"
+#include "glyphs/PngPicture.h"
 #include "glyphs/mdlData.h"
 #include "thumbnail/Drawing.h"
 #include "ui/FileWriter.h"
@@ -130,7 +130,7 @@ ui::Status Perform(const Task& task, ui::Files& files, const ui::ProgramDirector
     if (task.picture) {
         const ui::Picture picture =
             DrawThumbnail(script.value(), artwork.value(), task.size.value_or(DefaultSide));
-        if (auto written = WriteOutput(files, task, *task.picture, cli::EncodePng(picture)); !written) {
+        if (auto written = WriteOutput(files, task, *task.picture, glyphs::EncodePng(picture)); !written) {
             return written;
         }
     }

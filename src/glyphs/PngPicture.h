@@ -7,7 +7,7 @@
 
 #include <string_view>
 
-namespace cli {
+namespace glyphs {
 
 /// Sides of pictures that are decoded, in pixels.
 constexpr int MaxPictureSide = 1024;
@@ -19,4 +19,4 @@ constexpr int MaxPictureSide = 1024;
 /// A PNG file of a picture; with an alpha channel unless all of its pixels are opaque.
 [[nodiscard]] ui::Result<ui::Bytes> EncodePng(const ui::Picture& picture);
 
-} // namespace cli
+} // namespace glyphs

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "cli/PngPicture.h"
+#include "glyphs/PngPicture.h"
 
 #include <array>
 #include <cstdint>
 #include <png.h>
 #include <vector>
 
-namespace cli {
+namespace glyphs {
 
 namespace {
 
@@ -111,4 +111,4 @@ ui::Result<ui::Bytes> EncodePng(const ui::Picture& picture) {
     return bytes;
 }
 
-} // namespace cli
+} // namespace glyphs
