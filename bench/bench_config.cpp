@@ -66,6 +66,12 @@ public:
     std::optional<ui::Path> chooseFileToSave(const ui::FileDialogRequest& /*request*/) override { return {}; }
 
     std::optional<ui::Pixel> chooseColour(ui::Pixel /*initial*/) override { return {}; }
+
+    void follow(
+        const std::string& /*text*/, int /*steps*/,
+        const std::function<void(const ui::GoesOn&)>& work) override {
+        work([](int /*done*/) { return true; });
+    }
 };
 
 /// Files without the wait for the disk, which depends on the disk alone.

@@ -190,7 +190,13 @@ bool WriteEndlessLoop(GifFileType& gif) {
            EGifPutExtensionTrailer(&gif) == GIF_OK;
 }
 
-ui::Result<ui::Bytes> WriteGif(std::span<const GifFrame> frames, bool isAnimated) {
+ui::Result<ui::Bytes>
+WriteGif(std::span<const GifFrame> frames, bool isAnimated, const std::function<bool(int)>& goesOn = {}) {
+    int done = 0;
+    const auto isEnded = [&] {
+        return goesOn && !goesOn(++done);
+    };
+    const ui::Failure ended{"the work was ended"};
     if (frames.empty() || frames.front().picture.empty()) {
         return ui::Failure{"there is no picture to write"};
     }
@@ -203,6 +209,9 @@ ui::Result<ui::Bytes> WriteGif(std::span<const GifFrame> frames, bool isAnimated
         }
         if (!palette.add(frame.picture)) {
             return ui::Failure{"the picture has more than 256 colours"};
+        }
+        if (isEnded()) {
+            return ended;
         }
     }
     ui::Bytes bytes;
@@ -217,6 +226,9 @@ ui::Result<ui::Bytes> WriteGif(std::span<const GifFrame> frames, bool isAnimated
                    (!isAnimated || WriteEndlessLoop(*gif));
     for (const GifFrame& frame : frames) {
         written = written && WriteFrame(*gif, frame, palette, isAnimated);
+        if (isEnded()) {
+            return ended;
+        }
     }
     if (!written) {
         return GifFailure(gif->Error);
@@ -272,8 +284,9 @@ ui::Result<ui::Bytes> EncodeGif(const ui::Picture& picture) {
     return WriteGif(frames, false);
 }
 
-ui::Result<ui::Bytes> EncodeAnimatedGif(std::span<const GifFrame> frames) {
-    return WriteGif(frames, true);
+ui::Result<ui::Bytes>
+EncodeAnimatedGif(std::span<const GifFrame> frames, const std::function<bool(int)>& goesOn) {
+    return WriteGif(frames, true, goesOn);
 }
 
 } // namespace glyphs

@@ -5,6 +5,7 @@
 #include "ui/Files.h"
 #include "ui/Picture.h"
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -25,6 +26,9 @@ struct GifFrame {
 [[nodiscard]] ui::Result<ui::Bytes> EncodeGif(const ui::Picture& picture);
 
 /// A GIF that plays the frames for ever. All have the first one's size and at most 256 colours between them.
-[[nodiscard]] ui::Result<ui::Bytes> EncodeAnimatedGif(std::span<const GifFrame> frames);
+/// Every frame is two steps of the work, which ends with a failure when `goesOn`, asked after each how it is
+/// with so many done, says no.
+[[nodiscard]] ui::Result<ui::Bytes>
+EncodeAnimatedGif(std::span<const GifFrame> frames, const std::function<bool(int done)>& goesOn = {});
 
 } // namespace glyphs

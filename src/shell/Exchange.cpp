@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "shell/Exchange.h"
 
+#include "animation/AnimationPicture.h"
 #include "glyphs/LookAlikes.h"
+#include "glyphs/PngPicture.h"
 #include "glyphs/mdlPaint.h"
+#include "ui/FileWriter.h"
 
 #include <algorithm>
 
@@ -11,12 +14,33 @@ namespace shell {
 
 namespace {
 
+const std::string ExportSection = "export";
+const std::string FolderKey = "folder";
+
+/// Glyphs in files are twice as large as on the pages.
+constexpr int ExportFactor = 2 * glyphs::CellBlock;
+
 bool IsBlankRow(std::span<const glyphs::GlyphCode> row) {
     return std::ranges::all_of(row, [](glyphs::GlyphCode code) { return code == glyphs::BlankGlyph; });
 }
 
 std::string Counted(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " glyph" : " glyphs");
+}
+
+std::string SizeText(const ui::Picture& picture) {
+    return std::to_string(picture.width()) + " x " + std::to_string(picture.height()) + " pixels";
+}
+
+/// How long pictures are shown altogether.
+std::string PlayingTime(std::span<const glyphs::GifFrame> frames) {
+    constexpr int Second = 100;
+    int hundredths = 0;
+    for (const glyphs::GifFrame& frame : frames) {
+        hundredths += frame.delay;
+    }
+    const std::string rest = std::to_string(Second + hundredths % Second).substr(1);
+    return std::to_string(hundredths / Second) + "." + rest + " seconds";
 }
 
 } // namespace
@@ -44,9 +68,71 @@ void Exchange::copyAsPicture(int times) {
     const ui::Picture picture =
         glyphs::RowPicture(cursor.rows.row(cursor.row), m_workspace.atlas.source, times * glyphs::CellBlock);
     m_platform.clipboard.setPicture(picture);
-    m_session.tell(
-        "The clipboard holds a picture of " + std::to_string(picture.width()) + " x " +
-        std::to_string(picture.height()) + " pixels.");
+    m_session.tell("The clipboard holds a picture of " + SizeText(picture) + ".");
+    m_session.refresh();
+}
+
+bool Exchange::hasName() const {
+    return !IsBlankRow(m_workspace.documents.name.cells);
+}
+
+bool Exchange::hasAnimation() const {
+    const editing::AnimationDocument& animation = m_workspace.documents.animation;
+    return !IsBlankRow(std::span(animation.nameGlyphs)
+                           .first(static_cast<std::size_t>(animation.nameCount) * editing::NameLength));
+}
+
+std::optional<ui::Path>
+Exchange::chooseExport(const std::string& title, const std::string& name, const std::string& type) {
+    ui::FileDialogRequest request;
+    request.title = title;
+    request.extension = name.substr(name.rfind('.'));
+    request.initialName = name;
+    request.filters = {{type + " (*" + request.extension + ")", {"*" + request.extension}}};
+    request.folder = m_platform.settings.read(ExportSection, FolderKey).value_or("");
+    const auto path = m_platform.dialogs.chooseFileToSave(request);
+    if (path) {
+        m_platform.settings.write(ExportSection, FolderKey, ui::PathText(path->parent_path()));
+    }
+    return path;
+}
+
+void Exchange::write(const ui::Path& path, const ui::Result<ui::Bytes>& bytes, const std::string& what) {
+    const ui::Status written =
+        bytes ? ui::WriteFile(m_platform.files, path, bytes.value()) : ui::Status(bytes.failure());
+    if (written) {
+        m_session.tell("\"" + ui::PathText(path) + "\" was written: " + what + ".");
+    } else {
+        m_platform.dialogs.warn(written.failure().message);
+    }
+}
+
+void Exchange::exportName() {
+    const auto path = chooseExport("Export the Name", "name.png", "PNG Picture");
+    if (path) {
+        const ui::Picture picture =
+            glyphs::RowPicture(m_workspace.documents.name.cells, m_workspace.atlas.source, ExportFactor);
+        write(*path, glyphs::EncodePng(picture), SizeText(picture));
+    }
+    m_session.refresh();
+}
+
+void Exchange::exportAnimation() {
+    const auto path = chooseExport("Export the Animation", "animation.gif", "GIF Picture");
+    if (path) {
+        const auto frames = animation::AnimationFrames(
+            m_workspace.documents.animation, m_workspace.atlas.source, ExportFactor);
+        bool isWanted = true;
+        ui::Result<ui::Bytes> gif = ui::Bytes();
+        m_platform.dialogs.follow(
+            "The animation is being drawn.", 2 * static_cast<int>(frames.size()),
+            [&](const ui::GoesOn& goesOn) {
+                gif = glyphs::EncodeAnimatedGif(frames, [&](int done) { return isWanted = goesOn(done); });
+            });
+        if (isWanted) {
+            write(*path, gif, SizeText(frames.front().picture) + ", " + PlayingTime(frames));
+        }
+    }
     m_session.refresh();
 }
 

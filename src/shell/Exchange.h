@@ -4,6 +4,9 @@
 
 #include "shell/Session.h"
 
+#include <optional>
+#include <string>
+
 namespace shell {
 
 /// The commands that hand what is on the pages to other programs, and take it from them.
@@ -24,7 +27,20 @@ public:
     /// Places the text on the clipboard as glyphs, from the cursor on.
     void pasteText();
 
+    /// Whether the name, and any name of the animation in use, holds a glyph.
+    [[nodiscard]] bool hasName() const;
+    [[nodiscard]] bool hasAnimation() const;
+
+    /// Ask for a file, and write the name into it as a PNG picture, the animation as a GIF that plays.
+    void exportName();
+    void exportAnimation();
+
 private:
+    [[nodiscard]] std::optional<ui::Path>
+    chooseExport(const std::string& title, const std::string& name, const std::string& type);
+    /// `what` tells of a picture that was written.
+    void write(const ui::Path& path, const ui::Result<ui::Bytes>& bytes, const std::string& what);
+
     const ui::Platform& m_platform;
     Session& m_session;
     Workspace& m_workspace;

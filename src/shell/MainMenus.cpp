@@ -286,9 +286,14 @@ void MainMenus::showTakingBack() {
 }
 
 void MainMenus::showExchange() {
-    const bool hasRow = m_receivers.exchange.hasRow();
-    m_window.findChild<QAction*>(QStringLiteral("mnuEditCopyAsText"))->setEnabled(hasRow);
-    menu(QStringLiteral("mnuEditCopyAsPicture"))->menuAction()->setEnabled(hasRow);
+    const Exchange& exchange = m_receivers.exchange;
+    const auto offer = [this](const char* entry, bool isOffered) {
+        m_window.findChild<QAction*>(QLatin1String(entry))->setEnabled(isOffered);
+    };
+    offer("mnuEditCopyAsText", exchange.hasRow());
+    menu(QStringLiteral("mnuEditCopyAsPicture"))->menuAction()->setEnabled(exchange.hasRow());
+    offer("mnuFileExportName", exchange.hasName());
+    offer("mnuFileExportAni", exchange.hasAnimation());
 }
 
 bool MainMenus::open(int letter) {

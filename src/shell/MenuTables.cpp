@@ -27,11 +27,14 @@ void Run(const MenuReceivers& receivers) {
     }
 }
 
-constexpr std::array<MenuCommand, 50> MenuRows{{
+constexpr std::array<MenuCommand, 53> MenuRows{{
     {"", "mnuFile", "&File", nullptr},
     {"mnuFile", "mnuFileNew", "&New", nullptr},
     {"mnuFile", "mnuLoad", "&Load", nullptr},
     {"mnuFile", "mnuSave", "&Save", nullptr},
+    {"mnuFile", "mnuFileExport", "&Export", nullptr},
+    {"mnuFileExport", "mnuFileExportName", "&Name As PNG", Run<&Exchange::exportName>},
+    {"mnuFileExport", "mnuFileExportAni", "&Animation As GIF", Run<&Exchange::exportAnimation>},
     {"mnuFile", nullptr, nullptr, nullptr},
     {"mnuFile", EachKind, nullptr, nullptr},
     {"mnuLoadName", "mnuFileLoadNameFromConfigFile", "From &Config File",

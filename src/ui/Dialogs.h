@@ -58,6 +58,9 @@ struct FileDialogRequest {
     std::function<std::string(const Path&)> advice = {};
 };
 
+/// Asked by work after each of its steps, with the number of those done: whether it goes on.
+using GoesOn = std::function<bool(int done)>;
+
 /// Message boxes, file choosers and the colour chooser. Texts are UTF-8; a message's lines end with '\n'.
 /// Every call is modal; the boxes carry the application's title.
 class Dialogs {
@@ -75,6 +78,11 @@ public:
 
     /// The chosen colour; nothing when cancelled.
     virtual std::optional<Pixel> chooseColour(Pixel initial) = 0;
+
+    /// Runs work of so many steps. If it takes more than half a second, a bar shows how far it is, and Cancel
+    /// ends it.
+    virtual void
+    follow(const std::string& text, int steps, const std::function<void(const GoesOn&)>& work) = 0;
 
     /// Shows a message with one OK button and no icon.
     void inform(const std::string& text) { box({text}); }

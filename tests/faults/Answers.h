@@ -31,6 +31,12 @@ public:
 
     std::optional<ui::Pixel> chooseColour(ui::Pixel initial) override { return initial; }
 
+    void follow(
+        const std::string& /*text*/, int /*steps*/,
+        const std::function<void(const ui::GoesOn&)>& work) override {
+        work([](int /*done*/) { return true; });
+    }
+
     [[nodiscard]] Report report(const std::string& more = {}) const { return {m_isDone, m_messages + more}; }
 
 private:

@@ -290,6 +290,21 @@ TEST(EncodeAnimatedGif, PlaysItsFramesForEver) {
     EXPECT_EQ(first.value(), frames[0].picture);
 }
 
+TEST(EncodeAnimatedGif, TellsHowFarItIsAndEndsWhenItIsToldTo) {
+    const std::array<GifFrame, 3> frames{
+        GifFrame{Coloured(8, 8, 3), 1}, GifFrame{Coloured(8, 8, 4), 1}, GifFrame{Coloured(8, 8, 5), 1}};
+    for (const int last : {1, 2, 3, 4, 5, 6, 7}) {
+        std::vector<int> told;
+        const auto bytes = EncodeAnimatedGif(frames, [&](int done) {
+            told.push_back(done);
+            return done < last;
+        });
+        EXPECT_EQ(bytes.ok(), last == 7) << last;
+        ASSERT_EQ(told.size(), static_cast<std::size_t>(std::min(last, 6)));
+        EXPECT_EQ(told.back(), std::min(last, 6)) << "two steps a frame";
+    }
+}
+
 TEST(EncodeAnimatedGif, RefusesFramesThatDoNotBelongTogether) {
     EXPECT_FALSE(EncodeAnimatedGif({}));
     const std::array<GifFrame, 2> sizes{GifFrame{Picture(8, 8), 1}, GifFrame{Picture(8, 9), 1}};

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
+#include "glyphs/GifPicture.h"
+#include "glyphs/PngPicture.h"
 #include "support/PaintedPages.h"
 
 #include <QMenu>
@@ -25,6 +27,18 @@ protected:
             return static_cast<glyphs::GlyphCode>(static_cast<unsigned char>(byte));
         });
         press(Qt::Key_Home); // the window follows
+    }
+};
+
+/// Pictures in files.
+class Exporting : public Exchanging {
+protected:
+    static support::ExpectedFileDialog name() {
+        return {"Export the Name", "name.png", {{"PNG Picture (*.png)", {"*.png"}}}, {}, ".png"};
+    }
+
+    static support::ExpectedFileDialog animation() {
+        return {"Export the Animation", "animation.gif", {{"GIF Picture (*.gif)", {"*.gif"}}}, {}, ".gif"};
     }
 };
 
@@ -130,6 +144,76 @@ TEST_F(Exchanging, SaysSoWhenThereIsNothingToPaste) {
     EXPECT_EQ(status(), "The clipboard holds no text for glyphs.");
     EXPECT_EQ(row(), "a              ");
     EXPECT_EQ(find<QAction>("mnuEditUndo")->text(), QStringLiteral("&Undo Typing"));
+}
+
+TEST_F(Exporting, WritesTheNameAsAPicture) {
+    startOn(Page::Name);
+    EXPECT_FALSE(offers("mnuFileExportName"));
+    type(" vtm");
+    EXPECT_TRUE(offers("mnuFileExportName"));
+    const ui::Path path = fake.directory.files / "me.png";
+    fake.dialogs.expectSave(name(), path);
+    choose("mnuFileExportName");
+    const auto picture = glyphs::DecodePng(fake.directory.files.content("me.png"));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(
+        picture.value(), glyphs::RowPicture(workspace().documents.name.cells, workspace().atlas.source, 4));
+    EXPECT_EQ(picture.value().width(), 96);
+    EXPECT_EQ(status(), "\"" + path.native() + "\" was written: 96 x 32 pixels.");
+    choose("mnuEditUndo");
+    EXPECT_FALSE(offers("mnuFileExportName"));
+}
+
+TEST_F(Exporting, WritesTheAnimationAsAGifThatPlays) {
+    startOn(Page::Animation);
+    EXPECT_FALSE(offers("mnuFileExportAni"));
+    type("wave");
+    EXPECT_TRUE(offers("mnuFileExportAni"));
+    workspace().documents.animation.ticks(15) = 7;
+    workspace().documents.animation.ticks(1) = 0;
+    const ui::Path path = fake.directory.files / "wave.gif";
+    fake.dialogs.expectSave(animation(), path);
+    choose("mnuFileExportAni");
+    const auto first = glyphs::DecodeGif(fake.directory.files.content("wave.gif"));
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first.value().width(), 15 * 32);
+    EXPECT_EQ(first.value().height(), 32);
+    EXPECT_EQ(status(), "\"" + path.native() + "\" was written: 480 x 32 pixels, 1.65 seconds.");
+    EXPECT_EQ(fake.dialogs.steps, 28) << "two steps for each of 14 names";
+    EXPECT_EQ(fake.dialogs.stepsDone, 28);
+}
+
+TEST_F(Exporting, StartsInTheFolderOfTheLastTime) {
+    startOn(Page::Name);
+    type("a");
+    fake.dialogs.expectSave(name(), fake.directory.files / "a.png");
+    choose("mnuFileExportName");
+    EXPECT_EQ(fake.settings.read("export", "folder"), fake.directory.files.path().native());
+    support::ExpectedFileDialog again = name();
+    again.folder = fake.directory.files.path();
+    fake.dialogs.expectSave(again, {});
+    choose("mnuFileExportName");
+    EXPECT_EQ(status(), "") << "cancelled";
+}
+
+TEST_F(Exporting, WritesNothingWhenItIsCancelled) {
+    startOn(Page::Animation);
+    type("wave");
+    fake.dialogs.cancelAfter = 3;
+    fake.dialogs.expectSave(animation(), fake.directory.files / "wave.gif");
+    choose("mnuFileExportAni");
+    EXPECT_EQ(fake.dialogs.stepsDone, 3);
+    EXPECT_FALSE(fake.files.exists(fake.directory.files / "wave.gif"));
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(Exporting, TellsWhyNothingCouldBeWritten) {
+    startOn(Page::Name);
+    type("a");
+    const ui::Path path = fake.directory.files / "missing" / "a.png";
+    fake.dialogs.expectSave(name(), path);
+    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
+    choose("mnuFileExportName");
 }
 
 TEST_F(Exchanging, BringsARowBackThatLooksTheSame) {

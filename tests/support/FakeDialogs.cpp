@@ -231,4 +231,13 @@ std::optional<ui::Pixel> FakeDialogs::chooseColour(ui::Pixel initial) {
     return step->colour;
 }
 
+void FakeDialogs::follow(
+    const std::string& /*text*/, int count, const std::function<void(const ui::GoesOn&)>& work) {
+    steps = count;
+    work([this](int done) {
+        stepsDone = done;
+        return !cancelAfter || done < *cancelAfter;
+    });
+}
+
 } // namespace support

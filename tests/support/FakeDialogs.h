@@ -86,6 +86,14 @@ public:
     std::optional<ui::Path> chooseFileToSave(const ui::FileDialogRequest& request) override;
     std::optional<ui::Pixel> chooseColour(ui::Pixel initial) override;
 
+    /// Work is never asked about: it runs to its end, unless the test says otherwise.
+    void
+    follow(const std::string& text, int steps, const std::function<void(const ui::GoesOn&)>& work) override;
+
+    std::optional<int> cancelAfter; ///< steps of the next work
+    int stepsDone = 0;              ///< of the last work
+    int steps = 0;                  ///< that it was said to have
+
 private:
     struct Step {
         Call call = {};

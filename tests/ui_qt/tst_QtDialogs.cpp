@@ -8,8 +8,10 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QStyleHintReturn>
@@ -242,6 +244,42 @@ TEST(ColourDialog, ReturnsTheChosenColour) {
 TEST(ColourDialog, ReturnsNothingWhenCancelled) {
     WhenShown<QColorDialog> shown([](QColorDialog& dialog) { PressKey(dialog, Qt::Key_Escape); });
     EXPECT_EQ(QtDialogs().chooseColour(0xFF123456U), std::nullopt);
+}
+
+TEST(Progress, IsNotShownForQuickWork) {
+    std::vector<bool> answers;
+    QtDialogs().follow("Drawing", 3, [&](const ui::GoesOn& goesOn) {
+        for (const int done : {1, 2, 3}) {
+            answers.push_back(goesOn(done));
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        }
+    });
+    EXPECT_EQ(answers, std::vector<bool>(3, true));
+}
+
+TEST(Progress, OfLongWorkIsShownAndEndsItWithCancel) {
+    static constexpr int Steps = 1000000000;
+    QtDialogs().follow("Drawing", Steps, [](const ui::GoesOn& goesOn) {
+        QElapsedTimer time;
+        time.start();
+        const auto isShown = [] {
+            return QApplication::activeModalWidget() != nullptr;
+        };
+        int done = 0;
+        while (!isShown() && time.elapsed() < 20000) {
+            EXPECT_TRUE(goesOn(++done));
+        }
+        auto* const dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Vortigo"));
+        EXPECT_EQ(dialog->labelText(), QStringLiteral("Drawing"));
+        EXPECT_EQ(dialog->maximum(), Steps);
+        EXPECT_TRUE(goesOn(++done));
+        EXPECT_EQ(dialog->value(), done);
+        PressKey(*dialog, Qt::Key_Escape);
+        EXPECT_FALSE(goesOn(++done));
+    });
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 } // namespace

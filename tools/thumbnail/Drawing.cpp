@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "thumbnail/Drawing.h"
 
+#include "animation/AnimationPicture.h"
 #include "glyphs/mdlData.h"
 #include "glyphs/mdlPaint.h"
 
@@ -160,30 +161,8 @@ ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork,
 
 std::vector<glyphs::GifFrame>
 DrawAnimation(const editing::AnimationDocument& animation, const ui::Picture& artwork, int width) {
-    constexpr int HundredthsPerTick = 5;
-    constexpr int MaxTicksPerFrame = 0xFFFF / HundredthsPerTick;
-    const ui::Picture source = glyphs::BuildAtlas(artwork, ui::OpaqueBlack).source;
     const int factor = std::max(width / (editing::NameLength * ArtworkCell), 1);
-    const auto drawn = [&](int name) {
-        ui::Picture picture(editing::NameLength * ArtworkCell * factor, ArtworkCell * factor);
-        glyphs::DrawRow(picture, animation.name(name), source, 0, 0, factor);
-        return picture;
-    };
-    std::vector<glyphs::GifFrame> frames;
-    for (int name = 1; name <= animation.nameCount; ++name) {
-        int ticks = animation.ticks(name);
-        if (ticks == 0) {
-            continue;
-        }
-        const ui::Picture picture = drawn(name);
-        for (; ticks > 0; ticks -= MaxTicksPerFrame) {
-            frames.push_back({picture, std::min(ticks, MaxTicksPerFrame) * HundredthsPerTick});
-        }
-    }
-    if (frames.empty()) {
-        frames.push_back({drawn(animation.nameCount), HundredthsPerTick});
-    }
-    return frames;
+    return animation::AnimationFrames(animation, glyphs::BuildAtlas(artwork, ui::OpaqueBlack).source, factor);
 }
 
 } // namespace thumbnail

@@ -18,8 +18,7 @@ constexpr int MaxSide = 1024;
 /// by a whole factor; rows too wide even so go on in the next line. `artwork` is 128 x 128.
 [[nodiscard]] ui::Picture DrawThumbnail(const cli::Script& script, const ui::Picture& artwork, int side);
 
-/// An animation's names as the game shows them, with their times: names without ticks are left out, unless
-/// none has any; then it is the last name that stays. Glyphs are enlarged by a whole factor so that 15 of
+/// An animation's frames (animation::AnimationFrames). Glyphs are enlarged by a whole factor so that 15 of
 /// them take at most `width` pixels, but not made smaller.
 [[nodiscard]] std::vector<glyphs::GifFrame>
 DrawAnimation(const editing::AnimationDocument& animation, const ui::Picture& artwork, int width);

@@ -10,6 +10,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressDialog>
 
 #include <algorithm>
 
@@ -168,6 +169,21 @@ std::optional<Pixel> QtDialogs::chooseColour(Pixel initial) {
     return OpaquePixel(
         static_cast<unsigned>(chosen.red()), static_cast<unsigned>(chosen.green()),
         static_cast<unsigned>(chosen.blue()));
+}
+
+void QtDialogs::follow(const std::string& text, int steps, const std::function<void(const GoesOn&)>& work) {
+    constexpr int Patience = 500; // milliseconds
+    QProgressDialog dialog(Parent());
+    dialog.setWindowTitle(QString::fromLatin1(BoxTitle));
+    dialog.setLabelText(QString::fromStdString(text));
+    dialog.setModal(true);
+    dialog.setMinimumDuration(Patience);
+    dialog.setRange(0, steps);
+    dialog.setValue(0);
+    work([&dialog](int done) {
+        dialog.setValue(done);
+        return !dialog.wasCanceled();
+    });
 }
 
 } // namespace ui::qt

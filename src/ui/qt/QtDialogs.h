@@ -27,6 +27,7 @@ public:
     std::optional<Path> chooseFileToOpen(const FileDialogRequest& request) override;
     std::optional<Path> chooseFileToSave(const FileDialogRequest& request) override;
     std::optional<Pixel> chooseColour(Pixel initial) override;
+    void follow(const std::string& text, int steps, const std::function<void(const GoesOn&)>& work) override;
 
 private:
     std::optional<Path> chooseFile(const FileDialogRequest& request, QFileDialog::AcceptMode mode);
