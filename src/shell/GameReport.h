@@ -31,8 +31,8 @@ struct GameReport {
     friend bool operator==(const GameReport&, const GameReport&) = default;
 };
 
-/// What the games make of a page. The first line tells the preview's time too. Of several things to say about an animation or messages, those about the
-/// cursor's row come before those about other rows.
+/// What the games make of a page. The first line tells the preview's time too. Of several things to say about
+/// an animation or messages, those about the cursor's row come before those about other rows.
 [[nodiscard]] GameReport
 ReportOf(editing::Documents& documents, editing::Page page, const games::FamilyChoice& chosen);
 

@@ -60,12 +60,10 @@ TEST_F(CheckCommand, TellsWhatOthersSeeOfAName) {
     const std::string script = file("clan.vtn", NameHead + "name \"Bob \xC1#$\"\r\n");
     EXPECT_EQ(run({script}), 1);
     EXPECT_EQ(
-        output.str(),
-        script +
-            ": a name, 49 bytes\n"
-            "  Quake       kept\n"
-            "  QuakeWorld  the server will call you \"unnamed\": # in cell 6\n"
-            "  Quake2      others see: Bob A#$\n");
+        output.str(), script + ": a name, 49 bytes\n"
+                               "  Quake       kept\n"
+                               "  QuakeWorld  the server will call you \"unnamed\": # in cell 6\n"
+                               "  Quake2      others see: Bob A#$\n");
     EXPECT_EQ(run({"--game", "quake", script}), 0) << "a note of one engine is no loss";
 }
 
