@@ -11,8 +11,6 @@
 #include <QStyle>
 
 #include "editing/GlyphCells.h"
-#include "glyphs/GlyphWords.h"
-#include "shell/Texts.h"
 #include "shell/mdlLaunch.h"
 #include "ui/qt/DialogButtons.h"
 #include "ui/qt/SmallPrint.h"
@@ -34,26 +32,15 @@ QColor ColourOf(ui::Pixel pixel) {
     return QColor::fromRgb(pixel);
 }
 
-/// A glyph, large enough to be judged.
-ui::Picture LargeGlyph(const glyphs::GlyphAtlas& atlas, glyphs::GlyphCode code) {
-    ui::Picture picture(KeyStrip::GlyphSide, KeyStrip::GlyphSide);
-    glyphs::StretchCells(
-        picture, picture.bounds(), atlas.source,
-        {code % 16 * glyphs::ArtworkCell, code / 16 * glyphs::ArtworkCell, glyphs::ArtworkCell,
-         glyphs::ArtworkCell});
-    return picture;
-}
-
 } // namespace
 
 frmOptions::frmOptions(
     const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
-    const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph, QWidget* parent)
+    const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, KeyMapPage::GlyphPicker pickGlyph,
+    QWidget* parent)
     : QDialog(parent)
     , m_platform(platform)
     , m_atlas(atlas)
-    , m_keys(keys)
-    , m_pickGlyph(std::move(pickGlyph))
     , m_model(settings, charSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
     m_form->setupUi(this);
@@ -63,8 +50,6 @@ frmOptions::frmOptions(
     m_colours = {
         m_form->picColor_0, m_form->picColor_1, m_form->picColor_2, m_form->picColor_3, m_form->picColor_4};
     m_cursors = {m_form->cmbMouse_0, m_form->cmbMouse_1, m_form->cmbMouse_2, m_form->cmbMouse_3};
-    m_keyStrips = {m_form->picKeyStripCont_0, m_form->picKeyStripCont_1, m_form->picKeyStripCont_2};
-    m_keyPictures = {m_form->picKey_0, m_form->picKey_1, m_form->picKey_2};
 
     // A larger font needs more than the rows are meant to have.
     const int soundRow = std::max(SoundRowHeight, fontMetrics().height());
@@ -82,15 +67,7 @@ frmOptions::frmOptions(
     m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();
     listCharSets();
-    for (const auto name : editing::KeyNames()) {
-        m_form->KeyListBox->addItem(FromLatin1(name));
-    }
-    // Completion would put text into the box that the user has not chosen.
-    m_form->KeyListBox->setCompleter(nullptr);
-    for (auto* const picture : m_keyPictures) {
-        picture->setBlock(KeyStrip::GlyphSide / glyphs::ArtworkCell);
-    }
-    showKey();
+    new KeyMapPage(*m_form, *this, platform, atlas, keys, m_model, std::move(pickGlyph));
     connectControls();
 }
 
@@ -130,20 +107,6 @@ void frmOptions::connectControls() {
     for (std::size_t i = 0; i < m_cursors.size(); ++i) {
         connect(m_cursors[i], &QComboBox::activated, this, [this, i] { cmbMouse_Click(i); });
     }
-    connect(m_form->KeyListBox, &QComboBox::activated, this, &frmOptions::KeyListBox_Click);
-    connect(m_form->KeyListBox->lineEdit(), &QLineEdit::textEdited, this, &frmOptions::KeyListBox_KeyPress);
-    for (std::size_t i = 0; i < m_keyStrips.size(); ++i) {
-        connect(m_keyStrips[i], &KeyStrip::clicked, this, [this, i] { picKeyStripCont_Click(i); });
-        connect(
-            m_keyPictures[i], &ui::qt::PictureWidget::pressed, this,
-            [this, i](QPoint, Qt::MouseButton button) {
-                if (button == Qt::LeftButton) {
-                    picKeyStripCont_Click(i);
-                }
-            });
-    }
-    connect(
-        m_form->cmdResetKeysToDefault, &QPushButton::clicked, this, &frmOptions::cmdResetKeysToDefault_Click);
     connect(m_form->buttons, &QDialogButtonBox::accepted, this, &frmOptions::cmdOK_Click);
     connect(m_form->buttons, &QDialogButtonBox::rejected, this, &frmOptions::cmdCancel_Click);
 }
@@ -230,17 +193,6 @@ void frmOptions::keepCharSet(const std::string& reason) {
         Qt::QueuedConnection);
 }
 
-void frmOptions::showKey() {
-    const auto& key = m_keys.used.at(static_cast<std::size_t>(m_form->KeyListBox->currentIndex()));
-    for (std::size_t i = 0; i < key.size(); ++i) {
-        m_keyGlyphs[i] = LargeGlyph(m_atlas, key[i]);
-        m_keyPictures[i]->setPicture(&m_keyGlyphs[i]);
-        const QString words = FromLatin1(glyphs::GlyphName(key[i]));
-        m_keyStrips[i]->setAccessibleDescription(words);
-        m_keyPictures[i]->setAccessibleName(words);
-    }
-}
-
 void frmOptions::chkCaseChoice_Click() {
     m_model.setCaseChoice(m_form->chkCaseChoice->isChecked());
 }
@@ -320,34 +272,6 @@ void frmOptions::cmdGotoTc_Click() {
 
 void frmOptions::cmbMouse_Click(std::size_t index) {
     m_model.setCursor(index, static_cast<std::int16_t>(m_cursors[index]->currentIndex()));
-}
-
-void frmOptions::KeyListBox_Click() {
-    showKey();
-}
-
-void frmOptions::KeyListBox_KeyPress() {
-    m_form->KeyListBox->clearEditText();
-}
-
-void frmOptions::picKeyStripCont_Click(std::size_t index) {
-    const auto key = static_cast<std::size_t>(m_form->KeyListBox->currentIndex());
-    m_model.setKeyGlyph(m_keys.used, key, index, m_pickGlyph(m_keys.used.at(key).at(index)));
-    showKey();
-}
-
-void frmOptions::cmdResetKeysToDefault_Click() {
-    if (!m_platform.dialogs.askYesNo(texts::ResetKeys)) {
-        return;
-    }
-    const auto loaded = editing::LoadKeyMap(m_platform.files, m_platform.directory);
-    m_keys = {loaded.map, loaded.map};
-    // Typing into the list has emptied its text.
-    m_form->KeyListBox->setEditText(m_form->KeyListBox->itemText(m_form->KeyListBox->currentIndex()));
-    showKey();
-    if (!loaded.status) {
-        m_platform.dialogs.warn(loaded.status.failure().message);
-    }
 }
 
 void frmOptions::cmdOK_Click() {

@@ -3,20 +3,16 @@
 #pragma once
 
 #include "editing/KeyMapFile.h"
+#include "shell/KeyMapPage.h"
 #include "shell/OptionsModel.h"
 
 #include <QDialog>
 
 #include <array>
-#include <functional>
 #include <memory>
 
 class QCheckBox;
 class QComboBox;
-
-namespace ui::qt {
-class PictureWidget;
-}
 
 namespace Ui {
 class frmOptions;
@@ -25,7 +21,6 @@ class frmOptions;
 namespace shell {
 
 class ColourBox;
-class KeyStrip;
 
 /// The options dialog. It works on a copy of the settings; when it was accepted, `model()` tells what to
 /// apply. Only the key map is edited in place.
@@ -33,13 +28,10 @@ class frmOptions final : public QDialog {
     Q_OBJECT
 
 public:
-    /// Lets the user pick a glyph, starting at one; returns the start when that is cancelled.
-    using GlyphPicker = std::function<glyphs::GlyphCode(glyphs::GlyphCode start)>;
-
     /// `platform`, `atlas` (the glyphs as they are in use) and `keys` outlive the dialog.
     frmOptions(
         const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
-        const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, GlyphPicker pickGlyph,
+        const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, KeyMapPage::GlyphPicker pickGlyph,
         QWidget* parent = nullptr);
     ~frmOptions() override;
 
@@ -54,7 +46,6 @@ private:
     void showCharSet(int row, glyphs::CharSet set);
     void paintCharSet();
     void keepCharSet(const std::string& reason);
-    void showKey();
 
     void chkCaseChoice_Click();
     void txtbmpScreenShotFileName_Change(const QString& text);
@@ -69,31 +60,22 @@ private:
     void GridList_Click(int row);
     void cmdGotoTc_Click();
     void cmbMouse_Click(std::size_t index);
-    void KeyListBox_Click();
-    void KeyListBox_KeyPress();
-    void picKeyStripCont_Click(std::size_t index);
-    void cmdResetKeysToDefault_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
 
     const ui::Platform& m_platform;
     const glyphs::GlyphAtlas& m_atlas;
-    editing::KeyMaps& m_keys;
-    GlyphPicker m_pickGlyph;
     OptionsModel m_model;
 
     std::unique_ptr<Ui::frmOptions> m_form;
     std::array<QCheckBox*, 4> m_sounds{};
     std::array<ColourBox*, ColourCount> m_colours{};
     std::array<QComboBox*, CursorCount> m_cursors{};
-    std::array<KeyStrip*, 3> m_keyStrips{};
-    std::array<ui::qt::PictureWidget*, 3> m_keyPictures{};
 
     int m_shownCharSet = -1; // row of the list; none when the list is empty
     ui::Picture m_shownArtwork;
     ui::Picture m_shownGlyphs;
     bool m_keepsCharSet = false; // that a set cannot be read is still to be said
-    std::array<ui::Picture, 3> m_keyGlyphs;
 };
 
 } // namespace shell

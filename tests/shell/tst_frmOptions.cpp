@@ -578,7 +578,7 @@ TEST_F(OptionsDialog, TabReachesEveryControlOfAPage) {
         {"GridList", "cmdGotoTc", "cmdOK", "cmdCancel"},
         {"cmbMouse_0", "cmbMouse_1", "cmbMouse_2", "cmbMouse_3", "cmdOK", "cmdCancel"},
         {"KeyListBox", "picKeyStripCont_0", "picKeyStripCont_1", "picKeyStripCont_2", "cmdResetKeysToDefault",
-         "cmdOK", "cmdCancel"},
+         "cmdKeyboard", "cmdOK", "cmdCancel"},
     };
     for (std::size_t page = 0; page < pages.size(); ++page) {
         SCOPED_TRACE(page);
