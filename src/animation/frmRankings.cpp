@@ -4,6 +4,7 @@
 
 #include "animation/PlayerLook.h"
 #include "animation/RowTimes.h"
+#include "animation/StripMover.h"
 #include "games/Timetable.h"
 #include "glyphs/GlyphWords.h"
 #include "ui/qt/PictureWidget.h"
@@ -15,7 +16,6 @@
 #include <QApplication>
 #include <QImageReader>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
@@ -31,11 +31,6 @@ namespace {
 /// Between the buttons and what stands beside them.
 constexpr int PlaceDistance = 16;
 
-/// The painted rows of the names in use, copied.
-QImage RowsInUse(const ui::Picture& painted, int names) {
-    return ui::qt::ImageOver(painted).copy(0, 0, painted.width(), names * glyphs::CellSide);
-}
-
 ui::Picture PictureOf(const QImage& image) {
     const QImage opaque = image.convertToFormat(QImage::Format_RGB32);
     ui::Picture picture(opaque.width(), opaque.height());
@@ -43,6 +38,11 @@ ui::Picture PictureOf(const QImage& image) {
         std::copy_n(reinterpret_cast<const QRgb*>(opaque.constScanLine(y)), opaque.width(), picture.row(y));
     }
     return picture;
+}
+
+/// The painted rows of the names in use, copied.
+ui::Picture RowsInUse(const ui::Picture& painted, int names) {
+    return PictureOf(ui::qt::ImageOver(painted).copy(0, 0, painted.width(), names * glyphs::CellSide));
 }
 
 QRect RectOf(const ui::Rect& rect) {
@@ -61,6 +61,7 @@ frmRankings::frmRankings(
     , m_choices(std::move(choices))
     , m_preview(animation)
     , m_names(RowsInUse(paintedNames, animation.nameCount))
+    , m_isDoubled(IsDoubled(m_names))
     , AniTimer(new QTimer(this)) {
     m_form->setupUi(this);
     AniTimer->setObjectName(QStringLiteral("AniTimer"));
@@ -75,6 +76,7 @@ frmRankings::frmRankings(
     // At a fractional scale the screenshot shows through at the edges of the frame.
     m_form->AniPic->setAutoFillBackground(false);
 
+    m_mover = new StripMover(m_form->AniPic, this, m_choices.line);
     loadScreenShot();
     offerPaces();
     keepPlaceWidth();
@@ -100,6 +102,7 @@ void frmRankings::loadScreenShot() {
     QImageReader reader(ui::qt::FromPath(found.path));
     // A picture that cannot be read leaves the background empty.
     m_screenShot = reader.read();
+    m_isDoubled = m_isDoubled && (m_screenShot.isNull() || IsDoubled(PictureOf(m_screenShot)));
     if (m_screenShot.isNull()) {
         m_form->lblReason->setText(
             tr("%1 cannot be shown: %2").arg(ui::qt::FromPath(found.path), reader.errorString()));
@@ -116,6 +119,7 @@ void frmRankings::connectControls() {
     connect(m_form->cmdQuit, &QPushButton::clicked, this, &frmRankings::cmdQuit_Click);
     connect(m_form->chkAgain, &QCheckBox::toggled, this, &frmRankings::chkAgain_Click);
     connect(m_form->cmboPace, &QComboBox::currentIndexChanged, this, &frmRankings::cmboPace_Click);
+    connect(m_mover, &StripMover::moved, this, &frmRankings::Form_Resize);
     connect(AniTimer, &QTimer::timeout, this, &frmRankings::AniTimer_Timer);
 }
 
@@ -161,6 +165,10 @@ void frmRankings::keepPlaceWidth() {
     m_form->lblTime->setMinimumWidth(m_form->lblTime->sizeHint().width());
 }
 
+std::optional<BoardLine> frmRankings::line() const {
+    return m_mover->line();
+}
+
 void frmRankings::done(int result) {
     m_preview.close();
     AniTimer->stop();
@@ -201,10 +209,14 @@ void frmRankings::Form_Resize() {
                        .screenShotHeight = m_screenShot.height(),
                        .playerWidth = player.width(),
                        .playerHeight = player.height(),
-                       .devicePixelRatio = devicePixelRatioF()}));
-    if (m_shownNames.empty() || before.enlarge != m_layout.enlarge || before.reduce != m_layout.reduce) {
+                       .devicePixelRatio = devicePixelRatioF(),
+                       .isDoubled = m_isDoubled,
+                       .line = m_mover->line()}));
+    if (m_form->AniPic->picture() == nullptr || before.enlarge != m_layout.enlarge ||
+        before.reduce != m_layout.reduce || before.nameReduce != m_layout.nameReduce) {
         scalePictures();
     }
+    m_mover->follow(m_layout);
     m_form->picScreenShot->move(m_layout.screenShot.x, m_layout.screenShot.y);
     m_form->AniPicBox->setGeometry(RectOf(m_layout.strip));
     m_form->picPlayer->setGeometry(RectOf(m_layout.player));
@@ -230,42 +242,20 @@ QSize frmRankings::playerSize() {
 }
 
 void frmRankings::scalePictures() {
-    const int enlarge = m_layout.enlarge;
-    const int reduce = m_layout.reduce;
     // Enlarged pixels stay blocks; where several become one they are blended.
-    const bool areBlended = reduce > enlarge;
-    const auto scaled = [=](const QImage& image) {
-        return areBlended ? image.scaled(
-                                (QSizeF(image.size()) / reduce).toSize().expandedTo({1, 1}),
-                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                          : image;
-    };
-    m_shownScreenShot = m_screenShot.isNull() ? ui::Picture() : PictureOf(scaled(m_screenShot));
-    const int names = m_names.height() / glyphs::CellSide;
-    const QSize one = scaled(strip(1)).size();
-    QImage all(one.width(), names * one.height(), QImage::Format_RGB32);
-    QPainter painter(&all);
-    for (int name = 1; name <= names; ++name) {
-        painter.drawImage(0, (name - 1) * one.height(), scaled(strip(name)));
+    const bool isBlended = m_layout.reduce > m_layout.enlarge;
+    m_shownScreenShot = ui::Picture();
+    if (!m_screenShot.isNull()) {
+        m_shownScreenShot = PictureOf(
+            isBlended ? m_screenShot.scaled(
+                            (QSizeF(m_screenShot.size()) / m_layout.reduce).toSize().expandedTo({1, 1}),
+                            Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                      : m_screenShot);
     }
-    painter.end();
-    m_shownNames = PictureOf(all);
-    for (ui::qt::PictureWidget* const shown : {m_form->picScreenShot, m_form->AniPic}) {
-        shown->setBlock(areBlended ? 1 : reduce, areBlended ? 1 : enlarge);
-    }
+    m_form->picScreenShot->setBlock(isBlended ? 1 : m_layout.reduce, isBlended ? 1 : m_layout.enlarge);
     m_form->picScreenShot->setPicture(&m_shownScreenShot);
-    m_form->AniPic->setPicture(&m_shownNames);
-}
-
-/// A name over the part of the screenshot that the strip covers.
-QImage frmRankings::strip(int name) const {
-    QImage image(m_layout.underStrip.width, m_layout.underStrip.height, QImage::Format_RGB32);
-    image.fill(Qt::black);
-    QPainter painter(&image);
-    painter.drawImage(-m_layout.underStrip.x, -m_layout.underStrip.y, m_screenShot);
-    painter.drawImage(
-        m_layout.nameX, m_layout.nameY, m_names, 0, (name - 1) * glyphs::CellSide, -1, glyphs::CellSide);
-    return image;
+    m_form->AniPic->setBlock(m_layout.nameReduce, m_layout.nameEnlarge);
+    m_form->AniPic->setPicture(&m_names);
 }
 
 QString frmRankings::placeText(int name) const {
@@ -280,8 +270,8 @@ void frmRankings::showName() {
     m_form->lblPlace->setText(placeText(m_preview.shownName()));
     m_form->lblTime->setText(SecondsText(m_preview.elapsedTicks() * m_tick));
     const int name = m_preview.shownName();
-    const int height = m_shownNames.height() * glyphs::CellSide / m_names.height();
-    m_form->AniPic->setView((name - 1) * height, height, {m_layout.insetX, m_layout.insetY});
+    m_form->AniPic->setView(
+        (name - 1) * glyphs::CellSide, glyphs::CellSide, {m_layout.insetX, m_layout.insetY});
     // While it plays no voice could keep up.
     if (QAccessible::isActive() && !m_preview.playing()) {
         m_form->AniPic->setAccessibleDescription(

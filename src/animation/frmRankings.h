@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "animation/RankingsLayout.h"
 #include "animation/mdlAniPreview.h"
 #include "games/Engines.h"
 #include "glyphs/mdlPaint.h"
@@ -11,11 +12,14 @@
 #include <QImage>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 class QTimer;
 
 namespace animation {
+
+class StripMover;
 
 namespace Ui {
 class frmRankings;
@@ -25,7 +29,8 @@ class frmRankings;
 struct RankingsChoices {
     std::string screenShot; ///< a path, or empty
     glyphs::SoundOptions sounds;
-    games::FamilyChoice games{}; ///< whose paces can be chosen
+    games::FamilyChoice games{};                  ///< whose paces can be chosen
+    std::optional<BoardLine> line = std::nullopt; ///< where the name stands, if that was chosen
 };
 
 /// The full-window preview: the names of the animation follow one another over a screenshot of the game's
@@ -40,6 +45,9 @@ public:
         const editing::AnimationDocument& animation, const ui::Picture& paintedNames, RankingsChoices choices,
         const ui::Platform& platform, QWidget* parent = nullptr);
     ~frmRankings() override;
+
+    /// Where the name stands on the screenshot, if that was chosen.
+    [[nodiscard]] std::optional<BoardLine> line() const;
 
     void done(int result) override;
 
@@ -58,7 +66,6 @@ private:
     [[nodiscard]] QSize playerSize();
     void Form_Resize();
     void scalePictures();
-    [[nodiscard]] QImage strip(int name) const;
     void showName();
     [[nodiscard]] QString placeText(int name) const;
     void followPlaying();
@@ -79,11 +86,12 @@ private:
     const ui::Platform& m_platform;
     RankingsChoices m_choices;
     AniPreview m_preview;
-    QImage m_names;      ///< the rows in use as they were painted
+    ui::Picture m_names; ///< the rows in use as they were painted
+    bool m_isDoubled;    ///< names and screenshot are, see IsDoubled
     QImage m_screenShot; ///< null: there is none
-    ui::Picture m_shownNames;
     ui::Picture m_shownScreenShot;
     RankingsLayout m_layout;
+    StripMover* m_mover = nullptr;
     QTimer* AniTimer;
     QElapsedTimer m_clock;    ///< runs from the beginning of the playing or another pace
     std::int64_t m_ticks = 0; ///< ticks that have been stepped since then

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "editing/Documents.h"
-#include "ui/Picture.h"
 #include "ui/Platform.h"
 
 #include <array>
@@ -90,46 +89,6 @@ struct ScreenShot {
 /// Looks for the screenshot of the settings; a relative path lies in the program directory.
 [[nodiscard]] ScreenShot
 FindScreenShot(const std::string& setting, const ui::Files& files, const ui::ProgramDirectory& directory);
-
-/// The distance of the OK button's corner from the right and the bottom edge.
-constexpr int QuitDistance = 40;
-
-/// The screenshot begins below such a part of the window.
-constexpr int TopPart = 10;
-
-/// Widths and heights in pixels.
-struct RankingsSizes {
-    int windowWidth = 0;
-    int windowHeight = 0;
-    int screenShotWidth = 0; ///< 0: there is no screenshot
-    int screenShotHeight = 0;
-    int playerWidth = 0;
-    int playerHeight = 0;
-    double devicePixelRatio = 1; ///< pixels of the screen in one of the window
-};
-
-/// Where everything stands in the preview's window.
-struct RankingsLayout {
-    int enlarge = 1;     ///< screenshot and strip have so many pixels of the screen
-    int reduce = 1;      ///< for so many of their pictures
-    ui::Rect screenShot; ///< empty: there is none
-    ui::Rect strip;      ///< the one-name frame over the line of the board where the player's name stands
-    int insetX = 0; ///< where in the frame the strip begins, in pixels of the screen: less than a pixel of
-    int insetY = 0; ///< the window
-    ui::Rect
-        underStrip; ///< what it covers of the screenshot, in the screenshot's pixels, also beyond its edge
-    int nameX = 0;  ///< where in that part the name stands, in the same pixels
-    int nameY = 0;
-    ui::Rect player; ///< the bar of the player buttons
-    ui::Rect quit;   ///< the OK button
-};
-
-/// Nothing in it is larger than the window, however small or large the screenshot is, unless the player
-/// buttons are. Pictures are enlarged and reduced by whole numbers, so that their pixels are alike on the
-/// screen; where the scale of the screen is none, by one and a half and so on too: the program's own pictures
-/// are made of pairs of pixels. Where a name's edges would fall between two pixels of the screen the strip
-/// reaches to the next whole ones.
-[[nodiscard]] RankingsLayout LayOutRankings(const RankingsSizes& sizes);
 
 /// How many ticks of `tick` milliseconds are due `milliseconds` after playing began, when `passed` have been
 /// stepped. A clock that is read a little early counts as being in time.

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace support {
@@ -22,6 +23,7 @@ struct RankingsWindow : testing::Test {
     AnimationDesk desk;
     FakePlatform platform;
     games::FamilyChoice games{true, true, true};
+    std::optional<animation::BoardLine> chosenLine;
     std::unique_ptr<animation::frmRankings> form;
 
     RankingsWindow() {
@@ -39,7 +41,8 @@ struct RankingsWindow : testing::Test {
     void open(const std::string& screenShot = "shot.bmp", QSize size = {1024, 768}) {
         form = std::make_unique<animation::frmRankings>(
             desk.animation(), desk.pictures.animation.pixels(),
-            animation::RankingsChoices{.screenShot = screenShot, .sounds = desk.soundOptions, .games = games},
+            animation::RankingsChoices{
+                .screenShot = screenShot, .sounds = desk.soundOptions, .games = games, .line = chosenLine},
             platform.platform);
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));

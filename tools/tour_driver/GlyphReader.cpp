@@ -12,17 +12,17 @@ constexpr int Edge = 3;
 
 } // namespace
 
-GlyphReader::GlyphReader(ui::Picture atlasCells, int scale)
+GlyphReader::GlyphReader(ui::Picture atlasCells, int halves)
     : m_cells(std::move(atlasCells))
-    , m_scale(scale) {}
+    , m_halves(halves) {}
 
 bool GlyphReader::matchesCell(const ui::Picture& screen, int x, int y, unsigned char code) const {
     const int left = code % 16 * glyphs::CellSide;
     const int top = code / 16 * glyphs::CellSide;
     for (int row = Edge; row < glyphs::CellSide - Edge; ++row) {
         for (int column = Edge; column < glyphs::CellSide - Edge; ++column) {
-            const int screenX = x + column * m_scale + m_scale / 2;
-            const int screenY = y + row * m_scale + m_scale / 2;
+            const int screenX = x + (2 * column + 1) * m_halves / 4;
+            const int screenY = y + (2 * row + 1) * m_halves / 4;
             if (screen.pixel(screenX, screenY) != m_cells.pixel(left + column, top + row)) {
                 return false;
             }

@@ -19,8 +19,8 @@ struct Position {
 /// drawn over them.
 class GlyphReader {
 public:
-    /// `scale`: how many pixels of the screen a glyph's pixel is wide.
-    GlyphReader(ui::Picture atlasCells, int scale);
+    /// `halves`: how many pixels of the screen two pixels of a glyph are wide.
+    GlyphReader(ui::Picture atlasCells, int halves);
 
     /// Where a row of glyphs is, the codes given as bytes; the first of them is not blank.
     [[nodiscard]] std::optional<Position>
@@ -30,13 +30,13 @@ public:
     [[nodiscard]] bool matches(const ui::Picture& screen, Position position, std::string_view codes) const;
 
     /// Side of a cell on the screen.
-    [[nodiscard]] int cellSide() const { return glyphs::CellSide * m_scale; }
+    [[nodiscard]] int cellSide() const { return glyphs::CellSide * m_halves / 2; }
 
 private:
     [[nodiscard]] bool matchesCell(const ui::Picture& screen, int x, int y, unsigned char code) const;
 
     ui::Picture m_cells;
-    int m_scale;
+    int m_halves;
 };
 
 } // namespace tour

@@ -74,7 +74,7 @@ void Tour::useCharSet(int number) {
         throw TourFailure(artwork.failure().message);
     }
     m_cells = glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells;
-    m_reader.emplace(m_cells, m_options.scale);
+    m_reader.emplace(m_cells, 2 * m_options.scale);
 }
 
 void Tour::start(const std::string& title) {
@@ -275,7 +275,7 @@ void Tour::expectRowAt(Position position, std::string_view codes) {
 }
 
 std::pair<GlyphReader, Position> Tour::expectEnlargedRow(std::string_view codes) {
-    constexpr int LargestFactor = 6;
+    constexpr int MostHalves = 12;
     std::optional<std::pair<GlyphReader, Position>> seen;
     auto since = Clock::now();
     until(
@@ -285,8 +285,8 @@ std::pair<GlyphReader, Position> Tour::expectEnlargedRow(std::string_view codes)
                 return Clock::now() - since > Lasting;
             }
             seen.reset();
-            for (int factor = 1; factor <= LargestFactor && !seen; ++factor) {
-                const GlyphReader reader(m_cells, factor);
+            for (int halves = 2; halves <= MostHalves && !seen; ++halves) {
+                const GlyphReader reader(m_cells, halves);
                 if (const auto found = reader.find(screen, screen.bounds(), codes)) {
                     seen.emplace(reader, *found);
                 }
@@ -327,7 +327,7 @@ void Tour::clickButton(char code, unsigned button) {
 }
 
 void Tour::expectCopied(char code) {
-    const GlyphReader reader(m_cells, 1);
+    const GlyphReader reader(m_cells, 2);
     until(
         [&] { return reader.matches(m_desktop.clipboardPicture(), {}, std::string_view(&code, 1)); },
         "the picture of the glyph on the clipboard");

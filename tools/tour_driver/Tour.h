@@ -74,7 +74,7 @@ public:
     /// Waits until a row of glyphs is at a place that was found before.
     void expectRowAt(Position position, std::string_view codes);
 
-    /// Waits until a row of glyphs is somewhere, enlarged by whatever whole factor; what has seen it, and
+    /// Waits until a row of glyphs is somewhere, enlarged by whatever half factor; what has seen it, and
     /// where.
     std::pair<GlyphReader, Position> expectEnlargedRow(std::string_view codes);
 
