@@ -104,13 +104,16 @@ void Commands::mnuToolsAnimationWizard_Click() {
 }
 
 void Commands::mnuToolsAnimationViewer_Click() {
-    animation::frmRankings(
+    Settings& settings = m_workspace.settings;
+    animation::frmRankings preview(
         m_workspace.documents.animation, m_workspace.pictures.animation.pixels(),
-        {.screenShot = m_workspace.settings.screenshot,
-         .sounds = m_workspace.settings.sounds,
-         .games = m_workspace.settings.games},
-        m_platform, &m_window)
-        .exec();
+        {.screenShot = settings.screenshot,
+         .sounds = settings.sounds,
+         .games = settings.games,
+         .line = animation::LineOn(settings.previewLines, settings.screenshot)},
+        m_platform, &m_window);
+    preview.exec();
+    animation::KeepLine(settings.previewLines, settings.screenshot, preview.line());
     m_session.refresh();
 }
 

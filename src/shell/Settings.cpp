@@ -181,7 +181,7 @@ games::FamilyChoice PlayedOf(const std::string& text) {
     return played;
 }
 
-constexpr std::array<ChosenSetting, 3> ChosenSettings{{
+constexpr std::array<ChosenSetting, 4> ChosenSettings{{
     {"games", "played", [](const Settings& settings) { return PlayedText(settings.games); },
      [](Settings& settings, const std::string& text) {
          settings.games = PlayedOf(text);
@@ -195,6 +195,11 @@ constexpr std::array<ChosenSetting, 3> ChosenSettings{{
          if (const auto zoom = ShortNumberOf(text); zoom && *zoom >= 0 && *zoom <= LargestZoom) {
              settings.zoom = *zoom;
          }
+     }},
+    {"preview", "lines",
+     [](const Settings& settings) { return animation::PlacedLinesText(settings.previewLines); },
+     [](Settings& settings, const std::string& text) {
+         settings.previewLines = animation::PlacedLinesOf(text);
      }},
 }};
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "animation/PlacedLines.h"
 #include "editing/Documents.h"
 #include "games/Engines.h"
 #include "glyphs/GlyphCode.h"
@@ -56,6 +57,7 @@ struct Settings {
     games::FamilyChoice games{true, true, true}; ///< that are played; kept apart from the other options
     bool showsReadout = true;                    ///< what a glyph is, under the grid; likewise
     int zoom = 1;                                ///< of grid and pages, 0 to 6; 0: as large as there is room
+    animation::PlacedLines previewLines;         ///< of the preview's screenshots; likewise
     std::int16_t makeType = 1;                   ///< page in view: 0 name, 1 animation, 2 messages
 
     /// caseChoice as the case operations take it.

@@ -231,6 +231,19 @@ TEST(Settings, EveryKeyComesBackAsItWasSaved) {
     EXPECT_EQ(stored(store)["color1"], std::to_string(10 + 256 * 20 + 65536 * 30));
 }
 
+TEST(Settings, TheLinesOfThePreviewAreKeptApartOnceThereAreSome) {
+    support::MemorySettings store;
+    shell::Settings settings;
+    ASSERT_TRUE(shell::Save(store, settings));
+    EXPECT_FALSE(store.read("preview", "lines").has_value());
+    settings.previewLines = {{"/home/a/my shot.bmp", {240, -176}}, {"b.bmp", {1, 2}}};
+    ASSERT_TRUE(shell::Save(store, settings));
+    EXPECT_EQ(shell::Load(store, {}).settings.previewLines, settings.previewLines);
+    settings.previewLines.clear();
+    ASSERT_TRUE(shell::Save(store, settings));
+    EXPECT_TRUE(shell::Load(store, {}).settings.previewLines.empty());
+}
+
 TEST(Settings, EachMemberOfAnArrayHasItsOwnKey) {
     shell::Settings settings;
     settings.sounds = {false, true, true, false};

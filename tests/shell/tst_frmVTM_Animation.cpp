@@ -145,6 +145,32 @@ TEST_F(Animation, TheViewerPlaysOverTheScreenshotOfTheSettings) {
     EXPECT_EQ(workspace().page(), Page::Animation);
 }
 
+TEST_F(Animation, TheViewersNameStaysWhereItWasPutOnAScreenshot) {
+    startOn(Page::Animation);
+    workspace().settings.screenshot = "nowhere.bmp";
+    QPoint put;
+    for (const bool isFirst : {true, false}) {
+        fake.dialogs.expectWarning(
+            "The chosen screen shot, nowhere.bmp, was not found in the VTM directory.\n"
+            "Please go to the options and select a new screen shot.");
+        chooseAndUse<animation::frmRankings>("mnuToolsAnimationViewer", [&](animation::frmRankings& viewer) {
+            EXPECT_TRUE(QTest::qWaitFor([this] { return fake.dialogs.left() == 0; }));
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&viewer));
+            const auto* const strip = viewer.findChild<QWidget*>(QStringLiteral("AniPicBox"));
+            const QPoint before = strip->pos();
+            if (isFirst) {
+                QTest::keyClick(&viewer, Qt::Key_Down, Qt::ControlModifier);
+                EXPECT_EQ(strip->x(), before.x());
+                EXPECT_GT(strip->y(), before.y());
+                put = strip->pos();
+            }
+            EXPECT_EQ(strip->pos(), put);
+        });
+    }
+    ASSERT_EQ(workspace().settings.previewLines.size(), 1U);
+    EXPECT_EQ(workspace().settings.previewLines.front().screenShot, "nowhere.bmp");
+}
+
 TEST_F(Animation, AScriptThatIsAbandonedLeavesAWordInTheStatusLine) {
     startOn(Page::Animation);
     const ui::Path path = fake.directory.files.put(
