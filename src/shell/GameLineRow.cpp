@@ -22,7 +22,7 @@ namespace {
 
 constexpr int Gap = 8;
 constexpr int Border = 1; ///< around the row that others see
-constexpr int Rise = 3;   ///< by which that row may be higher than the text
+constexpr int Rise = 4;   ///< by which that row may be higher than the text
 constexpr float PaleAlpha = 0.7F;
 
 /// The glyph in a cell of a row, or behind its end.
