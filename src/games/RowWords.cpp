@@ -147,8 +147,7 @@ std::string RefusalText(const RowVerdict& verdict, std::span<const GlyphCode> ro
     case Reason::ServerRefuses:
         return "the server refuses the name" + where;
     case Reason::UnlessTurned:
-        return "the server refuses the name, except from " + std::string(FactsOf(verdict.seen.engine).name) +
-               where;
+        return "refused, except from " + std::string(FactsOf(verdict.seen.engine).name) + where;
     case Reason::GameRefuses:
         return "the game refuses the name" + where;
     case Reason::NotSent:

@@ -77,6 +77,9 @@ void GlyphReadout::showLines(bool areShown) {
 }
 
 void GlyphReadout::tmrReadout_Timer() {
+    if (m_workspace.atlas.cells.empty()) {
+        return; // a message of the start stands before the glyphs are read
+    }
     glyphs::StretchCells(m_picture, m_picture.bounds(), m_workspace.atlas.cells, editing::GridCell(m_code));
     picReadout->showDamage(m_picture.bounds());
     const editing::GlyphFacts facts =

@@ -38,7 +38,7 @@ TEST(Findings, OnANameAreItsVerdictAndWhatEnginesDo) {
     EXPECT_EQ(Lines(games::FindingsOnName(Family::Quake2, Row("B\xC1 "))), "1,2 others see: BA!\n");
     EXPECT_EQ(
         Lines(games::FindingsOnName(Family::QuakeWorld, Row("x$b"))),
-        "1,2 the server refuses the name, except from ezQuake: $ in cell 2!\n"
+        "1,2 refused, except from ezQuake: $ in cell 2!\n"
         "1,2 ezQuake makes one glyph of $ and the next\n");
     EXPECT_EQ(Lines(games::FindingsOnMessage(Family::QuakeWorld, Row("a\xFF"), 3)), "3,2 players see: a!\n");
 }

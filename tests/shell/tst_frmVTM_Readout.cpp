@@ -58,6 +58,15 @@ TEST_F(Readout, TellsOfTheGlyphUnderTheCursor) {
     EXPECT_TRUE(says(2, "Color 2: 231"));
 }
 
+TEST_F(Readout, TellsNothingAsLongAsThereAreNoGlyphs) {
+    std::filesystem::remove(fake.directory.files / "vtmgrid.dat");
+    window = std::make_unique<shell::frmVTM>(fake.platform);
+    EXPECT_FALSE(window->Form_Load({}).ok());
+    // The message that says so waits, and timers run meanwhile.
+    QTest::qWait(1);
+    EXPECT_EQ(text("lblReadout_0"), " ");
+}
+
 TEST_F(Readout, TellsOfTheGlyphUnderThePointerUntilItLeaves) {
     startOn(Page::Name);
     hoverGlyph(34);
