@@ -72,7 +72,7 @@ std::string OtherColourText(GlyphCode code) {
 
 GlyphFacts FactsOf(GlyphCode code, const KeyMap& map, const Modes& modes) {
     GlyphFacts facts{
-        .name = "Glyph " + std::to_string(code) + ": " + glyphs::GlyphWords(code),
+        .name = std::to_string(code) + ": " + glyphs::GlyphWords(code),
         .keys = KeysText(code, map, modes.typingColour),
         .note = WarningText(code),
     };

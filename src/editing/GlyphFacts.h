@@ -10,7 +10,7 @@ namespace editing {
 
 /// What a glyph is, for those who look for one: a short line each. ASCII.
 struct GlyphFacts {
-    std::string name; ///< "Glyph 231: g, second color"
+    std::string name; ///< "231: g, second color"
     std::string keys; ///< "Keys: F5, Ctrl+7", or that there is none; its other colour, if that is not noted
     std::string note; ///< why it is not placed, or else its number in the other colour; may be empty
 };

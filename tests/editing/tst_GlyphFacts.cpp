@@ -21,10 +21,10 @@ editing::Modes colour(bool isSecond) {
 
 TEST(GlyphFacts, NamesGlyphKeysAndOtherColour) {
     const GlyphFacts facts = FactsOf('g', Map, colour(false));
-    EXPECT_EQ(facts.name, "Glyph 103: g");
+    EXPECT_EQ(facts.name, "103: g");
     EXPECT_EQ(facts.keys, "Key: G");
     EXPECT_EQ(facts.note, "Color 2: 231");
-    EXPECT_EQ(editing::FactsText(facts), "Glyph 103: g\nKey: G\nColor 2: 231");
+    EXPECT_EQ(editing::FactsText(facts), "103: g\nKey: G\nColor 2: 231");
 }
 
 TEST(GlyphFacts, SaysWhichColourAKeyNeeds) {

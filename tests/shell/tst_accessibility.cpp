@@ -253,17 +253,17 @@ TEST_F(Access, SaysWhichGlyphsBreakAScript) {
         return QToolTip::isVisible() ? QToolTip::text().toStdString() : std::string();
     };
     EXPECT_EQ(
-        toolTipAt("NamePic", {40, 8}), "Glyph 13: right arrow head, carriage return\nNo key types it; color "
+        toolTipAt("NamePic", {40, 8}), "13: right arrow head, carriage return\nNo key types it; color "
                                        "2: 141\nPlaced as 141: it breaks its line");
     EXPECT_EQ(toolTipAt("NamePic", {8, 8}), "");
     choose("mnuView_2");
     workspace().documents.messages.cells[31] = 10;
     EXPECT_EQ(
         toolTipAt("MacPic", {8, 24}),
-        "Glyph 10: blank, line feed\nNo key types it\nBreaks the line that it is saved in");
+        "10: blank, line feed\nNo key types it\nBreaks the line that it is saved in");
     EXPECT_EQ(
         toolTipAt("ImgGrid", {24, 152}),
-        "Glyph 145: ornate right bracket, second color\nNo key types it\nColor 1: 17");
+        "145: ornate right bracket, second color\nNo key types it\nColor 1: 17");
 }
 
 TEST_F(Access, GlyphButtonsSayTheirGlyphAndTheirKeys) {

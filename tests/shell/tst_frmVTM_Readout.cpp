@@ -50,10 +50,10 @@ protected:
 
 TEST_F(Readout, TellsOfTheGlyphUnderTheCursor) {
     startOn(Page::Name);
-    EXPECT_TRUE(says(0, "Glyph 32: blank"));
+    EXPECT_TRUE(says(0, "32: blank"));
     type("g");
     press(Qt::Key_Left);
-    EXPECT_TRUE(says(0, "Glyph 103: g"));
+    EXPECT_TRUE(says(0, "103: g"));
     EXPECT_TRUE(says(1, "Key: G"));
     EXPECT_TRUE(says(2, "Color 2: 231"));
 }
@@ -70,32 +70,32 @@ TEST_F(Readout, TellsNothingAsLongAsThereAreNoGlyphs) {
 TEST_F(Readout, TellsOfTheGlyphUnderThePointerUntilItLeaves) {
     startOn(Page::Name);
     hoverGlyph(34);
-    EXPECT_TRUE(says(0, "Glyph 34: double quote"));
+    EXPECT_TRUE(says(0, "34: double quote"));
     EXPECT_TRUE(says(2, "Not placed: it ends the text"));
     leave("ImgGrid");
-    EXPECT_TRUE(says(0, "Glyph 32: blank"));
+    EXPECT_TRUE(says(0, "32: blank"));
 }
 
 TEST_F(Readout, TellsOfGlyphsOfPagesAndButtonsUnderThePointer) {
     startOn(Page::Name);
     type("g");
     hover("NamePic", {8, 8});
-    EXPECT_TRUE(says(0, "Glyph 103: g"));
+    EXPECT_TRUE(says(0, "103: g"));
     leave("NamePic");
-    EXPECT_TRUE(says(0, "Glyph 32: blank"));
+    EXPECT_TRUE(says(0, "32: blank"));
     QEnterEvent enter({4, 4}, {4, 4}, {4, 4});
     QApplication::sendEvent(find("cmdFavorite_1"), &enter);
-    EXPECT_TRUE(says(0, "Glyph 86: capital V"));
+    EXPECT_TRUE(says(0, "86: capital V"));
     leave("cmdFavorite_1");
-    EXPECT_TRUE(says(0, "Glyph 32: blank"));
+    EXPECT_TRUE(says(0, "32: blank"));
 }
 
 TEST_F(Readout, FollowsTheCursorOnceSomebodyTypes) {
     startOn(Page::Name);
     hoverGlyph(16);
-    EXPECT_TRUE(says(0, "Glyph 16: ornate left bracket"));
+    EXPECT_TRUE(says(0, "16: ornate left bracket"));
     press(Qt::Key_Home);
-    EXPECT_TRUE(says(0, "Glyph 32: blank"));
+    EXPECT_TRUE(says(0, "32: blank"));
 }
 
 TEST_F(Readout, SaysAnewWhatTheTypingColourChanges) {
@@ -121,13 +121,13 @@ TEST_F(Readout, CanBeHiddenAndIsRemembered) {
 TEST_F(Readout, IsWhatToolTipsSay) {
     startOn(Page::Name);
     type("g");
-    const QString facts = QStringLiteral("Glyph 103: g\nKey: G\nColor 2: 231");
+    const QString facts = QStringLiteral("103: g\nKey: G\nColor 2: 231");
     EXPECT_EQ(toolTipOf("ImgGrid", {7 * 16 + 8, 6 * 16 + 8}), facts);
     EXPECT_TRUE(toolTipOf("NamePic").endsWith(facts));
     EXPECT_EQ(toolTipOf("NamePic", {40, 8}), find("NamePic")->toolTip());
     EXPECT_EQ(
         toolTipOf("cmdFavorite_1"), "Click to place this character, Right click to change (Alt+2, "
-                                    "Alt+Shift+2)\nGlyph 86: capital V\nKey: Shift+V\nColor 2: 214");
+                                    "Alt+Shift+2)\n86: capital V\nKey: Shift+V\nColor 2: 214");
     EXPECT_EQ(find("cmdFavorite_1")->toolTip(), "Click to place this character, Right click to change");
     EXPECT_TRUE(toolTipOf("cmdCalcFrequent").endsWith("(Alt+9)"));
 }
@@ -142,7 +142,7 @@ TEST_F(Readout, IsWhatThePickerSays) {
         picker->close();
     });
     press(Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(told, "Glyph 16: ornate left bracket\nNo key types it\nColor 2: 144");
+    EXPECT_EQ(told, "16: ornate left bracket\nNo key types it\nColor 2: 144");
 }
 
 TEST_F(Readout, ShowsTheGlyphOfTheRightButton) {
