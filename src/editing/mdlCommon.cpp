@@ -68,7 +68,8 @@ Change PutGlyph(const PageCursor& cursor, const Modes& modes, GlyphCode code) {
 }
 
 std::size_t RoomFrom(const PageCursor& cursor) {
-    return static_cast<std::size_t>(cursor.rows.width() - cursor.column + 1);
+    const int room = cursor.rows.width() - cursor.column + 1;
+    return static_cast<std::size_t>(room);
 }
 
 Change PutGlyphs(const PageCursor& cursor, const Modes& modes, std::span<const GlyphCode> codes) {

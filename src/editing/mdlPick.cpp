@@ -70,7 +70,7 @@ GlyphCode PickedAtEnd(GlyphCode chosen, int columns, int rows) {
 
 GlyphCode PickedByCharacter(GlyphCode chosen, char character) {
     constexpr GlyphCode FirstOfColour2 = 128;
-    const auto inColour1 = static_cast<GlyphCode>(character);
+    const auto inColour1 = static_cast<GlyphCode>(static_cast<unsigned char>(character));
     if (inColour1 < glyphs::BlankGlyph || inColour1 >= FirstOfColour2) {
         return chosen;
     }

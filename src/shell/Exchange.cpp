@@ -90,7 +90,7 @@ Exchange::chooseExport(const std::string& title, const std::string& name, const 
     request.initialName = name;
     request.filters = {{type + " (*" + request.extension + ")", {"*" + request.extension}}};
     request.folder = m_platform.settings.read(ExportSection, FolderKey).value_or("");
-    const auto path = m_platform.dialogs.chooseFileToSave(request);
+    auto path = m_platform.dialogs.chooseFileToSave(request);
     if (path) {
         m_platform.settings.write(ExportSection, FolderKey, ui::PathText(path->parent_path()));
     }
