@@ -235,8 +235,7 @@ void AnimationPage::refresh() {
             Q_EMIT namesAdded(before + 1);
         }
     }
-    if (m_times->isVisible()) {
-        m_times->refresh();
+    if (m_times->isVisible() && m_times->refresh()) {
         lblLength->setText(LengthText(m_document));
     }
     setBar(AniScroll, m_document.currentName);

@@ -42,10 +42,21 @@ RowTimes::RowTimes(const editing::AnimationDocument& document, QWidget* parent)
 
 void RowTimes::setFirst(int first) {
     m_first = first;
-    refresh();
+    showTexts();
 }
 
-void RowTimes::refresh() {
+bool RowTimes::refresh() {
+    // Every key that is typed comes here, and few change this.
+    if (m_nameCount == m_document.nameCount && m_ticks == m_document.nameTicks) {
+        return false;
+    }
+    m_nameCount = m_document.nameCount;
+    m_ticks = m_document.nameTicks;
+    showTexts();
+    return true;
+}
+
+void RowTimes::showTexts() {
     std::array<RowText, Rows> texts;
     int ticks = TicksBefore(m_document, m_first);
     QStringList spoken;

@@ -24,8 +24,8 @@ public:
     /// Shows the names from `first` on (1-based).
     void setFirst(int first);
 
-    /// Follows the document.
-    void refresh();
+    /// Follows the document. Returns whether the ticks or the names in use have changed.
+    bool refresh();
 
     /// What stands beside a row in view, from 0.
     struct RowText {
@@ -42,8 +42,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void showTexts();
+
     const editing::AnimationDocument& m_document;
     int m_first = 1;
+    int m_nameCount = 0;
+    std::array<std::int16_t, editing::MaxNames> m_ticks{};
     std::array<RowText, Rows> m_texts;
 };
 

@@ -69,13 +69,12 @@ GlyphCode PickedAtEnd(GlyphCode chosen, int columns, int rows) {
 }
 
 GlyphCode PickedByCharacter(GlyphCode chosen, char character) {
-    constexpr GlyphCode FirstOfColour2 = 128;
     const auto inColour1 = static_cast<GlyphCode>(static_cast<unsigned char>(character));
-    if (inColour1 < glyphs::BlankGlyph || inColour1 >= FirstOfColour2) {
+    if (inColour1 < glyphs::BlankGlyph || inColour1 >= glyphs::ColourDistance) {
         return chosen;
     }
     const GlyphCode inColour2 = glyphs::ToColor2Glyph(inColour1);
-    const bool wantsColour2 = chosen >= FirstOfColour2 ? chosen != inColour2 : chosen == inColour1;
+    const bool wantsColour2 = chosen >= glyphs::ColourDistance ? chosen != inColour2 : chosen == inColour1;
     const GlyphCode picked = glyphs::FilterPickedGlyph(wantsColour2 ? inColour2 : inColour1);
     return picked == 0 ? chosen : picked;
 }

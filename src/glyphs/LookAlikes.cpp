@@ -10,7 +10,6 @@ namespace glyphs {
 
 namespace {
 
-constexpr GlyphCode SecondColour = 128;
 constexpr GlyphCode ArrowToRight = 13;
 constexpr GlyphCode ArrowToLeft = 127;
 constexpr GlyphCode FirstLetter = 33;
@@ -31,7 +30,7 @@ struct Substitute {
 };
 
 constexpr std::array<Substitute, 4> Substitutes{
-    {{0, 28}, {ArrowToRight, ArrowToRight + SecondColour}, {'"', '\''}, {ArrowToLeft, '<'}}};
+    {{0, 28}, {ArrowToRight, ArrowToRight + ColourDistance}, {'"', '\''}, {ArrowToLeft, '<'}}};
 
 /// Characters that look like a glyph which has another look-alike, or like none so much as like that one.
 struct Resemblance {
@@ -173,7 +172,7 @@ bool AddGlyphs(std::vector<GlyphCode>& glyphs, char32_t character) {
         return add(place);
     }
     if (const std::size_t place = SliderSigns.find(character); place != std::u32string_view::npos) {
-        return add(SecondColour + place);
+        return add(ColourDistance + place);
     }
     for (const Resemblance& resemblance : Resemblances) {
         if (resemblance.characters.find(character) != std::u32string_view::npos) {
@@ -228,8 +227,8 @@ void AddUtf8(std::string& text, char32_t character) {
 } // namespace
 
 char32_t LookAlikeOf(GlyphCode code) {
-    const auto shape = static_cast<std::size_t>(code % SecondColour);
-    if (code >= SecondColour && shape < SliderSigns.size()) {
+    const auto shape = static_cast<std::size_t>(code % ColourDistance);
+    if (code >= ColourDistance && shape < SliderSigns.size()) {
         return SliderSigns[shape];
     }
     if (shape < OrnamentSigns.size()) {

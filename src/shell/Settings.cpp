@@ -14,8 +14,6 @@ namespace {
 
 const std::string Section{OptionsSection};
 
-constexpr int LargestZoom = 6;
-
 /// A setting with a section of its own, which is not made as long as nobody chooses.
 struct ChosenSetting {
     const char* section;
@@ -192,7 +190,7 @@ constexpr std::array<ChosenSetting, 4> ChosenSettings{{
      }},
     {"view", "zoom", [](const Settings& settings) { return std::to_string(settings.zoom); },
      [](Settings& settings, const std::string& text) {
-         if (const auto zoom = ShortNumberOf(text); zoom && *zoom >= 0 && *zoom <= LargestZoom) {
+         if (const auto zoom = ShortNumberOf(text); zoom && *zoom >= FitZoom && *zoom <= MaxZoom) {
              settings.zoom = *zoom;
          }
      }},

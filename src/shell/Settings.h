@@ -34,6 +34,11 @@ enum SettingColour : std::size_t { BackgroundColour, GridMarkerColour };
 /// (editing::Kind::pointer).
 constexpr std::size_t GridCursor = 0;
 
+/// The largest zoom of the grid and the pages, and the setting that takes as large a one as there is room
+/// for.
+constexpr int MaxZoom = 6;
+constexpr int FitZoom = 0;
+
 /// Everything that is kept between runs. A new object holds the defaults, but no screenshot and frequent
 /// glyphs 0.
 struct Settings {
@@ -56,7 +61,7 @@ struct Settings {
     editing::Modes modes;
     games::FamilyChoice games{true, true, true}; ///< that are played; kept apart from the other options
     bool showsReadout = true;                    ///< what a glyph is, under the grid; likewise
-    int zoom = 1;                                ///< of grid and pages, 0 to 6; 0: as large as there is room
+    int zoom = 1;                                ///< of grid and pages, 1 to MaxZoom, or FitZoom
     animation::PlacedLines previewLines;         ///< of the preview's screenshots; likewise
     std::int16_t makeType = 1;                   ///< page in view: 0 name, 1 animation, 2 messages
 

@@ -3,17 +3,13 @@
 #pragma once
 
 #include "editing/Kinds.h"
+#include "shell/Settings.h"
 
 #include <QSize>
 #include <array>
 #include <functional>
 
 namespace shell {
-
-constexpr int MaxZoom = 6;
-
-/// The setting that takes as large a zoom as there is room for.
-constexpr int FitZoom = 0;
 
 /// How many times as large as at first the glyph grid and the page of each kind are shown.
 struct Zooms {
