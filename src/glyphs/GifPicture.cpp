@@ -60,7 +60,7 @@ ui::Result<ui::Picture> ReadImage(GifFileType& gif, int transparentIndex) {
     }
     const ColorMapObject* colours = image.ColorMap != nullptr ? image.ColorMap : gif.SColorMap;
     if (colours == nullptr) {
-        return ui::Failure{"not a usable GIF picture: it has no colours"};
+        return ui::Failure{"not a usable GIF picture: it has no colors"};
     }
     ui::Picture picture(gif.SWidth, gif.SHeight, Transparent);
     std::vector<GifPixelType> line(static_cast<std::size_t>(image.Width));
@@ -208,7 +208,7 @@ WriteGif(std::span<const GifFrame> frames, bool isAnimated, const std::function<
             return ui::Failure{"the pictures differ in size"};
         }
         if (!palette.add(frame.picture)) {
-            return ui::Failure{"the picture has more than 256 colours"};
+            return ui::Failure{"the picture has more than 256 colors"};
         }
         if (isEnded()) {
             return ended;

@@ -29,7 +29,7 @@ ScrollingCentre::ScrollingCentre(GlyphColumn& left, PageColumn& right, QWidget* 
     : QScrollArea(parent)
     , m_glyphColumn(left)
     , m_pageColumn(right) {
-    setObjectName(QStringLiteral("centre"));
+    setObjectName(QStringLiteral("center"));
     setAccessibleName(tr("Glyphs and pages"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);

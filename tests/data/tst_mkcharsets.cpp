@@ -268,7 +268,7 @@ TEST_F(MkCharSets, RefusesMoreColoursThanAPictureHolds) {
         source += "glyphs " + std::to_string(ink) + "\n" + cells(1, std::string(8, letters[ink]));
     }
     expectRefusal(
-        source + restFrom(static_cast<int>(letters.size())), ":1: the picture has more than 256 colours");
+        source + restFrom(static_cast<int>(letters.size())), ":1: the picture has more than 256 colors");
 }
 
 TEST_F(MkCharSets, RefusesAPictureThatDoesNotFitIntoASlot) {

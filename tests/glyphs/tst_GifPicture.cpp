@@ -213,7 +213,7 @@ TEST(DecodeGif, RefusesAGifWithoutAnImage) {
 TEST(DecodeGif, RefusesAnImageWithoutColours) {
     EXPECT_EQ(
         FailureOf(HandMade({.hasScreenColours = false}, FourRows)),
-        "not a usable GIF picture: it has no colours");
+        "not a usable GIF picture: it has no colors");
 }
 
 TEST(DecodeGif, RefusesSizesThatAreOutOfRange) {
@@ -265,7 +265,7 @@ TEST(EncodeGif, RefusesTooManyColoursAndNothing) {
     EXPECT_FALSE(EncodeGif(Picture()));
     const auto tooMany = EncodeGif(Coloured(20, 20, 257));
     ASSERT_FALSE(tooMany);
-    EXPECT_EQ(tooMany.failure().message, "the picture has more than 256 colours");
+    EXPECT_EQ(tooMany.failure().message, "the picture has more than 256 colors");
     Picture full = Coloured(20, 20, 256);
     EXPECT_TRUE(EncodeGif(full));
     full.setPixel(19, 19, 0);

@@ -72,7 +72,7 @@ protected:
 
     [[nodiscard]] static double scale() { return GetParam().scale; }
 
-    [[nodiscard]] shell::ScrollingCentre& centre() const { return *find<shell::ScrollingCentre>("centre"); }
+    [[nodiscard]] shell::ScrollingCentre& centre() const { return *find<shell::ScrollingCentre>("center"); }
 };
 
 template <class Dialog>
@@ -298,7 +298,7 @@ TEST_F(OnATinyScreen, EverythingIsReachedByScrolling) {
     startThere(Page::Messages);
     EXPECT_LE(window->width(), 640 - 10);
     EXPECT_LE(window->height(), 480 - 40);
-    auto& centre = *find<shell::ScrollingCentre>("centre");
+    auto& centre = *find<shell::ScrollingCentre>("center");
     EXPECT_GT(centre.horizontalScrollBar()->maximum(), 0);
     EXPECT_GT(centre.verticalScrollBar()->maximum(), 0);
     for (const char* name :
@@ -311,7 +311,7 @@ TEST_F(OnATinyScreen, EverythingIsReachedByScrolling) {
 
 TEST_F(OnATinyScreen, TheCursorStaysInView) {
     startThere(Page::Messages);
-    auto& centre = *find<shell::ScrollingCentre>("centre");
+    auto& centre = *find<shell::ScrollingCentre>("center");
     const QWidget* const marker = find("MacPosShape");
     for (int column = 1; column <= 31; ++column) {
         EXPECT_EQ(marker->visibleRegion().boundingRect(), marker->rect()) << column;
@@ -326,7 +326,7 @@ TEST_F(OnATinyScreen, ACursorThatIsOutOfTheViewOfItsPageScrollsNothing) {
     startThere(Page::Animation);
     workspace().documents.animation.nameCount = 90;
     press(Qt::Key_Home);
-    auto& centre = *find<shell::ScrollingCentre>("centre");
+    auto& centre = *find<shell::ScrollingCentre>("center");
     find<QScrollBar>("VScroll1")->setValue(60);
     centre.verticalScrollBar()->setValue(3);
     centre.horizontalScrollBar()->setValue(7);

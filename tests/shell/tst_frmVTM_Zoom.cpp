@@ -66,7 +66,7 @@ TEST_F(Zoom, FitsTheWindow) {
     EXPECT_GE(zoomOf("NamePic"), 3);
     EXPECT_FALSE(find<QScrollBar>("NameScroll")->isHidden());
     const auto fits = [this] {
-        const auto* const centre = find<QAbstractScrollArea>("centre");
+        const auto* const centre = find<QAbstractScrollArea>("center");
         return centre->horizontalScrollBar()->maximum() == 0 && centre->verticalScrollBar()->maximum() == 0;
     };
     for (const char* const page : {"mnuView_1", "mnuView_2", "mnuView_0"}) {

@@ -343,26 +343,6 @@ TEST(Help, HasWordsForEveryGlyphThatItShows) {
     EXPECT_EQ(matches(body, "(class=\"row\" aria-hidden)").size(), 0U);
 }
 
-TEST(Help, AndTheWindowsAreSpelledInOneWay) {
-    const auto expectSpelled = [](const std::string& shown, const std::string& where) {
-        for (const char* word : {"colour", "Colour", "favourite", "Favourite", "grey", "centre", "licence"}) {
-            EXPECT_EQ(shown.find(word), std::string::npos) << where << ": " << word;
-        }
-    };
-    expectSpelled(page(), "the help page");
-    int forms = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(VTM_SOURCE_DIR)) {
-        if (entry.path().extension() == ".ui") {
-            ++forms;
-            for (const std::string& text :
-                 matches(ui::DiskFiles().read(entry.path()).value(), "<string>([^<]*)</string>")) {
-                expectSpelled(text, entry.path().filename().string());
-            }
-        }
-    }
-    EXPECT_GT(forms, 5);
-}
-
 TEST(Help, TellsOfEveryCommandAndOption) {
     expectAllIn(
         text(page()), {

@@ -17,7 +17,7 @@ using support::MakePicture;
 using support::MakeWad;
 using support::PaletteColour;
 
-const std::string NoPalette = "its colours are those of the game's palette, which must be given too "
+const std::string NoPalette = "its colors are those of the game's palette, which must be given too "
                               "(gfx/palette.lmp or the game's pak0.pak)";
 const std::string KeepsBackground =
     "The picture has no transparent pixels: its glyphs keep its own background.";

@@ -260,7 +260,7 @@ TEST_F(CharSetCommand, AddSaysWhatItChanged) {
     EXPECT_TRUE(output.str().starts_with(
         "The picture was reduced from 256 to 128 pixels a side; details between were dropped.\n"
         "The picture has no transparent pixels: its glyphs keep its own background.\n"
-        "Its 8192 colours were reduced to "))
+        "Its 8192 colors were reduced to "))
         << output.str();
     EXPECT_TRUE(output.str().ends_with(", so that it fits.\n\"Many\" is character set 4 now.\n"))
         << output.str();

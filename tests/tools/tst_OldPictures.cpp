@@ -75,7 +75,7 @@ TEST(PcxPicture, RunsMayGoOnInTheNextLine) {
 
 TEST(PcxPicture, OnlyPicturesOf256ColoursAreTaken) {
     const std::string bytes = support::MakePcx(4, 4, [](int, int) { return 1U; });
-    const std::string message = "not a usable PCX picture: it is not of 256 colours";
+    const std::string message = "not a usable PCX picture: it is not of 256 colors";
     ExpectFailure(DecodePcx(Changed(bytes, 0, "\x0B")), message);
     ExpectFailure(DecodePcx(Changed(bytes, 1, "\x03")), message);
     ExpectFailure(DecodePcx(Changed(bytes, 3, "\x04")), message);
@@ -148,9 +148,9 @@ TEST(BmpPicture, MasksSayWhereTheChannelsAre) {
     ExpectPicture(DecodeBmp(bytes), MakePicture(1, 1, [](int, int) { return 0x11443322U; }));
     ExpectFailure(
         DecodeBmp(Changed(bytes, 54, Long(0x0000001FU))),
-        "not a usable BMP picture: its colours are not of 8 bits");
+        "not a usable BMP picture: its colors are not of 8 bits");
     ExpectFailure(
-        DecodeBmp(Changed(bytes, 54, Long(0))), "not a usable BMP picture: its colours are not of 8 bits");
+        DecodeBmp(Changed(bytes, 54, Long(0))), "not a usable BMP picture: its colors are not of 8 bits");
 }
 
 TEST(BmpPicture, WhatIsNotKnownIsRefused) {
@@ -212,7 +212,7 @@ TEST(TgaPicture, PalettesMayStartAnywhere) {
         DecodeTga(Changed(bytes, bytes.size() - 4, "\x09")), TwoByTwo(ui::OpaqueBlack, Green, Blue, White));
     ExpectFailure(
         DecodeTga(Changed(bytes, bytes.size() - 4, "\x0E")),
-        "not a usable TGA picture: a pixel has a colour that is not in its palette");
+        "not a usable TGA picture: a pixel has a color that is not in its palette");
 }
 
 TEST(TgaPicture, GreyIsOneByte) {
@@ -262,7 +262,7 @@ TEST(TgaPicture, WhatIsNotKnownIsRefused) {
         DecodeTga(TgaHeader(1, 0, 0, 2, 2, 8, 0) + pixels), "not a usable TGA picture: it has no palette");
     ExpectFailure(
         DecodeTga(TgaHeader(1, 1, 8, 2, 2, 8, 0) + pixels),
-        "not a usable TGA picture: its palette has colours of 8 bits");
+        "not a usable TGA picture: its palette has colors of 8 bits");
     ExpectFailure(
         DecodeTga(TgaHeader(1, 65535, 32, 2, 2, 8, 0) + pixels),
         "not a usable TGA picture: it ends too early");

@@ -127,7 +127,7 @@ TEST(ArtworkSlot, WhatFitsInNoWayIsRefusedWithItsSize) {
     const auto image = charset::MakeSlotImage(Noise(256), 10000);
     ASSERT_FALSE(image);
     EXPECT_TRUE(image.failure().message.starts_with("its picture takes 1")) << image.failure().message;
-    EXPECT_TRUE(image.failure().message.ends_with(" bytes even with 32 colours, more than the 10000 that "
+    EXPECT_TRUE(image.failure().message.ends_with(" bytes even with 32 colors, more than the 10000 that "
                                                   "there is room for; simpler shading makes it smaller"))
         << image.failure().message;
 }

@@ -110,7 +110,7 @@ ui::Result<Artwork> ArtworkOfLump(std::string_view lump, const std::optional<Pal
     }
     if (!palette) {
         return ui::Failure{
-            "its colours are those of the game's palette, which must be given too (gfx/palette.lmp or the "
+            "its colors are those of the game's palette, which must be given too (gfx/palette.lmp or the "
             "game's pak0.pak)"};
     }
     Palette colours = *palette;

@@ -31,7 +31,7 @@ ui::Result<SlotImage> MakeSlotImage(const ui::Picture& picture, std::size_t room
         }
     }
     return ui::Failure{
-        "its picture takes " + std::to_string(smallest) + " bytes even with 32 colours, more than the " +
+        "its picture takes " + std::to_string(smallest) + " bytes even with 32 colors, more than the " +
         std::to_string(room) + " that there is room for; simpler shading makes it smaller"};
 }
 

@@ -103,7 +103,7 @@ ui::Result<Layout> ReadLayout(std::string_view bytes) {
         }
         const auto shifts = MaskShifts(bytes, withAlpha);
         if (!shifts) {
-            return NotUsableBmp("its colours are not of 8 bits");
+            return NotUsableBmp("its colors are not of 8 bits");
         }
         layout.shifts = *shifts;
     }

@@ -238,7 +238,7 @@ Outcome Run::add(const std::string& name, const ui::Path& file, const cli::Argum
         m_output << note << '\n';
     }
     if (image.value().colours < image.value().originalColours) {
-        m_output << "Its " << image.value().originalColours << " colours were reduced to "
+        m_output << "Its " << image.value().originalColours << " colors were reduced to "
                  << image.value().colours << ", so that it fits.\n";
     }
     m_output << "\"" << name << "\" is character set " << records.size() + 1 << " now.\n";

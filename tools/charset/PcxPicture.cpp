@@ -49,7 +49,7 @@ ui::Result<ui::Picture> DecodePcx(std::string_view bytes) {
     }
     if (ByteAt(bytes, 0) != 10 || ByteAt(bytes, 1) != 5 || ByteAt(bytes, 2) != 1 || ByteAt(bytes, 3) != 8 ||
         ByteAt(bytes, 65) != 1) {
-        return NotUsablePcx("it is not of 256 colours");
+        return NotUsablePcx("it is not of 256 colors");
     }
     const int width = WordAt(bytes, 8) - WordAt(bytes, 4) + 1;
     const int height = WordAt(bytes, 10) - WordAt(bytes, 6) + 1;

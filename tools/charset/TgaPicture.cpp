@@ -172,7 +172,7 @@ ui::Result<ui::Picture> DecodeTga(std::string_view bytes) {
             } else {
                 const std::size_t index = ByteAt(pixels, at);
                 if (index >= palette.size()) {
-                    return NotUsableTga("a pixel has a colour that is not in its palette");
+                    return NotUsableTga("a pixel has a color that is not in its palette");
                 }
                 pixel = palette[index];
             }
