@@ -82,7 +82,7 @@ FindScreenShot(const std::string& setting, const ui::Files& files, const ui::Pro
     if (setting.empty()) {
         return {.message = std::string(NoScreenShotChosen), .path = {}};
     }
-    ui::Path path = setting;
+    ui::Path path = ui::PathFromText(setting);
     if (path.is_relative()) {
         path = directory.toRead(setting);
     }

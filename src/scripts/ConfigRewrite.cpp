@@ -21,8 +21,8 @@ ui::Result<ui::Path> KeepOldCopy(ui::Files& files, const ui::Path& copy) {
     ui::Failure taken;
     for (int number = 1; number <= MaxKeptCopies; ++number) {
         ui::Path kept = copy;
-        kept.replace_filename(
-            ui::PathText(copy.stem()) + "-" + std::to_string(number) + ui::PathText(copy.extension()));
+        kept.replace_filename(ui::PathFromText(
+            ui::PathText(copy.stem()) + "-" + std::to_string(number) + ui::PathText(copy.extension())));
         const auto renamed = files.renameNew(copy, kept);
         if (renamed) {
             ui::MoveCopyNote(files, copy, kept);

@@ -41,7 +41,7 @@ const Kind* KindOfSwitch(std::string_view argument) {
 }
 
 CommandLineFile FileOf(const Kind& kind, std::string_view path) {
-    const ui::Path whole(path);
+    const ui::Path whole = ui::PathFromText(path);
     return {kind.page, whole.parent_path(), whole.filename(), kind.shownAfterSwitch};
 }
 
@@ -67,7 +67,7 @@ std::optional<std::string> TextToPrint(std::span<const std::string> arguments) {
 }
 
 std::string ReadAtStartText(const std::string& name, editing::Page kind) {
-    return ui::PathText(name) + " was read and is on the page " + editing::KindOf(kind).caption + '.';
+    return name + " was read and is on the page " + editing::KindOf(kind).caption + '.';
 }
 
 std::string JoinArguments(std::span<const std::string> arguments) {

@@ -100,7 +100,7 @@ void FileCommands::loadDropped(std::span<const ui::Path> paths) {
 void FileCommands::loadRecent(Page page, std::size_t index) {
     const std::vector<std::string>& paths = m_workspace.recent.of(page);
     if (index < paths.size()) {
-        m_session.readScript(page, paths[index], editing::OpenFailure::MessageBox);
+        m_session.readScript(page, ui::PathFromText(paths[index]), editing::OpenFailure::MessageBox);
         m_session.turnTo(page);
     }
 }

@@ -114,7 +114,7 @@ std::string CharSetStaysText(
 
 ui::FileDialogRequest ScreenshotRequest(const std::string& screenshot, const ui::Path& programFolder) {
     // An absolute path replaces the folder that it is joined to.
-    const ui::Path current = programFolder / screenshot;
+    const ui::Path current = programFolder / ui::PathFromText(screenshot);
     ui::FileDialogRequest request;
     request.title = "Select the Screen Shot";
     request.initialName = current.has_filename() ? ui::PathText(current.filename()) : "*.bmp";

@@ -182,7 +182,7 @@ std::optional<WorkState> RecoveryFile::claimLeftOver() {
         if (!name.ends_with(WorkEnd)) {
             continue;
         }
-        const ui::Path file = m_folder / name;
+        const ui::Path file = m_folder / ui::PathFromText(name);
         auto lock = m_files.tryLockFile(LockOf(file));
         const auto bytes = m_files.read(file);
         if (!lock || !bytes) {

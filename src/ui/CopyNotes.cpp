@@ -22,7 +22,7 @@ struct Note {
 };
 
 Path NotePath(const Files& files, const Path& copy, std::string_view end) {
-    return files.spareFolder() / (PathText(copy.filename()) + std::string(end));
+    return files.spareFolder() / PathFromText(PathText(copy.filename()) + std::string(end));
 }
 
 /// A note holds the path of the file, a zero and the folder of the copy; the copy is called like the note.
@@ -34,8 +34,8 @@ std::optional<Note> ReadNote(const Files& files, const Path& path) {
     }
     return Note{
         .note = path,
-        .file = bytes.value().substr(0, end),
-        .copy = Path(bytes.value().substr(end + 1)) / path.stem(),
+        .file = PathFromText(std::string_view(bytes.value()).substr(0, end)),
+        .copy = PathFromText(std::string_view(bytes.value()).substr(end + 1)) / path.stem(),
         .isTold = path.extension() == ToldEnd};
 }
 
@@ -47,7 +47,7 @@ std::vector<Note> Notes(const Files& files) {
         if (!name.ends_with(UntoldEnd) && !name.ends_with(ToldEnd)) {
             continue;
         }
-        if (auto note = ReadNote(files, folder / name)) {
+        if (auto note = ReadNote(files, folder / PathFromText(name))) {
             notes.push_back(std::move(*note));
         }
     }

@@ -49,19 +49,17 @@ Path DesktopProgramDirectory::spareFolder() const {
 }
 
 Path DesktopProgramDirectory::toRead(const std::string& name) const {
-    if (!m_writable && !m_standIn.empty() && IsFile(m_standIn / name)) {
-        return m_standIn / name;
-    }
-    return m_folder / name;
+    const Path file = PathFromText(name);
+    return !m_writable && !m_standIn.empty() && IsFile(m_standIn / file) ? m_standIn / file : m_folder / file;
 }
 
 Path DesktopProgramDirectory::toWrite(const std::string& name) const {
     if (m_writable || m_standIn.empty()) {
-        return m_folder / name;
+        return m_folder / PathFromText(name);
     }
     std::error_code error;
     std::filesystem::create_directories(m_standIn, error);
-    return m_standIn / name;
+    return m_standIn / PathFromText(name);
 }
 
 } // namespace ui

@@ -122,7 +122,7 @@ Status FileChange::prepareInPlace() {
 }
 
 Status FileChange::keepCopyIn(const Path& folder) {
-    const Path copy = folder / NameOfCopy(m_facts.target);
+    const Path copy = folder / PathFromText(NameOfCopy(m_facts.target));
     Status kept = WritePrivateCopy(m_files, copy, m_before);
     if (kept) {
         m_copy = copy;

@@ -161,9 +161,13 @@ public:
     [[nodiscard]] virtual Path spareFolder() const = 0;
 };
 
-/// A path as messages show it and files and settings keep it: UTF-8; bytes that are not UTF-8 are kept as
-/// they are. A Path made of it is the same path.
+/// A path as messages show it and files and settings keep it: UTF-8; what is no text is kept as it is.
+/// PathFromText() makes the same path of it.
 [[nodiscard]] std::string PathText(const Path& path);
+
+/// The path that is written as `text`. A Path made of other than ASCII text directly would be another one on
+/// some systems. What cannot be in a path there becomes U+FFFD.
+[[nodiscard]] Path PathFromText(std::string_view text);
 
 /// The folder that a path lies in; of a bare name the current one.
 [[nodiscard]] Path FolderOf(const Path& path);

@@ -21,7 +21,7 @@ FolderHistory::FolderHistory(SettingsStore& store)
     : m_store(&store) {
     for (std::size_t number = 1; number <= Size; ++number) {
         if (auto folder = store.read(Section, KeyOf(number)); folder && !folder->empty()) {
-            m_folders.emplace_back(std::move(*folder));
+            m_folders.push_back(PathFromText(*folder));
         }
     }
 }

@@ -491,7 +491,8 @@ TEST_F(WizardBuild, NamesAFileThatCannotBeRead) {
     EXPECT_EQ(
         options.message, "Automatic animation has been disabled, because its patterns cannot be read.\n\n"
                          "Could not read \"" +
-                             (platform.directory.files / "vtmani02.dat").native() + "\": injected failure.");
+                             ui::PathText(platform.directory.files / "vtmani02.dat") +
+                             "\": injected failure.");
 }
 
 } // namespace animation

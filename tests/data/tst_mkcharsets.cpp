@@ -45,13 +45,13 @@ class MkCharSets : public ::testing::Test {
 protected:
     support::ToolRun compile(const std::string& source) {
         return support::RunProgram(
-            MKCHARSETS, {folder.path().native(), folder.put("set.txt", source).native()});
+            MKCHARSETS, {ui::PathText(folder.path()), ui::PathText(folder.put("set.txt", source))});
     }
 
     void expectRefusal(const std::string& source, const std::string& message) {
         const support::ToolRun run = compile(source);
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_EQ(run.errors, (folder / "set.txt").native() + message + "\n");
+        EXPECT_EQ(run.errors, ui::PathText(folder / "set.txt") + message + "\n");
         EXPECT_FALSE(folder.has("vtmtc.dat"));
         EXPECT_FALSE(folder.has("vtmgrid.dat"));
     }
@@ -73,8 +73,8 @@ TEST_F(MkCharSets, WritesARecordAndASlotForEachSource) {
     const std::string rest = Head.substr(Head.find('\n') + 1) + restFrom(0);
     const ui::Path first = folder.put("first.txt", "name First  set \n" + rest);
     const ui::Path second = folder.put("second.txt", "# The second one.\n\nname    Second\n" + rest);
-    const support::ToolRun run =
-        support::RunProgram(MKCHARSETS, {folder.path().native(), first.native(), second.native()});
+    const support::ToolRun run = support::RunProgram(
+        MKCHARSETS, {ui::PathText(folder.path()), ui::PathText(first), ui::PathText(second)});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     const std::string address = "https://example.org/test" + std::string(76, ' ');
@@ -148,24 +148,24 @@ TEST_F(MkCharSets, GrainsPartnersAlikeAndEveryTime) {
 }
 
 TEST_F(MkCharSets, SaysHowItIsCalled) {
-    const support::ToolRun run = support::RunProgram(MKCHARSETS, {folder.path().native()});
+    const support::ToolRun run = support::RunProgram(MKCHARSETS, {ui::PathText(folder.path())});
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_EQ(run.errors, "usage: mkcharsets OUTDIR SET.txt...\n");
 }
 
 TEST_F(MkCharSets, RefusesAMissingSource) {
     const support::ToolRun run =
-        support::RunProgram(MKCHARSETS, {folder.path().native(), (folder / "none.txt").native()});
+        support::RunProgram(MKCHARSETS, {ui::PathText(folder.path()), ui::PathText(folder / "none.txt")});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.errors, (folder / "none.txt").native() + ": cannot be read\n");
+    EXPECT_EQ(run.errors, ui::PathText(folder / "none.txt") + ": cannot be read\n");
 }
 
 TEST_F(MkCharSets, RefusesAFolderThatIsNotThere) {
     const ui::Path source = folder.put("set.txt", Head + restFrom(0));
     const support::ToolRun run =
-        support::RunProgram(MKCHARSETS, {(folder / "none").native(), source.native()});
+        support::RunProgram(MKCHARSETS, {ui::PathText(folder / "none"), ui::PathText(source)});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.errors, (folder / "none/vtmtc.dat").native() + ": cannot be written\n");
+    EXPECT_EQ(run.errors, ui::PathText(folder / "none/vtmtc.dat") + ": cannot be written\n");
 }
 
 TEST_F(MkCharSets, RefusesAMissingGlyph) {
@@ -292,7 +292,7 @@ TEST_F(MkCharSets, RefusesAPictureThatDoesNotFitIntoASlot) {
     }
     const support::ToolRun run = compile(source);
     EXPECT_EQ(run.exitCode, 1);
-    const std::string start = (folder / "set.txt").native() + ":1: the picture takes ";
+    const std::string start = ui::PathText(folder / "set.txt") + ":1: the picture takes ";
     EXPECT_EQ(run.errors.substr(0, start.size()), start);
     EXPECT_TRUE(run.errors.ends_with(" bytes, more than the 10000 of a slot\n")) << run.errors;
     EXPECT_FALSE(folder.has("vtmgrid.dat"));

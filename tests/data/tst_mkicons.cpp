@@ -17,11 +17,11 @@ protected:
     support::TempFolder folder;
 
     std::string put(const ui::Picture& picture) {
-        return folder.put("in.png", glyphs::EncodePng(picture).value()).native();
+        return ui::PathText(folder.put("in.png", glyphs::EncodePng(picture).value()));
     }
 
     [[nodiscard]] support::ToolRun run(const std::string& icon) const {
-        return support::RunProgram(MKICONS, {folder.path().native(), icon});
+        return support::RunProgram(MKICONS, {ui::PathText(folder.path()), icon});
     }
 
     [[nodiscard]] std::vector<ui::Pixel> pixels(const std::string& name) const {
@@ -51,20 +51,20 @@ TEST_F(MkIcons, RefusesAPictureThatIsNotSquare) {
 }
 
 TEST_F(MkIcons, RefusesWhatIsNoPicture) {
-    const std::string file = folder.put("in.png", "no picture").native();
+    const std::string file = ui::PathText(folder.put("in.png", "no picture"));
     const support::ToolRun refused = run("icon=" + file);
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.errors.rfind(file + ": not a usable PNG picture", 0), 0) << refused.errors;
 }
 
 TEST_F(MkIcons, RefusesAMissingPicture) {
-    const std::string file = (folder / "none.png").native();
+    const std::string file = ui::PathText(folder / "none.png");
     const support::ToolRun refused = run("icon=" + file);
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.errors, file + ": cannot be read\n");
 }
 
 TEST_F(MkIcons, SaysHowItIsCalled) {
-    EXPECT_EQ(support::RunProgram(MKICONS, {folder.path().native()}).exitCode, 2);
+    EXPECT_EQ(support::RunProgram(MKICONS, {ui::PathText(folder.path())}).exitCode, 2);
     EXPECT_EQ(run("without-a-name.png").errors, "usage: mkicons FOLDER NAME=PICTURE.png...\n");
 }

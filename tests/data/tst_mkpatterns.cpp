@@ -24,13 +24,13 @@ class MkPatterns : public ::testing::Test {
 protected:
     support::ToolRun compile(const std::string& source) {
         return support::RunProgram(
-            MKPATTERNS, {folder.put("source.txt", source).native(), (folder / "out.dat").native()});
+            MKPATTERNS, {ui::PathText(folder.put("source.txt", source)), ui::PathText(folder / "out.dat")});
     }
 
     void expectRefusal(const std::string& source, const std::string& message) {
         const support::ToolRun run = compile(source);
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_EQ(run.errors, (folder / "source.txt").native() + message + "\n");
+        EXPECT_EQ(run.errors, ui::PathText(folder / "source.txt") + message + "\n");
         EXPECT_FALSE(folder.has("out.dat"));
     }
 
@@ -128,13 +128,15 @@ TEST_F(MkPatterns, RefusesTwoEqualPatterns) {
 }
 
 TEST_F(MkPatterns, SaysWhenAFileCannotBeReadOrWritten) {
-    const std::string missing = (folder / "missing.txt").native();
-    const support::ToolRun unread = support::RunProgram(MKPATTERNS, {missing, (folder / "out.dat").native()});
+    const std::string missing = ui::PathText(folder / "missing.txt");
+    const support::ToolRun unread =
+        support::RunProgram(MKPATTERNS, {missing, ui::PathText(folder / "out.dat")});
     EXPECT_EQ(unread.exitCode, 1);
     EXPECT_EQ(unread.errors, missing + ": cannot be read\n");
 
-    const std::string source = folder.put("good.txt", "positions\npattern A\n" + rows(14, PlainRow)).native();
-    const std::string nowhere = (folder / "none/out.dat").native();
+    const std::string source =
+        ui::PathText(folder.put("good.txt", "positions\npattern A\n" + rows(14, PlainRow)));
+    const std::string nowhere = ui::PathText(folder / "none/out.dat");
     const support::ToolRun unwritten = support::RunProgram(MKPATTERNS, {source, nowhere});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_EQ(unwritten.errors, nowhere + ": cannot be written\n");

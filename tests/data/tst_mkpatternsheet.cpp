@@ -16,10 +16,12 @@ struct PatternSheet : testing::Test {
 
     support::ToolRun draw(const std::string& positions, const std::string& marks) {
         return support::RunProgram(
-            MKPATTERNSHEET, {positions, marks, CHARSET, (folder / "sheet.png").native()});
+            MKPATTERNSHEET, {positions, marks, CHARSET, ui::PathText(folder / "sheet.png")});
     }
 
-    [[nodiscard]] QImage sheet() { return QImage(QString::fromStdString((folder / "sheet.png").native())); }
+    [[nodiscard]] QImage sheet() {
+        return QImage(QString::fromStdString(ui::PathText(folder / "sheet.png")));
+    }
 };
 
 std::string stillPattern(const std::string& kind, const std::string& title, const std::string& row) {
@@ -44,9 +46,10 @@ TEST_F(PatternSheet, InTheDocumentsShowsThePatternsAsTheyAre) {
 
 TEST_F(PatternSheet, ShowsTheFourteenNamesAndTheOneAtRest) {
     const std::string marks =
-        folder.put("marks.txt", stillPattern("marks", "All", "###############")).native();
+        ui::PathText(folder.put("marks.txt", stillPattern("marks", "All", "###############")));
     const support::ToolRun run = draw(
-        folder.put("positions.txt", stillPattern("positions", "Gone but one", "1..............")).native(),
+        ui::PathText(
+            folder.put("positions.txt", stillPattern("positions", "Gone but one", "1.............."))),
         marks);
     ASSERT_EQ(run.exitCode, 0) << run.errors;
     // Where a pattern's names begin: below its title, a glyph and a line for each of them.
@@ -69,13 +72,9 @@ TEST_F(PatternSheet, ShowsTheFourteenNamesAndTheOneAtRest) {
 }
 
 TEST_F(PatternSheet, RefusesATitleThatHasNoRoom) {
-    const std::string source =
-        folder
-            .put(
-                "positions.txt",
-                stillPattern(
-                    "positions", "Words of seven, letters, always, more, of them", "123456789ABCDE."))
-            .native();
+    const std::string source = ui::PathText(folder.put(
+        "positions.txt",
+        stillPattern("positions", "Words of seven, letters, always, more, of them", "123456789ABCDE.")));
     const support::ToolRun run = draw(source, PATTERNS "/colour-case.txt");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(

@@ -19,13 +19,13 @@ class MkSounds : public ::testing::Test {
 protected:
     support::ToolRun compile(const std::string& source) {
         return support::RunProgram(
-            MKSOUNDS, {folder.put("source.txt", source).native(), (folder / "out.cpp").native()});
+            MKSOUNDS, {ui::PathText(folder.put("source.txt", source)), ui::PathText(folder / "out.cpp")});
     }
 
     void expectRefusal(const std::string& source, const std::string& message) {
         const support::ToolRun run = compile(source);
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_EQ(run.errors, (folder / "source.txt").native() + message + "\n");
+        EXPECT_EQ(run.errors, ui::PathText(folder / "source.txt") + message + "\n");
         EXPECT_FALSE(folder.has("out.cpp"));
     }
 

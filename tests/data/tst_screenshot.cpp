@@ -63,13 +63,14 @@ class MkScreenshot : public ::testing::Test {
 protected:
     support::ToolRun draw(const std::string& source) {
         return support::RunProgram(
-            MKSCREENSHOT, {folder.put("scene.txt", source).native(), Classic, (folder / "out.bmp").native()});
+            MKSCREENSHOT,
+            {ui::PathText(folder.put("scene.txt", source)), Classic, ui::PathText(folder / "out.bmp")});
     }
 
     void expectRefusal(const std::string& source, const std::string& message) {
         const support::ToolRun run = draw(source);
         EXPECT_EQ(run.exitCode, 1);
-        EXPECT_EQ(run.errors, (folder / "scene.txt").native() + message + "\n");
+        EXPECT_EQ(run.errors, ui::PathText(folder / "scene.txt") + message + "\n");
         EXPECT_FALSE(folder.has("out.bmp"));
     }
 
@@ -125,7 +126,7 @@ TEST_F(Screenshot, KeepsToThePaletteOfItsTime) {
 
 TEST_F(Screenshot, IsTheSameEveryTime) {
     const support::TempFolder folder;
-    const std::string again = (folder / "again.bmp").native();
+    const std::string again = ui::PathText(folder / "again.bmp");
     const support::ToolRun run = support::RunProgram(MKSCREENSHOT, {SCENE, Classic, again});
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_TRUE(support::FileContent(again) == bitmap);

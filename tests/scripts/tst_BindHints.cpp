@@ -82,7 +82,8 @@ TEST_F(BindHints, SayWhatIsWrongWithAConfigFile) {
     files.failOnce(support::FailingFiles::Step::Read);
     const auto unreadable = scripts::ReadBoundKeys(files, folder / "a.cfg");
     EXPECT_EQ("This file cannot be read.", unreadable.hint);
-    EXPECT_EQ("Could not read \"" + (folder / "a.cfg").native() + "\": injected failure.", unreadable.reason);
+    EXPECT_EQ(
+        "Could not read \"" + ui::PathText(folder / "a.cfg") + "\": injected failure.", unreadable.reason);
     EXPECT_FALSE(binds(unreadable, "q"));
 }
 
@@ -90,7 +91,7 @@ TEST_F(BindHints, SayWhyAConfigFileCannotBeChanged) {
     const int key = scripts::FindKey("q").value();
     const auto nowhere = scripts::ReadBoundKeys(files, folder / "gone" / "a.cfg");
     EXPECT_EQ("This file cannot be changed.", nowhere.hint);
-    EXPECT_EQ("There is no folder \"" + (folder / "gone").native() + "\".", nowhere.reason);
+    EXPECT_EQ("There is no folder \"" + ui::PathText(folder / "gone") + "\".", nowhere.reason);
     EXPECT_EQ("", nowhere.forecast(key));
 
     folder.put("a.cfg", "bind \"q\" \"x y\"");

@@ -71,7 +71,7 @@ TEST(BindingForecast, IsWhatHappens) {
                     ui::Answer::Yes);
             }
             fake.dialogs.expectInform(
-                "Done! The config file, " + path.native() + ", was updated with your new binding.");
+                "Done! The config file, " + ui::PathText(path) + ", was updated with your new binding.");
             const auto outcome =
                 scripts::BindKey(fake.dialogs, fake.files, fake.directory, {path, "player.vtn", key});
             std::string told = outcome.statusText;
@@ -132,11 +132,12 @@ TEST(NameForecast, IsWhatHappens) {
         const bool isReplaced = scripts::FindNameLine(config)->number > 0;
         if (isReplaced) {
             fake.dialogs.expectInform(
-                "Done! The config file, " + path.native() + ", was updated with your new name.");
+                "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.");
         } else {
             fake.dialogs.expectYesNo(
                 "This config file does not contain a name. Do you wish to add it?", ui::Answer::Yes);
-            fake.dialogs.expectInform("Done! Your name was added to the config file, " + path.native() + ".");
+            fake.dialogs.expectInform(
+                "Done! Your name was added to the config file, " + ui::PathText(path) + ".");
         }
         const auto outcome = scripts::SaveNameToConfig(fake.dialogs, fake.files, fake.directory, path, {});
         std::string forecast = NameForecast(config);

@@ -54,8 +54,9 @@ TEST(GameHints, TellToQuitTheGameThatWritesAConfig) {
 TEST(GameHints, TellThatAConfigIsNotRead) {
     EXPECT_EQ(
         scripts::ConfigAdvice("/games/quake2/baseq2/config.cfg", Here()),
-        "Q2PRO reads ~/.q2pro/baseq2/config.cfg, not this file. "
-        "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.");
+        "Q2PRO reads ~/" + ui::PathText(ui::Path(".q2pro/baseq2/config.cfg").make_preferred()) +
+            ", not this file. "
+            "Quit the game first: it writes this file when it quits. Safer: type autoexec.cfg for its name.");
     scripts::GamesHere here = Here();
     here.places[games::Place::Home] = "/home/r/.q2pro/..";
     EXPECT_TRUE(scripts::ConfigAdvice("/games/quake2/baseq2/config.cfg", here).starts_with("Quit"));

@@ -56,8 +56,8 @@ protected:
     }
 
     [[nodiscard]] std::string refusal(const ui::Path& keptAt) const {
-        return "\"" + path.native() + "\" may be incomplete: writing it did not end well.\n" +
-               "What it held before is kept whole as \"" + keptAt.native() +
+        return "\"" + ui::PathText(path) + "\" may be incomplete: writing it did not end well.\n" +
+               "What it held before is kept whole as \"" + ui::PathText(keptAt) +
                "\". Please put that back, or delete it, and try again.";
     }
 };
@@ -73,8 +73,8 @@ TEST_F(KeptCopies, AreNamedAtTheNextStartWheneverTheProgramDied) {
         if (!isWhole() || (content() == NewConfig && ui::KeptCopyOf(fake.disk, path))) {
             EXPECT_EQ(fake.directory.files.content("tempfile.cfg"), OldConfig);
             fake.dialogs.expectWarning(
-                "\"" + path.native() + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
-                "What it held before is kept whole as \"" + copy.native() + "\".");
+                "\"" + ui::PathText(path) + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
+                "What it held before is kept whole as \"" + ui::PathText(copy) + "\".");
         }
         ui::TellOfKeptCopies(fake.dialogs, fake.disk);
         fake.dialogs.expectAllAsked();
@@ -102,7 +102,7 @@ TEST_F(KeptCopies, KeepTheirFileFromBeingTakenForOneWithoutAName) {
     game.put("config.cfg", fake.directory.files.content("tempfile.cfg"));
     std::filesystem::remove(copy);
     fake.dialogs.expectInform(
-        "Done! The config file, " + path.native() + ", was updated with your new name.");
+        "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.");
     EXPECT_TRUE(
         scripts::SaveNameToConfig(fake.dialogs, fake.files, fake.directory, path, support::Name("Player"))
             .written);
@@ -116,8 +116,8 @@ TEST_F(KeptCopies, AreStillKnownAfterTheyHaveMadeRoomForAnother) {
     const ui::Path kept = fake.directory.folder() / "tempfile-1.cfg";
     EXPECT_EQ(ui::KeptCopyOf(fake.disk, path), kept);
     fake.dialogs.expectWarning(
-        "\"" + path.native() + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
-        "What it held before is kept whole as \"" + kept.native() + "\".");
+        "\"" + ui::PathText(path) + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
+        "What it held before is kept whole as \"" + ui::PathText(kept) + "\".");
     ui::TellOfKeptCopies(fake.dialogs, fake.disk);
     fake.dialogs.expectAllAsked();
     EXPECT_EQ(ui::KeptCopyOf(fake.disk, other), std::nullopt);
@@ -127,7 +127,7 @@ TEST_F(KeptCopies, ThatAFailureHasNamedAreNotToldOfAgain) {
     fake.files.failFrom(support::FailingFiles::Step::Resize, 2);
     const auto done = scripts::RewriteConfig(fake.files, fake.directory, path, OldConfig, NewConfig);
     ASSERT_FALSE(done);
-    EXPECT_NE(done.failure().message.find(copy.native()), std::string::npos);
+    EXPECT_NE(done.failure().message.find(ui::PathText(copy)), std::string::npos);
     EXPECT_EQ(ui::KeptCopyOf(fake.disk, path), copy);
     ui::TellOfKeptCopies(fake.dialogs, fake.disk);
 }

@@ -92,7 +92,7 @@ protected:
 
     void expectDone() {
         fake.dialogs.expectInform(
-            "Done! The config file, " + config.native() + ", was updated with your new binding.");
+            "Done! The config file, " + ui::PathText(config) + ", was updated with your new binding.");
     }
 
     void expectReplaceQuestion(ui::Answer answer) {
@@ -126,8 +126,8 @@ TEST_F(BindWizard, StartsEmptyWithAllKeysFree) {
 
 TEST_F(BindWizard, StartsWithTheRememberedFiles) {
     open({config, script});
-    EXPECT_EQ(config.native(), text("txtCFGFileName"));
-    EXPECT_EQ(script.native(), text("txtSCRFileName"));
+    EXPECT_EQ(ui::PathText(config), text("txtCFGFileName"));
+    EXPECT_EQ(ui::PathText(script), text("txtSCRFileName"));
     EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
     EXPECT_EQ(80U, entries("NotBound").size());
     EXPECT_EQ(82U, entries("BindList").size());
@@ -146,11 +146,11 @@ TEST_F(BindWizard, RemembersTheFilesThatWereChosen) {
     open();
     expectOpenConfig(config);
     click("cmdGetCFGFile");
-    EXPECT_EQ(config.native(), text("txtCFGFileName"));
+    EXPECT_EQ(ui::PathText(config), text("txtCFGFileName"));
     EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
     expectOpenScript(script);
     click("cmdGetSCRFile");
-    EXPECT_EQ(script.native(), text("txtSCRFileName"));
+    EXPECT_EQ(ui::PathText(script), text("txtSCRFileName"));
     click("cmdCancel");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(config, form->remembered().config);
@@ -163,8 +163,8 @@ TEST_F(BindWizard, KeepsItsFilesWhenADialogIsCancelled) {
     click("cmdGetCFGFile");
     expectOpenScript(std::nullopt);
     click("cmdGetSCRFile");
-    EXPECT_EQ(config.native(), text("txtCFGFileName"));
-    EXPECT_EQ(script.native(), text("txtSCRFileName"));
+    EXPECT_EQ(ui::PathText(config), text("txtCFGFileName"));
+    EXPECT_EQ(ui::PathText(script), text("txtSCRFileName"));
     EXPECT_EQ(config, form->remembered().config);
 }
 
@@ -179,11 +179,11 @@ TEST_F(BindWizard, ListsTheKeysOfAnotherFileAnew) {
 
 TEST_F(BindWizard, ListsTheKeysOfAFileThatIsTyped) {
     open();
-    type("txtCFGFileName", config.native());
+    type("txtCFGFileName", ui::PathText(config));
     EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
     EXPECT_EQ("", hint("lblCFGHint"));
     EXPECT_TRUE(find<QLineEdit>("txtCFGFileName")->hasFocus());
-    type("txtCFGFileName", config.native() + "x");
+    type("txtCFGFileName", ui::PathText(config) + "x");
     EXPECT_EQ(Strings(), entries("PreBound"));
     EXPECT_EQ("There is no such file yet.", hint("lblCFGHint"));
     QTest::keyClick(find<QLineEdit>("txtCFGFileName"), Qt::Key_Backspace);
@@ -192,11 +192,11 @@ TEST_F(BindWizard, ListsTheKeysOfAFileThatIsTyped) {
 
 TEST_F(BindWizard, WarnsOfAScriptThatTheGameCannotRun) {
     open();
-    type("txtSCRFileName", game.put("my a.vtn", "").native());
+    type("txtSCRFileName", ui::PathText(game.put("my a.vtn", "")));
     EXPECT_EQ("Games cannot run a script with a blank in its file name.", hint("lblSCRHint"));
-    type("txtSCRFileName", script.native());
+    type("txtSCRFileName", ui::PathText(script));
     EXPECT_EQ("", hint("lblSCRHint"));
-    type("txtSCRFileName", script.native() + "x");
+    type("txtSCRFileName", ui::PathText(script) + "x");
     EXPECT_EQ("There is no such file.", hint("lblSCRHint"));
     // No box, and no refusal.
     EXPECT_TRUE(fake.dialogs.calls().empty());
@@ -222,10 +222,10 @@ TEST_F(BindWizard, TellsWhatTheGameMakesOfTheFilesAndTheKey) {
     pick("BindList", "F5");
     EXPECT_FALSE(find<QLabel>("lblKeyHint")->isVisible());
     EXPECT_LT(find<QLabel>("lblCFGAdvice")->font().pointSizeF(), form->font().pointSizeF());
-    type("txtCFGFileName", (yamagi.parent_path() / "autoexec.cfg").native());
+    type("txtCFGFileName", ui::PathText(yamagi.parent_path() / "autoexec.cfg"));
     EXPECT_EQ("", hint("lblCFGAdvice"));
     EXPECT_EQ("Yamagi Quake II does not look for scripts in this folder.", hint("lblSCRHint"));
-    type("txtCFGFileName", config.native());
+    type("txtCFGFileName", ui::PathText(config));
     EXPECT_EQ("", hint("lblSCRHint")) << "nobody knows which game that is";
 }
 
@@ -239,15 +239,15 @@ TEST_F(BindWizard, FitsASmallScreen) {
 TEST_F(BindWizard, TellsWhatIsGoingToHappenBeforeItDoes) {
     open();
     EXPECT_EQ("", hint("lblForecast"));
-    type("txtCFGFileName", config.native());
+    type("txtCFGFileName", ui::PathText(config));
     EXPECT_EQ("", hint("lblForecast")) << "no key is chosen yet";
     pick("NotBound", "a");
     EXPECT_EQ("A line will be added", hint("lblForecast"));
     pick("BindList", "F1");
     EXPECT_EQ("Line 2 will be replaced: bind \"F1\" \"x y\"", hint("lblForecast"));
-    type("txtCFGFileName", config.native() + "x");
+    type("txtCFGFileName", ui::PathText(config) + "x");
     EXPECT_EQ("A line will be added", hint("lblForecast"));
-    type("txtCFGFileName", game.path().native());
+    type("txtCFGFileName", ui::PathText(game.path()));
     EXPECT_EQ("", hint("lblForecast"));
     EXPECT_EQ("This is a folder.", hint("lblCFGHint"));
 }
@@ -266,8 +266,8 @@ TEST_F(BindWizard, FindsTypedFilesInTheHomeOfTheUser) {
 
 TEST_F(BindWizard, RemembersTheTypedFilesWithWhichAKeyWasBound) {
     open();
-    type("txtCFGFileName", config.native());
-    type("txtSCRFileName", script.native());
+    type("txtCFGFileName", ui::PathText(config));
+    type("txtSCRFileName", ui::PathText(script));
     EXPECT_EQ(ui::Path(), form->remembered().config);
     EXPECT_EQ(ui::Path(), form->remembered().script);
     pick("NotBound", "F5");
@@ -297,10 +297,10 @@ TEST_F(BindWizard, AsksForWhatIsMissing) {
     open();
     fake.dialogs.expectInform("Please select a config file!");
     click("cmdOK");
-    type("txtCFGFileName", config.native());
+    type("txtCFGFileName", ui::PathText(config));
     fake.dialogs.expectInform("Please select a script file!");
     click("cmdOK");
-    type("txtSCRFileName", script.native());
+    type("txtSCRFileName", ui::PathText(script));
     fake.dialogs.expectInform("Please select a key!");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
@@ -355,21 +355,22 @@ TEST_F(BindWizard, StaysOpenAfterAFailure) {
     pick("NotBound", "w");
     fake.files.failFrom(support::FailingFiles::Step::Look);
     fake.dialogs.expectWarning(
-        "Could not look \"" + config.native() + "\": injected failure.\nThe config file, " + config.native() +
-        ", was not changed.");
+        "Could not look \"" + ui::PathText(config) + "\": injected failure.\nThe config file, " +
+        ui::PathText(config) + ", was not changed.");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
 }
 
 TEST_F(BindWizard, KeepsFileNamesThatAreNoText) {
-    // Bytes that are no characters cannot be shown, but they are the file's name.
-    script = game.put("g\xFCnther.vtn", "");
+    // Bytes that are no characters cannot be shown, but where names are bytes they are the file's name.
+    script = game.put(ui::PathFromText("g\xFCnther.vtn"), "");
     open({config, script});
     pick("NotBound", "F5");
     expectDone();
     click("cmdOK");
     EXPECT_EQ(
-        "bind \"Q\" \"x y\"\nbind \"F1\" \"x y\"\nbind \"F5\" \"exec g\xFCnther.vtn\"\r\n",
+        "bind \"Q\" \"x y\"\nbind \"F1\" \"x y\"\nbind \"F5\" \"exec " + ui::PathText(script.filename()) +
+            "\"\r\n",
         game.content("config.cfg"));
 }
 

@@ -52,7 +52,7 @@ protected:
     }
 
     void expectWritten() {
-        fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+        fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     }
 };
 
@@ -125,7 +125,7 @@ TEST_F(SaveMessages, StaysOpenAfterAFailure) {
     click("chkMess_1");
     fake.files.failOnce(support::FailingFiles::Step::Create);
     expectSave(path);
-    fake.dialogs.expectWarning("Could not create \"" + path.native() + "\": injected failure.");
+    fake.dialogs.expectWarning("Could not create \"" + ui::PathText(path) + "\": injected failure.");
     click("cmdOK");
     EXPECT_TRUE(form->isVisible());
     EXPECT_NE(SaveOutcome::Kind::Written, form->outcome().kind);

@@ -66,7 +66,7 @@ protected:
 
     void expectUpdated() {
         fake.dialogs.expectInform(
-            "Done! The config file, " + path.native() + ", was updated with your new binding.");
+            "Done! The config file, " + ui::PathText(path) + ", was updated with your new binding.");
     }
 };
 
@@ -289,7 +289,7 @@ TEST_F(Binding, OfAKeyThatOnlyCommentsBindIsAdded) {
 TEST_F(Binding, InAFileThatCannotBeReadSaysWhichFileAndWhy) {
     put("x\n");
     fake.files.failOnce(Step::Read);
-    fake.dialogs.expectWarning("Could not read \"" + path.native() + "\": injected failure.");
+    fake.dialogs.expectWarning("Could not read \"" + ui::PathText(path) + "\": injected failure.");
     EXPECT_FALSE(bind().written);
     EXPECT_EQ("x\n", content());
 }
@@ -298,8 +298,8 @@ TEST_F(Binding, ThatCannotBeAddedSaysWhichFileAndWhy) {
     put("x\n");
     fake.files.failOnce(Step::Write);
     fake.dialogs.expectWarning(
-        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
-        ", was not changed.");
+        "Could not write \"" + ui::PathText(path) + "\": injected failure.\nThe config file, " +
+        ui::PathText(path) + ", was not changed.");
     EXPECT_FALSE(bind().written);
     EXPECT_EQ("x\n", content());
 }
@@ -311,9 +311,10 @@ TEST_F(Binding, ThatCannotBeReplacedSaysWhereTheWholeCopyIs) {
     fake.files.failFrom(Step::Flush, 2);
     fake.dialogs.expectYesNo(ReplaceQuestion, ui::Answer::Yes);
     fake.dialogs.expectWarning(
-        "Could not flush \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+        "Could not flush \"" + ui::PathText(path) + "\": injected failure.\nThe config file, " +
+        ui::PathText(path) +
         ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +
-        (fake.directory.folder() / "tempfile.cfg").native() + "\".");
+        ui::PathText(fake.directory.folder() / "tempfile.cfg") + "\".");
     EXPECT_FALSE(scripts::BindKey(fake.dialogs, fake.files, fake.directory, choice).written);
     EXPECT_EQ("bind \"q\" \"x y\"\n", fake.directory.files.content("tempfile.cfg"));
 }
@@ -322,7 +323,7 @@ TEST_F(Binding, MayNotAlterTheCopy) {
     path = fake.directory.folder() / "tempfile.cfg";
     choice.config = path;
     fake.dialogs.expectWarning(
-        "Could not alter \"" + path.native() +
+        "Could not alter \"" + ui::PathText(path) +
         "\": VTM needs a file of this name for itself. Please copy it to another name first.");
     EXPECT_FALSE(bind().written);
 }
@@ -347,7 +348,7 @@ TEST_F(Binding, AndTheNameGoIntoTheConfigOfAGame) {
         name.cells.at(static_cast<std::size_t>(column++)) = static_cast<unsigned char>(glyph);
     }
     fake.dialogs.expectInform(
-        "Done! The config file, " + path.native() + ", was updated with your new name.");
+        "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.");
     EXPECT_TRUE(scripts::SaveNameToConfig(fake.dialogs, fake.files, fake.directory, path, name).written);
     EXPECT_EQ(Fixture("game-named.cfg"), content());
 }

@@ -55,7 +55,7 @@ protected:
 
     void expectUpdated() {
         fake.dialogs.expectInform(
-            "Done! The config file, " + path.native() + ", was updated with your new name.");
+            "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.");
     }
 
     scripts::LoadOutcome load() {
@@ -171,13 +171,13 @@ TEST_F(Config, WithoutANameLeavesThePageAlone) {
 TEST_F(Config, WithANameThatIsTooLongFillsThePageAndSaysSo) {
     put("name \"1234567890123456\"\r\n");
     fake.dialogs.expectInform(
-        "Error reading name from " + path.native() + ".", [&] { EXPECT_EQ(1, repaints); });
+        "Error reading name from " + ui::PathText(path) + ".", [&] { EXPECT_EQ(1, repaints); });
     EXPECT_FALSE(load().loaded);
     EXPECT_EQ("123456789012345", Cells(name));
 }
 
 TEST_F(Config, ThatCannotBeReadSaysWhichFileAndWhy) {
-    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
+    fake.dialogs.expectWarning("Could not open \"" + ui::PathText(path) + "\": No such file or directory.");
     EXPECT_FALSE(load().loaded);
     EXPECT_EQ(0, repaints);
     EXPECT_EQ("Player         ", Cells(name));
@@ -185,7 +185,7 @@ TEST_F(Config, ThatCannotBeReadSaysWhichFileAndWhy) {
 
 TEST_F(Config, WithTooManyLinesIsRefused) {
     const std::string text =
-        "The config file, " + path.native() + ", has more than 32,767 lines. VTM cannot handle it.";
+        "The config file, " + ui::PathText(path) + ", has more than 32,767 lines. VTM cannot handle it.";
     const std::string bytes = "name \"x\"\n" + Lines(32767);
     put(bytes);
     fake.dialogs.expectWarning(text);
@@ -274,7 +274,7 @@ TEST_F(Config, WithoutANameIsLeftAloneOnNo) {
 TEST_F(Config, WithoutANameGainsOneOnYes) {
     put("bind a b\n");
     fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes, [&] { EXPECT_EQ("bind a b\n", content()); });
-    fake.dialogs.expectInform("Done! Your name was added to the config file, " + path.native() + ".");
+    fake.dialogs.expectInform("Done! Your name was added to the config file, " + ui::PathText(path) + ".");
     const auto outcome = save();
     EXPECT_TRUE(outcome.written);
     EXPECT_EQ("", outcome.statusText);
@@ -285,7 +285,7 @@ TEST_F(Config, WithoutANameGainsOneOnYes) {
 TEST_F(Config, GainsANameRightBehindItsLastByte) {
     put("// set name \"x\"\r\nbind a b");
     fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! Your name was added to the config file, " + path.native() + ".");
+    fake.dialogs.expectInform("Done! Your name was added to the config file, " + ui::PathText(path) + ".");
     save();
     EXPECT_EQ("// set name \"x\"\r\nbind a bname \"Player\"\r\n", content());
 }
@@ -295,7 +295,7 @@ TEST_F(Config, ThatIsNotThereIsMadeOnYes) {
     EXPECT_FALSE(save().written);
     EXPECT_FALSE(game.has("config.cfg"));
     fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! Your name was added to the config file, " + path.native() + ".");
+    fake.dialogs.expectInform("Done! Your name was added to the config file, " + ui::PathText(path) + ".");
     EXPECT_TRUE(save().written);
     EXPECT_EQ("name \"Player\"\r\n", content());
 }
@@ -303,7 +303,7 @@ TEST_F(Config, ThatIsNotThereIsMadeOnYes) {
 TEST_F(Config, ThatCannotBeReadIsNotWrittenEither) {
     put("name \"x\"\r\n");
     fake.files.failOnce(Step::Read);
-    fake.dialogs.expectWarning("Could not read \"" + path.native() + "\": injected failure.");
+    fake.dialogs.expectWarning("Could not read \"" + ui::PathText(path) + "\": injected failure.");
     EXPECT_FALSE(save().written);
     EXPECT_EQ("name \"x\"\r\n", content());
     EXPECT_EQ(0, fake.files.count(Step::Create));
@@ -322,8 +322,8 @@ TEST_F(Config, ThatCannotGainANameSaysWhichFileAndWhy) {
         fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
         const ui::Path named = step == Step::Lock ? fake.directory.folder() : path;
         fake.dialogs.expectWarning(
-            std::string("Could not ") + word + " \"" + named.native() +
-            "\": injected failure.\nThe config file, " + path.native() + ", was not changed.");
+            std::string("Could not ") + word + " \"" + ui::PathText(named) +
+            "\": injected failure.\nThe config file, " + ui::PathText(path) + ", was not changed.");
         EXPECT_FALSE(save().written);
         EXPECT_EQ("x\r\n", content());
     }
@@ -335,9 +335,10 @@ TEST_F(Config, ThatCannotBeRewrittenSaysWhereTheWholeCopyIs) {
     std::filesystem::create_hard_link(path, game / "other.cfg");
     fake.files.failFrom(Step::Write, 2);
     fake.dialogs.expectWarning(
-        "Could not write \"" + path.native() + "\": injected failure.\nThe config file, " + path.native() +
+        "Could not write \"" + ui::PathText(path) + "\": injected failure.\nThe config file, " +
+        ui::PathText(path) +
         ", may be incomplete now. It was copied before, and the whole copy is kept as \"" +
-        (fake.directory.folder() / "tempfile.cfg").native() + "\".");
+        ui::PathText(fake.directory.folder() / "tempfile.cfg") + "\".");
     EXPECT_FALSE(scripts::SaveNameToConfig(fake.dialogs, fake.files, fake.directory, path, name).written);
     EXPECT_EQ("name \"x\"\r\n", fake.directory.files.content("tempfile.cfg"));
 }
@@ -350,7 +351,7 @@ TEST_F(Config, IsDoneEvenIfTheCopyCannotBeDeleted) {
     EXPECT_TRUE(outcome.written);
     EXPECT_EQ(
         "Line 1 was replaced: name \"x\"  Could not remove \"" +
-            (fake.directory.folder() / "tempfile.cfg").native() + "\": injected failure.",
+            ui::PathText(fake.directory.folder() / "tempfile.cfg") + "\": injected failure.",
         outcome.statusText);
     EXPECT_EQ("name \"Player\"\r\n", content());
 }
@@ -358,7 +359,7 @@ TEST_F(Config, IsDoneEvenIfTheCopyCannotBeDeleted) {
 TEST_F(Config, MayNotBeTheCopyItself) {
     path = fake.directory.folder() / "tempfile.cfg";
     const std::string refusal =
-        "Could not alter \"" + path.native() +
+        "Could not alter \"" + ui::PathText(path) +
         "\": VTM needs a file of this name for itself. Please copy it to another name first.";
     fake.dialogs.expectYesNo(AddQuestion, ui::Answer::Yes);
     fake.dialogs.expectWarning(refusal);

@@ -199,7 +199,7 @@ TEST(ReadMessageScript, LeavesTheCursorWhereItIs) {
 TEST_F(MessageScript, IsSavedWithoutAQuestion) {
     const ui::Path path = fake.directory.files / "a.vtm";
     expectSaveDialog(path);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.", [&] {
         EXPECT_EQ(
             std::string(MacroHeader) + "say_team \"one\"\r\nsay_team \"two\"\r\n",
             fake.directory.files.content("a.vtm"));
@@ -225,7 +225,7 @@ TEST_F(MessageScript, AsksBeforeItReplacesAFileOfAnotherKind) {
         fake.directory.files.put("a.vtn", "// Name File Created by Vortigo\r\nname \"a\"\r\n");
     expectSaveDialog(path);
     fake.dialogs.expectBox(
-        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        {"The file \"" + ui::PathText(path) + "\" is not a script of this kind.\nDo you wish to replace it?",
          ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::No);
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save({{true, false, false}, SayCommand::Say}).kind);
@@ -245,7 +245,7 @@ TEST_F(MessageScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
         fake.files.failOnce(step);
         expectSaveDialog(path);
         fake.dialogs.expectWarning(
-            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
+            std::string("Could not ") + word + " \"" + ui::PathText(path) + "\": injected failure.");
         EXPECT_EQ(SaveOutcome::Kind::Failed, save({{true, false, false}, SayCommand::Say}).kind);
         fake.dialogs.expectAllAsked();
         EXPECT_FALSE(fake.disk.exists(path));
@@ -263,7 +263,7 @@ TEST_F(MessageScript, IsChosenInTheDefaultFolder) {
 
 TEST_F(MessageScript, IsShownBeforeTheLoadIsReported) {
     const ui::Path path = fake.directory.files.put("a.vtm", std::string(MacroHeader) + "say \"x\"\r\n");
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.", [&] {
         EXPECT_EQ(1, repaints);
         EXPECT_EQ(TextList({"x", "two", "three"}), Texts(messages));
     });

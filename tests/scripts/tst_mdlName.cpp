@@ -41,7 +41,7 @@ protected:
     NameDocument name;
     int repaints = 0;
 
-    ui::Path file(const char* fileName) { return fake.directory.folder() / fileName; }
+    ui::Path file(const ui::Path& fileName) { return fake.directory.folder() / fileName; }
 
     ui::Path put(const char* fileName, std::string_view bytes) {
         const ui::Path path = file(fileName);
@@ -211,7 +211,7 @@ TEST_F(NameScript, IsSavedForTheGameThatWasAnswered) {
     expectSaveDialog(path);
     // The question comes before the file is made.
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes, [&] { EXPECT_FALSE(fake.disk.exists(path)); });
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.", [&] {
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.", [&] {
         EXPECT_EQ("// Name File Created by Vortigo\r\nname \"Player\"\r\n", get(path));
     });
     const SaveOutcome outcome = save();
@@ -222,7 +222,7 @@ TEST_F(NameScript, IsSavedForTheGameThatWasAnswered) {
 
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::No);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     (void)save();
     EXPECT_EQ("// Name File Created by Vortigo\r\nset name \"Player\"\r\n", get(path));
 }
@@ -232,7 +232,7 @@ TEST_F(NameScript, ReplacesALongerScriptWhole) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"123456789012345\"\r\n");
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     (void)save();
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"a\"\r\n", get(path));
 }
@@ -249,7 +249,7 @@ TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
     const ui::Path path = put("autoexec.cfg", "bind a b\n");
     expectSaveDialog(path);
     fake.dialogs.expectBox(
-        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        {"The file \"" + ui::PathText(path) + "\" is not a script of this kind.\nDo you wish to replace it?",
          ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::No);
     EXPECT_EQ(SaveOutcome::Kind::Cancelled, save().kind);
@@ -258,11 +258,11 @@ TEST_F(NameScript, AsksBeforeItReplacesAFileOfAnotherKind) {
 
     expectSaveDialog(path);
     fake.dialogs.expectBox(
-        {"The file \"" + path.native() + "\" is not a script of this kind.\nDo you wish to replace it?",
+        {"The file \"" + ui::PathText(path) + "\" is not a script of this kind.\nDo you wish to replace it?",
          ui::Buttons::YesNo, ui::Icon::None, "", true},
         ui::Answer::Yes);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"\"\r\n", get(path));
 }
@@ -271,7 +271,7 @@ TEST_F(NameScript, ReplacesAnEmptyFileWithoutAsking) {
     const ui::Path path = put("a.vtn", "");
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     EXPECT_EQ(SaveOutcome::Kind::Written, save().kind);
 }
 
@@ -279,7 +279,7 @@ TEST_F(NameScript, ThatCannotBeWrittenSaysWhichFileAndWhy) {
     const ui::Path path = file("nowhere/a.vtn");
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
-    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
+    fake.dialogs.expectWarning("Could not open \"" + ui::PathText(path) + "\": No such file or directory.");
     const SaveOutcome outcome = save();
     EXPECT_EQ(SaveOutcome::Kind::Failed, outcome.kind);
     EXPECT_FALSE(scripts::OffersBinding(outcome)) << "nothing follows a failed save";
@@ -299,7 +299,7 @@ TEST_F(NameScript, IsNotDoneWhenAnyStepOfTheWritingFails) {
         expectSaveDialog(path);
         fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
         fake.dialogs.expectWarning(
-            std::string("Could not ") + word + " \"" + path.native() + "\": injected failure.");
+            std::string("Could not ") + word + " \"" + ui::PathText(path) + "\": injected failure.");
         EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
         fake.dialogs.expectAllAsked();
         EXPECT_FALSE(fake.disk.exists(path));
@@ -313,7 +313,8 @@ TEST_F(NameScript, ThatCannotReplaceAnotherLeavesThatOneWhole) {
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
     fake.dialogs.expectWarning(
-        "Could not write \"" + path.native() + "\": injected failure.\nThe file was put back as it was.");
+        "Could not write \"" + ui::PathText(path) +
+        "\": injected failure.\nThe file was put back as it was.");
     EXPECT_EQ(SaveOutcome::Kind::Failed, save().kind);
     EXPECT_EQ("// Name File Created by Vortigo\r\nname \"old\"\r\n", get(path));
 }
@@ -328,7 +329,7 @@ TEST_F(NameScript, IsChosenInTheDefaultFolder) {
 
 TEST_F(NameScript, IsShownBeforeTheLoadIsReported) {
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nset name \"Player\"\r\n");
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.", [&] {
         EXPECT_EQ(1, repaints);
         EXPECT_EQ("Player         ", Cells(name));
     });
@@ -347,7 +348,7 @@ TEST_F(NameScript, ThatIsNotOneIsReportedEvenWhileTheProgramStarts) {
     name = Name("old");
     const ui::Path path = put("a.vtn", "// name file created by vortigo\r\nname \"a\"\r\n");
     for (const bool quiet : {false, true}) {
-        fake.dialogs.expectInform("Error reading name from " + path.native() + ".");
+        fake.dialogs.expectInform("Error reading name from " + ui::PathText(path) + ".");
         EXPECT_FALSE(load(path, quiet).loaded());
     }
     EXPECT_EQ(0, repaints);
@@ -369,7 +370,7 @@ TEST_F(NameScript, ThatIsTooLongIsReportedAndShownAsFarAsItFits) {
     name = Name("old");
     const ui::Path path = put("a.vtn", "// Name File Created by Vortigo\r\nname \"1234567890123456\"\r\n");
     fake.dialogs.expectInform(
-        "Error reading name from " + path.native() + ".", [&] { EXPECT_EQ(1, repaints); });
+        "Error reading name from " + ui::PathText(path) + ".", [&] { EXPECT_EQ(1, repaints); });
     EXPECT_FALSE(load(path).loaded());
     EXPECT_EQ("123456789012345", Cells(name));
     EXPECT_EQ(1, repaints);
@@ -377,10 +378,10 @@ TEST_F(NameScript, ThatIsTooLongIsReportedAndShownAsFarAsItFits) {
 
 TEST_F(NameScript, IsSavedAndLoadedUnderAnyFileName) {
     name = Name("Player");
-    const ui::Path path = file("g\xFCnther \xC3\xBC.vtn");
+    const ui::Path path = file(ui::PathFromText("g\xFCnther \xC3\xBC.vtn"));
     expectSaveDialog(path);
     fake.dialogs.expectGameQuestion(Question, ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     (void)save();
     name = {};
     EXPECT_TRUE(load(path, true).loaded());

@@ -22,8 +22,8 @@ struct Expected {
 void expectFile(const std::optional<shell::CommandLineFile>& found, const Expected& expected) {
     ASSERT_TRUE(found.has_value());
     EXPECT_EQ(found->kind, expected.kind);
-    EXPECT_EQ(found->folder.native(), expected.folder);
-    EXPECT_EQ(found->file.native(), expected.file);
+    EXPECT_EQ(ui::PathText(found->folder), expected.folder);
+    EXPECT_EQ(ui::PathText(found->file), expected.file);
     EXPECT_EQ(found->shown, expected.shown);
 }
 

@@ -25,7 +25,7 @@ TEST_F(SessionRun, TheStartEndsWithItsPageInView) {
 
 TEST_F(SessionRun, AScriptOfTheCommandLineIsLoadedInSilence) {
     const ui::Path path = putScript("clan.vtn", "clan");
-    load({" /name " + path.native()});
+    load({" /name " + ui::PathText(path)});
     EXPECT_EQ(nameText(), "clan");
     EXPECT_EQ(session.page(), Page::Animation) << "the page that its switch shows";
     EXPECT_NE(view.status.find("clan.vtn"), std::string::npos) << view.status;
@@ -101,7 +101,7 @@ TEST_F(SessionRun, WhatWasReadStandsOnThePageBeforeItIsTold) {
     const ui::Path path = putScript("clan.vtn", "clan");
     fake.dialogs.expectOpen(OpenDialog(Page::Name), path);
     bool wasPainted = false;
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.", [&] {
         wasPainted = isPainted() && nameText() == "clan" && session.page() == Page::Name &&
                      view.shown.back() == "show Name";
     });
@@ -139,13 +139,13 @@ TEST_F(SessionRun, AScriptThatWasSavedIsRememberedBeforeItsKeyIsAskedFor) {
     const ui::Path path = fake.directory.files / "x.vtn";
     fake.dialogs.expectSave(SaveDialog(Page::Name), path);
     fake.dialogs.expectGameQuestion("Is this name to be used in Quake2?", ui::Answer::Yes);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     fake.dialogs.expectYesNo(
         "Would you like to use the Binding Wizard to bind the script file you just saved?", ui::Answer::Yes);
     files.saveScript(Page::Name);
     EXPECT_EQ(view.shown, (Shown{"recent", "binding wizard", "show Name", "follow"}));
     EXPECT_EQ(session.workspace().rememberedScript, path);
-    EXPECT_EQ(session.workspace().recent.of(Page::Name), std::vector<std::string>{path.native()});
+    EXPECT_EQ(session.workspace().recent.of(Page::Name), std::vector<std::string>{ui::PathText(path)});
 }
 
 TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
@@ -158,7 +158,7 @@ TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
         view.status,
         "told No known game looks in this folder; in a game's, exec m.vtm in the console runs it.")
         << "what was lost comes first";
-    EXPECT_EQ(session.workspace().recent.of(Page::Messages), std::vector<std::string>{path.native()});
+    EXPECT_EQ(session.workspace().recent.of(Page::Messages), std::vector<std::string>{ui::PathText(path)});
     session.workspace().settings.games = {};
     files.saveScript(Page::Messages);
     EXPECT_EQ(view.status, "told") << "no game is played";
@@ -166,9 +166,9 @@ TEST_F(SessionRun, MessagesAreSavedByTheirWizard) {
 
 TEST_F(SessionRun, ARecentFileIsLoadedThenShown) {
     const ui::Path path = putScript("old.vtn", "old");
-    fake.settings.write("NameFiles", "RecentFile1", path.native());
+    fake.settings.write("NameFiles", "RecentFile1", ui::PathText(path));
     startOn(Page::Messages);
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [&] {
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.", [&] {
         EXPECT_EQ(session.page(), Page::Messages) << "the page follows the reading";
     });
     files.loadRecent(Page::Name, 0);

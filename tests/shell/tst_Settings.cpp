@@ -53,7 +53,7 @@ const std::map<std::string, std::string> TabledDefaults = {
     {"capmode", "False"},
     {"nummode", "True"},
     {"maketype", "1"},
-    {"screenshot", "/opt/vtm/quake00.bmp"},
+    {"screenshot", ui::PathText(Folder / "quake00.bmp")},
 };
 
 /// The value that a key has after a load of a store that holds nothing else, as it would be saved again.
@@ -116,7 +116,7 @@ TEST(Settings, DefaultsGiveTheTabledValuesInMemory) {
     EXPECT_TRUE(settings.modes.numberPad);
     EXPECT_EQ(settings.charSet, 0);
     EXPECT_EQ(settings.page(), editing::Page::Animation);
-    EXPECT_EQ(settings.screenshot, "/opt/vtm/quake00.bmp");
+    EXPECT_EQ(settings.screenshot, ui::PathText(Folder / "quake00.bmp"));
 }
 
 TEST(Settings, DefaultsLeaveTheFrequentGlyphsWhichAreZeroAtStart) {

@@ -140,7 +140,7 @@ TEST_F(StartSets, FailWithoutTheList) {
     EXPECT_EQ(
         started.failure().message,
         "VTM cannot start, because no character set can be read.\n\nThe character-set list \"" +
-            (fake.directory.files / "vtmtc.dat").native() + "\" holds no record.");
+            ui::PathText(fake.directory.files / "vtmtc.dat") + "\" holds no record.");
 }
 
 TEST_F(StartSets, PromiseNothingThatCannotBeKept) {

@@ -257,18 +257,20 @@ TEST_F(OptionsDialog, ABoxTickedTwiceStillCountsAsAChange) {
 }
 
 TEST_F(OptionsDialog, AScreenshotIsChosenInAFileDialog) {
-    settings.screenshot = "/pictures/old.bmp";
+    const ui::Path pictures = std::filesystem::temp_directory_path() / "pictures";
+    settings.screenshot = ui::PathText(pictures / "old.bmp");
     open();
     support::ExpectedFileDialog expected;
     expected.title = "Select the Screen Shot";
     expected.initialName = "old.bmp";
     expected.filters = {{"Quake Screen Shot (*.bmp)", {"*.bmp"}}};
-    expected.folder = "/pictures";
-    fake.dialogs.expectOpen(expected, "/pictures/new \xE9.bmp");
+    expected.folder = pictures;
+    const ui::Path chosen = pictures / ui::PathFromText("new \xE9.bmp");
+    fake.dialogs.expectOpen(expected, chosen);
     press("cmdSetSS");
     EXPECT_EQ(changedPages(), "0");
     (void)apply();
-    EXPECT_EQ(settings.screenshot, "/pictures/new \xE9.bmp"); // the path's own bytes
+    EXPECT_EQ(settings.screenshot, ui::PathText(chosen)); // where names are bytes, its own
 }
 
 TEST_F(OptionsDialog, ACancelledFileDialogChangesNothing) {
@@ -292,7 +294,7 @@ TEST_F(OptionsDialog, TheScreenshotCanBeTypedAndEmptied) {
     EXPECT_EQ(dialog->model().settings().screenshot, "");
     QTest::keyClicks(box, QStringLiteral("shots/mine.bmp"));
     (void)apply();
-    EXPECT_EQ(settings.screenshot, "shots/mine.bmp");
+    EXPECT_EQ(settings.screenshot, ui::PathText(ui::Path("shots") / "mine.bmp"));
 }
 
 TEST_F(OptionsDialog, DefaultPutsBackTheScreenshotThatComesWithTheProgram) {
@@ -300,7 +302,7 @@ TEST_F(OptionsDialog, DefaultPutsBackTheScreenshotThatComesWithTheProgram) {
     open();
     press("cmdDefaultSS");
     EXPECT_EQ(changedPages(), "0");
-    const std::string expected = (fake.directory.files / "quake00.bmp").native();
+    const std::string expected = ui::PathText(fake.directory.files / "quake00.bmp");
     EXPECT_EQ(find<QLineEdit>("txtbmpScreenShotFileName")->text().toStdString(), expected);
     (void)apply();
     EXPECT_EQ(settings.screenshot, expected);

@@ -175,8 +175,8 @@ TEST_F(Start, TellsOnceOfAFileThatAnEarlierRunCouldNotComplete) {
     const ui::Path copy = fake.directory.files.put("tempfile.cfg", "the whole");
     (void)ui::NoteCopy(fake.disk, file, copy);
     fake.dialogs.expectWarning(
-        "\"" + file.native() + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
-        "What it held before is kept whole as \"" + copy.native() + "\".");
+        "\"" + ui::PathText(file) + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
+        "What it held before is kept whole as \"" + ui::PathText(copy) + "\".");
     start();
     fake.dialogs.expectAllAsked();
     start();
@@ -199,7 +199,7 @@ TEST_F(Start, TheStatusLineStillTellsOfAnIntroFileAfterTheNextOne) {
     start();
     EXPECT_EQ(workspace().documents.name.cells[0], 'i');
     const std::string shown = find<QStatusBar>("statusbar")->currentMessage().toStdString();
-    EXPECT_NE(shown.find(animation.native()), std::string::npos) << shown;
+    EXPECT_NE(shown.find(ui::PathText(animation)), std::string::npos) << shown;
 }
 
 TEST_F(Start, LoadsTheFileOfTheCommandLineAndShowsTheOddPage) {
@@ -208,7 +208,7 @@ TEST_F(Start, LoadsTheFileOfTheCommandLineAndShowsTheOddPage) {
     fake.directory.files.put("intro.vtm", "// Macro File Created by Vortigo\r\nsay \"hello\"\r\n");
     fake.settings.write("options", "maketype", "2");
     const ui::Path before = std::filesystem::current_path();
-    start({" /name " + file.native()});
+    start({" /name " + ui::PathText(file)});
     EXPECT_EQ(workspace().documents.name.cells[0], 'c');
     EXPECT_EQ(workspace().documents.messages.cells[0], ' ') << "a command line leaves the intro files out";
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Vortigo [Animation]"));
@@ -219,7 +219,7 @@ TEST_F(Start, LoadsTheFileOfTheCommandLineAndShowsTheOddPage) {
 TEST_F(Start, ReportsAnUnreadableFileOfTheCommandLineByItsFilePart) {
     const ui::Path before = std::filesystem::current_path();
     fake.dialogs.expectInform("Error reading name from x.vtn.");
-    start({" /name " + (fake.directory.files / "x.vtn").native()});
+    start({" /name " + ui::PathText(fake.directory.files / "x.vtn")});
     EXPECT_EQ(workspace().page(), Page::Animation);
     std::filesystem::current_path(before);
 }
@@ -229,8 +229,8 @@ TEST_F(Start, TakesNoOtherFileOfTheNameWhenTheFolderOfTheCommandLineIsNotThere) 
     const ui::Path before = std::filesystem::current_path();
     std::filesystem::current_path(fake.directory.files.path());
     const ui::Path missing = fake.directory.files / "gone" / "x.vtn";
-    fake.dialogs.expectInform("Error reading name from " + missing.native() + ".");
-    start({" /name " + missing.native()});
+    fake.dialogs.expectInform("Error reading name from " + ui::PathText(missing) + ".");
+    start({" /name " + ui::PathText(missing)});
     EXPECT_EQ(workspace().documents.name.cells[0], ' ');
     EXPECT_EQ(workspace().page(), Page::Animation);
     std::filesystem::current_path(before);
@@ -682,7 +682,7 @@ TEST_F(Exit, DuringTheStartKeepsThePlaceOfTheWindow) {
     const ui::Path before = std::filesystem::current_path();
     fake.dialogs.expectInform(
         "Error reading name from x.vtn.", [this] { EXPECT_TRUE(window->Form_Unload()); });
-    start({" /name " + (fake.directory.files / "x.vtn").native()});
+    start({" /name " + ui::PathText(fake.directory.files / "x.vtn")});
     EXPECT_EQ(fake.settings.read("window", "geometry"), "kept");
     EXPECT_EQ(fake.settings.list("options").size(), 34U);
     std::filesystem::current_path(before);

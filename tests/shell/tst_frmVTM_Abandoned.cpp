@@ -19,7 +19,7 @@ protected:
         const ui::Path path = fake.directory.files.put(
             "long.vta", "// Animation File Created by Vortigo\r\n// 20 Names In The Animation Sequence\r\n"
                         "name \"first\"\r\nname \"second\"\r\nname \"much longer than a name\"\r\n");
-        fake.settings.write("AnimFiles", "RecentFile1", path.native());
+        fake.settings.write("AnimFiles", "RecentFile1", ui::PathText(path));
         startOn(Page::Animation);
         choose("mnuRecentAniFiles_0");
         fake.sounds.waves.clear();

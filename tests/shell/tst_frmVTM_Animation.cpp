@@ -77,7 +77,7 @@ protected:
             script += line % 3 == 0 ? "" : "wait; wait; wait;\r\n";
         }
         const ui::Path path = fake.directory.files.put("recent.vta", script);
-        fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+        fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
         choose("mnuRecentAniFiles_0");
     }
 
@@ -290,7 +290,7 @@ TEST_F(Animation, RaisingTheTotalShowsWhatTheHiddenRowsHold) {
 
 TEST_F(Animation, ThePageIsTrueAfterAnyActionsInAnyOrder) {
     fake.settings.write("options", "prompt1", "False");
-    fake.settings.write("AnimFiles", "RecentFile1", (fake.directory.files / "recent.vta").native());
+    fake.settings.write("AnimFiles", "RecentFile1", ui::PathText(fake.directory.files / "recent.vta"));
     startOn(Page::Animation);
     std::mt19937 random(4711);
     const auto pick = [&random](int first, int last) {

@@ -25,7 +25,7 @@ protected:
     }
 
     void expectRead(const ui::Path& path) {
-        fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+        fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
     }
 
     /// Drags over the grid and drops there, as a file manager does; whether it was taken.
@@ -57,7 +57,7 @@ protected:
     void dropFiles(std::initializer_list<ui::Path> paths) {
         QList<QUrl> urls;
         for (const ui::Path& path : paths) {
-            urls.append(QUrl::fromLocalFile(QString::fromStdString(path.native())));
+            urls.append(QUrl::fromLocalFile(QString::fromStdString(ui::PathText(path))));
         }
         const std::size_t asked = fake.dialogs.calls().size();
         EXPECT_TRUE(drop(urls));
@@ -121,11 +121,11 @@ TEST_F(Dropping, ReadsTheNameOfAConfigurationFile) {
 TEST_F(Dropping, TellsOfAFileThatIsNoneAsTheMenuOfItsKindOrOfThePageDoes) {
     startOn(Page::Messages);
     const ui::Path animation = put("broken.VTA", "nothing");
-    fake.dialogs.expectInform("Error reading animation from " + animation.native() + ".");
+    fake.dialogs.expectInform("Error reading animation from " + ui::PathText(animation) + ".");
     dropFiles({animation});
     EXPECT_EQ(workspace().page(), Page::Animation);
     const ui::Path picture = put("picture.png", "nothing");
-    fake.dialogs.expectInform("Error reading animation from " + picture.native() + ".");
+    fake.dialogs.expectInform("Error reading animation from " + ui::PathText(picture) + ".");
     dropFiles({picture});
     EXPECT_EQ(row(1), "               ");
 }
@@ -144,7 +144,7 @@ TEST_F(Dropping, TakesNothingWhileADialogStandsOverTheWindow) {
     QDialog dialog(window.get());
     dialog.setModal(true);
     dialog.show();
-    EXPECT_FALSE(drop({QUrl::fromLocalFile(QString::fromStdString(path.native()))}));
+    EXPECT_FALSE(drop({QUrl::fromLocalFile(QString::fromStdString(ui::PathText(path)))}));
     dialog.hide();
     expectRead(path);
     dropFiles({path});

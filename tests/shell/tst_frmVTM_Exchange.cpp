@@ -159,7 +159,7 @@ TEST_F(Exporting, WritesTheNameAsAPicture) {
     EXPECT_EQ(
         picture.value(), glyphs::RowPicture(workspace().documents.name.cells, workspace().atlas.source, 4));
     EXPECT_EQ(picture.value().width(), 96);
-    EXPECT_EQ(status(), "\"" + path.native() + "\" was written: 96 x 32 pixels.");
+    EXPECT_EQ(status(), "\"" + ui::PathText(path) + "\" was written: 96 x 32 pixels.");
     choose("mnuEditUndo");
     EXPECT_FALSE(offers("mnuFileExportName"));
 }
@@ -178,7 +178,7 @@ TEST_F(Exporting, WritesTheAnimationAsAGifThatPlays) {
     ASSERT_TRUE(first);
     EXPECT_EQ(first.value().width(), 15 * 32);
     EXPECT_EQ(first.value().height(), 32);
-    EXPECT_EQ(status(), "\"" + path.native() + "\" was written: 480 x 32 pixels, 1.65 seconds.");
+    EXPECT_EQ(status(), "\"" + ui::PathText(path) + "\" was written: 480 x 32 pixels, 1.65 seconds.");
     EXPECT_EQ(fake.dialogs.steps, 28) << "two steps for each of 14 names";
     EXPECT_EQ(fake.dialogs.stepsDone, 28);
 }
@@ -188,7 +188,7 @@ TEST_F(Exporting, StartsInTheFolderOfTheLastTime) {
     type("a");
     fake.dialogs.expectSave(name(), fake.directory.files / "a.png");
     choose("mnuFileExportName");
-    EXPECT_EQ(fake.settings.read("export", "folder"), fake.directory.files.path().native());
+    EXPECT_EQ(fake.settings.read("export", "folder"), ui::PathText(fake.directory.files.path()));
     support::ExpectedFileDialog again = name();
     again.folder = fake.directory.files.path();
     fake.dialogs.expectSave(again, {});
@@ -212,7 +212,7 @@ TEST_F(Exporting, TellsWhyNothingCouldBeWritten) {
     type("a");
     const ui::Path path = fake.directory.files / "missing" / "a.png";
     fake.dialogs.expectSave(name(), path);
-    fake.dialogs.expectWarning("Could not open \"" + path.native() + "\": No such file or directory.");
+    fake.dialogs.expectWarning("Could not open \"" + ui::PathText(path) + "\": No such file or directory.");
     choose("mnuFileExportName");
 }
 

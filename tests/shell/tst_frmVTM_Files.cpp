@@ -27,7 +27,7 @@ protected:
         dialog.folder = fake.directory.files.path();
         fake.dialogs.expectSave(dialog, path);
         fake.dialogs.expectGameQuestion(question, answer);
-        fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+        fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     }
 
     /// Ticks the middle message in the wizard and presses OK.
@@ -92,7 +92,7 @@ TEST_F(Save, TheAnimationIsSavedFromItsPageIntoItsOwnRecentList) {
     expectBindingOffer();
     choose("mnuFileSaveAni_0");
     EXPECT_EQ(workspace().page(), Page::Animation);
-    EXPECT_EQ(workspace().recent.of(Page::Animation), std::vector<std::string>{path.native()});
+    EXPECT_EQ(workspace().recent.of(Page::Animation), std::vector<std::string>{ui::PathText(path)});
     EXPECT_TRUE(workspace().recent.of(Page::Name).empty());
 }
 
@@ -125,18 +125,18 @@ TEST_F(Save, MessagesGoThroughTheirWizardIntoTheirOwnRecentListAndOfferNoBinding
     dialog.initialName = "*.vtm";
     dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
     fake.dialogs.expectSave(dialog, path);
-    fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+    fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     saveMiddleMessage();
     EXPECT_EQ(
         fake.directory.files.content("my.vtm"), "// Macro File Created by Vortigo\r\nsay \"middle\"\r\n");
-    EXPECT_EQ(workspace().recent.of(Page::Messages), std::vector<std::string>{path.native()});
+    EXPECT_EQ(workspace().recent.of(Page::Messages), std::vector<std::string>{ui::PathText(path)});
     EXPECT_TRUE(workspace().recent.of(Page::Name).empty());
     EXPECT_EQ(workspace().rememberedScript, path);
     EXPECT_TRUE(find<QMenu>("mnuFileRecentMacro")->menuAction()->isVisible());
 
     choose("mnuNewMessages");
     choose("mnuView_0");
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
     choose("mnuRecentMacroFiles_0");
     EXPECT_EQ(workspace().page(), Page::Messages);
     EXPECT_EQ(row(1), "middle" + std::string(25, ' ')) << "which message a line came from is not kept";
@@ -176,7 +176,7 @@ TEST_F(Save, TheNameGoesIntoAConfigurationFileWhichIsRemembered) {
     dialog.filters = {{"Config File (*.cfg)", {"*.cfg"}}};
     fake.dialogs.expectSave(dialog, path);
     fake.dialogs.expectInform(
-        "Done! The config file, " + path.native() + ", was updated with your new name.");
+        "Done! The config file, " + ui::PathText(path) + ", was updated with your new name.");
     choose("mnuFileSaveName_1");
     EXPECT_EQ(fake.directory.files.content("config.cfg"), "bind a b\r\nname \"new\"\r\nquit\r\n");
     EXPECT_EQ(workspace().rememberedConfig, path);
@@ -191,7 +191,7 @@ TEST_F(Load, AScriptChosenInTheMenuFillsThePageAndIsReported) {
     dialog.initialName = "*.vtn";
     dialog.filters = {{"VTM Name Script (*.vtn;*.scr)", {"*.vtn", "*.scr"}}};
     fake.dialogs.expectOpen(dialog, path);
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
     choose("mnuFileLoadNameFromScriptFile");
     EXPECT_EQ(workspace().page(), Page::Name);
     EXPECT_EQ(row(), "hi\x91" + std::string(12, ' '));
@@ -220,7 +220,7 @@ TEST_F(Load, MessagesFillTheirPageFromTheTop) {
     dialog.initialName = "*.vtm";
     dialog.filters = {{"VTM Macro Script (*.vtm;*.scr)", {"*.vtm", "*.scr"}}};
     fake.dialogs.expectOpen(dialog, path);
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.", [this] {
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.", [this] {
         EXPECT_EQ(workspace().page(), Page::Messages) << "the page behind the box is the new one";
         EXPECT_EQ(played(104), 1);
     });
@@ -260,7 +260,7 @@ TEST_F(Load, ALongerAnimationMovesTheBarsAlong) {
     dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
     dialog.folder = fake.directory.files.path();
     fake.dialogs.expectOpen(dialog, path);
-    fake.dialogs.expectInform("Done! " + path.native() + " was read succesfully.");
+    fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
     choose("mnuFileLoadAniFromScriptFile");
     EXPECT_TRUE(workspace().recent.of(Page::Animation).empty()) << "loading adds nothing to the recent files";
     EXPECT_EQ(find<QScrollBar>("AniTotalScroll")->value(), 20);
@@ -282,13 +282,13 @@ TEST_F(Recent, SavedFilesAreListedNewestFirstAndLoadedFromThere) {
     EXPECT_TRUE(find<QMenu>("mnuFileRecentName")->menuAction()->isVisible());
     EXPECT_EQ(
         find<QAction>("mnuRecentNameFiles_0")->text(),
-        QString::fromStdString((fake.directory.files / "b&&c.vtn").native()));
+        QString::fromStdString(ui::PathText(fake.directory.files / "b&&c.vtn")));
     EXPECT_TRUE(find<QAction>("mnuRecentNameFiles_1")->isVisible());
     EXPECT_FALSE(find<QAction>("mnuRecentNameFiles_2")->isVisible());
 
     choose("mnuView_2");
     fake.dialogs.expectInform(
-        "Done! " + (fake.directory.files / "b&c.vtn").native() + " was read succesfully.");
+        "Done! " + ui::PathText(fake.directory.files / "b&c.vtn") + " was read succesfully.");
     choose("mnuRecentNameFiles_0");
     EXPECT_EQ(workspace().page(), Page::Name);
     EXPECT_EQ(row(), "xx" + std::string(13, ' '));
@@ -311,7 +311,7 @@ TEST_F(Recent, ALongPathIsCutInItsMiddleAndWholeInTheTooltip) {
 }
 
 TEST_F(Recent, AFileThatIsGoneIsReportedAndItsPageShown) {
-    const std::string gone = (fake.directory.files / "gone.vta").native();
+    const std::string gone = ui::PathText(fake.directory.files / "gone.vta");
     fake.settings.write("AnimFiles", "RecentFile1", gone);
     startOn(Page::Name);
     fake.dialogs.expectInform("Error reading animation from " + gone + ".");

@@ -30,7 +30,7 @@ protected:
         dialog.filters = {{"VTM Animation Script (*.vta;*.scr)", {"*.vta", "*.scr"}}};
         fake.dialogs.expectSave(dialog, path);
         fake.dialogs.expectGameQuestion("Is this animation to be used in Quake2?", ui::Answer::Yes);
-        fake.dialogs.expectInform("Done! The script file, " + path.native() + ", was written.");
+        fake.dialogs.expectInform("Done! The script file, " + ui::PathText(path) + ", was written.");
     }
 };
 
@@ -109,7 +109,7 @@ TEST_F(Status, ForgetsTheLastCommandWithTheNextOneOfTheFileMenuThoughItIsCancell
 
 TEST_F(Status, ForgetsTheLastCommandWithTheNextOneOfTheToolsMenuThoughItIsCancelled) {
     startOn(Page::Name);
-    workspace().settings.screenshot = fake.directory.files.put("shot.bmp", "").native();
+    workspace().settings.screenshot = ui::PathText(fake.directory.files.put("shot.bmp", ""));
     for (const char* command : {"mnuToolsAnimationWizard", "wiz"}) {
         tell();
         chooseAndUse<animation::frmAniWiz>(command, [](animation::frmAniWiz&) {});
@@ -160,7 +160,7 @@ TEST_F(Status, KeepsWhatASaveHadToTellWhenTheBindingThatFollowsItIsCancelled) {
 TEST_F(Status, TellsWhichPageHoldsTheScriptOfTheCommandLine) {
     const ui::Path before = std::filesystem::current_path();
     const auto startWith = [this](const char* argument, const char* name, const char* script) {
-        start({argument + fake.directory.files.put(name, script).native()});
+        start({argument + ui::PathText(fake.directory.files.put(name, script))});
     };
     startWith(" /name ", "x.vtn", "// Name File Created by Vortigo\r\nname \"cmd\"\r\n");
     EXPECT_EQ(status(), "x.vtn was read and is on the page Name.");

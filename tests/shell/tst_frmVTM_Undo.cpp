@@ -169,7 +169,7 @@ TEST_F(Undoing, TakesStampsBackWhereTheyWerePut) {
 TEST_F(Undoing, NamesEveryCommandAndTakesItBack) {
     const ui::Path script =
         fake.directory.files.put("one.vtn", "// Name File Created by Vortigo\r\nname \"loaded\"\r\n");
-    fake.settings.write("NameFiles", "RecentFile1", script.native());
+    fake.settings.write("NameFiles", "RecentFile1", ui::PathText(script));
     startOn(Page::Name);
     workspace().settings.promptNames = false;
     const auto expect = [this](const char* name, const std::function<void()>& command) {
@@ -206,7 +206,7 @@ TEST_F(Undoing, NamesEveryCommandAndTakesItBack) {
     expect("Color2 To Color1", entry("mnuFormatColor2ToColor1"));
     expect("Switch Color", entry("mnuFormatSwitchColor"));
     expect("Reverse Character Order", entry("mnuFormatReverseCharacters"));
-    fake.dialogs.expectInform("Done! " + script.native() + " was read succesfully.");
+    fake.dialogs.expectInform("Done! " + ui::PathText(script) + " was read succesfully.");
     expect("Load", entry("mnuRecentNameFiles_0"));
     expect("New", entry("mnuNewName"));
     choose("mnuView_1");
@@ -294,7 +294,7 @@ TEST_F(Undoing, StartsWithWhatTheStartHasLoaded) {
     const ui::Path script =
         fake.directory.files.put("one.vtn", "// Name File Created by Vortigo\r\nname \"loaded\"\r\n");
     const ui::Path folder = std::filesystem::current_path();
-    start({" /name " + script.native()});
+    start({" /name " + ui::PathText(script)});
     std::filesystem::current_path(folder);
     const editing::Documents loaded = workspace().documents;
     EXPECT_EQ(loaded.name.cells[0], 'l');

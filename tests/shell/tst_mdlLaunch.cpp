@@ -158,7 +158,7 @@ TEST_F(Launch, TheScratchFileLiesInTheStandInFolderWhenTheProgramFolderIsReadOnl
 TEST_F(Launch, HelpOpensTheLocalPage) {
     fake.directory.files.put("vtmhelp.htm", "<html>");
     shell::ShowHelp(fake.platform);
-    expectLaunched("file://" + (fake.directory.files / "vtmhelp.htm").native());
+    expectLaunched(shell::FileAddress(fake.directory.files / "vtmhelp.htm"));
     fake.launcher.finish(33);
 }
 

@@ -153,7 +153,7 @@ FailingFiles::take(Step step, const ui::Path& path, const std::string& more) con
     }
     const auto known = m_temporaries.find(path);
     const ui::Path& shown = known == m_temporaries.end() ? path : known->second;
-    m_steps.push_back(std::string(StepText(step)) + " " + shown.filename().native() + more);
+    m_steps.push_back(std::string(StepText(step)) + " " + ui::PathText(shown.filename()) + more);
     Counter& counter = this->counter(step);
     ++counter.count;
     if (counter.failFirst > 0 && counter.count >= counter.failFirst && counter.count <= counter.failLast) {
@@ -213,14 +213,14 @@ ui::Result<ui::TemporaryFile> FailingFiles::createBeside(const ui::Path& target)
 }
 
 ui::Status FailingFiles::rename(const ui::Path& from, const ui::Path& to) {
-    if (auto failure = take(Step::Rename, from, " " + to.filename().native())) {
+    if (auto failure = take(Step::Rename, from, " " + ui::PathText(to.filename()))) {
         return *failure;
     }
     return m_files.rename(from, to);
 }
 
 ui::Status FailingFiles::renameNew(const ui::Path& from, const ui::Path& to) {
-    if (auto failure = take(Step::Rename, from, " " + to.filename().native())) {
+    if (auto failure = take(Step::Rename, from, " " + ui::PathText(to.filename()))) {
         return *failure;
     }
     return m_files.renameNew(from, to);

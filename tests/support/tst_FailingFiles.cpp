@@ -24,7 +24,8 @@ TEST(FailingFiles, FailsTheStepThatItIsToldTo) {
     const auto second = ui::WriteFile(files, folder / "b", "two");
     ASSERT_FALSE(second);
     EXPECT_EQ(
-        second.failure().message, "Could not write \"" + (folder / "b").native() + "\": injected failure.");
+        second.failure().message,
+        "Could not write \"" + ui::PathText(folder / "b") + "\": injected failure.");
     EXPECT_TRUE(ui::WriteFile(files, folder / "c", "three"));
     EXPECT_EQ(files.count(Step::Write), 3);
     EXPECT_EQ(folder.content("a"), "one");
@@ -63,7 +64,7 @@ TEST(FailingFiles, RemembersTheStepsInOrder) {
     EXPECT_TRUE(files.remove(folder / "a"));
     const std::vector<std::string> expected = {
         "look a", "create a", "write a",    "flush a",
-        "read a", "close a",  "rename a a", "folder " + folder.path().filename().native(),
+        "read a", "close a",  "rename a a", "folder " + ui::PathText(folder.path().filename()),
         "read a", "remove a"};
     EXPECT_EQ(files.steps(), expected);
 }

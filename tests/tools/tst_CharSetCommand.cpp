@@ -55,7 +55,7 @@ protected:
 
     /// A picture file of shade 9, outside the program directory.
     std::string picture(const ui::Path& name = "set.png") {
-        return folder.put(name, glyphs::EncodePng(SmallArtwork(9)).value()).native();
+        return ui::PathText(folder.put(name, glyphs::EncodePng(SmallArtwork(9)).value()));
     }
 
     support::TempProgramDirectory directory;
@@ -73,7 +73,7 @@ TEST_F(CharSetCommand, ListShowsNumbersSlotsNamesAndAddresses) {
     ASSERT_EQ(run({"remove", "2"}), 0);
     ASSERT_EQ(run({"list"}), 0);
     EXPECT_EQ(
-        output.str(), (directory.files / "vtmtc.dat").native() +
+        output.str(), ui::PathText(directory.files / "vtmtc.dat") +
                           ":\n"
                           "  No.   Slot  Name  Address\n"
                           "    1      0  A\n"
@@ -182,13 +182,13 @@ TEST_F(CharSetCommand, AddRefusesAddressesThatABrowserMayNotBeGiven) {
 TEST_F(CharSetCommand, MessagesHoldNothingThatATerminalActsOn) {
     const std::string name = "a\x1b]0;title\a\nvtm-charset: done";
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--directory", (folder / name).native(), "list"},
-          {"add", "New", (folder / name).native()},
-          {"add", "New", folder.put(name + ".png", "none").native()},
+         {std::vector<std::string>{"--directory", ui::PathText(folder / name), "list"},
+          {"add", "New", ui::PathText(folder / name)},
+          {"add", "New", ui::PathText(folder.put(name + ".png", "none"))},
           {"add", name, picture()},
           {"remove", name},
           {"preview", name},
-          {"export", "1", (folder / name).native()},
+          {"export", "1", ui::PathText(folder / name)},
           {"--" + name}}) {
         EXPECT_NE(run(arguments), 0);
         const std::string message = errors.str();
@@ -197,16 +197,16 @@ TEST_F(CharSetCommand, MessagesHoldNothingThatATerminalActsOn) {
     }
     std::filesystem::create_directory(folder / name);
     (void)folder.put(name + "/vtmtc.dat", MakeSets(1).list);
-    EXPECT_EQ(run({"--directory", (folder / name).native(), "list"}), 0);
+    EXPECT_EQ(run({"--directory", ui::PathText(folder / name), "list"}), 0);
     EXPECT_EQ(output.str().find_first_of("\x1b\a\r"), std::string::npos) << output.str();
     EXPECT_EQ(std::ranges::count(output.str(), '\n'), 3) << output.str();
 }
 
 TEST_F(CharSetCommand, AddNamesTheFileThatCannotBeUsed) {
     expectRefusal(
-        {"add", "New", (folder / "missing.png").native()},
-        "\"" + (folder / "missing.png").native() + "\" cannot be used: No such file or directory.");
-    const std::string text = folder.put("text.txt", "hello").native();
+        {"add", "New", ui::PathText(folder / "missing.png")},
+        "\"" + ui::PathText(folder / "missing.png") + "\" cannot be used: No such file or directory.");
+    const std::string text = ui::PathText(folder.put("text.txt", "hello"));
     expectRefusal(
         {"add", "New", text},
         "\"" + text +
@@ -224,15 +224,13 @@ TEST_F(CharSetCommand, AddTakesTheGamesFiles) {
         const auto index = static_cast<unsigned>(x / 8 + y / 64);
         return index == 0 ? ui::Pixel(0) : support::PaletteColour(index);
     });
-    const std::string palette = folder.put("palette.lmp", support::MakePalette()).native();
-    const std::string loose = folder.put("conchars.lmp", lump).native();
-    const std::string wad = folder.put("gfx.wad", support::MakeWad({{"CONCHARS", lump}})).native();
-    const std::string pack = folder
-                                 .put(
-                                     "pak0.pak", support::MakePack(
-                                                     {{"gfx.wad", support::MakeWad({{"CONCHARS", lump}})},
-                                                      {"gfx/palette.lmp", support::MakePalette()}}))
-                                 .native();
+    const std::string palette = ui::PathText(folder.put("palette.lmp", support::MakePalette()));
+    const std::string loose = ui::PathText(folder.put("conchars.lmp", lump));
+    const std::string wad = ui::PathText(folder.put("gfx.wad", support::MakeWad({{"CONCHARS", lump}})));
+    const std::string pack = ui::PathText(folder.put(
+        "pak0.pak", support::MakePack(
+                        {{"gfx.wad", support::MakeWad({{"CONCHARS", lump}})},
+                         {"gfx/palette.lmp", support::MakePalette()}})));
     EXPECT_EQ(run({"add", "Loose", loose, "--palette", palette}), 0) << errors.str();
     EXPECT_EQ(run({"--palette", pack, "add", "Wad", wad}), 0) << errors.str();
     EXPECT_EQ(run({"add", "Pack", pack}), 0) << errors.str();
@@ -244,18 +242,10 @@ TEST_F(CharSetCommand, AddTakesTheGamesFiles) {
 }
 
 TEST_F(CharSetCommand, AddSaysWhatItChanged) {
-    const std::string file =
-        folder
-            .put(
-                "many.png", glyphs::EncodePng(support::MakePicture(
-                                                  256, 256,
-                                                  [](int x, int y) {
-                                                      return ui::OpaquePixel(
-                                                          static_cast<unsigned>(x),
-                                                          static_cast<unsigned>(y / 4), 0);
-                                                  }))
-                                .value())
-            .native();
+    const std::string file = ui::PathText(folder.put(
+        "many.png", glyphs::EncodePng(support::MakePicture(256, 256, [](int x, int y) {
+                        return ui::OpaquePixel(static_cast<unsigned>(x), static_cast<unsigned>(y / 4), 0);
+                    })).value()));
     ASSERT_EQ(run({"add", "Many", file}), 0) << errors.str();
     EXPECT_TRUE(output.str().starts_with(
         "The picture was reduced from 256 to 128 pixels a side; details between were dropped.\n"
@@ -267,7 +257,7 @@ TEST_F(CharSetCommand, AddSaysWhatItChanged) {
 }
 
 TEST_F(CharSetCommand, ExportWritesAPictureThatCanBeAddedAgain) {
-    const std::string file = (folder / "out.png").native();
+    const std::string file = ui::PathText(folder / "out.png");
     ASSERT_EQ(run({"export", "2", file}), 0) << errors.str();
     EXPECT_EQ(output.str(), "");
     const auto picture = glyphs::DecodePng(folder.content("out.png"));
@@ -278,9 +268,9 @@ TEST_F(CharSetCommand, ExportWritesAPictureThatCanBeAddedAgain) {
 }
 
 TEST_F(CharSetCommand, ExportWritesNothingButPngFiles) {
-    const std::string store = (directory.files / "vtmgrid.dat").native();
+    const std::string store = ui::PathText(directory.files / "vtmgrid.dat");
     expectRefusal({"export", "2", store}, "\"" + store + "\" was not written: its name must end in .png.");
-    const std::string nowhere = (folder / "no" / "out.png").native();
+    const std::string nowhere = ui::PathText(folder / "no" / "out.png");
     expectRefusal({"export", "2", nowhere}, "Could not open \"" + nowhere + "\": No such file or directory.");
 }
 
@@ -337,15 +327,15 @@ TEST_F(CharSetCommand, AnotherDirectoryCanBeNamed) {
     (void)other.put("vtmtc.dat", MakeSets(1).list);
     (void)other.put("vtmgrid.dat", MakeSets(1).store);
     const CharSetFiles before = now();
-    ASSERT_EQ(run({"--directory", other.path().native(), "add", "New", picture()}), 0) << errors.str();
+    ASSERT_EQ(run({"--directory", ui::PathText(other.path()), "add", "New", picture()}), 0) << errors.str();
     EXPECT_EQ(output.str(), "\"New\" is character set 2 now.\n");
     EXPECT_EQ(other.content("vtmtc.dat").size(), 308U);
     EXPECT_EQ(other.content("vtmgrid.dat").size(), 20000U);
     EXPECT_EQ(now(), before);
     const support::TempFolder empty;
-    EXPECT_EQ(run({"--directory", empty.path().native(), "list"}), 1);
+    EXPECT_EQ(run({"--directory", ui::PathText(empty.path()), "list"}), 1);
     EXPECT_EQ(
-        errors.str(), "vtm-charset: Could not open \"" + (empty / "vtmtc.dat").native() +
+        errors.str(), "vtm-charset: Could not open \"" + ui::PathText(empty / "vtmtc.dat") +
                           "\": No such file or directory.\n");
     EXPECT_FALSE(empty.has("vtmtc.dat"));
 }
@@ -380,8 +370,8 @@ TEST(CharSetProgram, ExitsWithTheCodeOfTheCommand) {
     const support::TempFolder folder;
     (void)folder.put("vtmtc.dat", MakeSets(1).list);
     (void)folder.put("vtmgrid.dat", MakeSets(1).store);
-    const std::string directory = "--directory=" + folder.path().native();
-    const std::string file = (folder / "out.png").native();
+    const std::string directory = "--directory=" + ui::PathText(folder.path());
+    const std::string file = ui::PathText(folder / "out.png");
     EXPECT_EQ(support::RunProgram(VTM_CHARSET, {directory, "export", "1", file}).exitCode, 0);
     EXPECT_TRUE(folder.has("out.png"));
     const support::ToolRun refused = support::RunProgram(VTM_CHARSET, {directory, "remove", "1"});
@@ -403,7 +393,7 @@ TEST(CharSetProgram, SaysThatAFileMayNotBecomeSoLarge) {
 
 TEST_F(CharSetCommand, ExportsToTheNameThatWasGivenAndToNoOther) {
     const support::TempFolder place;
-    const std::string file = (place / "y.png").native();
+    const std::string file = ui::PathText(place / "y.png");
     place.put("y.png.new", "mine");
     place.put("precious", "mine too");
     std::filesystem::create_symlink("precious", place / "y.png");
@@ -416,7 +406,7 @@ TEST_F(CharSetCommand, ExportsToTheNameThatWasGivenAndToNoOther) {
 
 TEST(CharSetProgram, FindsTheSetsThatLieBesideIt) {
     const support::TempFolder folder;
-    const std::string file = (folder / "out.png").native();
+    const std::string file = ui::PathText(folder / "out.png");
     const support::ToolRun run = support::RunProgram(VTM_CHARSET, {"export", "1", file});
     EXPECT_EQ(run.exitCode, 0) << run.errors;
 }

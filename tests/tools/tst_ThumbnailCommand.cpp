@@ -41,7 +41,7 @@ protected:
         EXPECT_EQ(errors.str(), "vtm-thumbnail: " + message + "\n");
     }
 
-    [[nodiscard]] std::string at(const ui::Path& name) const { return (folder / name).native(); }
+    [[nodiscard]] std::string at(const ui::Path& name) const { return ui::PathText(folder / name); }
 
     [[nodiscard]] ui::Picture png(const ui::Path& name) const {
         const auto picture = glyphs::DecodePng(folder.content(name));
@@ -61,7 +61,7 @@ protected:
 
 TEST_F(ThumbnailCommand, DrawsWhateverTheFileIsCalled) {
     for (const char* name : {"a.vtn", "a.scr", "a"}) {
-        ASSERT_EQ(run({folder.put(name, NameScript).native(), at("out.png")}), 0) << errors.str();
+        ASSERT_EQ(run({ui::PathText(folder.put(name, NameScript)), at("out.png")}), 0) << errors.str();
         const ui::Picture picture = png("out.png");
         EXPECT_EQ(picture.width(), 128);
         EXPECT_EQ(picture.height(), 128);
@@ -73,14 +73,15 @@ TEST_F(ThumbnailCommand, DrawsWhateverTheFileIsCalled) {
 }
 
 TEST_F(ThumbnailCommand, TheSizeAndTheSetCanBeChosen) {
-    ASSERT_EQ(run({"--size", "64", "--set", "2", folder.put("a.vtn", NameScript).native(), at("out.png")}), 0)
+    ASSERT_EQ(
+        run({"--size", "64", "--set", "2", ui::PathText(folder.put("a.vtn", NameScript)), at("out.png")}), 0)
         << errors.str();
     EXPECT_EQ(png("out.png").width(), 64);
     EXPECT_EQ(png("out.png").pixel(24, 24), SmallArtwork(1).pixel(64, 56));
 }
 
 TEST_F(ThumbnailCommand, AnAnimationBecomesAGif) {
-    const std::string script = folder.put("a.vta", TwoNamesScript).native();
+    const std::string script = ui::PathText(folder.put("a.vta", TwoNamesScript));
     ASSERT_EQ(run({script, "--animate", at("out.gif")}), 0) << errors.str();
     const std::string gif = folder.content("out.gif");
     EXPECT_EQ(gif.substr(0, 10), std::string("GIF89a\xF0\0\x10\0", 10));
@@ -100,7 +101,7 @@ TEST_F(ThumbnailCommand, AnAnimationBecomesAGif) {
 }
 
 TEST_F(ThumbnailCommand, BothPicturesCanBeHadAtOnce) {
-    const std::string script = folder.put("a.vta", TwoNamesScript).native();
+    const std::string script = ui::PathText(folder.put("a.vta", TwoNamesScript));
     ASSERT_EQ(run({script, at("out.png"), "--animate", at("out.gif"), "--size", "480"}), 0) << errors.str();
     EXPECT_EQ(png("out.png").width(), 480);
     EXPECT_EQ(glyphs::DecodeGif(folder.content("out.gif")).value().width(), 480);
@@ -108,33 +109,34 @@ TEST_F(ThumbnailCommand, BothPicturesCanBeHadAtOnce) {
 
 TEST_F(ThumbnailCommand, AFileThatCannotBeDrawnIsNamedAndNothingIsWritten) {
     const std::string out = at("out.png");
-    const std::string text = folder.put("a.vtn", "hello").native();
+    const std::string text = ui::PathText(folder.put("a.vtn", "hello"));
     expectRefusal(
         {text, out}, "\"" + text + "\" cannot be drawn: it is not a name, animation or message script.");
-    const std::string noise = folder.put("b.vta", std::string(100000, '\xFF')).native();
+    const std::string noise = ui::PathText(folder.put("b.vta", std::string(100000, '\xFF')));
     expectRefusal(
         {noise, out}, "\"" + noise + "\" cannot be drawn: it is not a name, animation or message script.");
-    const std::string name = folder.put("c.vtn", NameScript).native();
+    const std::string name = ui::PathText(folder.put("c.vtn", NameScript));
     expectRefusal({name, "--animate", out}, "\"" + name + "\" cannot be drawn: it is not an animation.");
     expectRefusal({at("d.vtn"), out}, "Could not open \"" + at("d.vtn") + "\": No such file or directory.");
     expectRefusal(
-        {folder.path().native(), out}, "Could not read \"" + folder.path().native() + "\": Is a directory.");
+        {ui::PathText(folder.path()), out},
+        "Could not read \"" + ui::PathText(folder.path()) + "\": Is a directory.");
     EXPECT_FALSE(folder.has("out.png"));
 }
 
 TEST_F(ThumbnailCommand, TheScriptItselfIsNotWrittenOver) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
     expectRefusal({script, script}, "\"" + script + "\" was not written: it is the script itself.");
     EXPECT_EQ(folder.content("a.vtn"), NameScript);
 }
 
 TEST_F(ThumbnailCommand, WithoutTheSetThereIsNoPicture) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
     expectRefusal({"--set", "3", script, at("out.png")}, "There is no character set 3; there are 2.");
     const support::TempFolder empty;
     expectRefusal(
-        {"--directory", empty.path().native(), script, at("out.png")},
-        "Could not open \"" + (empty / "vtmtc.dat").native() + "\": No such file or directory.");
+        {"--directory", ui::PathText(empty.path()), script, at("out.png")},
+        "Could not open \"" + ui::PathText(empty / "vtmtc.dat") + "\": No such file or directory.");
     (void)directory.files.put("vtmgrid.dat", "no picture");
     EXPECT_EQ(run({script, at("out.png")}), 1);
     EXPECT_NE(errors.str(), "");
@@ -142,7 +144,7 @@ TEST_F(ThumbnailCommand, WithoutTheSetThereIsNoPicture) {
 }
 
 TEST_F(ThumbnailCommand, AnOutputThatCannotBeWrittenIsNamed) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
     expectRefusal(
         {script, at("no/out.png")},
         "Could not open \"" + at("no/out.png") + "\": No such file or directory.");
@@ -160,14 +162,14 @@ TEST_F(ThumbnailCommand, AnOutputThatMayNotBecomeSoLargeIsNamed) {
 }
 
 TEST_F(ThumbnailCommand, WritesThroughAFileThatWasMadeForIt) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
     std::filesystem::create_hard_link(folder.put("out.png", ""), folder / "second.png");
     EXPECT_EQ(run({script, at("out.png")}), 0);
     EXPECT_TRUE(folder.content("second.png").starts_with("\x89PNG"));
 }
 
 TEST_F(ThumbnailCommand, WhatIsNotUnderstoodIsWrongUsage) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
     const std::vector<std::vector<std::string>> wrong{
         {},
         {script},
@@ -187,7 +189,7 @@ TEST_F(ThumbnailCommand, WhatIsNotUnderstoodIsWrongUsage) {
 }
 
 TEST_F(ThumbnailCommand, TheProgramNeedsNoDisplayAndFindsTheSetsBesideIt) {
-    const std::string script = folder.put("a.vta", TwoNamesScript).native();
+    const std::string script = ui::PathText(folder.put("a.vta", TwoNamesScript));
     const support::ToolRun drawn =
         support::RunProgram("/usr/bin/env", {"-i", VTM_THUMBNAIL, "--size", "256", script, at("out.png")});
     EXPECT_EQ(drawn.exitCode, 0);
@@ -205,8 +207,8 @@ TEST_F(ThumbnailCommand, FileManagersCallItForTheThreeKindsOfScripts) {
                "Exec=vtm-thumbnail --size %s %i %o\n"
                "MimeType=application/x-vtm-name;application/x-vtm-animation;application/x-vtm-message;\n");
     // The file that the manager wants the picture in is there already, empty, and may have any name.
-    const std::string script = folder.put("a b.vtn", NameScript).native();
-    const std::string out = folder.put("thumbnail-XYZ", "").native();
+    const std::string script = ui::PathText(folder.put("a b.vtn", NameScript));
+    const std::string out = ui::PathText(folder.put("thumbnail-XYZ", ""));
     EXPECT_EQ(support::RunProgram(VTM_THUMBNAIL, {"--size", "256", script, out}).exitCode, 0);
     EXPECT_EQ(png("thumbnail-XYZ").width(), 256);
 }
@@ -215,7 +217,7 @@ TEST_F(ThumbnailCommand, MessagesHoldNothingThatATerminalActsOn) {
     const std::string name = "a\x1b]0;title\a\nvtm-thumbnail: done";
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{at(name), at("out.png")},
-          {folder.put(name + ".vtn", "none").native(), at("out.png")},
+          {ui::PathText(folder.put(name + ".vtn", "none")), at("out.png")},
           {"--" + name}}) {
         EXPECT_NE(run(arguments), 0);
         const std::string message = errors.str();

@@ -35,8 +35,8 @@ protected:
     }
 
     [[nodiscard]] std::string told() const {
-        return "\"" + path.native() + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
-               "What it held before is kept whole as \"" + copy.native() + "\".";
+        return "\"" + ui::PathText(path) + "\" may be incomplete: VTM was ended while it wrote the file.\n" +
+               "What it held before is kept whole as \"" + ui::PathText(copy) + "\".";
     }
 
     /// What a program leaves that is ended right after it has made a note.
@@ -182,7 +182,7 @@ TEST_F(CopyNotes, AreNotToldOfAgainWhenTheFailureHasNamedTheCopy) {
     ASSERT_FALSE(written);
     const auto kept = ui::KeptCopyOf(files, path);
     ASSERT_TRUE(kept);
-    EXPECT_NE(written.failure().message.find(kept->native()), std::string::npos);
+    EXPECT_NE(written.failure().message.find(ui::PathText(*kept)), std::string::npos);
     expectNothingTold();
 }
 

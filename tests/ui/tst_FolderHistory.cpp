@@ -31,12 +31,13 @@ TEST(FolderHistory, IsKeptForTheNextRun) {
     FolderHistory history(store);
     EXPECT_EQ(history.folders(), Paths());
     history.add("/a");
-    history.add("/g\xFC");
+    const ui::Path odd = ui::PathFromText("/g\xFC");
+    history.add(odd);
     FolderHistory next(store);
-    EXPECT_EQ(next.folders(), Paths({"/g\xFC", "/a"}));
+    EXPECT_EQ(next.folders(), Paths({odd, "/a"}));
     EXPECT_EQ(next.last(), ui::Path()) << "a run starts where it is started";
     next.add("/a");
-    EXPECT_EQ(FolderHistory(store).folders(), Paths({"/a", "/g\xFC"}));
+    EXPECT_EQ(FolderHistory(store).folders(), Paths({"/a", odd}));
 }
 
 TEST(FolderHistory, PassesOverWhatIsNotStored) {

@@ -333,7 +333,7 @@ std::optional<Outcome> Dispatch(Run& run, const cli::Arguments& arguments) {
         return std::nullopt;
     }
     if (isAdd) {
-        return run.add(words[1], words[2], arguments);
+        return run.add(words[1], ui::PathFromText(words[2]), arguments);
     }
     if (is("list", 0)) {
         return run.list();
@@ -342,7 +342,7 @@ std::optional<Outcome> Dispatch(Run& run, const cli::Arguments& arguments) {
         return run.remove(words[1]);
     }
     if (is("export", 2)) {
-        return run.exportPicture(words[1], words[2]);
+        return run.exportPicture(words[1], ui::PathFromText(words[2]));
     }
     if (is("preview", 1)) {
         return run.preview(words[1]);
@@ -365,7 +365,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
     }
     std::optional<cli::NamedDirectory> named;
     if (const auto folder = parsed.value().value("--directory")) {
-        named.emplace(ui::Path(*folder));
+        named.emplace(ui::PathFromText(*folder));
     }
     Run run(surroundings, named ? *named : surroundings.directory);
     const auto outcome = Dispatch(run, parsed.value());

@@ -122,7 +122,8 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
     const bool isJson = parsed.value().has("--json");
     std::vector<JudgedFile> judged;
     for (const std::string& word : parsed.value().words) {
-        judged.push_back({word, JudgeFile(surroundings.files, word, *families)});
+        const ui::Path path = ui::PathFromText(word);
+        judged.push_back({path, JudgeFile(surroundings.files, path, *families)});
         const auto& result = judged.back().result;
         if (!result) {
             surroundings.errors << "vtm-check: " << cli::TerminalText(result.failure().message) << '\n';

@@ -15,9 +15,13 @@ public:
 
     [[nodiscard]] bool writable() const override;
 
-    [[nodiscard]] ui::Path toRead(const std::string& name) const override { return m_folder / name; }
+    [[nodiscard]] ui::Path toRead(const std::string& name) const override {
+        return m_folder / ui::PathFromText(name);
+    }
 
-    [[nodiscard]] ui::Path toWrite(const std::string& name) const override { return m_folder / name; }
+    [[nodiscard]] ui::Path toWrite(const std::string& name) const override {
+        return m_folder / ui::PathFromText(name);
+    }
 
 private:
     ui::Path m_folder;

@@ -55,14 +55,14 @@ std::optional<Task> TaskOf(const cli::Arguments& arguments) {
     const auto& words = arguments.words;
     Task task;
     if (const auto file = arguments.value("--animate")) {
-        task.animation = *file;
+        task.animation = ui::PathFromText(*file);
     }
     if (words.empty() || words.size() > 2 || (words.size() == 1 && !task.animation)) {
         return std::nullopt;
     }
-    task.input = words[0];
+    task.input = ui::PathFromText(words[0]);
     if (words.size() == 2) {
-        task.picture = words[1];
+        task.picture = ui::PathFromText(words[1]);
     }
     if (const auto size = arguments.value("--size")) {
         task.size = cli::NumberIn(*size, MinSide, MaxSide);
@@ -161,7 +161,7 @@ int RunCommand(std::span<const std::string> arguments, const Surroundings& surro
     }
     std::optional<cli::NamedDirectory> named;
     if (const auto folder = parsed.value().value("--directory")) {
-        named.emplace(ui::Path(*folder));
+        named.emplace(ui::PathFromText(*folder));
     }
     const auto done = Perform(*task, surroundings.files, named ? *named : surroundings.directory);
     if (!done) {

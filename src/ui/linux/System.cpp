@@ -33,6 +33,10 @@ std::string PathText(const Path& path) {
     return path.native();
 }
 
+Path PathFromText(std::string_view text) {
+    return text;
+}
+
 Path ExecutableFile() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);

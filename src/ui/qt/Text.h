@@ -5,7 +5,6 @@
 #include "ui/Files.h"
 #include "ui/System.h"
 
-#include <QFile>
 #include <QString>
 #include <string>
 #include <string_view>
@@ -13,14 +12,9 @@
 /// The toolkit's texts and the bytes that everything else is made of.
 namespace ui::qt {
 
-/// A path as the toolkit's files and texts have it; bytes that are not text come back as they were.
-[[nodiscard]] inline QString FromPath(const Path& path) {
-    return QFile::decodeName(QByteArray::fromStdString(PathText(path)));
-}
-
-[[nodiscard]] inline Path ToPath(const QString& text) {
-    return QFile::encodeName(text).toStdString();
-}
+/// A path as the toolkit's files and texts have it; what is no text comes back as it was.
+[[nodiscard]] QString FromPath(const Path& path);
+[[nodiscard]] Path ToPath(const QString& text);
 
 /// A typed path in which the "~/" at its beginning stands for the user's home.
 [[nodiscard]] inline QString WithHome(const QString& text) {
