@@ -7,6 +7,7 @@
 #include "animation/StripMover.h"
 #include "games/Timetable.h"
 #include "glyphs/GlyphWords.h"
+#include "ui/qt/OwnColors.h"
 #include "ui/qt/PictureWidget.h"
 #include "ui/qt/Text.h"
 #include "ui/qt/WholePixels.h"
@@ -72,6 +73,8 @@ frmRankings::frmRankings(
     for (QPushButton* const button : findChildren<QPushButton*>()) {
         button->setStyleSheet(PlayerButtonStyle());
     }
+    ui::qt::ShowOwnColors(*m_form->chkAgain);
+    ui::qt::ShowOwnColors(*m_form->cmboPace);
 
     // At a fractional scale the screenshot shows through at the edges of the frame.
     m_form->AniPic->setAutoFillBackground(false);

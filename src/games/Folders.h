@@ -3,7 +3,7 @@
 #pragma once
 
 #include "games/Engines.h"
-#include "ui/Files.h"
+#include "ui/System.h"
 
 #include <filesystem>
 #include <functional>
@@ -16,7 +16,7 @@
 /// Where games look for the scripts that they run, and where they keep their settings.
 namespace games {
 
-enum class System : std::uint8_t { Linux, Windows, MacOs };
+using ui::System;
 
 /// What the folders of games lie in.
 enum class Place : std::uint8_t {

@@ -5,18 +5,18 @@
 #include "shell/Workspace.h"
 #include "ui/System.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace shell {
 
 namespace {
-
-constexpr games::System ThisSystem = games::System::Linux;
 
 /// The files that the user works with.
 std::vector<ui::Path> KnownFiles(const Workspace& workspace) {
     std::vector<ui::Path> files{workspace.rememberedConfig, workspace.rememberedScript};
     for (const editing::Kind& kind : editing::Kinds) {
-        const std::vector<std::string>& recent = workspace.recent.of(kind.page);
-        files.insert(files.end(), recent.begin(), recent.end());
+        std::ranges::transform(workspace.recent.of(kind.page), std::back_inserter(files), &ui::PathFromText);
     }
     return files;
 }
@@ -24,10 +24,14 @@ std::vector<ui::Path> KnownFiles(const Workspace& workspace) {
 } // namespace
 
 games::GamesHere FindGames(const Workspace& workspace) {
-    games::GamesHere here{.system = ThisSystem};
+    games::GamesHere here{.system = ui::ThisSystem()};
     here.places[games::Place::Home] = ui::HomeFolder();
     here.places[games::Place::Data] = ui::DataHome();
     here.places[games::Place::Fte] = ui::FolderVariable("FTEHOME");
+    here.places[games::Place::Documents] = ui::DocumentsFolder();
+    here.places[games::Place::SavedGames] = ui::SavedGamesFolder();
+    here.places[games::Place::AppData] = ui::DataHome();
+    here.places[games::Place::LocalAppData] = ui::StateHome();
     here.places.games = games::FindGames(KnownFiles(workspace), here);
     return here;
 }

@@ -11,6 +11,7 @@
 #include "shell/ScrollingCentre.h"
 #include "shell/StatusLine.h"
 #include "ui/qt/FileDrop.h"
+#include "ui/qt/KeyTranslation.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -74,6 +75,7 @@ frmVTM::frmVTM(const ui::Platform& platform)
     connect(&tmrCursor, &QTimer::timeout, this, &frmVTM::tmrCursor_Timer);
     tmrCursor.start(BlinkInterval);
     qApp->installEventFilter(this);
+    ui::qt::HearEveryKey(*this);
 }
 
 frmVTM::~frmVTM() {

@@ -4,12 +4,12 @@
 #include "shell/GamePlaces.h"
 #include "shell/Icons.h"
 #include "shell/frmVTM.h"
+#include "ui/System.h"
 #include "ui/qt/QtPlatform.h"
 #include "ui/qt/SpareFont.h"
 #include "ui/qt/Termination.h"
 
 #include <QApplication>
-#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -26,8 +26,7 @@ void Unload(shell::frmVTM& window) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (const auto text =
-            shell::TextToPrint(std::vector<std::string>(argv + std::min(argc, 1), argv + argc))) {
+    if (const auto text = shell::TextToPrint(ui::CommandLine(argc, argv))) {
         std::cout << *text;
         return 0;
     }
@@ -44,8 +43,8 @@ int main(int argc, char* argv[]) {
     ui::Platform& platform = qtPlatform.platform();
     ui::qt::UseSpareFont(platform.directory.folder() / "vtmfont.ttf");
 
-    // The arguments that the toolkit leaves, as bytes: paths need not be valid text.
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    // Of separate arguments those that the toolkit leaves.
+    const std::vector<std::string> arguments = ui::CommandLine(argc, argv);
 
     if (const shell::StartFiles start = shell::ReadArguments(arguments); !start.intro && !start.file) {
         std::cerr << shell::HowToLoad << '\n';

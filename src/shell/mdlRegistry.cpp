@@ -3,13 +3,14 @@
 #include "shell/mdlRegistry.h"
 
 #include "editing/Kinds.h"
+#include "ui/System.h"
 
 #include <string>
 
 namespace shell {
 
 std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder) {
-    const std::string program = ui::PathText(programFolder / ProgramFileName);
+    const std::string program = ui::PathText(programFolder / ui::ProgramFile(ProgramName));
     std::vector<ui::FileType> types;
     for (const editing::Kind& kind : editing::Kinds) {
         ui::FileType type;
@@ -29,7 +30,7 @@ std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder) {
 }
 
 void WriteFileAssociations(ui::FileTypes& fileTypes, const ui::Path& programFolder) {
-    fileTypes.registerTypes(FileAssociations(programFolder), programFolder / ProgramFileName);
+    fileTypes.registerTypes(FileAssociations(programFolder), programFolder / ui::ProgramFile(ProgramName));
 }
 
 } // namespace shell

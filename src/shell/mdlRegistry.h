@@ -8,8 +8,8 @@
 
 namespace shell {
 
-/// The name of the program's file.
-constexpr const char* ProgramFileName = "VTM";
+/// The program, as its file is called.
+constexpr const char* ProgramName = "VTM";
 
 /// The script types as the desktop is to know them, for a program in `programFolder`.
 [[nodiscard]] std::vector<ui::FileType> FileAssociations(const ui::Path& programFolder);

@@ -3,6 +3,7 @@
 #include "shell/CommandLine.h"
 #include "shell/mdlRegistry.h"
 #include "support/FakePlatform.h"
+#include "ui/System.h"
 
 #include <gtest/gtest.h>
 
@@ -12,22 +13,26 @@ struct Row {
     const char* extension;
     const char* className;
     const char* description;
-    const char* commandValue;
-    const char* iconValue;
+    const char* arguments;
     const char* mimeType;
     const char* firstLine;
 };
+
+/// The program in a folder, as a value of the registry has it.
+std::string ProgramIn(const ui::Path& folder) {
+    return ui::PathText(folder / ui::ProgramFile("VTM"));
+}
 
 } // namespace
 
 TEST(Registry, TheThreeTypesHoldTheirValuesInOrder) {
     const std::vector<Row> rows = {
-        {".vtn", "VTM_Name", "Quake Name Script", "/dir/VTM \" /name %1\"", "/dir/VTM,0",
-         "application/x-vtm-name", "// Name File Created by Vortigo"},
-        {".vta", "VTM_Ani", "Quake Animation Script", "/dir/VTM \" /animation %1\"", "/dir/VTM,0",
-         "application/x-vtm-animation", "// Animation File Created by Vortigo"},
-        {".vtm", "VTM_Macro", "Quake Message Script", "/dir/VTM \" /macro %1\"", "/dir/VTM,0",
-         "application/x-vtm-message", "// Macro File Created by Vortigo"},
+        {".vtn", "VTM_Name", "Quake Name Script", " \" /name %1\"", "application/x-vtm-name",
+         "// Name File Created by Vortigo"},
+        {".vta", "VTM_Ani", "Quake Animation Script", " \" /animation %1\"", "application/x-vtm-animation",
+         "// Animation File Created by Vortigo"},
+        {".vtm", "VTM_Macro", "Quake Message Script", " \" /macro %1\"", "application/x-vtm-message",
+         "// Macro File Created by Vortigo"},
     };
     const auto types = shell::FileAssociations("/dir");
     ASSERT_EQ(types.size(), rows.size());
@@ -35,8 +40,8 @@ TEST(Registry, TheThreeTypesHoldTheirValuesInOrder) {
         EXPECT_EQ(types[i].extension, rows[i].extension);
         EXPECT_EQ(types[i].className, rows[i].className);
         EXPECT_EQ(types[i].description, rows[i].description);
-        EXPECT_EQ(types[i].commandValue, rows[i].commandValue);
-        EXPECT_EQ(types[i].iconValue, rows[i].iconValue);
+        EXPECT_EQ(types[i].commandValue, ProgramIn("/dir") + rows[i].arguments);
+        EXPECT_EQ(types[i].iconValue, ProgramIn("/dir") + ",0");
         EXPECT_EQ(types[i].editFlags, 0U);
         EXPECT_EQ(types[i].mimeType, rows[i].mimeType);
         EXPECT_EQ(types[i].firstLine, rows[i].firstLine);
@@ -45,8 +50,8 @@ TEST(Registry, TheThreeTypesHoldTheirValuesInOrder) {
 
 TEST(Registry, AFolderWithBlanksIsWrittenUnquoted) {
     const auto types = shell::FileAssociations("/my games/vtm");
-    EXPECT_EQ(types[0].commandValue, "/my games/vtm/VTM \" /name %1\"");
-    EXPECT_EQ(types[0].iconValue, "/my games/vtm/VTM,0");
+    EXPECT_EQ(types[0].commandValue, ProgramIn("/my games/vtm") + " \" /name %1\"");
+    EXPECT_EQ(types[0].iconValue, ProgramIn("/my games/vtm") + ",0");
 }
 
 TEST(Registry, AStartFromAnotherFolderRegistersAllTypesAnew) {
@@ -54,12 +59,12 @@ TEST(Registry, AStartFromAnotherFolderRegistersAllTypesAnew) {
     shell::WriteFileAssociations(desktop, "/old");
     shell::WriteFileAssociations(desktop, "/new");
     ASSERT_EQ(desktop.registrations.size(), 2U);
-    EXPECT_EQ(desktop.registrations[0].program, "/old/VTM");
-    EXPECT_EQ(desktop.registrations[1].program, "/new/VTM");
+    EXPECT_EQ(desktop.registrations[0].program, ProgramIn("/old"));
+    EXPECT_EQ(desktop.registrations[1].program, ProgramIn("/new"));
     ASSERT_EQ(desktop.registrations[1].types.size(), 3U);
     for (const auto& type : desktop.registrations[1].types) {
-        EXPECT_TRUE(type.commandValue.starts_with("/new/VTM ")) << type.commandValue;
-        EXPECT_EQ(type.iconValue, "/new/VTM,0");
+        EXPECT_TRUE(type.commandValue.starts_with(ProgramIn("/new") + " ")) << type.commandValue;
+        EXPECT_EQ(type.iconValue, ProgramIn("/new") + ",0");
     }
 }
 

@@ -17,7 +17,8 @@ constexpr int WholePicture = 128;
 
 int main(int argc, char** argv) {
     ui::SurviveFileSizeLimit();
-    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    ui::PrepareTerminal();
+    const std::vector<std::string> arguments = ui::Arguments(argc, argv);
     const ui::DesktopProgramDirectory directory;
     ui::DiskFiles files(directory.spareFolder());
     return charset::RunCommand(

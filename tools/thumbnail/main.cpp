@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "thumbnail/Command.h"
 #include "ui/DesktopProgramDirectory.h"
+#include "ui/System.h"
 
 #include <iostream>
 #include <string>
@@ -9,7 +10,8 @@
 
 int main(int argc, char** argv) {
     ui::SurviveFileSizeLimit();
-    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    ui::PrepareTerminal();
+    const std::vector<std::string> arguments = ui::Arguments(argc, argv);
     const ui::DesktopProgramDirectory directory;
     ui::DiskFiles files(directory.spareFolder());
     return thumbnail::RunCommand(arguments, {files, directory, std::cout, std::cerr});

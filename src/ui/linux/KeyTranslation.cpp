@@ -385,4 +385,8 @@ void DropFalseReleases() {
     }
 }
 
+void HearEveryKey(QWidget& /*window*/) {
+    // Desktops keep no key of a window's for menus.
+}
+
 } // namespace ui::qt

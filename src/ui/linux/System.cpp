@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/System.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sys/ioctl.h>
 #include <system_error>
@@ -37,6 +38,22 @@ Path PathFromText(std::string_view text) {
     return text;
 }
 
+System ThisSystem() {
+    return System::Linux;
+}
+
+std::vector<std::string> Arguments(int argc, const char* const* argv) {
+    return {argv + std::min(argc, 1), argv + argc};
+}
+
+std::vector<std::string> CommandLine(int argc, const char* const* argv) {
+    return Arguments(argc, argv);
+}
+
+std::string ProgramFile(std::string_view program) {
+    return std::string(program);
+}
+
 Path ExecutableFile() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);
@@ -44,6 +61,20 @@ Path ExecutableFile() {
 
 Path HomeFolder() {
     return FolderVariable("HOME");
+}
+
+Path DocumentsFolder() {
+    return {};
+}
+
+Path SavedGamesFolder() {
+    return {};
+}
+
+Path ConfigHome() {
+    const Path folder = UserFolder("XDG_CONFIG_HOME", ".config");
+    // A system's own user without a home has the root.
+    return folder.empty() ? Path("/.config") : folder;
 }
 
 Path DataHome() {
@@ -56,6 +87,10 @@ Path StateHome() {
 
 bool IsWritableFolder(const Path& folder) {
     return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+void PrepareTerminal() {
+    // Terminals show that by themselves.
 }
 
 std::optional<int> TerminalColumns() {

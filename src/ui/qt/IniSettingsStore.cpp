@@ -3,9 +3,8 @@
 #include "ui/qt/IniSettingsStore.h"
 
 #include "ui/FileWriter.h"
-#include "ui/qt/Text.h"
+#include "ui/System.h"
 
-#include <QStandardPaths>
 #include <utility>
 
 namespace ui::qt {
@@ -17,8 +16,7 @@ IniSettingsStore::IniSettingsStore(Files& files, Path file)
 }
 
 Path IniSettingsStore::UsersFile() {
-    const Path home = ToPath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-    return home / "VTM" / "VTM.ini";
+    return ConfigHome() / "VTM" / "VTM.ini";
 }
 
 std::optional<std::string> IniSettingsStore::read(const std::string& section, const std::string& key) const {

@@ -5,6 +5,7 @@
 #include "ui/KeyStroke.h"
 
 class QKeyEvent;
+class QWidget;
 
 /// What each system tells of its keyboard in its own way.
 namespace ui::qt {
@@ -15,5 +16,8 @@ namespace ui::qt {
 /// Makes a held key repeat as presses alone, without the releases in between that never happened, where the
 /// system would tell of them.
 void DropFalseReleases();
+
+/// Has a window told of the keys, too, that the system would open menus of its own by.
+void HearEveryKey(QWidget& window);
 
 } // namespace ui::qt
