@@ -146,6 +146,17 @@ ui::Path PlainPath(const ui::Path& path) {
     return plain.has_filename() ? plain : plain.parent_path();
 }
 
+/// A path as it is compared with others: on Windows capitals make no difference.
+ui::Path ComparedOn(System system, const ui::Path& path) {
+    std::string text = ui::PathText(path);
+    if (system == System::Windows) {
+        std::ranges::transform(text, text.begin(), [](char letter) {
+            return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+        });
+    }
+    return ui::PathFromText(text);
+}
+
 void AddOnce(std::vector<Engine>& engines, Engine engine) {
     if (std::ranges::find(engines, engine) == engines.end()) {
         engines.push_back(engine);
@@ -158,9 +169,11 @@ using Member = std::string_view FolderRule::*;
 /// The engines whose folder or file in one of the user's folders is the one at a plain path.
 std::vector<Engine> EnginesAtUsers(const ui::Path& path, const GamesHere& here, Member member) {
     std::vector<Engine> engines;
+    const ui::Path wanted = ComparedOn(here.system, path);
     for (const FolderRule& rule : Folders) {
         if (rule.system == here.system && rule.place != Place::Game && !(rule.*member).empty() &&
-            !here.places[rule.place].empty() && path == PlainPath(here.places[rule.place] / (rule.*member))) {
+            !here.places[rule.place].empty() &&
+            wanted == ComparedOn(here.system, PlainPath(here.places[rule.place] / (rule.*member)))) {
             AddOnce(engines, rule.seen.engine);
         }
     }
@@ -170,8 +183,10 @@ std::vector<Engine> EnginesAtUsers(const ui::Path& path, const GamesHere& here, 
 /// The engines whose folder or file in a game's folder, wherever that lies, is called like a plain path.
 std::vector<Engine> EnginesAtGames(const ui::Path& path, const GamesHere& here, Member member) {
     std::vector<Engine> engines;
+    const ui::Path wanted = ComparedOn(here.system, path);
     for (const FolderRule& rule : Folders) {
-        if (rule.system == here.system && rule.place == Place::Game && EndsWith(path, rule.*member)) {
+        if (rule.system == here.system && rule.place == Place::Game &&
+            EndsWith(wanted, ComparedOn(here.system, rule.*member))) {
             AddOnce(engines, rule.seen.engine);
         }
     }

@@ -50,6 +50,20 @@ bool StandsForItself(unsigned char byte) {
            marks.find(static_cast<char>(byte)) != std::string_view::npos;
 }
 
+void AppendEncoded(std::string& address, std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (StandsForItself(byte)) {
+            address += character;
+        } else {
+            address += '%';
+            address += digits[byte >> 4U];
+            address += digits[byte & 15U];
+        }
+    }
+}
+
 } // namespace
 
 std::string_view LaunchErrorText(int code) {
@@ -68,19 +82,20 @@ std::string ShortcutText(const std::string& address) {
 }
 
 std::string FileAddress(const ui::Path& path) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::error_code error;
-    const ui::Path absolute = std::filesystem::absolute(path, error);
-    std::string address = "file://";
-    for (const char character : ui::PathText(error ? path : absolute)) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (StandsForItself(byte)) {
-            address += character;
-        } else {
-            address += '%';
-            address += digits[byte >> 4U];
-            address += digits[byte & 15U];
-        }
+    const ui::Path found = std::filesystem::absolute(path, error);
+    const ui::Path& absolute = error ? path : found;
+    // A drive comes below an empty host; a computer in the network is the host itself.
+    std::string root = ui::PathText(absolute.root_name());
+    std::ranges::replace(root, '\\', '/');
+    std::string address = root.starts_with("//") ? "file:" : "file://";
+    if (!root.empty() && !root.starts_with("//")) {
+        address += '/';
+    }
+    address += root;
+    for (const ui::Path& part : absolute.relative_path()) {
+        address += '/';
+        AppendEncoded(address, ui::PathText(part));
     }
     return address;
 }

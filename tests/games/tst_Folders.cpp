@@ -18,6 +18,11 @@ using games::Place;
 using games::Places;
 using games::System;
 
+/// A path as it is written here, with slashes.
+std::string TextOf(const ui::Path& path) {
+    return path.generic_string();
+}
+
 /// A disk with folders, and files of settings by how many minutes ago they were written.
 struct FakeDisk {
     std::set<std::string> folders;
@@ -26,13 +31,13 @@ struct FakeDisk {
 
     [[nodiscard]] games::FolderLook look() const {
         const auto isFolder = [this](const ui::Path& path) {
-            return folders.contains(ui::PathText(path));
+            return folders.contains(TextOf(path));
         };
         const auto isWritable = [this](const ui::Path& path) {
-            return ui::PathText(path) != readOnly;
+            return TextOf(path) != readOnly;
         };
         const auto writtenAt = [this](const ui::Path& path) {
-            const auto file = files.find(ui::PathText(path));
+            const auto file = files.find(TextOf(path));
             return file == files.end()
                        ? std::nullopt
                        : std::optional(
@@ -61,8 +66,7 @@ std::string Names(const std::vector<Engine>& engines) {
 std::string FolderLines(const std::vector<FoundFolder>& folders) {
     std::string text;
     for (const FoundFolder& folder : folders) {
-        text += ui::PathText(folder.path) + " (" + Names(folder.engines) + ") " +
-                ui::PathText(folder.config) + "\n";
+        text += TextOf(folder.path) + " (" + Names(folder.engines) + ") " + TextOf(folder.config) + "\n";
     }
     return text;
 }
@@ -82,7 +86,7 @@ std::string ReadInsteadOf(const ui::Path& config, const FakeDisk& disk, System s
     std::string text;
     for (const games::ConfigInstead& instead :
          games::ConfigsInstead(config, {system, LinuxPlaces(), disk.look()})) {
-        text += std::string(games::FactsOf(instead.engine).name) + " " + ui::PathText(instead.path) + "\n";
+        text += std::string(games::FactsOf(instead.engine).name) + " " + TextOf(instead.path) + "\n";
     }
     return text;
 }
@@ -90,7 +94,7 @@ std::string ReadInsteadOf(const ui::Path& config, const FakeDisk& disk, System s
 std::string GamesOf(const std::vector<ui::Path>& files, const FakeDisk& disk, System system = System::Linux) {
     std::string text;
     for (const ui::Path& game : games::FindGames(files, {system, LinuxPlaces(), disk.look()})) {
-        text += ui::PathText(game) + "\n";
+        text += TextOf(game) + "\n";
     }
     return text;
 }
@@ -263,6 +267,18 @@ TEST(Folders, WindowsHasPlacesOfItsOwn) {
         FolderLines(games::FindFolders({System::Windows, places, disk.look()})),
         "/saved/darkplaces/id1 (DarkPlaces) /saved/darkplaces/id1/config.cfg\n"
         "/docs/YamagiQ2/baseq2 (Yamagi Quake II) \n");
+}
+
+TEST(Folders, WindowsDoesNotMindCapitals) {
+    const auto lookingIn = [](const char* folder) {
+        Places places;
+        places[Place::SavedGames] = "/Users/r/Saved Games";
+        return Names(games::LookersIn(folder, {System::Windows, places, FakeDisk().look()}).engines);
+    };
+    EXPECT_EQ(
+        lookingIn("/Quake/ID1"), "original Quake, QuakeSpasm, Ironwail, vkQuake, DarkPlaces, ezQuake, FTE");
+    EXPECT_EQ(lookingIn("/users/R/saved games/Darkplaces/Id1"), "DarkPlaces");
+    EXPECT_EQ(lookingIn("/Quake/ID2"), "");
 }
 
 TEST(Folders, TellWhoLooksInThem) {

@@ -258,7 +258,8 @@ void FileChooser::acceptTyped() {
     done(Accepted);
 }
 
-void FileChooser::narrow(const QString& text) {
+void FileChooser::narrow(const QString& typed) {
+    const QString text = QDir::fromNativeSeparators(typed);
     const qsizetype slash = text.lastIndexOf(QLatin1Char('/'));
     if (slash >= 0) {
         const QFileInfo folder(directory(), text.left(slash + 1));

@@ -79,8 +79,8 @@ private:
     /// The toolkit prefers what is selected in the list, which may be the name that was typed before.
     void deselectOthers(const QString& text);
 
-    /// Lists only what matches the patterns of `text`, which may begin with a folder to list.
-    void narrow(const QString& text);
+    /// Lists only what matches the patterns that were typed, which may begin with a folder to list.
+    void narrow(const QString& typed);
 
     QList<QUrl> m_places;         ///< the side bar's own
     QHash<QUrl, QString> m_names; ///< of the folders that are offered
