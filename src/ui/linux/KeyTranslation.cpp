@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/KeyTranslation.h"
 
+#include "ui/UsKeyboard.h"
 #include "ui/linux/KeyFacts.h"
 #include "ui/linux/X11Keyboard.h"
+#include "ui/qt/KeyNames.h"
 
 #include <QKeyEvent>
-#include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
@@ -16,6 +17,12 @@
 #include <X11/keysym.h>
 
 namespace ui::native {
+
+using qt::DeadKeyBase;
+using qt::NamedVirtualKey;
+using qt::PadKey;
+using qt::PadKeyOf;
+using qt::PadOperator;
 
 namespace {
 
@@ -29,37 +36,6 @@ constexpr unsigned AltGrMask = Mod5Mask;
 
 constexpr unsigned F13ScanCode = 191;
 constexpr unsigned F16ScanCode = 194;
-
-/// A key of the US keyboard and what it types there without and with Shift.
-struct UsKey {
-    char plain;
-    char shifted;
-    int virtualKey;
-};
-
-constexpr std::array<UsKey, 21> UsKeys = {{
-    {'1', '!', 49},
-    {'2', '@', 50},
-    {'3', '#', 51},
-    {'4', '$', 52},
-    {'5', '%', 53},
-    {'6', '^', 54},
-    {'7', '&', 55},
-    {'8', '*', 56},
-    {'9', '(', 57},
-    {'0', ')', 48},
-    {'-', '_', KeyMinus},
-    {'=', '+', KeyEquals},
-    {'[', '{', KeyOpenBracket},
-    {']', '}', KeyCloseBracket},
-    {';', ':', KeySemicolon},
-    {'\'', '"', KeyApostrophe},
-    {'`', '~', KeyBackquote},
-    {'\\', '|', KeyBackslash},
-    {',', '<', KeyComma},
-    {'.', '>', KeyPeriod},
-    {'/', '?', KeySlash},
-}};
 
 /// What the keys of an unbroken range of scan codes type on a US keyboard without Shift.
 struct UsRow {
@@ -75,80 +51,6 @@ constexpr std::array<UsRow, 5> UsRows = {{
     {51, "\\zxcvbnm,./"},
 }};
 
-/// Keys that mean the same on every keyboard.
-struct NamedKey {
-    int key;
-    int virtualKey;
-};
-
-constexpr std::array<NamedKey, 27> NamedKeys = {{
-    {Qt::Key_Backspace, KeyBackspace},
-    {Qt::Key_Tab, KeyTab},
-    {Qt::Key_Backtab, KeyTab},
-    {Qt::Key_Clear, KeyClear},
-    {Qt::Key_Return, KeyEnter},
-    {Qt::Key_Enter, KeyEnter},
-    {Qt::Key_Shift, KeyShift},
-    {Qt::Key_Control, KeyCtrl},
-    {Qt::Key_Alt, KeyAlt},
-    {Qt::Key_Pause, KeyPause},
-    {Qt::Key_CapsLock, KeyCapsLock},
-    {Qt::Key_Escape, KeyEscape},
-    {Qt::Key_Space, KeySpace},
-    {Qt::Key_PageUp, KeyPageUp},
-    {Qt::Key_PageDown, KeyPageDown},
-    {Qt::Key_End, KeyEnd},
-    {Qt::Key_Home, KeyHome},
-    {Qt::Key_Left, KeyLeft},
-    {Qt::Key_Up, KeyUp},
-    {Qt::Key_Right, KeyRight},
-    {Qt::Key_Down, KeyDown},
-    {Qt::Key_Insert, KeyInsert},
-    {Qt::Key_Delete, KeyDelete},
-    {Qt::Key_Menu, KeyMenu},
-    {Qt::Key_NumLock, KeyNumLock},
-    {Qt::Key_ScrollLock, KeyScrollLock},
-    {Qt::Key_Cancel, KeyCancel},
-}};
-
-/// The symbol that a dead key stands for when nothing follows it; 0 when there is none on a US keyboard.
-int DeadKeyBase(int key) {
-    switch (key) {
-    case Qt::Key_Dead_Acute:
-        return '\'';
-    case Qt::Key_Dead_Grave:
-        return '`';
-    case Qt::Key_Dead_Circumflex:
-        return '^';
-    case Qt::Key_Dead_Tilde:
-        return '~';
-    case Qt::Key_Dead_Diaeresis:
-        return '"';
-    default:
-        return 0;
-    }
-}
-
-/// A key of the number pad that Num Lock changes.
-struct PadKey {
-    int digit;    ///< with Num Lock
-    int movement; ///< without
-};
-
-constexpr std::array<PadKey, 11> PadKeys = {{
-    {KeyPad0, KeyInsert},
-    {KeyPad0 + 1, KeyEnd},
-    {KeyPad0 + 2, KeyDown},
-    {KeyPad0 + 3, KeyPageDown},
-    {KeyPad0 + 4, KeyLeft},
-    {KeyPad0 + 5, KeyClear},
-    {KeyPad0 + 6, KeyRight},
-    {KeyPad0 + 7, KeyHome},
-    {KeyPad0 + 8, KeyUp},
-    {KeyPad0 + 9, KeyPageUp},
-    {KeyPadDecimal, KeyDelete},
-}};
-
 /// The pad key that a press at this scan code is, whatever symbol the layout gives it.
 std::optional<PadKey> PadKeyAt(unsigned scanCode) {
     constexpr unsigned First = 79;
@@ -156,51 +58,7 @@ std::optional<PadKey> PadKeyAt(unsigned scanCode) {
     if (scanCode < First || scanCode >= First + Indexes.size() || Indexes[scanCode - First] < 0) {
         return {};
     }
-    return PadKeys[static_cast<std::size_t>(Indexes[scanCode - First])];
-}
-
-int NamedVirtualKey(int key) {
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
-        return KeyF1 + (key - Qt::Key_F1);
-    }
-    const auto* found = std::find_if(
-        NamedKeys.begin(), NamedKeys.end(), [key](const NamedKey& named) { return named.key == key; });
-    return found == NamedKeys.end() ? 0 : found->virtualKey;
-}
-
-/// The pad key that a press on the number pad is, by what the press means.
-std::optional<PadKey> PadKeyOf(int key) {
-    if (key >= Qt::Key_0 && key <= Qt::Key_9) {
-        return PadKeys[static_cast<std::size_t>(key - Qt::Key_0)];
-    }
-    if (key == Qt::Key_Period || key == Qt::Key_Comma) {
-        return PadKeys.back();
-    }
-    const int movement = NamedVirtualKey(key);
-    const auto* found = std::find_if(
-        PadKeys.begin(), PadKeys.end(), [movement](const PadKey& pad) { return pad.movement == movement; });
-    if (movement == 0 || found == PadKeys.end()) {
-        return {};
-    }
-    return *found;
-}
-
-/// The keys of the pad that Num Lock leaves alone; 0 for any other.
-int PadOperator(int key) {
-    switch (key) {
-    case Qt::Key_Asterisk:
-        return KeyPadMultiply;
-    case Qt::Key_Plus:
-        return KeyPadAdd;
-    case Qt::Key_Minus:
-        return KeyPadSubtract;
-    case Qt::Key_Slash:
-        return KeyPadDivide;
-    case Qt::Key_Enter:
-        return KeyEnter;
-    default:
-        return 0;
-    }
+    return qt::NumberedPadKey(Indexes[scanCode - First]);
 }
 
 /// Whether a symbol is a printable ASCII character, which has the same number.
@@ -224,17 +82,15 @@ bool IsCharacter(int key) {
 
 /// Fills in the key that a symbol of the US keyboard is typed with; false for any other symbol.
 bool TranslateUsSymbol(int symbol, bool isReal, KeyStroke& press) {
-    for (const UsKey& key : UsKeys) {
-        if (symbol != key.plain && symbol != key.shifted) {
-            continue;
-        }
-        press.virtualKey = key.virtualKey;
-        if (isReal) {
-            press.isShift = symbol == key.shifted;
-        }
-        return true;
+    const auto key = UsKeyOf(static_cast<char32_t>(symbol));
+    if (!key) {
+        return false;
     }
-    return false;
+    press.virtualKey = key->virtualKey;
+    if (isReal) {
+        press.isShift = key->isShift;
+    }
+    return true;
 }
 
 /// The key at a place of the keyboard, as a US keyboard has it; 0 when it types no character there.
