@@ -99,7 +99,7 @@ ui::Result<ui::Picture> ReadImage(GifFileType& gif, int transparentIndex) {
 }
 
 /// The colours of several pictures, in order of appearance; index 0 is the transparent one when any pixel is.
-class Palette {
+class ColourTable {
 public:
     /// False when there are more than 256 colours.
     bool add(const ui::Picture& picture) {
@@ -152,7 +152,7 @@ private:
     std::unordered_map<ui::Pixel, std::size_t> m_indexes;
 };
 
-bool WriteFrame(GifFileType& gif, const GifFrame& frame, const Palette& palette, bool isAnimated) {
+bool WriteFrame(GifFileType& gif, const GifFrame& frame, const ColourTable& palette, bool isAnimated) {
     if (isAnimated || palette.isTransparent()) {
         GraphicsControlBlock control{};
         control.DisposalMode = isAnimated ? DISPOSE_BACKGROUND : DISPOSAL_UNSPECIFIED;
@@ -202,7 +202,7 @@ WriteGif(std::span<const GifFrame> frames, bool isAnimated, const std::function<
     }
     const int width = frames.front().picture.width();
     const int height = frames.front().picture.height();
-    Palette palette;
+    ColourTable palette;
     for (const GifFrame& frame : frames) {
         if (frame.picture.width() != width || frame.picture.height() != height) {
             return ui::Failure{"the pictures differ in size"};

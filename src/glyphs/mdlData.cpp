@@ -36,7 +36,7 @@ constexpr std::size_t WebAddressOffset = 52;
 constexpr std::size_t SlotOffset = 152;
 
 /// What lies in a slot of the artwork store; nothing when it has no such slot.
-std::optional<std::string_view> SlotImage(std::string_view store, int slot) {
+std::optional<std::string_view> ImageInSlot(std::string_view store, int slot) {
     const std::size_t offset = static_cast<std::size_t>(slot) * ArtworkSlotSize;
     if (slot < 0 || offset >= store.size()) {
         return std::nullopt;
@@ -147,7 +147,7 @@ ui::Result<ui::Picture> LoadArtwork(ui::Files& files, const ui::ProgramDirectory
     if (!bytes) {
         return bytes.failure();
     }
-    const auto image = SlotImage(bytes.value(), slot);
+    const auto image = ImageInSlot(bytes.value(), slot);
     if (!image) {
         return ui::Failure{
             "The artwork store \"" + ui::PathText(store) + "\" has no slot " + std::to_string(slot) + "."};
@@ -188,7 +188,7 @@ std::optional<int> FirstReadableCharSet(const ui::Files& files, const ui::Progra
     std::string_view rest = list.value();
     for (int place = 0; rest.size() >= CharSetRecordSize; ++place, rest.remove_prefix(CharSetRecordSize)) {
         const auto record = DecodeCharSetRecord(rest.substr(0, CharSetRecordSize));
-        const auto image = SlotImage(store.value(), record.artworkSlot);
+        const auto image = ImageInSlot(store.value(), record.artworkSlot);
         if (image && DecodeGif(*image)) {
             return place;
         }

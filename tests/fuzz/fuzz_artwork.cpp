@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
-#include "charset/Artwork.h"
-#include "charset/ArtworkSlot.h"
-#include "charset/OldPictures.h"
+#include "artwork/Artwork.h"
+#include "artwork/ArtworkSlot.h"
+#include "artwork/MemorySource.h"
+#include "artwork/OldPictures.h"
 #include "fuzz/Fuzz.h"
 #include "glyphs/GifPicture.h"
 #include "glyphs/PngPicture.h"
@@ -32,7 +33,7 @@ void Check(const ui::Picture& picture) {
             fuzz::Require(pixel == 0 || pixel >> 24U == 0xFFU, "a pixel is opaque or 0");
         }
     }
-    const auto image = charset::MakeSlotImage(picture, 10000);
+    const auto image = artwork::MakeSlotImage(picture, 10000);
     if (image) {
         fuzz::Require(image.value().gif.size() <= 10000, "an image fits its slot");
         const auto again = glyphs::DecodeGif(image.value().gif);
@@ -46,13 +47,13 @@ void Check(const ui::Picture& picture) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes = fuzz::Bytes(data, size);
-    const charset::MemorySource source(bytes);
-    charset::Palette palette{};
+    const artwork::MemorySource source(bytes);
+    artwork::Palette palette{};
     palette.fill(ui::OpaqueBlack);
 
     ui::Picture last;
     for (const char* extension : {"", ".tga", ".pcx", ".bmp"}) {
-        const auto read = charset::ReadArtwork(source, extension, palette);
+        const auto read = artwork::ReadArtwork(source, extension, palette);
         if (!read) {
             fuzz::Require(!read.failure().message.empty(), "what is of no use has a reason");
         } else if (read.value().picture != last) {
@@ -61,9 +62,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         }
     }
     Check(glyphs::DecodePng(bytes));
-    Check(charset::DecodeTga(bytes));
-    Check(charset::DecodePcx(bytes));
-    Check(charset::DecodeBmp(bytes));
-    (void)charset::ReadPalette(source);
+    Check(artwork::DecodeTga(bytes));
+    Check(artwork::DecodePcx(bytes));
+    Check(artwork::DecodeBmp(bytes));
+    (void)artwork::ReadPalette(source);
     return 0;
 }

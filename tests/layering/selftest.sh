@@ -14,11 +14,12 @@ failures=0
 # A small tree in order.
 plant() {
     rm -rf "$tree"/{src,tools,bench,tests}
-    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,games,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
+    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,artwork,games,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
         "$tree"/{bench,tests/faults}
     echo '#include <string>' >"$tree/src/ui/Result.h"
     printf '#include "ui/Result.h"\n#include <QMessageBox>\n' >"$tree/src/ui/qt/QtDialogs.cpp"
     echo '#include "ui/Result.h"' >"$tree/src/glyphs/mdlPaint.h"
+    echo '#include "glyphs/mdlPaint.h"' >"$tree/src/artwork/Artwork.h"
     echo '#include "glyphs/mdlPaint.h"' >"$tree/src/games/RowVerdict.h"
     echo '#include "glyphs/mdlPaint.h"' >"$tree/src/editing/mdlCommon.h"
     printf '#include "editing/mdlCommon.h"\n#include "ui_frmAniWiz.h"\n#include <QDialog>\n' \
@@ -31,7 +32,7 @@ plant() {
         >"$tree/src/ui/linux/X11Keyboard.cpp"
     printf '#include <png.h>\n#include "ui/Result.h"\n' >"$tree/tools/cli/PngPicture.h"
     printf '#include "cli/PngPicture.h"\n#include "scripts/mdlName.h"\n' >"$tree/tools/thumbnail/Command.cpp"
-    printf '#include "cli/PngPicture.h"\n#include "glyphs/mdlPaint.h"\n' >"$tree/tools/charset/Command.cpp"
+    printf '#include "cli/PngPicture.h"\n#include "artwork/Artwork.h"\n' >"$tree/tools/charset/Command.cpp"
     printf '#include <fstream>\n#include "cli/PngPicture.h"\n' >"$tree/tools/makers/mkicons.cpp"
     printf '#include <benchmark/benchmark.h>\n#include <csignal>\n' >"$tree/bench/bench_painting.cpp"
     printf '#include <gtest/gtest.h>\n#include <dlfcn.h>\n' >"$tree/tests/faults/Injection.cpp"
@@ -74,6 +75,12 @@ refuses "scripts including animation" "scripts/mdlName.h:3: scripts may not incl
 
 plant && echo '#include "editing/mdlCommon.h"' >>"$tree/src/games/RowVerdict.h"
 refuses "games including editing" "games/RowVerdict.h:2: games may not include editing/mdlCommon.h"
+
+plant && echo '#include "artwork/Artwork.h"' >>"$tree/src/glyphs/mdlPaint.h"
+refuses "glyphs including artwork" "glyphs/mdlPaint.h:2: glyphs may not include artwork/Artwork.h"
+
+plant && echo '#include "artwork/Artwork.h"' >>"$tree/src/animation/frmAniWiz.cpp"
+refuses "animation including artwork" "animation/frmAniWiz.cpp:4: animation may not include artwork/Artwork.h"
 
 plant && echo '#include "games/RowVerdict.h"' >>"$tree/src/editing/mdlCommon.h"
 refuses "editing including games" "editing/mdlCommon.h:2: editing may not include games/RowVerdict.h"

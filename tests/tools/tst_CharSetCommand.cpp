@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
 #include "glyphs/PngPicture.h"
+#include "support/CharSetWorld.h"
 #include "support/FailingFiles.h"
 #include "support/ToolRun.h"
-#include "tools/CharSetWorld.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@
 
 namespace {
 
-using charset::CharSetFiles;
+using artwork::CharSetFiles;
 using support::MakeSets;
 using support::ShownSet;
 using support::SmallArtwork;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "charset/TerminalPicture.h"
-#include "tools/GameFiles.h"
+#include "support/GameFiles.h"
 
 #include <gtest/gtest.h>
 

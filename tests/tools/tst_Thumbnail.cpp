@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 #include "cli/Script.h"
+#include "support/GameFiles.h"
 #include "thumbnail/Drawing.h"
-#include "tools/GameFiles.h"
 
 #include <gtest/gtest.h>
 

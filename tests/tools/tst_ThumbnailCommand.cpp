@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "glyphs/GifPicture.h"
 #include "glyphs/PngPicture.h"
+#include "support/CharSetWorld.h"
 #include "support/FailingFiles.h"
 #include "support/TempProgramDirectory.h"
 #include "support/ToolRun.h"
 #include "thumbnail/Command.h"
-#include "tools/CharSetWorld.h"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
 
-#include "charset/Artwork.h"
-#include "charset/ArtworkSlot.h"
-#include "charset/CharSetFiles.h"
+#include "artwork/Artwork.h"
+#include "artwork/ArtworkSlot.h"
+#include "artwork/CharSetFiles.h"
+#include "artwork/SetTexts.h"
 #include "charset/TerminalPicture.h"
-#include "charset/Texts.h"
 #include "cli/Arguments.h"
 #include "cli/NamedDirectory.h"
 #include "cli/TerminalText.h"
@@ -20,6 +20,8 @@
 #include <utility>
 
 namespace charset {
+
+using namespace artwork;
 
 using glyphs::CharSetRecord;
 using glyphs::ShownText;
@@ -174,7 +176,7 @@ ui::Result<std::optional<Palette>> PaletteIn(const std::optional<std::string>& f
     if (!file) {
         return std::optional<Palette>();
     }
-    const auto source = OpenSource(*file);
+    const auto source = ui::OpenSource(*file);
     if (!source) {
         return OfFile(*file, source.failure());
     }
@@ -186,7 +188,7 @@ ui::Result<std::optional<Palette>> PaletteIn(const std::optional<std::string>& f
 }
 
 ui::Result<Artwork> ArtworkIn(const ui::Path& file, const std::optional<Palette>& palette) {
-    const auto source = OpenSource(file);
+    const auto source = ui::OpenSource(file);
     if (!source) {
         return OfFile(file, source.failure());
     }
