@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "artwork/InstalledSets.h"
 #include "glyphs/GifPicture.h"
 #include "glyphs/mdlData.h"
 #include "support/ToolRun.h"
@@ -125,6 +126,14 @@ TEST(CharSets, ListAndStoreHoldTheSameSets) {
         EXPECT_EQ(record.artworkSlot, position);
         ++position;
     }
+}
+
+TEST(CharSets, AreKnownAsShipped) {
+    std::vector<std::string> names;
+    for (const glyphs::CharSetRecord& record : installedSets()) {
+        names.push_back(glyphs::ShownText(record.name));
+    }
+    EXPECT_EQ(names, std::vector<std::string>(artwork::ShippedSets.begin(), artwork::ShippedSets.end()));
 }
 
 TEST(CharSets, HaveNamesOfTheirOwnAndNoAddress) {

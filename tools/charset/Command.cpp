@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "charset/Command.h"
 
-#include "artwork/Artwork.h"
-#include "artwork/ArtworkSlot.h"
 #include "artwork/CharSetFiles.h"
+#include "artwork/InstalledSets.h"
 #include "artwork/SetTexts.h"
 #include "charset/TerminalPicture.h"
 #include "cli/Arguments.h"
@@ -17,12 +16,10 @@
 #include <array>
 #include <optional>
 #include <ostream>
-#include <utility>
 
 namespace charset {
 
-using namespace artwork;
-
+using artwork::RecordsOf;
 using glyphs::CharSetRecord;
 using glyphs::ShownText;
 
@@ -54,10 +51,6 @@ constexpr std::array<cli::Option, 4> Options{
 /// How a command went.
 using Outcome = ui::Status;
 
-ui::Failure OfFile(const ui::Path& path, const ui::Failure& failure) {
-    return {"\"" + ui::PathText(path) + "\" cannot be used: " + failure.message + "."};
-}
-
 /// One run of the command.
 class Run {
 public:
@@ -75,10 +68,6 @@ public:
 
 private:
     [[nodiscard]] ui::Path listPath() const { return glyphs::CharSetListPath(m_files, m_directory); }
-
-    [[nodiscard]] ui::Result<std::unique_ptr<ui::FileLock>> lock() {
-        return m_files.lockFolder(m_directory.toWrite(std::string(glyphs::CharSetListName)).parent_path());
-    }
 
     [[nodiscard]] ui::Result<ui::Picture> pictureOf(const std::string& number);
 
@@ -98,10 +87,6 @@ ui::Failure NoSuchSet(const std::string& what, std::size_t count) {
     return {
         "There is no character set \"" + what + "\"; \"vtm-charset list\" shows the " +
         std::to_string(count) + " there are."};
-}
-
-bool IsNumber(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 /// Cells of a table's column as wide as its widest one. Every character is one column wide.
@@ -143,144 +128,66 @@ Outcome Run::list() {
     return {};
 }
 
-/// What a record holds of the user's words.
-struct Naming {
-    std::string name;
-    std::string webAddress;
-};
-
-ui::Result<Naming> NamingOf(const std::string& name, const std::string& webAddress) {
-    auto field = FieldText("name", name, glyphs::CharSetNameWidth);
-    if (!field) {
-        return ui::Failure{"Nothing was added: " + field.failure().message + "."};
-    }
-    if (field.value().empty() || field.value().front() == ' ' || field.value().back() == ' ') {
-        return ui::Failure{"Nothing was added: the name is empty, or begins or ends with a blank."};
-    }
-    if (IsNumber(field.value())) {
-        return ui::Failure{"Nothing was added: the name is a number, which stands for a set by its place."};
-    }
-    auto address = FieldText("web address", webAddress, glyphs::WebAddressWidth);
-    if (!address) {
-        return ui::Failure{"Nothing was added: " + address.failure().message + "."};
-    }
-    if (!webAddress.empty()) {
-        if (auto checked = CheckWebAddress(webAddress); !checked) {
-            return ui::Failure{"Nothing was added: " + checked.failure().message + "."};
-        }
-    }
-    return Naming{std::move(field).value(), std::move(address).value()};
-}
-
-ui::Result<std::optional<Palette>> PaletteIn(const std::optional<std::string>& file) {
-    if (!file) {
-        return std::optional<Palette>();
-    }
-    const auto source = ui::OpenSource(*file);
-    if (!source) {
-        return OfFile(*file, source.failure());
-    }
-    const auto palette = ReadPalette(*source.value());
-    if (!palette) {
-        return OfFile(*file, palette.failure());
-    }
-    return std::optional(palette.value());
-}
-
-ui::Result<Artwork> ArtworkIn(const ui::Path& file, const std::optional<Palette>& palette) {
-    const auto source = ui::OpenSource(file);
-    if (!source) {
-        return OfFile(file, source.failure());
-    }
-    auto artwork = ReadArtwork(*source.value(), ui::PathText(file.extension()), palette);
-    return artwork ? std::move(artwork) : OfFile(file, artwork.failure());
-}
-
 Outcome Run::add(const std::string& name, const ui::Path& file, const cli::Arguments& arguments) {
-    const auto naming = NamingOf(name, arguments.value("--web").value_or(""));
+    const auto naming = artwork::NamingOf(name, arguments.value("--web").value_or(""));
     if (!naming) {
-        return naming.failure();
+        return ui::Failure{"Nothing was added: " + naming.failure().message + "."};
     }
-    const auto palette = PaletteIn(arguments.value("--palette"));
-    if (!palette) {
-        return palette.failure();
+    std::optional<artwork::Palette> palette;
+    if (const auto paletteFile = arguments.value("--palette")) {
+        const auto read = artwork::PaletteIn(ui::PathFromText(*paletteFile));
+        if (!read) {
+            return read.failure();
+        }
+        palette = read.value();
     }
-    const auto artwork = ArtworkIn(file, palette.value());
-    if (!artwork) {
-        return artwork.failure();
+    const auto drawn = artwork::ArtworkIn(file, palette);
+    if (!drawn) {
+        return drawn.failure();
     }
-    const auto locked = lock();
-    if (!locked) {
-        return locked.failure();
+    const auto added = artwork::AddSet(m_files, m_directory, naming.value(), file, drawn.value());
+    if (!added) {
+        return added.failure();
     }
-    const auto before = ReadCharSetFiles(m_files, m_directory);
-    if (!before) {
-        return before.failure();
-    }
-    const auto records = RecordsOf(before.value().list);
-    const auto same = std::ranges::find_if(
-        records, [&](const CharSetRecord& record) { return SameSetName(record.name, naming.value().name); });
-    if (same != records.end()) {
-        return ui::Failure{
-            "Nothing was added: there is a character set \"" + ShownText(same->name) + "\" already."};
-    }
-    const auto image = MakeSlotImage(artwork.value().picture, RoomForImage(before.value()));
-    if (!image) {
-        return OfFile(file, image.failure());
-    }
-    const auto after =
-        WithSetAdded(before.value(), naming.value().name, naming.value().webAddress, image.value().gif);
-    if (!after) {
-        return ui::Failure{"Nothing was added: " + after.failure().message + "."};
-    }
-    if (auto written = WriteCharSetFiles(m_files, m_directory, before.value(), after.value()); !written) {
-        return written;
-    }
-    for (const std::string& note : artwork.value().notes) {
+    for (const std::string& note : drawn.value().notes) {
         m_output << note << '\n';
     }
-    if (image.value().colours < image.value().originalColours) {
-        m_output << "Its " << image.value().originalColours << " colors were reduced to "
-                 << image.value().colours << ", so that it fits.\n";
+    const artwork::SlotImage& image = added.value().image;
+    if (image.colours < image.originalColours) {
+        m_output << "Its " << image.originalColours << " colors were reduced to " << image.colours
+                 << ", so that it fits.\n";
     }
-    m_output << "\"" << name << "\" is character set " << records.size() + 1 << " now.\n";
+    m_output << "\"" << name << "\" is character set " << added.value().place + 1 << " now.\n";
     return {};
 }
 
-Outcome Run::remove(const std::string& nameOrNumber) {
-    const auto locked = lock();
-    if (!locked) {
-        return locked.failure();
+/// The place of the set that a name or a number stands for.
+ui::Result<std::size_t> PlaceOf(const std::string& nameOrNumber, const artwork::CharSetRecords& records) {
+    if (const auto index = IndexOf(nameOrNumber, records.size())) {
+        return *index;
     }
-    const auto before = ReadCharSetFiles(m_files, m_directory);
-    if (!before) {
-        return before.failure();
-    }
-    const auto records = RecordsOf(before.value().list);
-    auto index = IndexOf(nameOrNumber, records.size());
-    if (!index && !IsNumber(nameOrNumber)) {
-        const auto field = FieldText("name", nameOrNumber, glyphs::CharSetNameWidth);
+    if (!artwork::IsNumber(nameOrNumber)) {
+        const auto field = artwork::FieldText("name", nameOrNumber, glyphs::CharSetNameWidth);
         const auto found = std::ranges::find_if(records, [&](const CharSetRecord& record) {
-            return field && SameSetName(record.name, field.value());
+            return field && artwork::SameSetName(record.name, field.value());
         });
         if (found != records.end()) {
-            index = static_cast<std::size_t>(found - records.begin());
+            return static_cast<std::size_t>(found - records.begin());
         }
     }
-    if (!index) {
-        return NoSuchSet(nameOrNumber, records.size());
+    return NoSuchSet(nameOrNumber, records.size());
+}
+
+Outcome Run::remove(const std::string& nameOrNumber) {
+    const auto removed =
+        artwork::RemoveSet(m_files, m_directory, [&](const artwork::CharSetRecords& records) {
+            return PlaceOf(nameOrNumber, records);
+        });
+    if (!removed) {
+        return removed.failure();
     }
-    const std::string name = ShownText(records[*index].name);
-    if (records.size() == 1) {
-        return ui::Failure{
-            "\"" + name + "\" was not removed: it is the only one, and the program needs one."};
-    }
-    const CharSetFiles after = WithSetRemoved(before.value(), *index);
-    if (auto written = WriteCharSetFiles(m_files, m_directory, before.value(), after); !written) {
-        return written;
-    }
-    m_output << "\"" << name << "\" was removed.\n";
-    if (*index + 1 < records.size()) {
+    m_output << "\"" << removed.value().name << "\" was removed.\n";
+    if (removed.value().othersMoved) {
         m_output << "The sets after it have moved up: if one of them was chosen in the options, choose it "
                     "again.\n";
     }
