@@ -14,6 +14,7 @@
 #include "shell/GamePlaces.h"
 #include "shell/GlyphColumn.h"
 #include "shell/PageColumn.h"
+#include "shell/RemovedCharSet.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/mdlLaunch.h"
@@ -131,7 +132,8 @@ void Commands::mnuToolsBindingWizard_Click() {
 void Commands::mnuToolsSettings_Click() {
     frmOptions options(
         m_platform, m_workspace.settings, m_workspace.charSet, m_workspace.atlas, m_workspace.keys,
-        [this](GlyphCode start) { return pickGlyph(start); }, &m_window);
+        [this](GlyphCode start) { return pickGlyph(start); },
+        [this](int place) { FollowRemovedCharSet(m_session, m_platform, place); }, &m_window);
     if (options.exec() == QDialog::Accepted) {
         m_session.applyOptions(options.model());
     }

@@ -116,6 +116,12 @@ bool KeyMapPage::selectedTypes() const {
     return editing::CanType(selectedKey(), m_form.picKeyboard->layer());
 }
 
+void KeyMapPage::showAtlas() {
+    m_form.picKeyGrid->update();
+    m_form.picKeyboard->update();
+    showKey();
+}
+
 void KeyMapPage::showKey() {
     const auto& key = m_keys.used.at(selectedKey());
     for (std::size_t i = 0; i < key.size(); ++i) {

@@ -41,6 +41,9 @@ public:
         Ui::frmOptions& form, QWidget& dialog, const ui::Platform& platform, const glyphs::GlyphAtlas& atlas,
         editing::KeyMaps& keys, OptionsModel& model, GlyphPicker pickGlyph);
 
+    /// Shows the atlas as it is by now.
+    void showAtlas();
+
 private:
     void connectControls();
     void showKey();

@@ -58,6 +58,12 @@ void OptionsModel::setCharSet(int listIndex, const glyphs::CharSetRecord& record
     markChanged(OptionsPage::CharSets);
 }
 
+void OptionsModel::returnToCharSet(std::int16_t place, const glyphs::CharSetRecord& record) {
+    m_charSet = record;
+    m_settings.charSet = place;
+    m_changed[static_cast<std::size_t>(OptionsPage::CharSets)] = false;
+}
+
 void OptionsModel::setCursor(std::size_t index, std::int16_t style) {
     m_settings.cursors.at(index) = style;
     markChanged(OptionsPage::Cursors);

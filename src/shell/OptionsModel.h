@@ -58,6 +58,9 @@ public:
     /// Chooses the character set at a place (0-based) of the list.
     void setCharSet(int listIndex, const glyphs::CharSetRecord& record);
 
+    /// Chooses the character set in use, at a place (0-based) of the list, as if no other had been chosen.
+    void returnToCharSet(std::int16_t place, const glyphs::CharSetRecord& record);
+
     /// A mouse pointer: 0 none of its own, 1 arrow, 2 cross.
     void setCursor(std::size_t index, std::int16_t style);
 

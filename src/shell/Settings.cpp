@@ -13,6 +13,7 @@ namespace shell {
 namespace {
 
 const std::string Section{OptionsSection};
+const std::string CharSetKey = "grid";
 
 /// A setting with a section of its own, which is not made as long as nobody chooses.
 struct ChosenSetting {
@@ -42,7 +43,7 @@ void VisitSettings(SettingsType& settings, Visitor& visitor) {
     visitor.text("screenshot", settings.screenshot);
     visitor.truth("prompt1", settings.promptNames);
     visitor.truth("prompt2", settings.promptMessages);
-    visitor.number("grid", settings.charSet);
+    visitor.number(CharSetKey, settings.charSet);
     for (std::size_t i = 0; i < settings.cursors.size(); ++i) {
         visitor.number(numbered("cursor", i + 1), settings.cursors[i]);
     }
@@ -253,6 +254,17 @@ ui::Status Save(ui::SettingsStore& store, const Settings& settings, const std::o
             store.write(chosen.section, chosen.key, text);
         }
     }
+    return store.save();
+}
+
+ui::Status StoreCharSetRemoved(ui::SettingsStore& store, int removed) {
+    store.refresh();
+    const auto stored = store.read(Section, CharSetKey);
+    const auto place = stored ? ShortNumberOf(*stored) : std::nullopt;
+    if (!place || PlaceWithout(*place, removed) == *place) {
+        return {};
+    }
+    store.write(Section, CharSetKey, std::to_string(PlaceWithout(*place, removed)));
     return store.save();
 }
 

@@ -103,6 +103,19 @@ void Defaults(Settings& settings, const ui::Path& programFolder);
 ui::Status
 Save(ui::SettingsStore& store, const Settings& settings, const std::optional<Settings>& loaded = {});
 
+/// The place (0-based) of a character set after the one at another place was removed from the list; the first
+/// one if it was that set itself.
+[[nodiscard]] constexpr std::int16_t PlaceWithout(std::int16_t place, int removed) {
+    if (place == removed) {
+        return 0;
+    }
+    return place < removed ? place : static_cast<std::int16_t>(place - 1);
+}
+
+/// Lets the stored character set be the same one after another was removed from the list, and saves the
+/// store if that needs another number.
+ui::Status StoreCharSetRemoved(ui::SettingsStore& store, int removed);
+
 /// One sentence that names the settings that could not be read; empty when there is none.
 [[nodiscard]] std::string UnreadableSettingsText(const std::vector<UnreadableSetting>& unreadable);
 

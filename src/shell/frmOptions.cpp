@@ -7,11 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSignalBlocker>
 #include <QStyle>
 
-#include "editing/GlyphCells.h"
-#include "shell/mdlLaunch.h"
 #include "ui/qt/DialogButtons.h"
 #include "ui/qt/SmallPrint.h"
 #include "ui/qt/Text.h"
@@ -23,7 +20,6 @@ namespace shell {
 
 namespace {
 
-using ui::qt::FromLatin1;
 using ui::qt::FromPath;
 
 constexpr int SoundRowHeight = 16;
@@ -37,10 +33,9 @@ QColor ColourOf(ui::Pixel pixel) {
 frmOptions::frmOptions(
     const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
     const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, KeyMapPage::GlyphPicker pickGlyph,
-    QWidget* parent)
+    CharSetPage::SetRemoved charSetRemoved, QWidget* parent)
     : QDialog(parent)
     , m_platform(platform)
-    , m_atlas(atlas)
     , m_model(settings, charSet)
     , m_form(std::make_unique<Ui::frmOptions>()) {
     m_form->setupUi(this);
@@ -63,11 +58,11 @@ frmOptions::frmOptions(
         style()->pixelMetric(QStyle::PM_IndicatorWidth) +
         style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
 
-    m_form->ImgGrid->setBlock(glyphs::CellBlock);
-    m_form->ImgGrid->setCells(editing::GlyphGridCells(false));
     showSettings();
-    listCharSets();
-    new KeyMapPage(*m_form, *this, platform, atlas, keys, m_model, std::move(pickGlyph));
+    m_charSets = new CharSetPage(
+        *m_form, *this, platform, {settings, charSet, atlas}, m_model, std::move(charSetRemoved));
+    m_keyMap = new KeyMapPage(*m_form, *this, platform, atlas, keys, m_model, std::move(pickGlyph));
+    connect(m_charSets, &CharSetPage::atlasChanged, m_keyMap, &KeyMapPage::showAtlas);
     connectControls();
 }
 
@@ -96,14 +91,6 @@ void frmOptions::connectControls() {
     connect(m_form->optFormatVal_0, &QCheckBox::clicked, this, [this] { optFormatVal_Click(0); });
     connect(m_form->optFormatVal_1, &QCheckBox::clicked, this, [this] { optFormatVal_Click(1); });
     connect(m_form->optPromptBinding, &QCheckBox::clicked, this, &frmOptions::optPromptBinding_Click);
-    connect(m_form->GridList, &QListWidget::currentRowChanged, this, &frmOptions::GridList_Click);
-    connect(m_form->GridList, &QListWidget::itemSelectionChanged, this, [list = m_form->GridList] {
-        // A click below the sets chooses none, and takes back none.
-        if (list->currentItem() != nullptr && list->selectedItems().isEmpty()) {
-            list->currentItem()->setSelected(true);
-        }
-    });
-    connect(m_form->cmdGotoTc, &QPushButton::clicked, this, &frmOptions::cmdGotoTc_Click);
     for (std::size_t i = 0; i < m_cursors.size(); ++i) {
         connect(m_cursors[i], &QComboBox::activated, this, [this, i] { cmbMouse_Click(i); });
     }
@@ -138,59 +125,7 @@ void frmOptions::showSettings() {
 }
 
 void frmOptions::showScreenshot() {
-    m_form->txtbmpScreenShotFileName->setText(FromPath(m_model.settings().screenshot));
-}
-
-void frmOptions::listCharSets() {
-    const auto names = glyphs::LoadCharSetNames(m_platform.files, m_platform.directory);
-    for (const auto& name : names) {
-        m_form->GridList->addItem(FromLatin1(name));
-    }
-    m_form->cmdGotoTc->setEnabled(false);
-    if (names.empty()) {
-        return;
-    }
-    const auto inUse = static_cast<std::size_t>(m_model.settings().charSet);
-    const int row = inUse < names.size() ? m_model.settings().charSet : 0;
-    m_form->GridList->setCurrentRow(row);
-    // Shown from memory: its files may have gone since.
-    showCharSet(row, {m_model.charSet(), m_atlas.artwork});
-}
-
-void frmOptions::showCharSet(int row, glyphs::CharSet set) {
-    m_shownCharSet = row;
-    m_shownArtwork = std::move(set.artwork);
-    paintCharSet();
-    const std::string address = glyphs::WebAddressText(set.record);
-    m_form->lblWebAddress->setText(FromLatin1(address));
-    m_form->lblWebAddress->setToolTip(FromLatin1(address));
-    m_form->lblWebAddress->setAccessibleName(address.empty() ? tr("No web address") : QString());
-    m_form->cmdGotoTc->setEnabled(IsWebAddress(address));
-}
-
-void frmOptions::paintCharSet() {
-    m_shownGlyphs = glyphs::BuildAtlas(m_shownArtwork, m_model.settings().colours[BackgroundColour]).cells;
-    m_form->ImgGrid->setPicture(&m_shownGlyphs);
-}
-
-/// Says why the set that was chosen cannot be had and goes back to the one that is shown.
-void frmOptions::keepCharSet(const std::string& reason) {
-    if (std::exchange(m_keepsCharSet, true)) {
-        return;
-    }
-    // Queued: the list would choose the set again when it finishes the key or the press, and when the
-    // keyboard comes back from the message to a list without a choice.
-    QMetaObject::invokeMethod(
-        this,
-        [this, reason] {
-            {
-                const QSignalBlocker quiet(m_form->GridList);
-                m_form->GridList->setCurrentRow(m_shownCharSet);
-            }
-            m_platform.dialogs.warn(reason);
-            m_keepsCharSet = false;
-        },
-        Qt::QueuedConnection);
+    m_form->txtbmpScreenShotFileName->setText(FromPath(ui::PathFromText(m_model.settings().screenshot)));
 }
 
 void frmOptions::chkCaseChoice_Click() {
@@ -235,8 +170,8 @@ void frmOptions::picColor_Click(std::size_t index) {
     }
     m_model.setColour(index, *chosen);
     m_colours[index]->setColour(ColourOf(*chosen));
-    if (index == BackgroundColour && m_shownCharSet >= 0) {
-        paintCharSet();
+    if (index == BackgroundColour) {
+        m_charSets->paintCharSet();
     }
 }
 
@@ -250,24 +185,6 @@ void frmOptions::optFormatVal_Click(std::size_t index) {
 
 void frmOptions::optPromptBinding_Click() {
     m_model.setBindPrompt(m_form->optPromptBinding->isChecked());
-}
-
-void frmOptions::GridList_Click(int row) {
-    if (row < 0) {
-        return;
-    }
-    auto set = glyphs::LoadCharSet(m_platform.files, m_platform.directory, row + 1);
-    if (!set) {
-        const std::string chosen = ui::qt::ToLatin1(m_form->GridList->item(row)->text());
-        keepCharSet(CharSetStaysText(chosen, m_model.charSet().name, "chosen", set.failure()));
-        return;
-    }
-    m_model.setCharSet(row, set.value().record);
-    showCharSet(row, std::move(set).value());
-}
-
-void frmOptions::cmdGotoTc_Click() {
-    OpenUrl(m_platform, ui::qt::ToLatin1(m_form->lblWebAddress->text()));
 }
 
 void frmOptions::cmbMouse_Click(std::size_t index) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editing/KeyMapFile.h"
+#include "shell/CharSetPage.h"
 #include "shell/KeyMapPage.h"
 #include "shell/OptionsModel.h"
 
@@ -23,16 +24,16 @@ namespace shell {
 class ColourBox;
 
 /// The options dialog. It works on a copy of the settings; when it was accepted, `model()` tells what to
-/// apply. Only the key map is edited in place.
+/// apply. Only the key map is edited in place, and character sets are added and removed at once.
 class frmOptions final : public QDialog {
     Q_OBJECT
 
 public:
-    /// `platform`, `atlas` (the glyphs as they are in use) and `keys` outlive the dialog.
+    /// All but the functions outlive the dialog; `charSet` and `atlas` are those in use.
     frmOptions(
         const ui::Platform& platform, const Settings& settings, const glyphs::CharSetRecord& charSet,
         const glyphs::GlyphAtlas& atlas, editing::KeyMaps& keys, KeyMapPage::GlyphPicker pickGlyph,
-        QWidget* parent = nullptr);
+        CharSetPage::SetRemoved charSetRemoved, QWidget* parent = nullptr);
     ~frmOptions() override;
 
     [[nodiscard]] const OptionsModel& model() const { return m_model; }
@@ -42,10 +43,6 @@ private:
     void turnPage(int step);
     void showSettings();
     void showScreenshot();
-    void listCharSets();
-    void showCharSet(int row, glyphs::CharSet set);
-    void paintCharSet();
-    void keepCharSet(const std::string& reason);
 
     void chkCaseChoice_Click();
     void txtbmpScreenShotFileName_Change(const QString& text);
@@ -57,25 +54,19 @@ private:
     void picColor_Click(std::size_t index);
     void optFormatVal_Click(std::size_t index);
     void optPromptBinding_Click();
-    void GridList_Click(int row);
-    void cmdGotoTc_Click();
     void cmbMouse_Click(std::size_t index);
     void cmdOK_Click();
     void cmdCancel_Click();
 
     const ui::Platform& m_platform;
-    const glyphs::GlyphAtlas& m_atlas;
     OptionsModel m_model;
 
     std::unique_ptr<Ui::frmOptions> m_form;
     std::array<QCheckBox*, 4> m_sounds{};
     std::array<ColourBox*, ColourCount> m_colours{};
     std::array<QComboBox*, CursorCount> m_cursors{};
-
-    int m_shownCharSet = -1; // row of the list; none when the list is empty
-    ui::Picture m_shownArtwork;
-    ui::Picture m_shownGlyphs;
-    bool m_keepsCharSet = false; // that a set cannot be read is still to be said
+    CharSetPage* m_charSets;
+    KeyMapPage* m_keyMap;
 };
 
 } // namespace shell

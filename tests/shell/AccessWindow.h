@@ -11,8 +11,10 @@
 #include "scripts/frmBindWiz.h"
 #include "scripts/frmSaveMessages.h"
 #include "shell/frmAbout.h"
+#include "shell/frmNewCharSet.h"
 #include "shell/frmOptions.h"
 
+#include <QAbstractButton>
 #include <QTimer>
 #include <functional>
 
@@ -77,6 +79,17 @@ protected:
         openAndUse<scripts::frmBindWiz>(entry("mnuToolsBindingWizard"), use);
         openAndUse<scripts::frmSaveMessages>(entry("mnuFileSaveMessage"), use);
         openAndUse<shell::frmOptions>(entry("mnuToolsSettings"), use);
+        openAndUse<shell::frmOptions>(entry("mnuToolsSettings"), [this, &use](shell::frmOptions& options) {
+            // With everything that it may have to say: this one lacks its palette.
+            const std::string lump(std::size_t{128} * 128, 'x');
+            const ui::FileDialogRequest request = shell::CharSetRequest();
+            fake.dialogs.expectOpen(
+                {.title = request.title, .initialName = "", .filters = request.filters},
+                putFile("a.lmp", lump));
+            openAndUse<shell::frmNewCharSet>(
+                [&options] { options.findChild<QAbstractButton*>(QStringLiteral("cmdAddSet"))->click(); },
+                use);
+        });
         openAndUse<shell::frmAbout>(entry("mnuAboutVTM"), use);
         openAndUse<editing::frmGetChar>([this] { press(Qt::Key_G, Qt::AltModifier); }, use);
         workspace().settings.screenshot.clear();
@@ -87,6 +100,10 @@ protected:
                 EXPECT_TRUE(QTest::qWaitFor([this] { return fake.dialogs.left() == 0; }));
                 use(preview);
             });
+    }
+
+    [[nodiscard]] ui::Path putFile(const char* name, const std::string& bytes) const {
+        return fake.directory.files.put(name, bytes);
     }
 
     static glyphs::GlyphCode pickedBy(editing::frmGetChar& picker, Qt::Key key) {

@@ -29,6 +29,7 @@ protected:
     editing::KeyMaps keys;
     std::vector<glyphs::GlyphCode> pickerStarts;
     glyphs::GlyphCode picked = 200;
+    std::vector<int> removedPlaces;
     std::unique_ptr<shell::frmOptions> dialog;
 
     void SetUp() override {
@@ -65,12 +66,20 @@ protected:
 
     void open() {
         dialog = std::make_unique<shell::frmOptions>(
-            fake.platform, settings, charSet, atlas, keys, [this](glyphs::GlyphCode start) {
+            fake.platform, settings, charSet, atlas, keys,
+            [this](glyphs::GlyphCode start) {
                 pickerStarts.push_back(start);
                 return picked;
-            });
+            },
+            [this](int place) { followRemovedSet(place); });
         dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    /// What the program does after a set was removed.
+    void followRemovedSet(int place) {
+        removedPlaces.push_back(place);
+        useCharSet(shell::PlaceWithout(settings.charSet, place));
     }
 
     template <class Widget>

@@ -56,6 +56,17 @@ protected:
 
 } // namespace
 
+TEST_F(Options, TheSetInUseCanBeReturnedTo) {
+    glyphs::CharSetRecord inUse;
+    inUse.name = "In use";
+    model.setCursor(0, 1);
+    model.setCharSet(2, {});
+    model.returnToCharSet(1, inUse);
+    EXPECT_EQ(flags(), (std::vector<bool>{false, false, false, false, true, false}));
+    EXPECT_EQ(model.settings().charSet, 1);
+    EXPECT_EQ(model.charSet(), inUse);
+}
+
 TEST_F(Options, NoPageIsChangedAtFirst) {
     EXPECT_EQ(flags(), std::vector<bool>(6, false));
 }

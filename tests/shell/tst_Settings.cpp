@@ -364,3 +364,36 @@ TEST(Settings, ColoursArePackedAsRedPlus256GreenPlus65536Blue) {
     EXPECT_EQ(shell::UnpackedColour(65280), ui::OpaquePixel(0, 255, 0));
     EXPECT_EQ(shell::UnpackedColour(16777215), ui::OpaquePixel(255, 255, 255));
 }
+
+TEST(Settings, TheStoredCharSetStaysTheSameOneWhenAnotherIsRemoved) {
+    struct Case {
+        std::string stored;
+        int removed;
+        std::string after;
+    };
+
+    for (const Case& one : {Case{"5", 3, "4"}, {"5", 5, "0"}, {"5", 6, "5"}, {"0", 0, "0"}, {"x", 0, "x"}}) {
+        MemorySettings store;
+        store.sections["options"]["grid"] = one.stored;
+        EXPECT_TRUE(shell::StoreCharSetRemoved(store, one.removed));
+        EXPECT_EQ(store.sections["options"]["grid"], one.after) << one.stored << " without " << one.removed;
+        EXPECT_EQ(store.saves, one.stored == one.after ? 0 : 1);
+    }
+}
+
+TEST(Settings, NothingIsStoredOfACharSetWhereNothingWas) {
+    MemorySettings store;
+    EXPECT_TRUE(shell::StoreCharSetRemoved(store, 0));
+    EXPECT_EQ(store.saves, 0);
+    EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(Settings, WhatAnotherProgramHasStoredByNowIsWhatFollows) {
+    MemorySettings store;
+    store.sections["options"]["grid"] = "1";
+    store.onRefresh = [&store] {
+        store.sections["options"]["grid"] = "6";
+    };
+    EXPECT_TRUE(shell::StoreCharSetRemoved(store, 4));
+    EXPECT_EQ(store.sections["options"]["grid"], "5");
+}

@@ -30,8 +30,8 @@ TEST_F(Access, EverythingInTheDialogsHasARoleAndAName) {
     });
     EXPECT_EQ(
         seen, (std::set<std::string>{
-                  "frmAbout", "frmAniWiz", "frmBindWiz", "frmGetChar", "frmOptions", "frmRankings",
-                  "frmSaveMessages"}));
+                  "frmAbout", "frmAniWiz", "frmBindWiz", "frmGetChar", "frmNewCharSet", "frmOptions",
+                  "frmRankings", "frmSaveMessages"}));
 }
 
 TEST_F(Access, TheGridNamesEveryGlyph) {

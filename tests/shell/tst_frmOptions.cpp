@@ -577,7 +577,7 @@ TEST_F(OptionsDialog, TabReachesEveryControlOfAPage) {
          "optSounds_1", "optSounds_2", "optSounds_3", "SaveSettings", "LoadSettings", "cmdOK", "cmdCancel"},
         {"picColor_0", "picColor_1", "picColor_2", "picColor_3", "picColor_4", "cmdOK", "cmdCancel"},
         {"optFormatVal_0", "optFormatVal_1", "optPromptBinding", "cmdOK", "cmdCancel"},
-        {"GridList", "cmdGotoTc", "cmdOK", "cmdCancel"},
+        {"GridList", "cmdAddSet", "cmdGotoTc", "cmdOK", "cmdCancel"},
         {"cmbMouse_0", "cmbMouse_1", "cmbMouse_2", "cmbMouse_3", "cmdOK", "cmdCancel"},
         {"KeyListBox", "picKeyStripCont_0", "picKeyStripCont_1", "picKeyStripCont_2", "cmdResetKeysToDefault",
          "cmdKeyboard", "cmdOK", "cmdCancel"},

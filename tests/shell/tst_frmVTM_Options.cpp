@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "artwork/InstalledSets.h"
 #include "editing/mdlKey.h"
+#include "glyphs/PngPicture.h"
 #include "shell/MainWindow.h"
 #include "shell/frmOptions.h"
 #include "ui/qt/PictureWidget.h"
@@ -145,4 +147,36 @@ TEST_F(WindowOptions, AKeyMapThatCannotBeWrittenIsReported) {
     ++expected.used[0][0];
     EXPECT_EQ(workspace().keys.used, expected.used) << "it is in use all the same";
     EXPECT_FALSE(fake.directory.files.has("vtmkeys.ini"));
+}
+
+TEST_F(WindowOptions, TheFirstSetIsShownAtOnceWhenTheOneInUseIsRemoved) {
+    const ui::Path file = fake.directory.files.put(
+        "mine.png",
+        glyphs::EncodePng(glyphs::LoadCharSet(fake.disk, fake.directory, 3).value().artwork).value());
+    const artwork::Artwork drawn = artwork::ArtworkIn(file, std::nullopt).value();
+    const auto added =
+        artwork::AddSet(fake.files, fake.directory, {.name = "Mine", .webAddress = ""}, file, drawn);
+    ASSERT_TRUE(added);
+    fake.settings.write("options", "grid", std::to_string(added.value().place));
+    start();
+    ASSERT_EQ(glyphs::ShownText(workspace().charSet.name), "Mine");
+    const glyphs::CharSet first = glyphs::LoadCharSet(fake.disk, fake.directory, 1).value();
+    chooseAndUse<shell::frmOptions>("mnuToolsSettings", [&](shell::frmOptions& options) {
+        options.findChild<QTabWidget*>()->setCurrentIndex(3);
+        fake.dialogs.expectBox(
+            {.text = "Remove the character set \"Mine\"?",
+             .buttons = ui::Buttons::YesNo,
+             .detail = "It can be added again from its file. As it is in use, \"Classic Stone\" takes its "
+                       "place at once.",
+             .prefersNo = true},
+            ui::Answer::Yes);
+        press(options, "cmdRemoveSet");
+        EXPECT_EQ(workspace().atlas.artwork, first.artwork);
+        EXPECT_EQ(*find<ui::qt::PictureWidget>("ImgGrid")->picture(), workspace().atlas.cells);
+        press(options, "cmdCancel");
+    });
+    EXPECT_EQ(fake.dialogs.left(), 0U);
+    EXPECT_EQ(workspace().charSet, first.record);
+    EXPECT_EQ(workspace().settings.charSet, 0);
+    EXPECT_EQ(fake.settings.sections["options"]["grid"], "0");
 }
