@@ -87,20 +87,18 @@ Exchange::chooseExport(const std::string& title, const std::string& name, const 
     ui::FileDialogRequest request;
     request.title = title;
     request.extension = name.substr(name.rfind('.'));
+    request.needsExtension = true;
     request.initialName = name;
     request.filters = {{type + " (*" + request.extension + ")", {"*" + request.extension}}};
-    request.folder = m_platform.settings.read(ExportSection, FolderKey).value_or("");
-    auto path = m_platform.dialogs.chooseFileToSave(request);
-    if (path) {
-        m_platform.settings.write(ExportSection, FolderKey, ui::PathText(path->parent_path()));
-    }
-    return path;
+    request.folder = ui::PathFromText(m_platform.settings.read(ExportSection, FolderKey).value_or(""));
+    return m_platform.dialogs.chooseFileToSave(request);
 }
 
 void Exchange::write(const ui::Path& path, const ui::Result<ui::Bytes>& bytes, const std::string& what) {
     const ui::Status written =
         bytes ? ui::WriteFile(m_platform.files, path, bytes.value()) : ui::Status(bytes.failure());
     if (written) {
+        m_platform.settings.write(ExportSection, FolderKey, ui::PathText(path.parent_path()));
         m_session.tell("\"" + ui::PathText(path) + "\" was written: " + what + ".");
     } else {
         m_platform.dialogs.warn(written.failure().message);

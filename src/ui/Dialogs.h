@@ -49,6 +49,7 @@ struct FileDialogRequest {
     std::vector<FileFilter> filters;
     Path folder;                 ///< where it starts; empty: where the last one ended, or the current folder
     std::string extension;       ///< added to a saved name that has none, with its dot; empty: none
+    bool needsExtension = false; ///< whether `extension` is also added to a name that has another one
     bool asksToOverwrite = true; ///< save dialogs: whether an existing file is asked about
 
     /// What is going to happen to a file, in a line below the dialog's controls; no function: no line.

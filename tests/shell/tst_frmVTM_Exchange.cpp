@@ -34,11 +34,17 @@ protected:
 class Exporting : public Exchanging {
 protected:
     static support::ExpectedFileDialog name() {
-        return {"Export the Name", "name.png", {{"PNG Picture (*.png)", {"*.png"}}}, {}, ".png"};
+        return {"Export the Name", "name.png", {{"PNG Picture (*.png)", {"*.png"}}}, {}, ".png", {}, true};
     }
 
     static support::ExpectedFileDialog animation() {
-        return {"Export the Animation", "animation.gif", {{"GIF Picture (*.gif)", {"*.gif"}}}, {}, ".gif"};
+        return {"Export the Animation",
+                "animation.gif",
+                {{"GIF Picture (*.gif)", {"*.gif"}}},
+                {},
+                ".gif",
+                {},
+                true};
     }
 };
 
@@ -214,6 +220,7 @@ TEST_F(Exporting, TellsWhyNothingCouldBeWritten) {
     fake.dialogs.expectSave(name(), path);
     fake.dialogs.expectWarning("Could not open \"" + ui::PathText(path) + "\": No such file or directory.");
     choose("mnuFileExportName");
+    EXPECT_EQ(fake.settings.read("export", "folder"), std::nullopt) << "a folder of no use is not remembered";
 }
 
 TEST_F(Exchanging, BringsARowBackThatLooksTheSame) {

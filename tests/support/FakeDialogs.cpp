@@ -52,6 +52,7 @@ void CompareRequest(const ExpectedFileDialog& expected, const ui::FileDialogRequ
     if (expected.extension) {
         EXPECT_EQ(request.extension, *expected.extension);
     }
+    EXPECT_EQ(request.needsExtension, expected.needsExtension);
     if (expected.asksToOverwrite) {
         EXPECT_EQ(request.asksToOverwrite, *expected.asksToOverwrite);
     }

@@ -20,6 +20,7 @@ struct ExpectedFileDialog {
     std::optional<ui::Path> folder = {};
     std::optional<std::string> extension = {};
     std::optional<bool> asksToOverwrite = {};
+    bool needsExtension = false;
 };
 
 /// Dialogs that follow a script: every question must be expected beforehand, in order, and carries its

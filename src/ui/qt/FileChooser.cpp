@@ -69,7 +69,8 @@ bool IsPattern(const QString& name) {
 FileChooser::FileChooser(
     const FileDialogRequest& request, AcceptMode mode, const FolderHistory& history,
     const std::vector<NamedFolder>& offered, QWidget* parent)
-    : QFileDialog(parent, QString::fromStdString(request.title)) {
+    : QFileDialog(parent, QString::fromStdString(request.title))
+    , m_needsExtension(mode == AcceptSave && request.needsExtension) {
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
     setOption(DontConfirmOverwrite, !request.asksToOverwrite);
@@ -173,7 +174,7 @@ void FileChooser::accept() {
         nameEdit()->selectAll();
         return;
     }
-    if (IsList(text)) {
+    if (IsList(text) || m_needsExtension) {
         acceptTyped();
         return;
     }
@@ -207,9 +208,12 @@ QLineEdit* FileChooser::nameEdit() const {
 QString FileChooser::typedFile() const {
     const QString text = WithHome(nameEdit()->text());
     const QFileInfo file(directory(), text);
-    const bool isBare = !file.isDir() && !file.fileName().contains(QLatin1Char('.'));
-    return isBare && !defaultSuffix().isEmpty() ? file.absoluteFilePath() + QLatin1Char('.') + defaultSuffix()
-                                                : file.absoluteFilePath();
+    const bool isBare =
+        !file.fileName().contains(QLatin1Char('.')) ||
+        (m_needsExtension && file.suffix().compare(defaultSuffix(), Qt::CaseInsensitive) != 0);
+    return isBare && !file.isDir() && !defaultSuffix().isEmpty()
+               ? file.absoluteFilePath() + QLatin1Char('.') + defaultSuffix()
+               : file.absoluteFilePath();
 }
 
 void FileChooser::deselectOthers(const QString& text) {

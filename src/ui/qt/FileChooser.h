@@ -85,6 +85,7 @@ private:
     QList<QUrl> m_places;         ///< the side bar's own
     QHash<QUrl, QString> m_names; ///< of the folders that are offered
     QCheckBox* m_hidden = nullptr;
+    bool m_needsExtension;
     QString m_typed; ///< what acceptTyped() accepted
     std::vector<Remark> m_remarks;
 };
