@@ -254,7 +254,10 @@ FittedText FitText(std::span<const ui::TextCharacter> text) {
         const bool isPair = character == U'\r' && i + 1 < text.size() && text[i + 1].code == U'\n';
         if (!isPair && !AddGlyphs(fitted.glyphs, text[i]) && !ShowsNothing(character) &&
             unlike.find(character) == std::u32string::npos) {
-            unlike.push_back(character);
+            fitted.isMoreUnlike = unlike.size() == MostUnlike;
+            if (!fitted.isMoreUnlike) {
+                unlike.push_back(character);
+            }
         }
     }
     while (!fitted.glyphs.empty() && fitted.glyphs.back() == BlankGlyph) {

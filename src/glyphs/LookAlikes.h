@@ -20,8 +20,12 @@ namespace glyphs {
 /// A text as glyphs of colour 1.
 struct FittedText {
     std::vector<GlyphCode> glyphs;
-    std::string unlike; ///< in UTF-8: the characters that no glyph looks like, each once
+    std::string unlike;        ///< in UTF-8: the first characters that no glyph looks like, each once
+    bool isMoreUnlike = false; ///< whether there are others than these
 };
+
+/// How many characters FittedText::unlike holds at most.
+constexpr std::size_t MostUnlike = 8;
 
 /// The glyphs that look most like a text: ASCII as it is, the look-alikes of glyphs as these, other letters
 /// as those that they resemble. Line ends and all other white space are blanks, and the text ends before

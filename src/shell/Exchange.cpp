@@ -20,12 +20,23 @@ const std::string FolderKey = "folder";
 /// Glyphs in files are twice as large as on the pages.
 constexpr int ExportFactor = 2 * glyphs::CellBlock;
 
+/// Of a text from elsewhere, which may be a whole book, so many characters are read, and so many glyphs
+/// without room are counted.
+constexpr std::size_t MostRead = 20000;
+constexpr std::size_t MostCounted = 9999;
+
 bool IsBlankRow(std::span<const glyphs::GlyphCode> row) {
     return std::ranges::all_of(row, [](glyphs::GlyphCode code) { return code == glyphs::BlankGlyph; });
 }
 
 std::string Counted(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " glyph" : " glyphs");
+}
+
+/// Glyphs that found no room, of a text that may go on.
+std::string LeftOver(std::size_t count, bool goesOn) {
+    return goesOn || count > MostCounted ? "more than " + Counted(std::min(count - 1, MostCounted))
+                                         : Counted(count);
 }
 
 std::string SizeText(const ui::Picture& picture) {
@@ -135,17 +146,18 @@ void Exchange::exportAnimation() {
 }
 
 void Exchange::pasteText() {
-    const glyphs::FittedText fitted = glyphs::FitText(m_platform.clipboard.text());
+    const std::vector<ui::TextCharacter> text = m_platform.clipboard.text(MostRead);
+    const glyphs::FittedText fitted = glyphs::FitText(text);
     const editing::PageCursor cursor = m_session.cursor();
     const std::size_t room = editing::RoomFrom(cursor);
     const std::size_t count = fitted.glyphs.size();
     std::string told =
         count == 0 ? "The clipboard holds no text for glyphs." : Counted(std::min(count, room)) + " pasted.";
     if (count > room) {
-        told += " No room was left for " + Counted(count - room) + ".";
+        told += " No room was left for " + LeftOver(count - room, text.size() == MostRead) + ".";
     }
     if (!fitted.unlike.empty()) {
-        told += " No glyph looks like " + fitted.unlike;
+        told += " No glyph looks like " + fitted.unlike + (fitted.isMoreUnlike ? " and others" : "");
     }
     m_session.tell(told);
     m_session.finish(editing::PutGlyphs(cursor, m_workspace.settings.modes, fitted.glyphs));

@@ -31,8 +31,8 @@ public:
     /// Clears the clipboard and puts the picture on it.
     virtual void setPicture(const Picture& picture) = 0;
 
-    /// The text that is on the clipboard; empty when there is none.
-    [[nodiscard]] virtual std::vector<TextCharacter> text() const = 0;
+    /// The text that is on the clipboard, its first `most` characters; empty when there is none.
+    [[nodiscard]] virtual std::vector<TextCharacter> text(std::size_t most) const = 0;
 };
 
 /// Plays short waves. Never blocks the caller; a sound that cannot be played is ignored.

@@ -110,6 +110,16 @@ TEST(FitText, TellsWhatNoGlyphLooksLikeOnce) {
     EXPECT_EQ(fitted.unlike, "☃漢😀");
 }
 
+TEST(FitText, TellsTheFirstOfMany) {
+    const FittedText eight = FitText(Characters(U"一丁丂七丄丅丆万万一"));
+    EXPECT_EQ(eight.unlike, "一丁丂七丄丅丆万");
+    EXPECT_FALSE(eight.isMoreUnlike);
+    const FittedText more = FitText(Characters(U"一丁丂七丄丅丆万丈三一a"));
+    EXPECT_EQ(more.unlike, eight.unlike);
+    EXPECT_TRUE(more.isMoreUnlike);
+    EXPECT_EQ(more.glyphs, GlyphsOf("a"));
+}
+
 TEST(FitText, PassesOverWhatShowsNothing) {
     const FittedText fitted = FitText(Characters(U"\uFEFFa\u0301\u200B\uFE0Fb\u00AD"));
     EXPECT_EQ(fitted.glyphs, GlyphsOf("ab"));

@@ -143,6 +143,43 @@ TEST_F(Exchanging, TellsWhatDidNotFitAndWhatNoGlyphLooksLike) {
     EXPECT_EQ(row(), " 0123456789abcx");
 }
 
+TEST_F(Exchanging, TellsLittleOfMuchThatNoGlyphLooksLike) {
+    startOn(Page::Name);
+    const int height = window->statusBar()->height();
+    std::u32string text;
+    for (char32_t character = 0x4E00; character < 0x9000; ++character) {
+        text.push_back(character);
+    }
+    fake.clipboard.hold(text);
+    choose("mnuEditPasteText");
+    EXPECT_EQ(
+        status(), "The clipboard holds no text for glyphs. No glyph looks like 一丁丂七丄丅丆万 and others");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->statusBar()->height(), height);
+}
+
+TEST_F(Exchanging, CountsNoLongerThanIsOfUse) {
+    startOn(Page::Name);
+    fake.clipboard.hold(std::u32string(10014, U'a'));
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "15 glyphs pasted. No room was left for 9999 glyphs.");
+    EXPECT_EQ(row(), std::string(15, 'a'));
+    press(Qt::Key_Home);
+    fake.clipboard.hold(std::u32string(10015, U'b'));
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "15 glyphs pasted. No room was left for more than 9999 glyphs.");
+    press(Qt::Key_Home);
+    fake.clipboard.hold(std::u32string(30000, U'c'));
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "15 glyphs pasted. No room was left for more than 9999 glyphs.");
+    EXPECT_EQ(row(), std::string(15, 'c'));
+    press(Qt::Key_Home);
+    fake.clipboard.hold(std::u32string(19980, U'☃') + std::u32string(40, U'd'));
+    choose("mnuEditPasteText");
+    EXPECT_EQ(status(), "15 glyphs pasted. No room was left for more than 4 glyphs. No glyph looks like ☃")
+        << "five are known of";
+}
+
 TEST_F(Exchanging, SaysSoWhenThereIsNothingToPaste) {
     startOn(Page::Name);
     type("a");

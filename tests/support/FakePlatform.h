@@ -8,6 +8,7 @@
 #include "support/TempProgramDirectory.h"
 #include "ui/Platform.h"
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -26,7 +27,9 @@ public:
 
     void setPicture(const ui::Picture& picture) override { pictures.push_back(picture); }
 
-    [[nodiscard]] std::vector<ui::TextCharacter> text() const override { return held; }
+    [[nodiscard]] std::vector<ui::TextCharacter> text(std::size_t most) const override {
+        return {held.begin(), held.begin() + static_cast<std::ptrdiff_t>(std::min(most, held.size()))};
+    }
 
     /// Holds a text from elsewhere, of characters that are not made of others.
     void hold(std::u32string_view text) {

@@ -37,7 +37,7 @@ TEST(QtClipboard, CarriesUnicodeBothWays) {
     ui::qt::QtClipboard clipboard;
     clipboard.setUtf8("⟦é😀");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("⟦é😀"));
-    const auto text = clipboard.text();
+    const auto text = clipboard.text(10);
     ASSERT_EQ(text.size(), 3U);
     EXPECT_EQ(text[0].code, U'⟦');
     EXPECT_EQ(text[0].parts, U"⟦");
@@ -46,10 +46,27 @@ TEST(QtClipboard, CarriesUnicodeBothWays) {
     EXPECT_EQ(text[2].code, U'😀');
 }
 
+TEST(QtClipboard, ReadsNoMoreThanIsWanted) {
+    ui::qt::QtClipboard clipboard;
+    clipboard.setUtf8("a😀é😀b");
+    const auto read = [&clipboard](std::size_t most) {
+        std::u32string codes;
+        for (const ui::TextCharacter& character : clipboard.text(most)) {
+            codes.push_back(character.code);
+        }
+        return codes;
+    };
+    EXPECT_EQ(read(5), U"a😀é😀b");
+    EXPECT_EQ(read(4), U"a😀é😀");
+    EXPECT_EQ(read(2), U"a😀");
+    EXPECT_EQ(read(1), U"a");
+    EXPECT_EQ(read(0), U"");
+}
+
 TEST(QtClipboard, HoldsNoTextWhenItHoldsAPicture) {
     ui::qt::QtClipboard clipboard;
     clipboard.setPicture(ui::Picture(16, 16));
-    EXPECT_TRUE(clipboard.text().empty());
+    EXPECT_TRUE(clipboard.text(10).empty());
 }
 
 TEST(QtClipboard, KeepsThePictureWhenItsMemoryIsGone) {

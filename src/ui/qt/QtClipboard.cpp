@@ -9,6 +9,8 @@
 #include <QGuiApplication>
 #include <QImage>
 
+#include <algorithm>
+
 namespace ui::qt {
 
 void QtClipboard::setText(std::string_view bytes) {
@@ -34,8 +36,12 @@ void QtClipboard::setPicture(const Picture& picture) {
     QGuiApplication::clipboard()->setImage(view.copy());
 }
 
-std::vector<TextCharacter> QtClipboard::text() const {
-    return CharactersOf(QGuiApplication::clipboard()->text());
+std::vector<TextCharacter> QtClipboard::text(std::size_t most) const {
+    // A character may be two of the toolkit's.
+    const QString text = QGuiApplication::clipboard()->text().left(2 * static_cast<qsizetype>(most));
+    std::vector<TextCharacter> characters = CharactersOf(text);
+    characters.resize(std::min(characters.size(), most));
+    return characters;
 }
 
 } // namespace ui::qt

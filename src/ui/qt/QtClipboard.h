@@ -12,7 +12,7 @@ public:
     void setText(std::string_view bytes) override;
     void setUtf8(std::string_view text) override;
     void setPicture(const Picture& picture) override;
-    [[nodiscard]] std::vector<TextCharacter> text() const override;
+    [[nodiscard]] std::vector<TextCharacter> text(std::size_t most) const override;
 };
 
 } // namespace ui::qt
