@@ -6,10 +6,25 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QResizeEvent>
 #include <QStyleOption>
 #include <QStylePainter>
 
 namespace shell {
+
+namespace {
+
+constexpr int MostLinesOfText = 4;
+constexpr qsizetype LongestTold = 1000;
+
+/// The beginning of a text, and a sign that there is more of it.
+QString StartOf(const QString& text, qsizetype length) {
+    // Half a character would be none.
+    const bool isWhole = length == 0 || !text.at(length - 1).isHighSurrogate();
+    return text.left(isWhole ? length : length - 1) + QChar(0x2026);
+}
+
+} // namespace
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent)
@@ -22,6 +37,7 @@ StatusLine::StatusLine(QWidget* parent)
     // The line wraps, so it never makes the window wider.
     lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     keepRoom();
+    lblStatus->installEventFilter(this);
     addPermanentWidget(lblStatus, 1);
     lblShow = makeLink("lblShow", tr("Show"), tr("Show the names that were read"));
     connect(this, &QStatusBar::messageChanged, this, &StatusLine::tell);
@@ -43,12 +59,30 @@ QLabel* StatusLine::makeLink(const char* name, const QString& caption, const QSt
 
 void StatusLine::tell(const QString& text) {
     lblShow->hide();
-    // A path may be wrapped behind each of its folders.
-    QString shown = text;
-    lblStatus->setText(shown.replace(QLatin1Char('/'), QStringLiteral("/\u200B")));
+    m_told = text.size() > LongestTold ? StartOf(text, LongestTold) : text;
     // A paragraph is wrapped, and its text is escaped, as a line of a file may look like markup.
     setToolTip(
-        text.isEmpty() ? QString() : QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>"));
+        text.isEmpty() ? QString() : QStringLiteral("<p>") + m_told.toHtmlEscaped() + QStringLiteral("</p>"));
+    // A path may be wrapped behind each of its folders.
+    m_told.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+    fit();
+}
+
+void StatusLine::fit() {
+    const auto fits = [this] {
+        return lblStatus->heightForWidth(lblStatus->width()) <= lblStatus->maximumHeight();
+    };
+    lblStatus->setText(m_told);
+    if (fits()) {
+        return;
+    }
+    qsizetype shown = 0;
+    for (qsizetype length = m_told.size(); length - shown > 1;) {
+        const qsizetype middle = shown + (length - shown) / 2;
+        lblStatus->setText(StartOf(m_told, middle));
+        (fits() ? shown : length) = middle;
+    }
+    lblStatus->setText(StartOf(m_told, shown));
 }
 
 void StatusLine::offerShow() {
@@ -87,13 +121,23 @@ void StatusLine::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         keepRoom();
+        fit();
     }
+}
+
+bool StatusLine::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize &&
+        static_cast<QResizeEvent*>(event)->oldSize().width() != lblStatus->width()) {
+        fit();
+    }
+    return QStatusBar::eventFilter(watched, event);
 }
 
 void StatusLine::keepRoom() {
     // The window above stays as it is when a text takes a second line.
     lblStatus->ensurePolished();
     lblStatus->setMinimumHeight(2 * lblStatus->fontMetrics().lineSpacing());
+    lblStatus->setMaximumHeight(MostLinesOfText * lblStatus->fontMetrics().lineSpacing());
 }
 
 void StatusLine::paintEvent(QPaintEvent* /*event*/) {

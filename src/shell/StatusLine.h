@@ -8,8 +8,9 @@ class QLabel;
 
 namespace shell {
 
-/// The line at the foot of the main window. A text that is longer than the line is wrapped, and may come with
-/// something to do about what it says. Work that can be restored is offered whatever the text.
+/// The line at the foot of the main window. A text that is longer than the line is wrapped, into four lines
+/// at most, and may come with something to do about what it says. Work that can be restored is offered
+/// whatever the text.
 class StatusLine final : public QStatusBar {
     Q_OBJECT
 
@@ -35,14 +36,17 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void tell(const QString& text);
     void keepRoom();
+    void fit();
 
     QLabel* makeLink(const char* name, const QString& caption, const QString& tooltip);
 
+    QString m_told;
     QLabel* lblStatus;
     QLabel* lblShow;
     QLabel* lblRestore = nullptr;

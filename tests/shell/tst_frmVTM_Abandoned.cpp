@@ -101,6 +101,31 @@ TEST_F(Abandoned, ATextThatIsTooLongIsWrapped) {
     }
 }
 
+TEST_F(Abandoned, ATextWithoutEndTakesFourLinesAtMost) {
+    start();
+    const auto& label = *find<QLabel>("lblStatus");
+    const int most = 4 * label.fontMetrics().lineSpacing();
+    const QString more(QChar(0x2026));
+    for (const char32_t character : {U'漢', U'😀'}) {
+        const QString text = QStringLiteral("It is ") + QString::fromUcs4(&character, 1).repeated(20000);
+        window->statusBar()->showMessage(text);
+        for (const int width : {800, 1000, 900}) {
+            SCOPED_TRACE(width);
+            window->resize(width, window->height());
+            QCoreApplication::processEvents();
+            EXPECT_LE(label.height(), most);
+            EXPECT_LE(label.heightForWidth(label.width()), most) << "it is seen whole";
+            EXPECT_GT(label.heightForWidth(label.width()), most * 3 / 4) << "as much as there is room for";
+            EXPECT_TRUE(label.text().endsWith(more) && label.text().startsWith(QStringLiteral("It is ")));
+            EXPECT_LT(window->statusBar()->height(), 2 * most);
+        }
+        EXPECT_LT(window->statusBar()->toolTip().size(), 1100);
+        EXPECT_TRUE(window->statusBar()->toolTip().contains(more));
+    }
+    window->statusBar()->showMessage(QStringLiteral("short"));
+    EXPECT_EQ(label.text(), QStringLiteral("short"));
+}
+
 TEST_F(Abandoned, UndoTakesWhatWasReadAwayAndTheOfferWithIt) {
     load();
     const editing::AnimationDocument read = workspace().documents.animation;
