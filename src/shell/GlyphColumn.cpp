@@ -275,7 +275,12 @@ void GlyphColumn::setZoom(int zoom) {
 }
 
 QSize GlyphColumn::leastSizeAt(int zoom) const {
-    return minimumSizeHint() + ImgGrid->growthTo(zoom);
+    const QSize column = minimumSizeHint();
+    const QSize growth = ImgGrid->growthTo(zoom);
+    const int grid = ImgGrid->parentWidget()->minimumSizeHint().width();
+    // What stands below the grid may be what makes the column wide.
+    const int width = std::max(grid + growth.width(), column.width() > grid ? column.width() : 0);
+    return {width, column.height() + growth.height()};
 }
 
 void GlyphColumn::showGrid() {

@@ -4,7 +4,6 @@
 
 #include "shell/GlyphColumn.h"
 #include "shell/PageColumn.h"
-#include "shell/ZoomFit.h"
 #include "ui/qt/PictureWidget.h"
 #include "ui/qt/WholePixels.h"
 
@@ -53,10 +52,19 @@ ScrollingCentre::ScrollingCentre(GlyphColumn& left, PageColumn& right, QWidget* 
 
 void ScrollingCentre::settle() {
     std::ranges::for_each(findChildren<ui::qt::PictureWidget*>(), &ui::qt::PictureWidget::fitPicture);
+    for (const QWidget* const part : findChildren<QWidget*>()) {
+        if (QLayout* const layout = part->layout()) {
+            layout->invalidate();
+        }
+    }
+    activateLayouts();
+}
+
+void ScrollingCentre::activateLayouts() const {
+    // The inner ones first: the outer ones go by what they want.
     const auto parts = findChildren<QWidget*>();
     for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
         if (QLayout* const layout = (*part)->layout()) {
-            layout->invalidate();
             layout->activate();
         }
     }
@@ -81,27 +89,32 @@ void ScrollingCentre::follow(const QWidget& part) {
 void ScrollingCentre::setZoom(int zoom) {
     m_zoom = zoom;
     m_pageColumn.makeRoomForAll(zoom == 1);
-    applyZoom();
+    applyZoom(Fitting::Anew);
     updateGeometry();
 }
 
-void ScrollingCentre::applyZoom() {
-    Zooms zooms = EqualZooms(m_zoom);
-    if (m_zoom == FitZoom) {
-        const QSize around =
-            widget()->minimumSizeHint() -
-            QSize(m_glyphColumn.minimumSizeHint().width() + m_pageColumn.minimumSizeHint().width(), 0);
-        zooms = FittingZooms(
-            {[this](int zoom) { return m_glyphColumn.leastSizeAt(zoom); },
-             [this](editing::Page page, int zoom) {
-                 return m_pageColumn.leastSizeAt(page, zoom);
-             }},
-            contentsRect().size() - QSize(around.width(), 2 * Margin));
-    }
-    m_glyphColumn.setZoom(zooms.grid);
+void ScrollingCentre::applyZoom(Fitting fitting) {
+    m_zooms = m_zoom == FitZoom ? fittingZooms(fitting) : EqualZooms(m_zoom);
+    m_glyphColumn.setZoom(m_zooms.grid);
     for (const editing::Kind& kind : editing::Kinds) {
-        m_pageColumn.setZoom(kind.page, zooms.pages.at(static_cast<std::size_t>(kind.page)));
+        m_pageColumn.setZoom(kind.page, m_zooms.pages.at(static_cast<std::size_t>(kind.page)));
     }
+}
+
+Zooms ScrollingCentre::fittingZooms(Fitting fitting) const {
+    activateLayouts();
+    const int beside = widget()->minimumSizeHint().width() - m_glyphColumn.minimumSizeHint().width() -
+                       m_pageColumn.minimumSizeHint().width();
+    const QSize room = contentsRect().size() - QSize(beside, 2 * Margin);
+    const ZoomSizes sizes{
+        [this](int zoom) { return m_glyphColumn.leastSizeAt(zoom); },
+        [this](editing::Page page, int zoom) {
+            return m_pageColumn.leastSizeAt(page, zoom);
+        }};
+    if (fitting == Fitting::Anew) {
+        return FittingZooms(sizes, room);
+    }
+    return AllFit(sizes, room, m_zooms) ? m_zooms : SmallerZooms(m_zooms, FittingZooms(sizes, room));
 }
 
 QSize ScrollingCentre::leastSize() const {
@@ -131,7 +144,7 @@ QSize ScrollingCentre::minimumSizeHint() const {
 void ScrollingCentre::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     if (m_zoom == FitZoom) {
-        applyZoom();
+        applyZoom(Fitting::Anew);
     }
 }
 
@@ -145,7 +158,8 @@ bool ScrollingCentre::event(QEvent* event) {
 bool ScrollingCentre::eventFilter(QObject* watched, QEvent* event) {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         if (m_zoom == FitZoom) {
-            applyZoom();
+            // What fits can depend on the zoom: growing as well, it might never come to rest.
+            applyZoom(Fitting::ToLessOnly);
         }
         // The window grows with its content, as far as the screen goes.
         updateGeometry();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "shell/ZoomFit.h"
+
 #include <QScrollArea>
 
 namespace shell {
@@ -41,12 +43,17 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void applyZoom();
+    enum class Fitting { Anew, ToLessOnly };
+
+    void applyZoom(Fitting fitting);
+    [[nodiscard]] Zooms fittingZooms(Fitting fitting) const;
+    void activateLayouts() const;
     [[nodiscard]] QSize leastSize() const; ///< of the content
 
     GlyphColumn& m_glyphColumn;
     PageColumn& m_pageColumn;
     int m_zoom = 1;
+    Zooms m_zooms = EqualZooms(1);
 };
 
 } // namespace shell

@@ -40,6 +40,20 @@ Zooms EqualZooms(int zoom) {
     return zooms;
 }
 
+Zooms SmallerZooms(const Zooms& one, const Zooms& other) {
+    Zooms zooms{.grid = std::min(one.grid, other.grid)};
+    std::ranges::transform(
+        one.pages, other.pages, zooms.pages.begin(), [](int a, int b) { return std::min(a, b); });
+    return zooms;
+}
+
+bool AllFit(const ZoomSizes& sizes, const QSize& room, const Zooms& zooms) {
+    return std::ranges::all_of(editing::Kinds, [&](const editing::Kind& kind) {
+        const int zoom = zooms.pages.at(static_cast<std::size_t>(kind.page));
+        return BothFit(sizes, room, zooms.grid, kind.page, zoom);
+    });
+}
+
 Zooms FittingZooms(const ZoomSizes& sizes, const QSize& room) {
     Zooms zooms{.grid = MaxZoom};
     for (const editing::Kind& kind : editing::Kinds) {

@@ -6,10 +6,27 @@
 
 #include <QAbstractScrollArea>
 
+#include <QFont>
+#include <QScrollBar>
+
 using animation::RowTimes;
 using editing::Page;
 
 namespace {
+
+/// Counts how often a widget is asked to lay itself out.
+class LayoutCounter final : public QObject {
+public:
+    explicit LayoutCounter(QWidget& widget) { widget.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 class Zoom : public MainWindow {
 protected:
@@ -77,6 +94,25 @@ TEST_F(Zoom, FitsTheWindow) {
     EXPECT_EQ(zoomOf("ImgGrid"), 1);
     EXPECT_EQ(zoomOf("AniPic"), 1);
     EXPECT_TRUE(QTest::qWaitFor(fits));
+}
+
+TEST_F(Zoom, ComesToRestInAWindowOfAnySize) {
+    startOn(Page::Animation);
+    QFont large = window->font();
+    large.setPointSizeF(1.3 * large.pointSizeF());
+    window->setFont(large);
+    choose("mnuViewZoom_0");
+    LayoutCounter requests(*find<QAbstractScrollArea>("center")->viewport()->findChild<QWidget*>());
+    for (int width = 1000; width < 1500; width += 4) {
+        resize(width, 1100);
+        for (int round = 0; round < 10; ++round) {
+            QApplication::processEvents();
+        }
+        requests.count = 0;
+        QApplication::processEvents();
+        QApplication::processEvents();
+        EXPECT_EQ(requests.count, 0) << width;
+    }
 }
 
 TEST_F(Zoom, ShowsTicksAndTimesWhereThereIsRoom) {

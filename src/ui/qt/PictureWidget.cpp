@@ -65,10 +65,6 @@ void PictureWidget::setView(int top, int height, QPoint shift) {
     placeView();
 }
 
-QSize PictureWidget::viewSize() const {
-    return sizeOf(viewPart().width, viewPart().height);
-}
-
 Rect PictureWidget::viewPart() const {
     if (m_picture == nullptr) {
         return {};
@@ -93,7 +89,7 @@ void PictureWidget::showDamage(const Rect& damage) {
     if (damage.empty() || m_picture == nullptr) {
         return;
     }
-    if (minimumSize() != sizeOf(m_picture->width(), m_picture->height())) {
+    if (minimumSize() != sizeOf(m_picture->bounds(), m_zoom)) {
         fitPicture();
     }
     update(areaOf(damage));
@@ -129,12 +125,12 @@ qreal PictureWidget::pixelSide() const {
     return m_blockPixels / (m_block * m_scale);
 }
 
-QSize PictureWidget::sizeOf(int width, int height) const {
+QSize PictureWidget::sizeOf(const Rect& part, int zoom) const {
     // A little less: the error of the division must make no whole number one more.
-    const auto extent = [this](int pixels, int shift) {
-        return static_cast<int>(std::ceil(pixels * pixelSide() + shift / m_scale - PixelTolerance));
+    const auto extent = [this, side = pixelSide() * zoom / m_zoom](int pixels, int shift) {
+        return static_cast<int>(std::ceil(pixels * side + shift / m_scale - PixelTolerance));
     };
-    return {extent(width, m_viewShift.x()), extent(height, m_viewShift.y())};
+    return {extent(part.width, m_viewShift.x()), extent(part.height, m_viewShift.y())};
 }
 
 QRectF PictureWidget::placeOf(const Rect& part) const {
@@ -235,7 +231,7 @@ void PictureWidget::fitPicture() {
     // At a fractional scale the widget has pixels of the screen beyond the picture, which show the
     // background.
     setAttribute(Qt::WA_OpaquePaintEvent, IsWhole(scale));
-    const QSize wanted = m_picture == nullptr ? QSize(0, 0) : sizeOf(m_picture->width(), m_picture->height());
+    const QSize wanted = m_picture == nullptr ? QSize(0, 0) : sizeOf(m_picture->bounds(), m_zoom);
     if (isScaled || minimumSize() != wanted || maximumSize() != wanted) {
         setFixedSize(wanted);
         placeView();

@@ -59,7 +59,7 @@ public:
     [[nodiscard]] int zoom() const { return m_zoom; }
 
     /// What the part in view would take more of its parent at another zoom.
-    [[nodiscard]] QSize growthTo(int zoom) const { return viewSize() * (zoom - m_zoom) / m_zoom; }
+    [[nodiscard]] QSize growthTo(int zoom) const { return sizeOf(viewPart(), zoom) - viewSize(); }
 
     /// Shows only a part of the picture, `height` pixels from `top` on, which begins at the left upper corner
     /// of its parent, or `shift` pixels of the screen away from it. Another `top` repaints only what comes
@@ -67,7 +67,7 @@ public:
     void setView(int top, int height, QPoint shift = {});
 
     /// What the part in view takes of its parent, in logical pixels.
-    [[nodiscard]] QSize viewSize() const;
+    [[nodiscard]] QSize viewSize() const { return sizeOf(viewPart(), m_zoom); }
 
     /// Shows a part of the picture again after it was painted into.
     void showDamage(const Rect& damage);
@@ -147,7 +147,7 @@ private:
     void placeView();
     [[nodiscard]] Rect viewPart() const;
     [[nodiscard]] qreal pixelSide() const; ///< of a pixel of the picture, in logical pixels
-    [[nodiscard]] QSize sizeOf(int width, int height) const;
+    [[nodiscard]] QSize sizeOf(const Rect& part, int zoom) const;
     [[nodiscard]] QRectF placeOf(const Rect& part) const;
     [[nodiscard]] QPoint originAt(const QPointF& corner, qreal scale) const;
     [[nodiscard]] QPoint pixelAt(const QPointF& position) const;
