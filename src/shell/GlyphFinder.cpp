@@ -7,9 +7,11 @@
 #include "ui/qt/LineLabel.h"
 #include "ui/qt/TextCharacters.h"
 
+#include <QDragEnterEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QVBoxLayout>
 
 namespace shell {
@@ -117,6 +119,11 @@ bool GlyphFinder::eventFilter(QObject* watched, QEvent* event) {
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
             close();
         }
+    }
+    if (watched == txtFind && event->type() == QEvent::DragEnter &&
+        static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
+        event->ignore(); // the window takes files
+        return true;
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -63,6 +63,9 @@ bool frmVTM::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (IsClosedMenu(widget) && QApplication::activeModalWidget() == nullptr) {
+            if (m_glyphColumn->takesKeysOf(focusWidget())) {
+                return QCoreApplication::sendEvent(focusWidget(), event);
+            }
             widget = this;
         }
         if (qobject_cast<const QMenu*>(widget) != nullptr ||

@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QUrl>
@@ -28,16 +29,19 @@ protected:
         fake.dialogs.expectInform("Done! " + ui::PathText(path) + " was read succesfully.");
     }
 
-    /// Drags over the grid and drops there, as a file manager does; whether it was taken.
+    const char* over = "ImgGrid"; ///< what things are dropped on
+
+    /// Drags over a control and drops there, as a file manager does; whether it was taken.
     bool drop(const QList<QUrl>& urls, Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction) const {
         QMimeData dragged;
         dragged.setUrls(urls);
+        dragged.setText(urls.first().toString()); // as file managers do
         return drop(dragged, offered);
     }
 
     bool drop(const QMimeData& dragged, Qt::DropActions offered = Qt::CopyAction) const {
-        auto* const target = find("ImgGrid");
-        const QPoint place(20, 20);
+        auto* const target = find(over);
+        const QPoint place = target->rect().center();
         QDragEnterEvent enter(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(target, &enter);
         QDragMoveEvent move(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
@@ -80,6 +84,23 @@ TEST_F(Dropping, LoadsAScriptAsTheMenuDoes) {
     EXPECT_EQ(find<QAction>("mnuEditUndo")->text(), QStringLiteral("&Undo Load"));
     choose("mnuEditUndo");
     EXPECT_EQ(row(), "               ");
+}
+
+TEST_F(Dropping, LoadsAScriptThatIsDroppedOnTheFinderToo) {
+    startOn(Page::Name);
+    press(Qt::Key_I, Qt::AltModifier);
+    over = "txtFind";
+    auto* const field = find<QLineEdit>(over);
+    ASSERT_TRUE(field->isVisible());
+    const ui::Path path = put("me.vtn", NameScript);
+    expectRead(path);
+    dropFiles({path});
+    EXPECT_EQ(row(), "dropped        ");
+    EXPECT_EQ(field->text(), QString());
+    QMimeData text;
+    text.setText(QStringLiteral("quake"));
+    EXPECT_TRUE(drop(text));
+    EXPECT_EQ(field->text(), QStringLiteral("quake")) << "a text is what is looked for";
 }
 
 TEST_F(Dropping, GoesByTheFirstLineWhateverTheFileIsCalled) {

@@ -6,6 +6,7 @@
 
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QStatusBar>
 #include <QToolTip>
 
@@ -210,6 +211,15 @@ TEST_F(Readout, ClosesTheFieldWhenThePageIsUsed) {
     click("NamePic", {8, 8});
     EXPECT_FALSE(field().isVisible());
     EXPECT_TRUE(find("NamePic")->hasFocus());
+}
+
+TEST_F(Readout, KeysThatAClosedMenuStillGetsReachTheField) {
+    startOn(Page::Name);
+    auto* const menu = find<QMenu>("mnuView");
+    find<QAction>("mnuViewFindGlyph")->trigger();
+    QTest::keyClicks(menu, QStringLiteral("gold"));
+    EXPECT_EQ(field().text(), "gold");
+    EXPECT_EQ(row(), std::string(15, ' '));
 }
 
 } // namespace
