@@ -54,7 +54,6 @@ WizardStrip::WizardStrip(QWidget* parent)
     m_note->setObjectName(QStringLiteral("lblTrial"));
     ui::qt::SetSmallPrint(*m_note);
     m_pauseButton->setObjectName(QStringLiteral("cmdPause"));
-    m_pauseButton->setAutoRaise(true);
     m_pauseButton->setFocusPolicy(Qt::StrongFocus);
     ui::qt::SetSmallPrint(*m_pauseButton);
     auto* const line = new QHBoxLayout;

@@ -102,8 +102,9 @@ GlyphButton* GlyphColumn::makeGlyphButton(const QString& title, const QString& n
 
 QLayout* GlyphColumn::makeFavouritesCaption() {
     auto* row = new QHBoxLayout;
-    row->setSpacing(4);
+    row->setSpacing(0);
     row->addWidget(new QLabel(tr("Favorites"), this));
+    row->addSpacing(8);
     row->addStretch(1);
     row->addWidget(new QLabel(tr("Right click"), this));
     cmdRightGlyph = makeGlyphButton(

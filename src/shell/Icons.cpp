@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "shell/Icons.h"
 
+#include <QIconEngine>
 #include <QImage>
+#include <QPainter>
 #include <QPixmap>
 #include <QResource>
+#include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -27,6 +31,43 @@ QPixmap ReadPicture(const QString& name, qreal devicePixelRatio = 1) {
     return QPixmap::fromImage(std::move(image));
 }
 
+/// Draws when it is asked to, in the colours of then.
+class MoreIconEngine final : public QIconEngine {
+public:
+    explicit MoreIconEngine(const QWidget& widget)
+        : m_widget(widget) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+        constexpr double Reach = 5.5; // of an angle, on a grid of 16
+        const double unit = std::min(rect.width(), rect.height()) / 16.0;
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(m_widget.palette().color(group, QPalette::ButtonText), 2 * unit));
+        painter->translate(QRectF(rect).center());
+        painter->scale(m_widget.isRightToLeft() ? -1 : 1, 1);
+        for (const double left : {-Reach, 0.5}) {
+            const QPointF tip(left + Reach - 0.5, 0);
+            painter->drawPolyline(
+                QPolygonF({QPointF(left, -Reach) * unit, tip * unit, QPointF(left, Reach) * unit}));
+        }
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, drawn.rect(), mode, state);
+        return drawn;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new MoreIconEngine(m_widget); }
+
+private:
+    const QWidget& m_widget;
+};
+
 } // namespace
 
 QIcon ToolIcon(const QString& key) {
@@ -34,6 +75,10 @@ QIcon ToolIcon(const QString& key) {
     icon.addPixmap(ReadPicture(key));
     icon.addPixmap(ReadPicture(key + QStringLiteral("@2x"), 2));
     return icon;
+}
+
+QIcon MoreIcon(const QWidget& widget) {
+    return QIcon(new MoreIconEngine(widget)); // the icon owns it
 }
 
 QIcon ProgramIcon() {

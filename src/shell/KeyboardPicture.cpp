@@ -333,7 +333,8 @@ void KeyboardPicture::drawKey(QPainter& painter, std::size_t place) const {
     // Keys that type are of the colour that the glyphs stand on.
     constexpr int BlankTop = glyphs::BlankGlyph / 16 * glyphs::CellSide;
     QColor body = types ? QColor::fromRgb(m_atlas->cells.pixel(0, BlankTop)) : window;
-    QColor cap = Mixed(text, window, key.use == DrawnKeyUse::None ? 45 : 100);
+    const bool isModifier = key.use == DrawnKeyUse::Shift || key.use == DrawnKeyUse::Ctrl;
+    QColor cap = Mixed(text, window, isModifier ? 100 : 45);
     if (types) {
         cap = Mixed(qGray(body.rgb()) < 128 ? Qt::white : Qt::black, body, 70);
     } else if (isLatched(key)) {

@@ -228,6 +228,7 @@ void MainMenus::buildToolbar() {
     auto* rest = Toolbar1->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     rest->setAccessibleName(tr("The other buttons"));
     rest->setToolTip(rest->accessibleName());
+    rest->setIcon(MoreIcon(*rest)); // the toolkit's is black in every theme
     rest->setFocusPolicy(Qt::NoFocus);
     auto* pages = new QActionGroup(this);
     for (const editing::Kind& kind : editing::Kinds) {

@@ -171,6 +171,7 @@ TEST_F(StripOfWizard, HasNoTimerWhileItIsNotSeen) {
 TEST_F(StripOfWizard, CanBePaused) {
     open();
     auto& pause = hand().find<QToolButton>("cmdPause");
+    EXPECT_FALSE(pause.autoRaise()) << "a label has no frame";
     EXPECT_EQ(pause.text(), QStringLiteral("&Pause"));
     list("cmboPos_1").setCurrentIndex(1);
     QTest::keyClick(form.get(), Qt::Key_P, Qt::AltModifier);

@@ -88,6 +88,19 @@ TEST_F(KeyPage, TheKeyboardIsShownWhenItIsAskedFor) {
     EXPECT_EQ(changedPages(), "");
 }
 
+TEST_F(KeyPage, KeysThatNeverTypeAreAllAsDim) {
+    openKeyboard();
+    const auto capOf = [this](std::size_t place) {
+        return keyboard->grab({keyboard->keyRect(place).topLeft(), QSize(20, 14)}).toImage();
+    };
+    const std::size_t enter = editing::DrawnKeyOf(KeyIndex(editing::KeyEnter));
+    for (std::size_t place = 0; place < KeyboardKeys().size(); ++place) {
+        if (KeyboardKeys()[place].cap == "Enter") {
+            EXPECT_EQ(capOf(place), capOf(enter)) << place;
+        }
+    }
+}
+
 TEST_F(KeyPage, TheWholeKeyboardIsInView) {
     openKeyboard();
     QCoreApplication::processEvents();

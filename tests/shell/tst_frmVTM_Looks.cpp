@@ -182,3 +182,38 @@ TEST_F(Looks, TheFrequentGlyphsSayWhereTheyComeFromUntilTheyAreCounted) {
     EXPECT_EQ(label->text(), QStringLiteral("Frequent"));
     EXPECT_EQ(label->geometry(), place);
 }
+
+TEST_F(Looks, TheButtonOfTheToolsWithoutRoomIsSeenInDarkThemesToo) {
+    startOn(Page::Name);
+    auto* const rest = find<QToolButton>("qt_toolbar_ext_button");
+    for (const auto& [back, front] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
+        QPalette palette = rest->palette();
+        palette.setColor(QPalette::Window, back);
+        palette.setColor(QPalette::Button, back);
+        palette.setColor(QPalette::ButtonText, front);
+        rest->setPalette(palette);
+        rest->resize(16, 24);
+        const QImage image = rest->grab().toImage();
+        int seen = 0;
+        for (int y = 4; y < image.height() - 4; ++y) {
+            for (int x = 3; x < image.width() - 3; ++x) {
+                seen += Contrast(image.pixelColor(x, y), back) > 4.5 ? 1 : 0;
+            }
+        }
+        EXPECT_GT(seen, 8);
+    }
+}
+
+TEST_F(Looks, TheCaptionsOfTheGlyphButtonsStandApart) {
+    startOn(Page::Name);
+    const auto labels = find("glyphColumn")->findChildren<QLabel*>();
+    const auto placeOf = [&labels](const char* caption) {
+        const auto found = std::ranges::find(labels, QLatin1String(caption), &QLabel::text);
+        return found == labels.end() ? QRect() : (*found)->geometry();
+    };
+    const QRect rightClick = placeOf("Right click");
+    const int apart = rightClick.left() - placeOf("Favorites").right();
+    EXPECT_GE(apart, 8);
+    EXPECT_GE(apart, 4 * (find("cmdRightGlyph")->x() - rightClick.right())) << "its glyph belongs to it";
+    EXPECT_GE(find("lblFrequent")->x() - find("cmdRightGlyph")->geometry().right(), 6);
+}
