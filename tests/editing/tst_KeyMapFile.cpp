@@ -235,22 +235,6 @@ TEST_F(KeyMapFile, NeedsNotBeKeptWhereAnotherOneIsWritten) {
     EXPECT_FALSE(fake.directory.standIn.has("vtmkeys.ini.damaged-1"));
 }
 
-TEST_F(KeyMapFile, KeepsItsPermissionsAndItsLink) {
-    namespace fs = std::filesystem;
-    const support::TempFolder settings;
-    settings.put("keys", DefaultText());
-    fs::permissions(settings / "keys", fs::perms::owner_read | fs::perms::owner_write);
-    fs::create_symlink(settings / "keys", fake.directory.files / "vtmkeys.ini");
-    fake.directory.files.put("vtmkeys.ini.new", "mine");
-    KeyMap map = DefaultKeyMap();
-    map[5] = {200, 201, 202};
-    ASSERT_TRUE(write(map));
-    EXPECT_TRUE(fs::is_symlink(fake.directory.files / "vtmkeys.ini"));
-    EXPECT_EQ(settings.content("keys"), KeyMapText(map));
-    EXPECT_EQ(fs::status(settings / "keys").permissions(), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(fake.directory.files.content("vtmkeys.ini.new"), "mine");
-}
-
 TEST_F(KeyMapFile, KeepsItsContentWhenTheDiskIsFull) {
     fake.directory.files.put("vtmkeys.ini", DefaultText());
     fake.files.failWritesAfter(100);

@@ -78,7 +78,7 @@ void WriteAll(int number, const std::string& bytes) {
 Outcome RunWith(const Operation& operation, World& world, Fault fault, int place) {
     std::array<int, 2> pipe{};
     EXPECT_EQ(::pipe(pipe.data()), 0);
-    const pid_t child = support::StartChild([&] {
+    const support::Child child = support::StartChild([&] {
         const ui::Path temporary = world.home / "temporary";
         std::filesystem::create_directory(temporary);
         ::setenv("TMPDIR", temporary.c_str(), 1); // NOLINT(concurrency-mt-unsafe)

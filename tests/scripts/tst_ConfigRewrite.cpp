@@ -2,68 +2,23 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/ConfigRewrite.h"
 
-#include "support/FailingFiles.h"
+#include "scripts/ConfigWorld.h"
 #include "support/InChild.h"
-#include "support/TempProgramDirectory.h"
 
 #include <gtest/gtest.h>
-#include <iterator>
 #include <optional>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <tuple>
 
 using scripts::ReplaceLine;
+using support::After;
+using support::Before;
 using support::FailingFiles;
 using support::InChild;
 using Step = FailingFiles::Step;
 
 namespace {
 
-const std::string Before = "bind a b\nname \"old\"\n" + std::string(5000, 'x') + "\nlast";
-const std::string After = ReplaceLine(Before, 2, "name \"new and longer\"");
-
-class Rewrite : public testing::Test {
-protected:
-    support::TempProgramDirectory directory;
-    support::TempFolder game;
-    ui::DiskFiles disk;
-    FailingFiles files{disk};
-    ui::Path path = game.put("config.cfg", Before);
-    ui::Path copy = directory.folder() / "tempfile.cfg";
-
-    /// Gives the file a second name, so that it is written over.
-    void giveTwoNames() const { std::filesystem::create_hard_link(path, game / "other.cfg"); }
-
-    ui::Result<scripts::Rewritten> rewrite() {
-        return scripts::RewriteConfig(files, directory, path, Before, After);
-    }
-
-    std::string content() { return game.content("config.cfg"); }
-
-    bool copyIsWhole() { return disk.exists(copy) && directory.files.content("tempfile.cfg") == Before; }
-
-    bool fileIsWhole() { return content() == Before || content() == After; }
-
-    /// Whether nothing but the file lies in the game's folder.
-    bool isTidy() {
-        const auto names = std::distance(std::filesystem::directory_iterator(game.path()), {});
-        return names == (game.has("other.cfg") ? 2 : 1);
-    }
-
-    /// Starts again with the file as it was and nothing beside the program.
-    void reset() {
-        files.failNothing();
-        for (const auto& entry : std::filesystem::directory_iterator(directory.folder())) {
-            std::filesystem::remove(entry.path());
-        }
-        game.put("config.cfg", Before);
-    }
-
-    std::string untouched(const std::string& cause) {
-        return cause + "\nThe config file, " + path.native() + ", was not changed.";
-    }
-};
+class Rewrite : public support::ConfigWorld {};
 
 } // namespace
 
@@ -254,72 +209,46 @@ TEST_F(Rewrite, OnADiskThatRunsFullLeavesTheOldBytesWhole) {
     }
 }
 
-TEST_F(Rewrite, AgainstTheFileSizeLimitOfTheSystemLeavesTheOldBytesWhole) {
-    const auto limited = [&](std::size_t limit) {
-        reset();
-        return InChild([&] {
-            ui::SurviveFileSizeLimit();
-            const rlimit size{static_cast<rlim_t>(limit), static_cast<rlim_t>(limit)};
-            if (::setrlimit(RLIMIT_FSIZE, &size) != 0) {
-                return 2;
-            }
-            const auto done = scripts::RewriteConfig(disk, directory, path, Before, After);
-            return !done && done.failure().message.find("File too large") != std::string::npos ? 0 : 1;
-        });
-    };
-    ASSERT_LT(Before.size(), After.size());
-    for (const bool isWrittenOver : {false, true}) {
-        if (isWrittenOver) {
-            giveTwoNames();
-        }
-        for (const std::size_t limit : {Before.size() - 1, Before.size(), After.size() - 1}) {
-            EXPECT_EQ(0, limited(limit));
-            EXPECT_EQ(Before, content());
-            EXPECT_FALSE(directory.files.has("tempfile.cfg"));
-            EXPECT_TRUE(isTidy());
-        }
-    }
-}
+/// Whether the file is written over, and whether a copy of an earlier run is there.
+class DyingRewrite : public Rewrite, public testing::WithParamInterface<std::tuple<bool, bool>> {};
 
-TEST_F(Rewrite, WhoseProcessDiesAtAnyStepLeavesTheOldBytesWholeSomewhere) {
-    for (const bool isWrittenOver : {false, true}) {
-        if (isWrittenOver) {
-            giveTwoNames();
-        }
-        for (const bool withOldCopy : {false, true}) {
-            int deaths = 0;
-            for (int lifetime = 1;; ++lifetime) {
-                SCOPED_TRACE(lifetime);
-                reset();
-                if (withOldCopy) {
-                    directory.files.put("tempfile.cfg", "somebody's");
-                }
-                const int status = InChild([&] {
-                    files.dieAt(lifetime);
-                    return rewrite() ? 0 : 1;
-                });
-                EXPECT_TRUE(fileIsWhole() || copyIsWhole());
-                EXPECT_TRUE(isWrittenOver || fileIsWhole());
-                if (withOldCopy) {
-                    EXPECT_EQ(
-                        "somebody's",
-                        directory.files.content(
-                            directory.files.has("tempfile-1.cfg") ? "tempfile-1.cfg" : "tempfile.cfg"));
-                }
-                if (status == 0) {
-                    break;
-                }
-                ASSERT_EQ(FailingFiles::Death, status);
-                ++deaths;
-                // Whatever was left behind, the next run can work and loses nothing.
-                const auto now = disk.read(path);
-                ASSERT_TRUE(now);
-                ASSERT_TRUE(scripts::RewriteConfig(disk, directory, path, now.value(), After));
-                EXPECT_EQ(After, content());
-            }
-            EXPECT_EQ((isWrittenOver ? 19 : 17) + (withOldCopy ? 1 : 0), deaths);
-        }
+INSTANTIATE_TEST_SUITE_P(Ways, DyingRewrite, testing::Combine(testing::Bool(), testing::Bool()));
+
+TEST_P(DyingRewrite, LeavesTheOldBytesWholeSomewhereAtAnyStep) {
+    const auto [isWrittenOver, withOldCopy] = GetParam();
+    if (isWrittenOver) {
+        giveTwoNames();
     }
+    int deaths = 0;
+    for (int lifetime = 1 + support::ChildrenBefore();; ++lifetime) {
+        SCOPED_TRACE(lifetime);
+        reset();
+        if (withOldCopy) {
+            directory.files.put("tempfile.cfg", "somebody's");
+        }
+        const int status = InChild([&] {
+            files.dieAt(lifetime);
+            return rewrite() ? 0 : 1;
+        });
+        EXPECT_TRUE(fileIsWhole() || copyIsWhole());
+        EXPECT_TRUE(isWrittenOver || fileIsWhole());
+        if (withOldCopy) {
+            EXPECT_EQ(
+                "somebody's", directory.files.content(
+                                  directory.files.has("tempfile-1.cfg") ? "tempfile-1.cfg" : "tempfile.cfg"));
+        }
+        if (status == 0) {
+            break;
+        }
+        ASSERT_EQ(FailingFiles::Death, status);
+        ++deaths;
+        // Whatever was left behind, the next run can work and loses nothing.
+        const auto now = disk.read(path);
+        ASSERT_TRUE(now);
+        ASSERT_TRUE(scripts::RewriteConfig(disk, directory, path, now.value(), After));
+        EXPECT_EQ(After, content());
+    }
+    EXPECT_EQ((isWrittenOver ? 19 : 17) + (withOldCopy ? 1 : 0), deaths);
 }
 
 TEST_F(Rewrite, KeepsACopyThatAnEarlierRunLeft) {
@@ -373,42 +302,6 @@ TEST_F(Rewrite, StopsWhenSomethingThatIsNoFileHasTheNameOfTheCopy) {
         untouched("Could not create \"" + ui::PathText(copy) + "\": File exists."),
         inTheWay.failure().message);
     EXPECT_EQ(Before, content());
-    EXPECT_FALSE(directory.files.has("nowhere"));
-}
-
-TEST_F(Rewrite, WritesThroughLinksAndKeepsThePermissions) {
-    std::filesystem::create_hard_link(path, game / "hard.cfg");
-    std::filesystem::create_symlink("config.cfg", game / "soft.cfg");
-    ASSERT_EQ(0, ::chmod(path.c_str(), 0640));
-
-    struct stat old {};
-
-    ASSERT_EQ(0, ::stat(path.c_str(), &old));
-    path = game / "soft.cfg";
-    ASSERT_TRUE(rewrite());
-    EXPECT_EQ(After, game.content("hard.cfg"));
-    EXPECT_TRUE(std::filesystem::is_symlink(game / "soft.cfg"));
-
-    struct stat now {};
-
-    ASSERT_EQ(0, ::stat((game / "config.cfg").c_str(), &now));
-    EXPECT_EQ(old.st_ino, now.st_ino);
-    EXPECT_EQ(old.st_mode, now.st_mode);
-    EXPECT_EQ(old.st_uid, now.st_uid);
-    EXPECT_EQ(2U, now.st_nlink);
-}
-
-TEST_F(Rewrite, CopiesForNobodyElseToRead) {
-    // A configuration file may hold the password of a server.
-    ASSERT_EQ(0, ::chmod(path.c_str(), 0600));
-    giveTwoNames();
-    files.failFrom(Step::Write, 2);
-    ASSERT_FALSE(rewrite());
-
-    struct stat kept {};
-
-    ASSERT_EQ(0, ::stat(copy.c_str(), &kept));
-    EXPECT_EQ(0600U, kept.st_mode & 0777U);
 }
 
 TEST_F(Rewrite, RefusesAFileThatWouldBecomeTooLargeToReadAgain) {
@@ -429,10 +322,8 @@ TEST_F(Rewrite, MakesTheLargestFileThatCanBeReadAgain) {
 
 TEST_F(Rewrite, RefusesTheCopyByWhateverName) {
     path = directory.files.put("tempfile.cfg", Before);
-    std::filesystem::create_symlink(copy, game / "soft.cfg");
     std::filesystem::create_hard_link(copy, game / "hard.cfg");
-    for (const ui::Path& name :
-         {path, game / "soft.cfg", game / "hard.cfg", directory.folder() / "." / "tempfile.cfg"}) {
+    for (const ui::Path& name : {path, game / "hard.cfg", directory.folder() / "." / "tempfile.cfg"}) {
         const auto done = scripts::RewriteConfig(files, directory, name, Before, After);
         ASSERT_FALSE(done);
         EXPECT_EQ(
@@ -492,42 +383,6 @@ TEST_F(Rewrite, CopiesToTheStandInFolderWhereTheProgramFolderIsNotWritable) {
     game.put("config.cfg", Before);
     ASSERT_TRUE(rewrite());
     EXPECT_EQ(After, content());
-}
-
-TEST_F(Rewrite, OfAFileThatMayNotBeWrittenLeavesNothingBehind) {
-    ASSERT_EQ(0, ::chmod(path.c_str(), 0444));
-    const auto run = [&] {
-        const auto done = scripts::RewriteConfig(disk, directory, path, Before, After);
-        const bool told =
-            !done && done.failure().message ==
-                         untouched("Could not open \"" + path.native() + "\": Permission denied.");
-        return told ? 0 : 1;
-    };
-    // The superuser may write everything, so somebody else tries.
-    ASSERT_EQ(0, ::chmod(directory.folder().c_str(), 0777));
-    ASSERT_EQ(0, ::chmod(game.path().c_str(), 0777));
-    EXPECT_EQ(0, InChild([&] { return ::geteuid() == 0 && ::setuid(65534) != 0 ? 2 : run(); }));
-    EXPECT_EQ(Before, content());
-    EXPECT_FALSE(directory.files.has("tempfile.cfg"));
-}
-
-TEST_F(Rewrite, WithNoPlaceForTheCopyLeavesTheFileUntouched) {
-    ASSERT_EQ(0, ::chmod(path.c_str(), 0666));
-    ASSERT_EQ(0, ::chmod(directory.folder().c_str(), 0555));
-    ASSERT_EQ(0, ::chmod(game.path().c_str(), 0777));
-    EXPECT_EQ(0, InChild([&] {
-                  if (::geteuid() == 0 && ::setuid(65534) != 0) {
-                      return 2;
-                  }
-                  const auto done = scripts::RewriteConfig(disk, directory, path, Before, After);
-                  const bool told =
-                      !done &&
-                      done.failure().message ==
-                          untouched("Could not create \"" + copy.native() + "\": Permission denied.");
-                  return told ? 0 : 1;
-              }));
-    EXPECT_EQ(Before, content());
-    ASSERT_EQ(0, ::chmod(directory.folder().c_str(), 0755));
 }
 
 /// Adding a line to a configuration file.
@@ -636,7 +491,7 @@ TEST_F(Append, OfTwoInstallationsAtOnceLosesNoLine) {
     constexpr int Programs = 4;
     constexpr int Lines = 10;
     game.put("config.cfg", "");
-    std::vector<pid_t> programs;
+    std::vector<support::Child> programs;
     for (int program = 0; program < Programs; ++program) {
         programs.push_back(support::StartChild([&, program] {
             const support::TempProgramDirectory own;
@@ -657,7 +512,7 @@ TEST_F(Append, OfTwoInstallationsAtOnceLosesNoLine) {
             return 0;
         }));
     }
-    for (const pid_t program : programs) {
+    for (const support::Child program : programs) {
         EXPECT_EQ(0, support::EndOf(program));
     }
     const std::string lines = content();

@@ -49,7 +49,7 @@ protected:
 
     /// Dies where the file is left incomplete.
     void dieInTheMiddle() {
-        for (int number = 1; isWhole(); ++number) {
+        for (int number = 1 + support::ChildrenBefore(); isWhole(); ++number) {
             reset();
             ASSERT_EQ(rewriteDyingAt(number), support::FailingFiles::Death);
         }
@@ -64,7 +64,7 @@ protected:
 
 TEST_F(KeptCopies, AreNamedAtTheNextStartWheneverTheProgramDied) {
     int incomplete = 0;
-    for (int number = 1;; ++number) {
+    for (int number = 1 + support::ChildrenBefore();; ++number) {
         SCOPED_TRACE(number);
         reset();
         const int end = rewriteDyingAt(number);

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "scripts/frmBindWiz.h"
 
+#include "support/Environment.h"
 #include "support/FakePlatform.h"
+#include "ui/System.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -253,15 +255,17 @@ TEST_F(BindWizard, TellsWhatIsGoingToHappenBeforeItDoes) {
 }
 
 TEST_F(BindWizard, FindsTypedFilesInTheHomeOfTheUser) {
-    const QByteArray home = qgetenv("HOME");
-    qputenv("HOME", QByteArray::fromStdString(game.path().native()));
+    // Where the system does not ask this, its temporary files lie in the user's home.
+    const Environment home("HOME", QByteArray::fromStdString(ui::PathText(game.path())));
+    const auto inHome = [](const ui::Path& file) {
+        return "~/" + file.lexically_relative(ui::HomeFolder()).generic_string();
+    };
     open();
-    type("txtCFGFileName", "~/config.cfg");
-    type("txtSCRFileName", "~/player.vtn");
-    qputenv("HOME", home);
+    type("txtCFGFileName", inHome(config));
+    type("txtSCRFileName", inHome(script));
     EXPECT_EQ(Strings({"q", "F1"}), entries("PreBound"));
     EXPECT_EQ("", hint("lblSCRHint"));
-    EXPECT_EQ("~/config.cfg", text("txtCFGFileName"));
+    EXPECT_EQ(inHome(config), text("txtCFGFileName"));
 }
 
 TEST_F(BindWizard, RemembersTheTypedFilesWithWhichAKeyWasBound) {

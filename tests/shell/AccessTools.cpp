@@ -6,56 +6,19 @@
 #include <QGroupBox>
 #include <algorithm>
 
-namespace {
-
-spoken::Listener* g_listener = nullptr;
-
-} // namespace
-
-// Whether somebody listens is known to the desktop's bus alone, and there is none in a test. So the calls of
-// the program and of the toolkit's widgets end here instead of in the library.
-
-bool QAccessible::isActive() {
-    return g_listener != nullptr && g_listener->isListening();
-}
-
-void QAccessible::updateAccessibility(QAccessibleEvent* event) {
-    if (g_listener != nullptr) {
-        g_listener->take(*event);
-    }
-}
-
 namespace spoken {
-
-Listener::Listener() {
-    g_listener = this;
-}
-
-Listener::~Listener() {
-    g_listener = nullptr;
-}
-
-void Listener::stopListening() {
-    m_isListening = false;
-    m_sent = 0;
-    clear();
-}
 
 bool Listener::heard(const std::string& event) const {
     return std::find(m_events.begin(), m_events.end(), event) != m_events.end();
 }
 
-long Listener::count(const std::string& kind) const {
+std::ptrdiff_t Listener::count(const std::string& kind) const {
     return std::count_if(m_events.begin(), m_events.end(), [&kind](const std::string& event) {
         return event.starts_with(kind);
     });
 }
 
 void Listener::take(QAccessibleEvent& event) {
-    ++m_sent;
-    if (!m_isListening) {
-        return;
-    }
     QAccessibleInterface* const about = event.accessibleInterface();
     const std::string name = Text(about, QAccessible::Name);
     switch (event.type()) {

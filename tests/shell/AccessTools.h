@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -40,18 +41,11 @@ public:
     [[nodiscard]] bool heard(const std::string& event) const;
 
     /// How many events of a kind were told.
-    [[nodiscard]] long count(const std::string& kind) const;
-
-    /// How many events of any kind were sent, also while nobody listened.
-    [[nodiscard]] int sent() const { return m_sent; }
-
-    [[nodiscard]] bool isListening() const { return m_isListening; }
+    [[nodiscard]] std::ptrdiff_t count(const std::string& kind) const;
 
     void take(QAccessibleEvent& event);
 
 private:
-    bool m_isListening = true;
-    int m_sent = 0;
     std::vector<std::string> m_events;
 };
 

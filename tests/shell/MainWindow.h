@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -128,7 +129,7 @@ protected:
     [[nodiscard]] QString text(const char* label) const { return find<QLabel>(label)->text(); }
 
     /// How often a sound was played.
-    [[nodiscard]] long played(int number) const {
+    [[nodiscard]] std::ptrdiff_t played(int number) const {
         return std::count(fake.sounds.waves.begin(), fake.sounds.waves.end(), glyphs::SoundWave(number));
     }
 

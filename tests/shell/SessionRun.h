@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -89,7 +90,7 @@ protected:
         return support::ArePaintedLike(documents(), session.workspace().pictures, session.workspace().atlas);
     }
 
-    [[nodiscard]] long played(int sound) const {
+    [[nodiscard]] std::ptrdiff_t played(int sound) const {
         return std::ranges::count(fake.sounds.waves, glyphs::SoundWave(sound));
     }
 

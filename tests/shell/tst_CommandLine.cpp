@@ -134,7 +134,6 @@ TEST(CommandLine, ThePathIsSplitAtItsLastSlash) {
     expectParsed(" /name /x.vtn", {Page::Name, "/", "x.vtn", Page::Animation});
     expectParsed(" /name a/b/x.vtn", {Page::Name, "a/b", "x.vtn", Page::Animation});
     expectParsed(" /name /a/b/", {Page::Name, "/a/b", "", Page::Animation});
-    expectParsed(" /name a\\b.vtn", {Page::Name, "", "a\\b.vtn", Page::Animation});
 }
 
 TEST(CommandLine, ArgumentsAreJoinedByOneBlankWithoutQuotes) {

@@ -7,7 +7,6 @@
 #include "support/TempProgramDirectory.h"
 
 #include <algorithm>
-#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -29,7 +28,7 @@ constexpr std::size_t NameCountAt = PageAt + 12;
 class Recovering : public testing::Test {
 protected:
     /// How many files of work there are.
-    [[nodiscard]] long filesOfWork() const {
+    [[nodiscard]] std::ptrdiff_t filesOfWork() const {
         const auto names = disk.list(folder());
         return std::count_if(
             names.begin(), names.end(), [](const std::string& name) { return name.ends_with(".work"); });
@@ -103,14 +102,14 @@ TEST_F(Recovering, NothingIsKeptUntilThereIsWork) {
 
 TEST_F(Recovering, WorkOutlivesAProgramThatIsKilled) {
     const WorkState state = RandomWork(2);
-    const int end = support::InChild([&] {
+    const int end = support::InChild([&]() -> int {
         RecoveryFile file(disk, folder());
         (void)file.keep(state);
         while (filesOfWork() == 0) {
         }
-        return ::raise(SIGKILL);
+        support::EndByForce();
     });
-    ASSERT_EQ(end, -SIGKILL);
+    ASSERT_EQ(end, support::EndedByForce);
     RecoveryFile file(disk, folder());
     const auto left = file.claimLeftOver();
     ASSERT_TRUE(left);

@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 
 #include "shell/GlyphButton.h"
+#include "support/LetterKeys.h"
 #include "ui/qt/MarkerShape.h"
 
 #include <QApplication>
@@ -127,19 +128,13 @@ TEST_F(Menus, OpenWithAltAndTheirLetter) {
 
 TEST_F(Menus, OpenByTheirPlaceOnAKeyboardWithoutLatinLetters) {
     startOn(Page::Name);
-    const auto pressAt = [](QWidget* widget, unsigned scanCode, char16_t letter, Qt::KeyboardModifiers held) {
-        QKeyEvent event(QEvent::KeyPress, letter, held, scanCode, 0, 0, QString(QChar(letter)).toLower());
-        QApplication::sendEvent(widget, &event);
-    };
-    constexpr unsigned KeyOfF = 41;
-    constexpr unsigned KeyOfS = 39;
-    constexpr unsigned KeyOfN = 57;
-    pressAt(window->focusWidget(), KeyOfF, u'\u0410', Qt::AltModifier);
+    using support::PressLetterKey;
+    PressLetterKey(*window->focusWidget(), 'F', u'\u0410', Qt::AltModifier);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     EXPECT_EQ(QApplication::activePopupWidget()->objectName(), QStringLiteral("mnuFile"));
-    pressAt(QApplication::activePopupWidget(), KeyOfS, u'\u042B', Qt::NoModifier);
+    PressLetterKey(*QApplication::activePopupWidget(), 'S', u'\u042B', Qt::NoModifier);
     EXPECT_EQ(QApplication::activePopupWidget()->objectName(), QStringLiteral("mnuSave"));
-    pressAt(QApplication::activePopupWidget(), KeyOfN, u'\u0422', Qt::NoModifier);
+    PressLetterKey(*QApplication::activePopupWidget(), 'N', u'\u0422', Qt::NoModifier);
     EXPECT_EQ(QApplication::activePopupWidget()->objectName(), QStringLiteral("mnuSaveName"));
     while (QWidget* const menu = QApplication::activePopupWidget()) {
         menu->close();

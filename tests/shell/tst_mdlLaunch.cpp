@@ -78,16 +78,6 @@ TEST_F(Launch, AnEarlierScratchFileIsOverwritten) {
     EXPECT_TRUE(fake.launcher.finish(42));
 }
 
-TEST_F(Launch, ALinkInThePlaceOfTheScratchFileIsNotFollowed) {
-    fake.directory.files.put("precious", "mine");
-    std::filesystem::create_symlink("precious", scratch());
-    shell::OpenUrl(fake.platform, "https://example.org/");
-    expectLaunched("https://example.org/");
-    EXPECT_FALSE(std::filesystem::is_symlink(scratch()));
-    EXPECT_EQ(fake.directory.files.content("precious"), "mine");
-    fake.launcher.finish(33);
-}
-
 TEST_F(Launch, TheWebSiteAndTheMailHaveTheirFixedAddresses) {
     shell::OpenWebSite(fake.platform);
     expectLaunched(shell::WebSiteAddress);
@@ -179,11 +169,4 @@ TEST_F(Launch, MissingHelpIsAnotherWarningAtTheStart) {
     fake.dialogs.expectAllAsked();
     fake.directory.files.put("vtmhelp.htm", "<html>");
     shell::CheckHelp(fake.platform);
-}
-
-TEST_F(Launch, FileAddressesAreAbsoluteAndPercentEncoded) {
-    EXPECT_EQ(shell::FileAddress("/opt/vtm-1.0_a~b/vtmhelp.htm"), "file:///opt/vtm-1.0_a~b/vtmhelp.htm");
-    EXPECT_EQ(shell::FileAddress("/a b/50%#?&\"'/x"), "file:///a%20b/50%25%23%3F%26%22%27/x");
-    EXPECT_EQ(shell::FileAddress("/\xC3\xA9"), "file:///%C3%A9");
-    EXPECT_EQ(shell::FileAddress("x.htm"), "file://" + (std::filesystem::current_path() / "x.htm").native());
 }

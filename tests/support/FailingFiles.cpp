@@ -3,7 +3,7 @@
 #include "support/FailingFiles.h"
 
 #include <algorithm>
-#include <unistd.h>
+#include <cstdlib>
 #include <utility>
 
 namespace support {
@@ -149,7 +149,7 @@ int FailingFiles::count(Step step) const {
 std::optional<ui::Failure>
 FailingFiles::take(Step step, const ui::Path& path, const std::string& more) const {
     if (m_lifetime > 0 && --m_lifetime == 0) {
-        ::_exit(Death);
+        std::_Exit(Death);
     }
     const auto known = m_temporaries.find(path);
     const ui::Path& shown = known == m_temporaries.end() ? path : known->second;

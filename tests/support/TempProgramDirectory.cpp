@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/TempProgramDirectory.h"
 
-#include <cstdlib>
+#include "support/InChild.h"
+
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -11,12 +12,13 @@
 namespace support {
 
 TempFolder::TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vtm-test-XXXXXX").native();
-    if (::mkdtemp(name.data()) == nullptr) {
+    const ui::Path path = std::filesystem::temp_directory_path() / ui::PathFromText(NextFolderName());
+    std::error_code failed;
+    if (!std::filesystem::create_directory(path, failed)) {
         ADD_FAILURE() << "no temporary folder could be made";
         return;
     }
-    m_path = name;
+    m_path = path;
 }
 
 TempFolder::~TempFolder() {

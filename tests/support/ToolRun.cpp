@@ -2,32 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/ToolRun.h"
 
-#include "support/TempProgramDirectory.h"
-
-#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sys/wait.h>
 
 namespace support {
-
-ToolRun
-RunProgram(const ui::Path& program, const std::vector<std::string>& arguments, const std::string& before) {
-    const TempFolder folder;
-    const ui::Path errors = folder / "errors";
-    std::string command = before + "'" + program.native() + "'";
-    for (const std::string& argument : arguments) {
-        command += " '" + argument + "'";
-    }
-    command += " 2>'" + errors.native() + "'";
-    // The tests of a program run one after the other, so nobody else changes the environment meanwhile.
-    const int status = std::system(command.c_str()); // NOLINT(concurrency-mt-unsafe)
-    ToolRun run;
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    run.errors = FileContent(errors);
-    return run;
-}
 
 std::string FileContent(const ui::Path& path) {
     std::ifstream file(path, std::ios::binary);

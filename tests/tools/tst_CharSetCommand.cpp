@@ -384,8 +384,9 @@ TEST(CharSetProgram, ExitsWithTheCodeOfTheCommand) {
 
 TEST(CharSetProgram, SaysThatAFileMayNotBecomeSoLarge) {
     const support::TempFolder folder;
-    const std::string file = folder.put("out.png", "old").native();
-    const support::ToolRun run = support::RunProgram(VTM_CHARSET, {"export", "1", file}, "ulimit -f 1; ");
+    const std::string file = ui::PathText(folder.put("out.png", "old"));
+    const support::ToolRun run = support::RunProgram(
+        "/bin/sh", {"-c", R"(ulimit -f 1; exec "$0" "$@")", VTM_CHARSET, "export", "1", file});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.errors, "vtm-charset: Could not write \"" + file + "\": File too large.\n");
     EXPECT_EQ(folder.content("out.png"), "old");

@@ -153,9 +153,10 @@ TEST_F(ThumbnailCommand, AnOutputThatCannotBeWrittenIsNamed) {
 }
 
 TEST_F(ThumbnailCommand, AnOutputThatMayNotBecomeSoLargeIsNamed) {
-    const std::string script = folder.put("a.vtn", NameScript).native();
-    const support::ToolRun run =
-        support::RunProgram(VTM_THUMBNAIL, {"--size", "1024", script, at("out.png")}, "ulimit -f 1; ");
+    const std::string script = ui::PathText(folder.put("a.vtn", NameScript));
+    const support::ToolRun run = support::RunProgram(
+        "/bin/sh",
+        {"-c", R"(ulimit -f 1; exec "$0" "$@")", VTM_THUMBNAIL, "--size", "1024", script, at("out.png")});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.errors, "vtm-thumbnail: Could not write \"" + at("out.png") + "\": File too large.\n");
     EXPECT_FALSE(folder.has("out.png"));

@@ -138,7 +138,7 @@ TEST_F(CopyNotes, AreDoneWithoutWhereThereIsNoPlaceForThem) {
 TEST_F(CopyNotes, TellWhereTheOldContentIsWheneverTheProgramDies) {
     int deaths = 0;
     int told = 0;
-    for (int number = 1;; ++number) {
+    for (int number = 1 + support::ChildrenBefore();; ++number) {
         SCOPED_TRACE(number);
         folder.put("a.vtn", OldText);
         const int end = support::InChild([&] {

@@ -5,10 +5,13 @@
 #include "support/TempProgramDirectory.h"
 #include "ui/Dialogs.h"
 
+#include <QAbstractButton>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 
 /// Working the toolkit's file dialog.
 namespace modal {
@@ -43,6 +46,23 @@ inline QStringList Listed(const QFileDialog& dialog) {
     }
     names.sort();
     return names;
+}
+
+/// The box over a file dialog.
+inline QMessageBox* BoxOver(const QFileDialog& dialog) {
+    return dialog.findChild<QMessageBox*>();
+}
+
+/// Answers the question that comes over a dialog.
+inline void AnswerBoxOver(QFileDialog& dialog, QMessageBox::StandardButton answer) {
+    auto* timer = new QTimer(&dialog);
+    QObject::connect(timer, &QTimer::timeout, &dialog, [&dialog, timer, answer] {
+        if (QMessageBox* box = BoxOver(dialog); box != nullptr && box->isVisible()) {
+            timer->deleteLater();
+            box->button(answer)->click();
+        }
+    });
+    timer->start(1);
 }
 
 } // namespace modal

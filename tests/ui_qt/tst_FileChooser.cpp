@@ -4,23 +4,23 @@
 #include "ModalDialogs.h"
 #include "support/TempProgramDirectory.h"
 #include "ui/qt/QtDialogs.h"
+#include "ui/qt/Text.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
-#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
 
+using modal::AnswerBoxOver;
 using modal::Listed;
 using modal::NameEdit;
 using modal::NameRequest;
@@ -41,7 +41,7 @@ TEST(FileDialog, OpensWithTheNameSelectedAndTheFilterAsGiven) {
         const auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         ASSERT_EQ(types->count(), 1);
         EXPECT_EQ(types->itemText(0), QStringLiteral("VTM Name Script (*.vtn;*.scr)"));
-        EXPECT_EQ(dialog.directory().absolutePath(), QString::fromStdString(folder.path().native()));
+        EXPECT_EQ(ui::qt::ToPath(dialog.directory().absolutePath()), folder.path());
         dialog.reject();
     });
     EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), std::nullopt);
@@ -158,25 +158,8 @@ TEST(FileDialog, ReturnsNamesThatAreNotAscii) {
         QTest::keyClick(NameEdit(dialog), Qt::Key_Return);
     });
     EXPECT_EQ(
-        QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "Gr\xC3\xBC\xC3\x9F"
-                                                                    "e % $.vtn");
-}
-
-/// The box over a file dialog.
-QMessageBox* BoxOver(const QFileDialog& dialog) {
-    return dialog.findChild<QMessageBox*>();
-}
-
-/// Answers the question that comes over a dialog.
-void AnswerBoxOver(QFileDialog& dialog, QMessageBox::StandardButton answer) {
-    auto* timer = new QTimer(&dialog);
-    QObject::connect(timer, &QTimer::timeout, &dialog, [&dialog, timer, answer] {
-        if (QMessageBox* box = BoxOver(dialog); box != nullptr && box->isVisible()) {
-            timer->deleteLater();
-            box->button(answer)->click();
-        }
-    });
-    timer->start(1);
+        QtDialogs().chooseFileToSave(NameRequest(folder)), folder / ui::PathFromText("Gr\xC3\xBC\xC3\x9F"
+                                                                                     "e % $.vtn"));
 }
 
 TEST(FileDialog, AsksBeforeAFileIsReplaced) {
@@ -200,42 +183,24 @@ TEST(FileDialog, AsksBeforeAFileIsReplaced) {
     }
 }
 
-TEST(FileDialog, ReturnsTheNameThatIsTypedWithDoubleQuotesInIt) {
+TEST(FileDialog, AddsAnExtensionThatIsNeededToAnyOther) {
     const TempFolder folder;
-    folder.put("y.vtn", "another file");
-    folder.put("there\"y.vtn", "");
-    for (const char* name : {"x\"y.vtn", "a\"y.vtn\"b.vtn", "\"y.vtn\""}) {
-        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QLatin1String(name)); });
-        auto request = NameRequest(folder);
-        request.extension.clear();
-        EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / name);
-    }
-    {
-        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("x\"y")); });
-        EXPECT_EQ(QtDialogs().chooseFileToSave(NameRequest(folder)), folder / "x\"y.vtn");
-    }
-    {
+    folder.put("there.png", "");
+    const ui::Path old = folder.put("there.png.vtn", "old");
+    auto request = NameRequest(folder);
+    request.needsExtension = true;
+    for (const auto& [typed, chosen] :
+         {std::pair("e.png", "e.png.vtn"), std::pair("e", "e.vtn"), std::pair("v1.2", "v1.2.vtn"),
+          std::pair("e.vtn", "e.vtn"), std::pair("e.VTN", "e.VTN")}) {
         WhenShown<QFileDialog> shown(
-            [&](QFileDialog& dialog) { TypeName(dialog, QStringLiteral("there\"y.vtn")); });
-        EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "there\"y.vtn");
+            [&, name = typed](QFileDialog& dialog) { TypeName(dialog, QLatin1String(name)); });
+        EXPECT_EQ(QtDialogs().chooseFileToSave(request), folder / chosen);
     }
-}
-
-TEST(FileDialog, AsksBeforeAFileWithDoubleQuotesInItsNameIsReplaced) {
-    const TempFolder folder;
-    const ui::Path old = folder.put("x\"y.vtn", "old");
-    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
-        WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
-            AnswerBoxOver(dialog, answer);
-            TypeName(dialog, QStringLiteral("x\"y.vtn"));
-            EXPECT_EQ(dialog.isVisible(), answer == QMessageBox::No);
-            if (answer == QMessageBox::No) {
-                dialog.reject();
-            }
-        });
-        const auto chosen = QtDialogs().chooseFileToSave(NameRequest(folder));
-        EXPECT_EQ(chosen, answer == QMessageBox::Yes ? std::optional(old) : std::nullopt);
-    }
+    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
+        AnswerBoxOver(dialog, QMessageBox::Yes);
+        TypeName(dialog, QStringLiteral("there.png"));
+    });
+    EXPECT_EQ(QtDialogs().chooseFileToSave(request), old) << "it is asked about";
 }
 
 TEST(FileDialog, StaysWhenAFileWithDoubleQuotesInItsNameIsMissing) {
@@ -248,34 +213,6 @@ TEST(FileDialog, StaysWhenAFileWithDoubleQuotesInItsNameIsMissing) {
         dialog.reject();
     });
     EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), std::nullopt);
-}
-
-TEST(FileDialog, GoesIntoAFolderWithDoubleQuotesInItsName) {
-    const TempFolder folder;
-    const ui::Path file = folder.put("in\"ner/z.vtn", "");
-    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
-        TypeName(dialog, QStringLiteral("in\"ner"));
-        EXPECT_EQ(dialog.directory(), QDir(QString::fromStdString(file.parent_path().native())));
-        TypeName(dialog, QStringLiteral("z.vtn"));
-    });
-    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), file);
-}
-
-TEST(FileDialog, ShowsANameWithDoubleQuotesAsOneFile) {
-    const TempFolder folder;
-    folder.put("x\"y.vtn", "");
-    folder.put("y.vtn", "another file");
-    WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
-        const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
-        auto* button = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog).size() == 2; }));
-        NameEdit(dialog)->selectAll();
-        QTest::keyClicks(NameEdit(dialog), QStringLiteral("x\"y.vtn"));
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return button->isEnabled() && !list->selectionModel()->hasSelection(); }));
-        QTest::mouseClick(button, Qt::LeftButton);
-    });
-    EXPECT_EQ(QtDialogs().chooseFileToOpen(NameRequest(folder)), folder / "x\"y.vtn");
 }
 
 TEST(FileDialog, AsksNothingWhereTheFileIsAlteredOnly) {
@@ -293,7 +230,7 @@ TEST(FileDialog, TellsWhatIsGoingToHappenToTheTypedFile) {
     folder.put("inner/a.vtn", "");
     auto request = NameRequest(folder);
     request.forecast = [&folder](const ui::Path& path) {
-        return std::filesystem::relative(path, folder.path()).native() + " will be made";
+        return std::filesystem::relative(path, folder.path()).generic_string() + " will be made";
     };
     request.advice = [](const ui::Path& path) {
         return path.extension() == ".scr" ? std::string("Better not") : std::string();

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "FileDialogs.h"
 #include "ModalDialogs.h"
+#include "support/Hide.h"
 #include "support/MemorySettings.h"
 #include "ui/qt/QtDialogs.h"
+#include "ui/qt/Text.h"
 
 #include <QCheckBox>
 #include <QListView>
@@ -33,7 +35,7 @@ ui::FileDialogRequest AnywhereRequest() {
 ui::Path StartOf(QtDialogs& dialogs, const ui::FileDialogRequest& request) {
     ui::Path folder;
     WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
-        folder = dialog.directory().absolutePath().toStdString();
+        folder = ui::qt::ToPath(dialog.directory().absolutePath());
         dialog.reject();
     });
     (void)dialogs.chooseFileToOpen(request);
@@ -42,7 +44,7 @@ ui::Path StartOf(QtDialogs& dialogs, const ui::FileDialogRequest& request) {
 
 void Choose(QtDialogs& dialogs, const ui::Path& file) {
     WhenShown<QFileDialog> shown(
-        [&](QFileDialog& dialog) { TypeName(dialog, QString::fromStdString(file.native())); });
+        [&](QFileDialog& dialog) { TypeName(dialog, QString::fromStdString(ui::PathText(file))); });
     EXPECT_EQ(dialogs.chooseFileToOpen(AnywhereRequest()), file);
 }
 
@@ -72,7 +74,7 @@ TEST(FileDialogFolders, OffersTheLastFoldersAtItsSide) {
         Choose(dialogs, second);
     }
     const auto url = [](const ui::Path& file) {
-        return QUrl::fromLocalFile(QString::fromStdString(file.parent_path().native()));
+        return QUrl::fromLocalFile(QString::fromStdString(ui::PathText(file.parent_path())));
     };
     WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.sidebarUrls(), before + QList<QUrl>({url(second), url(first)}));
@@ -98,6 +100,8 @@ TEST(FileDialogFolders, OffersFoldersByTheirNamesWhenItOpens) {
     const TempFolder folder;
     const ui::Path quake = folder.put(".quakespasm/id1/config.cfg", "").parent_path();
     const ui::Path quake2 = folder.put(".yq2/baseq2/config.cfg", "").parent_path();
+    support::Hide(folder / ".quakespasm");
+    support::Hide(folder / ".yq2");
     support::MemorySettings store;
     int asked = 0;
     QtDialogs dialogs(store, [&] {
@@ -112,7 +116,7 @@ TEST(FileDialogFolders, OffersFoldersByTheirNamesWhenItOpens) {
     const QStringList names{
         QStringLiteral("Yamagi Quake II"), QStringLiteral("QuakeSpasm"), QStringLiteral("other")};
     WhenShown<QFileDialog> shown([&](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder.path().native());
+        EXPECT_EQ(ui::qt::ToPath(dialog.directory().absolutePath()), folder.path());
         EXPECT_EQ(Places(dialog).mid(before.size()), names);
         EXPECT_TRUE(QTest::qWaitFor([&] { return Listed(dialog) == QStringList{QStringLiteral("other")}; }));
         const auto* bar = dialog.findChild<QListView*>(QStringLiteral("sidebar"));
@@ -129,6 +133,7 @@ TEST(FileDialogFolders, OffersFoldersByTheirNamesWhenItOpens) {
 TEST(FileDialogFolders, ShowsHiddenFoldersOnDemandAndGoesOnDoingSo) {
     const TempFolder folder;
     folder.put(".quakespasm/id1/a.vtn", "");
+    support::Hide(folder / ".quakespasm");
     folder.put("games/a.vtn", "");
     const QStringList all{QStringLiteral(".quakespasm"), QStringLiteral("games")};
     QtDialogs dialogs;
