@@ -42,6 +42,9 @@ endfunction()
 
 # vtm_forms(NAME SOURCES ... LINKS ...): a static library of windows and pages, built on Qt Widgets.
 function(vtm_forms name)
+    if(NOT VTM_QT)
+        return()
+    endif()
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
