@@ -4,13 +4,11 @@
 // mkicons FOLDER NAME=PICTURE.png...: writes the pixels of square pictures, each to the file NAME of the
 // folder: rows of 32-bit numbers as this machine stores them, 0xAARRGGBB with red, green and blue multiplied
 // by alpha.
-#include "glyphs/PngPicture.h"
+#include "makers/IconSource.h"
 #include "makers/SourceText.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -27,19 +25,7 @@ ui::Pixel Premultiplied(ui::Pixel pixel) {
 }
 
 std::string PixelsOf(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream) {
-        throw makers::SourceError{file + ": cannot be read"};
-    }
-    auto picture = glyphs::DecodePng(bytes);
-    if (!picture) {
-        throw makers::SourceError{file + ": " + picture.failure().message};
-    }
-    ui::Picture icon = std::move(picture).value();
-    if (icon.width() != icon.height()) {
-        throw makers::SourceError{file + ": is not square"};
-    }
+    const ui::Picture icon = makers::ReadIcon(file);
     std::string pixels;
     for (int y = 0; y < icon.height(); ++y) {
         for (int x = 0; x < icon.width(); ++x) {
