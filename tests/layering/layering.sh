@@ -34,7 +34,7 @@ status=0
 
     # The room of a header as it is included.
     function roomOfHeader(path) {
-        if (match(path, /^ui\/(qt|linux)\//)) return substr(path, 1, RLENGTH - 1)
+        if (match(path, /^ui\/(qt|linux|windows)\//)) return substr(path, 1, RLENGTH - 1)
         if (path ~ /^(charset|check|cli|makers|thumbnail)\//) path = "tools " path
         if (path !~ /\//) return ""
         path = substr(path, 1, index(path, "/") - 1)
@@ -64,6 +64,7 @@ status=0
         allowed["ui"] = " ui "
         allowed["ui/qt"] = " ui ui/qt "
         allowed["ui/linux"] = " ui ui/qt ui/linux "
+        allowed["ui/windows"] = " ui ui/qt ui/windows "
         allowed["glyphs"] = " glyphs ui "
         allowed["artwork"] = " artwork glyphs ui "
         allowed["games"] = " games glyphs ui "
@@ -92,11 +93,12 @@ status=0
         isSource = FILENAME ~ /^src\//
         name = FILENAME
         sub(/^.*\//, "", name)
-        onToolkit = (stemOf(FILENAME) in toolkit) || FILENAME ~ /\.ui$/ || room == "ui/qt"
+        onToolkit = (stemOf(FILENAME) in toolkit) || FILENAME ~ /\.ui$/ || room == "ui/qt" || (room == "ui/windows" && name ~ /^Qt/)
+        isOfSystem = room ~ /^ui\/(linux|windows)$/
         if (isSource && room != "" && !(room in allowed)) complain("no such room: " room)
         if (onToolkit && name ~ /^mdl/) complain("a module is built on the toolkit")
-        if (onToolkit && room ~ /^(glyphs|games|tools\/.*)$/) complain("the room " room " has no windows")
-        if (room == "ui" && onToolkit) complain("ui is toolkit-free; its implementations lie in ui/qt and ui/linux")
+        if (onToolkit && room ~ /^(glyphs|artwork|games|tools\/.*)$/) complain("the room " room " has no windows")
+        if (room == "ui" && onToolkit) complain("ui is toolkit-free; its implementations lie in the folders below")
     }
 
     /^[ \t]*#[ \t]*include/ || /<header[^>]*>/ {
@@ -107,9 +109,9 @@ status=0
             sub(/^[ \t]*#[ \t]*include[ \t]*["<]/, "", header)
             sub(/[">].*/, "", header)
         }
-        if (isAngled && room != "ui/linux" && isSystemHeader(header)) {
+        if (isAngled && !isOfSystem && isSystemHeader(header)) {
             exception = exceptionOf(FILENAME)
-            if (exception == "") complain("only ui/linux includes " header)
+            if (exception == "") complain("only ui/linux and ui/windows include " header)
             used[exception] = 1
             next
         }
@@ -128,6 +130,12 @@ status=0
         if (index(allowed[room], " " target " ") == 0) complain(room " may not include " header)
     }
 
+    # What differs from system to system has a file of its own on each, which the build chooses.
+    !isOfSystem &&
+        match($0, /_WIN(32|64)|__(MINGW|CYGWIN|APPLE)[A-Z0-9_]*|__(gnu_)?(linux|unix)__|Q_OS_[A-Z0-9]+/) {
+        complain("only ui/linux and ui/windows ask for the system: " substr($0, RSTART, RLENGTH))
+    }
+
     room == "" { next }
 
     room != "ui/qt" && !/^[ \t]*\/\// && match($0, /Q(MessageBox|FileDialog|ColorDialog|InputDialog|Clipboard|Settings|DesktopServices)/) {
@@ -136,14 +144,14 @@ status=0
     }
 
     # Elsewhere a path is more than bytes between slashes, and the system tells what it knows in other ways.
-    room != "ui/linux" && !/^[ \t]*\/\// && match($0, /(\.|->)native\(\)|rfind\(\047\/\047\)|"\/proc|getenv *\(|sigaction/) {
-        complain(substr($0, RSTART, RLENGTH) " outside ui/linux")
+    !isOfSystem && !/^[ \t]*\/\// && match($0, /(\.|->)native\(\)|rfind\(\047\/\047\)|"\/proc|getenv *\(|sigaction/) {
+        complain(substr($0, RSTART, RLENGTH) " outside ui/linux and ui/windows")
     }
 
     # A file that is written elsewhere may be cut off there; what the makers write is made again.
-    FILENAME !~ /^(src\/ui\/linux\/(DiskFiles|DiskLocks|PosixFile)\.cpp$|tools\/makers\/)/ && !/^[ \t]*\/\// &&
-        match($0, /ofstream|[^i]fstream|f(re)?open *\(|QSaveFile|QTemporaryFile|WriteOnly|ReadWrite|O_WRONLY|O_RDWR|O_CREAT|copy_file|filesystem::(rename|resize_file)|QFile::(copy|rename)/) {
-        complain("only ui/linux/DiskFiles writes files: " substr($0, RSTART, RLENGTH))
+    FILENAME !~ /^(src\/ui\/(linux|windows)\/(DiskFiles|DiskLocks|(Posix|Windows)File)\.cpp$|tools\/makers\/)/ && !/^[ \t]*\/\// &&
+        match($0, /ofstream|[^i]fstream|f(re)?open *\(|QSaveFile|QTemporaryFile|WriteOnly|ReadWrite|O_WRONLY|O_RDWR|O_CREAT|CreateFile|copy_file|filesystem::(rename|resize_file)|QFile::(copy|rename)/) {
+        complain("only DiskFiles writes files: " substr($0, RSTART, RLENGTH))
     }
 
     END {

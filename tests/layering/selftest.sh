@@ -14,7 +14,7 @@ failures=0
 # A small tree in order.
 plant() {
     rm -rf "$tree"/{src,tools,bench,tests}
-    mkdir -p "$tree/src"/{ui/qt,ui/linux,glyphs,artwork,games,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
+    mkdir -p "$tree/src"/{ui/qt,ui/linux,ui/windows,glyphs,artwork,games,editing,animation,scripts,shell} "$tree/tools"/{charset,cli,makers,thumbnail} \
         "$tree"/{bench,tests/faults}
     echo '#include <string>' >"$tree/src/ui/Result.h"
     printf '#include "ui/Result.h"\n#include <QMessageBox>\n' >"$tree/src/ui/qt/QtDialogs.cpp"
@@ -30,6 +30,8 @@ plant() {
     printf '#include "ui/Result.h"\n#include <unistd.h>\n' >"$tree/src/ui/linux/DiskFiles.cpp"
     printf '#include "ui/qt/QtDialogs.h"\n#include <QProcess>\n#include <X11/Xlib.h>\n' \
         >"$tree/src/ui/linux/X11Keyboard.cpp"
+    printf '#include "ui/Result.h"\n#include <windows.h>\n' >"$tree/src/ui/windows/DiskFiles.cpp"
+    printf '#include "ui/qt/QtDialogs.h"\n#include <QKeyEvent>\n' >"$tree/src/ui/windows/QtKeys.cpp"
     printf '#include <png.h>\n#include "ui/Result.h"\n' >"$tree/tools/cli/PngPicture.h"
     printf '#include "cli/PngPicture.h"\n#include "scripts/mdlName.h"\n' >"$tree/tools/thumbnail/Command.cpp"
     printf '#include "cli/PngPicture.h"\n#include "artwork/Artwork.h"\n' >"$tree/tools/charset/Command.cpp"
@@ -67,6 +69,12 @@ accepts "a tree in order"
 plant && echo '#include "editing/mdlCommon.h"' >>"$tree/src/glyphs/mdlPaint.h"
 refuses "an include upwards" "glyphs/mdlPaint.h:2: glyphs may not include editing/mdlCommon.h"
 
+plant && echo '#ifdef _WIN32' >>"$tree/src/shell/frmVTM.cpp"
+refuses "a question for the system" "shell/frmVTM.cpp:4: only ui/linux and ui/windows ask for the system: _WIN32"
+
+plant && echo '#ifndef __linux__' >>"$tree/tests/faults/Injection.cpp"
+refuses "a test that asks for the system" "Injection.cpp:3: only ui/linux and ui/windows ask for the system: __linux__"
+
 plant && echo '#include "scripts/mdlName.h"' >>"$tree/src/animation/frmAniWiz.cpp"
 refuses "animation including scripts" "animation/frmAniWiz.cpp:4: animation may not include scripts/mdlName.h"
 
@@ -101,25 +109,25 @@ plant && echo '#include "ui/qt/PictureWidget.h"' >>"$tree/src/scripts/mdlName.h"
 refuses "a module including ui/qt" "scripts/mdlName.h:3: a toolkit-free file includes ui/qt/PictureWidget.h"
 
 plant && echo '#include <X11/Xlib.h>' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the window system outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes X11/Xlib.h"
+refuses "the window system outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux and ui/windows include X11/Xlib.h"
 
 plant && echo '#include <unistd.h>' >>"$tree/src/scripts/mdlName.h"
-refuses "a POSIX header outside ui/linux" "scripts/mdlName.h:3: only ui/linux includes unistd.h"
+refuses "a POSIX header outside ui/linux" "scripts/mdlName.h:3: only ui/linux and ui/windows include unistd.h"
 
 plant && echo '#include <sys/stat.h>' >>"$tree/src/ui/qt/QtDialogs.cpp"
-refuses "a POSIX header of a folder in ui/qt" "ui/qt/QtDialogs.cpp:3: only ui/linux includes sys/stat.h"
+refuses "a POSIX header of a folder in ui/qt" "ui/qt/QtDialogs.cpp:3: only ui/linux and ui/windows include sys/stat.h"
 
 plant && echo '#include <csignal>' >>"$tree/src/shell/frmVTM.cpp"
-refuses "signals outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux includes csignal"
+refuses "signals outside ui/linux" "shell/frmVTM.cpp:4: only ui/linux and ui/windows include csignal"
 
 plant && echo '#include <X11/Xlib.h>' >>"$tree/tools/makers/mkicons.cpp"
-refuses "the window system in a maker" "tools/makers/mkicons.cpp:3: only ui/linux includes X11/Xlib.h"
+refuses "the window system in a maker" "tools/makers/mkicons.cpp:3: only ui/linux and ui/windows include X11/Xlib.h"
 
 plant && echo '#include <wayland-client.h>' >>"$tree/bench/bench_painting.cpp"
-refuses "another window system in a benchmark" "bench_painting.cpp:3: only ui/linux includes wayland-client.h"
+refuses "another window system in a benchmark" "bench_painting.cpp:3: only ui/linux and ui/windows include wayland-client.h"
 
 plant && echo '#include <unistd.h>' >"$tree/tests/Some.cpp"
-refuses "a POSIX header in a test" "tests/Some.cpp:1: only ui/linux includes unistd.h"
+refuses "a POSIX header in a test" "tests/Some.cpp:1: only ui/linux and ui/windows include unistd.h"
 
 plant && echo 'tests/faults/' >"$tree/exceptions"
 refuses "an exception without a reason" "tests/faults/: an exception without a reason"
@@ -133,23 +141,32 @@ refuses "ui/qt including ui/linux" "ui/qt/QtDialogs.cpp:3: ui/qt may not include
 plant && echo '#include "ui/linux/X11Keyboard.h"' >>"$tree/src/shell/frmVTM.cpp"
 refuses "shell including ui/linux" "shell/frmVTM.cpp:4: shell may not include ui/linux/X11Keyboard.h"
 
+plant && echo '#include "ui/windows/DiskFiles.h"' >>"$tree/src/ui/linux/DiskFiles.cpp"
+refuses "a system including another" "ui/linux/DiskFiles.cpp:3: ui/linux may not include ui/windows/DiskFiles.h"
+
+plant && echo '#include <QString>' >>"$tree/src/ui/windows/DiskFiles.cpp"
+refuses "the toolkit in the toolkit-free part of ui/windows" "ui/windows/DiskFiles.cpp:3: a toolkit-free file includes QString"
+
+plant && echo 'CreateFileW(name)' >>"$tree/src/ui/windows/QtKeys.cpp"
+refuses "a file opened past the writer on Windows" "ui/windows/QtKeys.cpp:3: only DiskFiles writes files: CreateFile"
+
 plant && echo '#include <QString>' >>"$tree/src/ui/linux/DiskFiles.cpp"
 refuses "the toolkit in the toolkit-free part of ui/linux" "ui/linux/DiskFiles.cpp:3: a toolkit-free file includes QString"
 
 plant && echo 'const auto& text = path.native();' >>"$tree/src/scripts/mdlName.h"
-refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:3: .native() outside ui/linux"
+refuses "a path taken for the text that it is on Linux" "scripts/mdlName.h:3: .native() outside ui/linux and ui/windows"
 
 plant && echo 'const auto& text = chosen->native();' >>"$tree/src/scripts/mdlName.h"
-refuses "the same through a pointer" "scripts/mdlName.h:3: ->native() outside ui/linux"
+refuses "the same through a pointer" "scripts/mdlName.h:3: ->native() outside ui/linux and ui/windows"
 
 plant && echo "    const auto slash = path.rfind('/');" >>"$tree/src/scripts/mdlName.h"
-refuses "a path taken apart by hand" "scripts/mdlName.h:3: rfind('/') outside ui/linux"
+refuses "a path taken apart by hand" "scripts/mdlName.h:3: rfind('/') outside ui/linux and ui/windows"
 
 plant && echo '    std::ifstream file("/proc/self/status");' >>"$tree/src/shell/frmVTM.cpp"
-refuses "what only Linux has in its files" 'shell/frmVTM.cpp:4: "/proc outside ui/linux'
+refuses "what only Linux has in its files" 'shell/frmVTM.cpp:4: "/proc outside ui/linux and ui/windows'
 
 plant && echo '    const char* home = std::getenv("HOME");' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the environment outside ui/linux" "shell/frmVTM.cpp:4: getenv( outside ui/linux"
+refuses "the environment outside ui/linux" "shell/frmVTM.cpp:4: getenv( outside ui/linux and ui/windows"
 
 plant && echo '#include "scripts/mdlName.h"' >>"$tree/tools/charset/Command.cpp"
 refuses "a shipped command including too much" "charset/Command.cpp:3: tools/charset may not include scripts/mdlName.h"
@@ -170,7 +187,7 @@ plant && echo '#include <QString>' >>"$tree/tools/charset/Command.cpp"
 refuses "a shipped command on the toolkit" "charset/Command.cpp:3: a toolkit-free file includes QString"
 
 plant && echo '    std::ofstream stream(path);' >>"$tree/tools/thumbnail/Command.cpp"
-refuses "a shipped command that writes past the writer" "thumbnail/Command.cpp:3: only ui/linux/DiskFiles writes files: ofstream"
+refuses "a shipped command that writes past the writer" "thumbnail/Command.cpp:3: only DiskFiles writes files: ofstream"
 
 plant && echo '    QMessageBox::information(this, title, text);' >>"$tree/src/shell/frmVTM.cpp"
 refuses "a message box outside ui/qt" "shell/frmVTM.cpp:4: QMessageBox outside ui/qt"
@@ -179,16 +196,16 @@ plant && echo 'class QSettings;' >>"$tree/src/animation/frmAniWiz.cpp"
 refuses "settings outside ui/qt" "animation/frmAniWiz.cpp:4: QSettings outside ui/qt"
 
 plant && echo '    std::ofstream stream(path);' >>"$tree/src/scripts/mdlName.h"
-refuses "a file that is written past the writer" "scripts/mdlName.h:3: only ui/linux/DiskFiles writes files: ofstream"
+refuses "a file that is written past the writer" "scripts/mdlName.h:3: only DiskFiles writes files: ofstream"
 
 plant && echo '    if (file.open(QIODevice::WriteOnly)) {' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: WriteOnly"
+refuses "the toolkit writing a file" "shell/frmVTM.cpp:4: only DiskFiles writes files: WriteOnly"
 
 plant && echo '    std::FILE* file = std::fopen (name, "w");' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the C library writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: fopen ("
+refuses "the C library writing a file" "shell/frmVTM.cpp:4: only DiskFiles writes files: fopen ("
 
 plant && echo '    return ::open(path, O_RDWR | O_CLOEXEC);' >>"$tree/src/shell/frmVTM.cpp"
-refuses "the system writing a file" "shell/frmVTM.cpp:4: only ui/linux/DiskFiles writes files: O_RDWR"
+refuses "the system writing a file" "shell/frmVTM.cpp:4: only DiskFiles writes files: O_RDWR"
 
 plant && echo '#include "../glyphs/mdlPaint.h"' >>"$tree/src/editing/mdlCommon.h"
 refuses "a path that climbs" "editing/mdlCommon.h:2: a path that climbs: ../glyphs/mdlPaint.h"
