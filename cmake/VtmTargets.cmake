@@ -12,12 +12,22 @@ endif()
 if(VTM_WERROR)
     target_compile_options(vtm_options INTERFACE -Werror)
 endif()
+if(WIN32)
+    # The system's functions in their form for Unicode, those of Windows 10, and printf as the language has it.
+    target_compile_definitions(
+        vtm_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00 __USE_MINGW_ANSI_STDIO=1)
+endif()
 if(NOT VTM_SANITIZE)
-    # The programs read files that anybody may have made: what people get is hardened as Debian's own programs are.
+    # The programs read files that anybody may have made: what people get is hardened as Debian's own programs are. For
+    # Windows the linker itself asks for addresses by chance and for data that never runs.
     set(shipped "$<CONFIG:Release,RelWithDebInfo>")
     target_compile_options(
         vtm_options INTERFACE "$<${shipped}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fstack-protector-strong>")
-    target_link_options(vtm_options INTERFACE "$<${shipped}:-Wl,-z,relro;-Wl,-z,now>")
+    if(WIN32)
+        target_link_options(vtm_options INTERFACE "$<${shipped}:-fstack-protector-strong>")
+    else()
+        target_link_options(vtm_options INTERFACE "$<${shipped}:-Wl,-z,relro;-Wl,-z,now>")
+    endif()
 endif()
 if(VTM_SANITIZE)
     target_compile_options(
@@ -40,7 +50,7 @@ function(vtm_module name)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE vtm_options)
 endfunction()
 
-# vtm_forms(NAME SOURCES ... LINKS ...): a static library of windows and pages, built on Qt Widgets.
+# vtm_forms(NAME SOURCES ... LINKS ...): a static library of windows and pages, built on Qt Widgets; none without VTM_QT.
 function(vtm_forms name)
     if(NOT VTM_QT)
         return()
