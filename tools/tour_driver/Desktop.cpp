@@ -14,12 +14,12 @@
 
 namespace tour {
 
-std::unique_ptr<Desktop> Desktop::open() {
+std::unique_ptr<Desktop> Desktop::open(const std::string& classOnX) {
     if (std::getenv("WAYLAND_DISPLAY") != nullptr) {
         auto desktop = std::make_unique<WaylandDesktop>();
         return desktop->connected() ? std::move(desktop) : nullptr;
     }
-    auto desktop = std::make_unique<X11Desktop>();
+    auto desktop = std::make_unique<X11Desktop>(classOnX);
     return desktop->connected() ? std::move(desktop) : nullptr;
 }
 
@@ -55,7 +55,7 @@ void Desktop::click(int x, int y, unsigned button) {
 }
 
 ui::Picture Desktop::clipboardPicture() {
-    const std::string file = clipboardPng().value_or("");
+    const std::string file = clipboardImage().value_or("");
     return pictureOf(
         QImage::fromData(reinterpret_cast<const uchar*>(file.data()), static_cast<int>(file.size())));
 }

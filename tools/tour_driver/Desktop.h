@@ -26,8 +26,8 @@ struct WindowFacts {
 class Desktop {
 public:
     /// The display that WAYLAND_DISPLAY names or, without that, DISPLAY; null if there is none that lets
-    /// itself be driven.
-    [[nodiscard]] static std::unique_ptr<Desktop> open();
+    /// itself be driven. `classOnX`: the class name of the program's windows on an X display.
+    [[nodiscard]] static std::unique_ptr<Desktop> open(const std::string& classOnX);
 
     Desktop() = default;
     Desktop(const Desktop&) = delete;
@@ -86,8 +86,8 @@ protected:
     virtual void sendKey(unsigned code, bool isDown) = 0;
     virtual void sendButton(unsigned button, bool isDown) = 0;
 
-    /// What the clipboard holds as PNG file; nothing if it has no picture.
-    [[nodiscard]] virtual std::optional<std::string> clipboardPng() = 0;
+    /// The picture on the clipboard as a file; nothing if there is none.
+    [[nodiscard]] virtual std::optional<std::string> clipboardImage() = 0;
 
     [[nodiscard]] static ui::Picture pictureOf(const QImage& image);
 };

@@ -118,6 +118,11 @@ void PlayName(Tour& tour) {
     tour.expectRowAt(name, finishedName() + blanks(2));
     tour.stop("name-framed");
 
+    tour.menu("vf");
+    desktop.type("bracket");
+    tour.stop("glyph-found");
+    desktop.press(XK_Escape);
+
     tour.menu("fsn");
     tour.stop("save-menu");
     desktop.type("s");
@@ -316,8 +321,9 @@ void PlayOptions(Tour& tour) {
     tour.menu("tc");
     tour.expectWindow("Options");
     goThroughTabs({"options-other", "options-colors", "options-prompts"});
-    // The second character set; the tab comes first, then its list.
+    // The tab comes first, then its list. There the second character set is chosen.
     desktop.press(XK_Tab);
+    PlayAddedSet(tour);
     desktop.press(XK_Down);
     goThroughTabs({"options-conversion", "options-cursors"});
     // Down to the A, in the list of keys.
@@ -325,6 +331,12 @@ void PlayOptions(Tour& tour) {
         desktop.press(XK_Down);
     }
     tour.portrait("options-keys");
+    // Past what sets one key, to the button of the drawn keyboard.
+    for (int step = 0; step < 5; ++step) {
+        desktop.press(XK_Tab);
+    }
+    desktop.press(XK_space);
+    tour.portrait("options-keyboard");
     desktop.press(XK_Return);
     tour.expectMain(MessagesTitle);
     tour.useCharSet(1);
@@ -364,6 +376,13 @@ void PlaySecondStart(Tour& tour) {
     tour.expectMain(NameTitle);
     tour.expectRow(finishedName().substr(2));
     tour.stop("second-start");
+
+    tour.menu("vz");
+    tour.desktop().type("2");
+    tour.settle();
+    const auto enlarged = tour.expectEnlargedRow(finishedName().substr(2));
+    tour.expect(enlarged.first.cellSide() == 2 * tour.reader().cellSide(), "the name is not twice as large");
+    tour.stop("name-enlarged");
     tour.menu("fx");
     tour.expect(tour.waitForExit() == 0, "the program ended with a failure");
 }

@@ -16,6 +16,7 @@ void PlayMessages(Tour& tour);
 void PlayOnScreenKeyboard(Tour& tour);
 void PlayPicker(Tour& tour);
 void PlayOptions(Tour& tour);
+void PlayAddedSet(Tour& tour); ///< within the options, on their list of character sets
 void PlayHelp(Tour& tour);
 void PlayExit(Tour& tour);
 void PlaySecondStart(Tour& tour);

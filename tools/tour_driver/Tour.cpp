@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "tour_driver/Tour.h"
 
+#include "glyphs/PngPicture.h"
 #include "glyphs/mdlData.h"
+#include "ui/FileWriter.h"
 
 #include <QImage>
 #include <QString>
@@ -63,17 +65,27 @@ Tour::~Tour() {
     }
 }
 
-void Tour::useCharSet(int number) {
+ui::Picture Tour::artworkOf(int number) const {
     ui::DiskFiles files;
     const auto record = glyphs::ReadCharSetRecord(files, m_directory, number + 1);
     if (!record) {
         throw TourFailure(record.failure().message);
     }
-    const auto artwork = glyphs::LoadArtwork(files, m_directory, record.value().artworkSlot);
+    auto artwork = glyphs::LoadArtwork(files, m_directory, record.value().artworkSlot);
     if (!artwork) {
         throw TourFailure(artwork.failure().message);
     }
-    m_cells = glyphs::BuildAtlas(artwork.value(), ui::OpaqueBlack).cells;
+    return std::move(artwork).value();
+}
+
+void Tour::putCharSet(int number, const std::string& name) {
+    const auto png = glyphs::EncodePng(artworkOf(number));
+    ui::DiskFiles files;
+    expect(png && ui::WriteFile(files, folder() / name, png.value()), name + " cannot be written");
+}
+
+void Tour::useCharSet(int number) {
+    m_cells = glyphs::BuildAtlas(artworkOf(number), ui::OpaqueBlack).cells;
     m_reader.emplace(m_cells, 2 * m_options.scale);
 }
 

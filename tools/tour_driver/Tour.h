@@ -110,7 +110,11 @@ public:
     /// on.
     void useCharSet(int number);
 
+    /// Puts the artwork of a character set (0-based) into the tour's folder, as a picture.
+    void putCharSet(int number, const std::string& name);
+
 private:
+    [[nodiscard]] ui::Picture artworkOf(int number) const;
     void findGrid();
     void save(const std::string& name, const ui::Rect& area);
     [[nodiscard]] ui::Rect outsideGrid(const ui::Picture& screen) const;

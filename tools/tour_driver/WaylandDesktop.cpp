@@ -112,7 +112,7 @@ std::optional<std::string> WaylandDesktop::clipboardText() {
     return text ? std::optional(QString::fromUtf8(*text).toLatin1().toStdString()) : std::nullopt;
 }
 
-std::optional<std::string> WaylandDesktop::clipboardPng() {
+std::optional<std::string> WaylandDesktop::clipboardImage() {
     const auto file = clipboard("image/png");
     return file ? std::optional(file->toStdString()) : std::nullopt;
 }

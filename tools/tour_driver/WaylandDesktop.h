@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] Key keyOf(unsigned long symbol) const override;
     void sendKey(unsigned code, bool isDown) override;
     void sendButton(unsigned button, bool isDown) override;
-    [[nodiscard]] std::optional<std::string> clipboardPng() override;
+    [[nodiscard]] std::optional<std::string> clipboardImage() override;
 
 private:
     VirtualInput m_input;

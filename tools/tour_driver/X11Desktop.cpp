@@ -11,12 +11,19 @@
 #include <algorithm>
 #include <chrono>
 #include <poll.h>
+#include <thread>
 #include <utility>
 #include <vector>
 
 namespace tour {
 
 namespace {
+
+using WaitClock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds ButtonPatience{5000};
+constexpr milliseconds ButtonGlance{1};
 
 /// A window may go away between two requests: that is no error here.
 int ignoreError(Display* /*display*/, XErrorEvent* /*error*/) {
@@ -77,6 +84,16 @@ struct X11Desktop::Connection {
         std::string names = property(window, XA_WM_CLASS);
         names.erase(0, names.find('\0') + 1);
         return names.substr(0, names.find('\0'));
+    }
+
+    /// Whether the display has seen this button go down and not yet up.
+    [[nodiscard]] bool isHeld(unsigned button) const {
+        Window tree = None;
+        Window child = None;
+        int ignored = 0;
+        unsigned held = 0;
+        XQueryPointer(display, root, &tree, &child, &ignored, &ignored, &ignored, &ignored, &held);
+        return (held & (static_cast<unsigned>(Button1Mask) << (button - Button1))) != 0;
     }
 
     /// The part of the screen that a window and its frame take.
@@ -141,8 +158,9 @@ struct X11Desktop::Connection {
     [[nodiscard]] std::optional<std::string> clipboard(Atom type) const;
 };
 
-X11Desktop::X11Desktop()
-    : m_connection(std::make_unique<Connection>()) {}
+X11Desktop::X11Desktop(std::string classOfProgram)
+    : m_connection(std::make_unique<Connection>())
+    , m_class(std::move(classOfProgram)) {}
 
 X11Desktop::~X11Desktop() = default;
 
@@ -170,7 +188,11 @@ void X11Desktop::sendKey(unsigned code, bool isDown) {
 
 void X11Desktop::sendButton(unsigned button, bool isDown) {
     XTestFakeButtonEvent(m_connection->display, button, isDown ? True : False, CurrentTime);
-    XFlush(m_connection->display);
+    // The window manager sees a press first and may lose what follows before it has passed the press on.
+    const auto deadline = WaitClock::now() + ButtonPatience;
+    while (m_connection->isHeld(button) != isDown && WaitClock::now() < deadline) {
+        std::this_thread::sleep_for(ButtonGlance);
+    }
 }
 
 void X11Desktop::moveTo(int x, int y) {
@@ -250,12 +272,11 @@ std::optional<bool> X11Desktop::isMenuOpen() const {
 }
 
 std::optional<std::string> X11Desktop::Connection::clipboard(Atom type) const {
-    using Clock = std::chrono::steady_clock;
     const Atom target = atom("TOUR_CLIPBOARD");
     XConvertSelection(display, atom("CLIPBOARD"), type, target, own, CurrentTime);
     XFlush(display);
-    const auto deadline = Clock::now() + std::chrono::seconds(5);
-    while (Clock::now() < deadline) {
+    const auto deadline = WaitClock::now() + std::chrono::seconds(5);
+    while (WaitClock::now() < deadline) {
         XEvent event;
         if (XCheckTypedWindowEvent(display, own, SelectionNotify, &event) != 0) {
             if (event.xselection.property == None) {
@@ -273,8 +294,14 @@ std::optional<std::string> X11Desktop::clipboardText() {
     return m_connection->clipboard(XA_STRING);
 }
 
-std::optional<std::string> X11Desktop::clipboardPng() {
-    return m_connection->clipboard(m_connection->atom("image/png"));
+std::optional<std::string> X11Desktop::clipboardImage() {
+    // Wine offers pictures in the form of Windows alone.
+    for (const char* const type : {"image/png", "image/bmp"}) {
+        if (auto image = m_connection->clipboard(m_connection->atom(type))) {
+            return image;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace tour

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
 //
-// tour_driver PROGRAM FOLDER [SCALE]
+// tour_driver PROGRAM FOLDER [SCALE [CLASS]]
 //
 // Plays the tour on the display that WAYLAND_DISPLAY or DISPLAY names: drives the program with keys and
 // mouse, takes pictures, and compares what it writes with what was typed. The exit status is 1 if anything is
-// not as it should be.
+// not as it should be. CLASS is the class name of the program's windows on an X display, unless it is the
+// usual one.
 #include "tour_driver/Scenes.h"
 
 #include <array>
@@ -15,8 +16,8 @@
 #include <utility>
 
 int main(int argc, char** argv) {
-    if (argc != 3 && argc != 4) {
-        std::fprintf(stderr, "usage: tour_driver PROGRAM FOLDER [SCALE]\n");
+    if (argc < 3 || argc > 5) {
+        std::fprintf(stderr, "usage: tour_driver PROGRAM FOLDER [SCALE [CLASS]]\n");
         return 2;
     }
     constexpr std::array<std::pair<const char*, void (*)(tour::Tour&)>, 12> Scenes{{
@@ -33,14 +34,14 @@ int main(int argc, char** argv) {
         {"exit", tour::PlayExit},
         {"second start", tour::PlaySecondStart},
     }};
-    const std::unique_ptr<tour::Desktop> desktop = tour::Desktop::open();
+    const std::unique_ptr<tour::Desktop> desktop = tour::Desktop::open(argc > 4 ? argv[4] : "VTM");
     if (!desktop) {
         std::fprintf(stderr, "tour_driver: no display that can be driven\n");
         return 2;
     }
     const char* playing = "";
     try {
-        tour::Tour tour({argv[1], argv[2], argc == 4 ? std::atoi(argv[3]) : 1}, *desktop);
+        tour::Tour tour({argv[1], argv[2], argc > 3 ? std::atoi(argv[3]) : 1}, *desktop);
         try {
             for (const auto& [name, play] : Scenes) {
                 playing = name;
