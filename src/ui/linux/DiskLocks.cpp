@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "ui/TryFor.h"
 #include "ui/linux/PosixFile.h"
 
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <thread>
 
 namespace ui {
 
@@ -24,30 +24,24 @@ private:
     Descriptor m_descriptor;
 };
 
-// Locks are held for moments only: a holder that needs more than two seconds hangs.
-constexpr int PatientAttempts = 400;
 constexpr std::chrono::milliseconds Pause(5);
 
 /// Locks an open file or folder; while another program holds the lock, tries again.
-Status WaitForLock(int number, const Path& path, const char* busy, int attempts) {
-    for (int attempt = 1; ::flock(number, LOCK_EX | LOCK_NB) != 0; ++attempt) {
-        const bool hasLocks =
-            errno != ENOLCK && errno != ENOTSUP && errno != ENOSYS && errno != EINVAL && errno != EBADF;
-        if (!hasLocks) {
-            return {};
-        }
-        if (errno != EWOULDBLOCK && errno != EINTR) {
-            return FileFailure("Could not lock", path, errno);
-        }
-        if (attempt == attempts) {
-            return Failure{"Could not lock \"" + PathText(path) + "\": " + busy + "."};
-        }
-        std::this_thread::sleep_for(Pause);
+Status WaitForLock(int number, const Path& path, const char* busy, std::chrono::milliseconds patience) {
+    int error = 0;
+    const bool isSettled = TryFor(patience, Pause, [&] {
+        error = ::flock(number, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+        return error != EWOULDBLOCK && error != EINTR;
+    });
+    if (!isSettled) {
+        return Failure{"Could not lock \"" + PathText(path) + "\": " + busy + "."};
     }
-    return {};
+    const bool hasLocks =
+        error != ENOLCK && error != ENOTSUP && error != ENOSYS && error != EINVAL && error != EBADF;
+    return error == 0 || !hasLocks ? Status() : FileFailure("Could not lock", path, error);
 }
 
-Result<std::unique_ptr<FileLock>> LockFile(const Path& path, int attempts) {
+Result<std::unique_ptr<FileLock>> LockFile(const Path& path, std::chrono::milliseconds patience) {
     for (;;) {
         constexpr int Common = O_CLOEXEC | O_NONBLOCK;
         int number = ::open(path.c_str(), O_RDWR | Common);
@@ -61,7 +55,7 @@ Result<std::unique_ptr<FileLock>> LockFile(const Path& path, int attempts) {
         if (number < 0 || ::fstat(number, &opened) != 0) {
             return FileFailure("Could not lock", path, errno);
         }
-        if (auto locked = WaitForLock(number, path, "another program is writing it", attempts); !locked) {
+        if (auto locked = WaitForLock(number, path, "another program is writing it", patience); !locked) {
             return locked.failure();
         }
 
@@ -85,7 +79,7 @@ Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
         return FileFailure("Could not lock", folder, errno);
     }
     if (auto locked =
-            WaitForLock(descriptor.number(), folder, "another program is writing in it", PatientAttempts);
+            WaitForLock(descriptor.number(), folder, "another program is writing in it", LockPatience);
         !locked) {
         return locked.failure();
     }
@@ -93,11 +87,11 @@ Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
 }
 
 Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
-    return LockFile(path, PatientAttempts);
+    return LockFile(path, LockPatience);
 }
 
 Result<std::unique_ptr<FileLock>> DiskFiles::tryLockFile(const Path& path) {
-    return LockFile(path, 1);
+    return LockFile(path, {});
 }
 
 } // namespace ui

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/windows/ClipboardText.h"
 
+#include "ui/TryFor.h"
+
 #include <algorithm>
 #include <chrono>
 #include <string>
-#include <thread>
 #include <windows.h>
 
 namespace ui::native {
@@ -35,14 +36,9 @@ public:
 
     /// Programs have the clipboard open for moments.
     bool open() {
-        constexpr int Attempts = 20;
+        constexpr std::chrono::milliseconds Patience(200);
         constexpr std::chrono::milliseconds Pause(10);
-        for (int attempt = 0; !m_isOpen && attempt < Attempts; ++attempt) {
-            if (attempt > 0) {
-                std::this_thread::sleep_for(Pause);
-            }
-            m_isOpen = ::OpenClipboard(m_window) != FALSE;
-        }
+        m_isOpen = m_isOpen || TryFor(Patience, Pause, [&] { return ::OpenClipboard(m_window) != FALSE; });
         return m_isOpen;
     }
 

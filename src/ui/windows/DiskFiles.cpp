@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "ui/TryFor.h"
 #include "ui/windows/FileSecurity.h"
 #include "ui/windows/WideText.h"
 #include "ui/windows/WindowsFile.h"
@@ -8,7 +9,6 @@
 #include <chrono>
 #include <optional>
 #include <random>
-#include <thread>
 #include <winioctl.h>
 
 namespace ui {
@@ -91,19 +91,15 @@ Handle CreateNewFile(const Path& path, SECURITY_ATTRIBUTES* attributes) {
 /// Renames a file. What looks into new files, as virus scanners do, has them open for a moment: the file that
 /// is moved is shared with nobody then, and the one to be replaced denies access.
 DWORD Move(const Path& from, const Path& to, DWORD flags) {
-    constexpr int Attempts = 10;
+    constexpr std::chrono::milliseconds Patience(200);
     constexpr std::chrono::milliseconds Pause(20);
-    for (int attempt = 1;; ++attempt) {
-        if (::MoveFileExW(SystemPath(from).c_str(), SystemPath(to).c_str(), flags) != FALSE) {
-            return ERROR_SUCCESS;
-        }
-        const DWORD error = ::GetLastError();
-        const bool mayPass = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-        if (!mayPass || attempt == Attempts) {
-            return error;
-        }
-        std::this_thread::sleep_for(Pause);
-    }
+    DWORD error = ERROR_SUCCESS;
+    TryFor(Patience, Pause, [&] {
+        const bool hasMoved = ::MoveFileExW(SystemPath(from).c_str(), SystemPath(to).c_str(), flags) != FALSE;
+        error = hasMoved ? ERROR_SUCCESS : ::GetLastError();
+        return error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED;
+    });
+    return error;
 }
 
 /// Makes a folder and those above it, unless they are there.

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Vortigo developers
 // SPDX-License-Identifier: MIT
+#include "ui/TryFor.h"
 #include "ui/windows/WindowsFile.h"
 
 #include <array>
 #include <chrono>
 #include <cwchar>
-#include <thread>
 
 namespace ui {
 
@@ -26,9 +26,7 @@ private:
     Handle m_object;
 };
 
-// Locks are held for moments only: a holder that needs more than two seconds hangs.
-constexpr std::chrono::milliseconds Patience(2000);
-constexpr std::chrono::milliseconds Pause(5); // at least: the system's clock may make it three times as long
+constexpr std::chrono::milliseconds Pause(5);
 
 /// The object of that name if nobody else has it. Another user's may not even be looked at.
 Handle TakeName(const wchar_t* name) {
@@ -45,16 +43,14 @@ std::unique_ptr<FileLock> WaitForLock(const FileIdentity& identity, std::chrono:
     std::swprintf(
         name.data(), name.size(), L"Global\\vtm-lock-%08lx-%016llx",
         static_cast<unsigned long>(identity.volume), static_cast<unsigned long long>(identity.number));
-    const auto end = std::chrono::steady_clock::now() + patience;
-    for (;;) {
+    std::unique_ptr<FileLock> lock;
+    TryFor(patience, Pause, [&] {
         if (Handle object = TakeName(name.data())) {
-            return std::make_unique<NamedLock>(std::move(object));
+            lock = std::make_unique<NamedLock>(std::move(object));
         }
-        if (std::chrono::steady_clock::now() >= end) {
-            return {};
-        }
-        std::this_thread::sleep_for(Pause);
-    }
+        return lock != nullptr;
+    });
+    return lock;
 }
 
 Failure BusyFailure(const Path& path, const char* busy) {
@@ -89,14 +85,14 @@ Result<std::unique_ptr<FileLock>> DiskFiles::lockFolder(const Path& folder) {
     if (!identity) {
         return FileFailure("Could not lock", folder, ::GetLastError());
     }
-    auto lock = WaitForLock(*identity, Patience);
+    auto lock = WaitForLock(*identity, LockPatience);
     return lock != nullptr
                ? Result<std::unique_ptr<FileLock>>(std::move(lock))
                : Result<std::unique_ptr<FileLock>>(BusyFailure(folder, "another program is writing in it"));
 }
 
 Result<std::unique_ptr<FileLock>> DiskFiles::lockFile(const Path& path) {
-    return LockFile(path, Patience);
+    return LockFile(path, LockPatience);
 }
 
 Result<std::unique_ptr<FileLock>> DiskFiles::tryLockFile(const Path& path) {
