@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QtTest>
 #include <gtest/gtest.h>
 #include <vector>
@@ -84,6 +85,20 @@ TEST_F(Keyboard, TellsOfTheKeyThatOpensMenusElsewhere) {
     ::keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
     Strike(VK_F10);
     EXPECT_EQ(heard(), (std::vector{KeyStroke{.virtualKey = VK_F10}}));
+}
+
+TEST_F(Keyboard, LeavesThatKeyToATextWithAMenu) {
+    ui::qt::HearEveryKey(window);
+    QLineEdit text(&window);
+    text.setContextMenuPolicy(Qt::CustomContextMenu);
+    bool isOpened = false;
+    QObject::connect(&text, &QWidget::customContextMenuRequested, &text, [&isOpened] { isOpened = true; });
+    text.show();
+    text.setFocus();
+    ::keybd_event(VK_SHIFT, 0, 0, 0);
+    Strike(VK_F10);
+    EXPECT_TRUE(QTest::qWaitFor([&isOpened] { return isOpened; }));
+    ::keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
 }
 
 TEST_F(Keyboard, HasTheProgramsLocksInItsWindowAndTheUsersElsewhere) {

@@ -74,7 +74,7 @@ bool IsDown(int virtualKey) {
     return ::GetKeyState(virtualKey) < 0;
 }
 
-/// Shift+F10, which the toolkit leaves to the system for a context menu. The window has none.
+/// Shift+F10, which the toolkit leaves to the system for a context menu. In the window only texts have one.
 class MenuKey final : public QObject, public QAbstractNativeEventFilter {
 public:
     explicit MenuKey(QWidget& window)
@@ -104,8 +104,10 @@ public:
 
 private:
     [[nodiscard]] bool isWanted() const {
-        return IsDown(VK_SHIFT) && !IsDown(VK_CONTROL) && !IsDown(VK_MENU) && m_window.isActiveWindow() &&
-               QApplication::activePopupWidget() == nullptr;
+        const QWidget* const focus = QApplication::focusWidget();
+        const bool isText = focus != nullptr && focus->testAttribute(Qt::WA_InputMethodEnabled);
+        return !isText && IsDown(VK_SHIFT) && !IsDown(VK_CONTROL) && !IsDown(VK_MENU) &&
+               m_window.isActiveWindow() && QApplication::activePopupWidget() == nullptr;
     }
 
     QWidget& m_window;
