@@ -21,6 +21,8 @@ unset VTM_WINE_PATH
 
 fail() {
     echo "FAILED: $*"
+    echo "on the screen: $(timeout 5 xdotool search --onlyvisible --name . getwindowname %@ 2>&1 | tr '\n' ';')" \
+        "the keyboard is at: $(timeout 5 xdotool getwindowfocus getwindowname 2>&1)"
     exit 1
 }
 
@@ -42,6 +44,11 @@ hasNoWindow() {
     ! hasWindow "$1"
 }
 
+# Presses keys in a window, which is brought to the front first: Wine may show one without the keyboard.
+press() {
+    timeout 5 xdotool search --onlyvisible --name "$1" windowactivate key "$2" || true
+}
+
 # Closes the program as its user does, who tries again where a key came too early.
 closeWindow() {
     waitFor isClosed "$1"
@@ -49,8 +56,7 @@ closeWindow() {
 
 isClosed() {
     hasNoWindow "$1" && return
-    # It may be gone before the keys are up again.
-    timeout 5 xdotool key --window "$(hasWindow "$1" | head -n 1)" alt+F4 || true
+    press "$1" alt+F4
     return 1
 }
 
@@ -110,17 +116,15 @@ cp "$root/tests/fuzz/corpus/name_script/plain.vtn" "$user/my name.vtn"
 echo nothing >"$user/no name.vtn"
 "$wine" start "C:\\users\\$(id -un)\\no name.vtn"
 waitFor hasWindow '^Vortigo$'
-# A key that comes before the message has the keyboard is nobody's.
 isAnswered() {
     hasWindow 'Vortigo \[' && return
-    timeout 5 xdotool key Escape
+    press '^Vortigo$' Escape
     return 1
 }
 waitFor isAnswered
 closeWindow 'Vortigo \['
 "$wine" start "C:\\users\\$(id -un)\\my name.vtn"
-waitFor hasWindow 'Vortigo'
-hasWindow 'Vortigo \[' >/dev/null || fail "the script could not be read"
+waitFor hasWindow 'Vortigo \[' # a script that cannot be read would be told of first
 closeWindow 'Vortigo \['
 echo "the installer's file types open scripts with the program"
 
