@@ -44,19 +44,20 @@ hasNoWindow() {
     ! hasWindow "$1"
 }
 
-# Presses keys in a window, which is brought to the front first: Wine may show one without the keyboard.
+# Presses a key in a window, which is brought to the front first: Wine may show one without the keyboard.
 press() {
     timeout 5 xdotool search --onlyvisible --name "$1" windowactivate key "$2" || true
 }
 
-# Closes the program as its user does, who tries again where a key came too early.
+# Closes the program by the system: keys would still be held for Wine when the window goes before they are up again, and the
+# next program would hear Alt with all others.
 closeWindow() {
     waitFor isClosed "$1"
 }
 
 isClosed() {
     hasNoWindow "$1" && return
-    press "$1" alt+F4
+    "$wine" taskkill /im VTM.exe || true
     return 1
 }
 
