@@ -35,7 +35,7 @@ Lists, adds and removes the character sets that the program shows glyphs with.
                                512 pixels a side (PNG, GIF, PCX, BMP, TGA), the raw lump
                                conchars, a gfx.wad, or the pak0.pak of Quake or Quake2
       --web ADDRESS            where the set comes from
-      --palette FILE           colours of conchars and gfx.wad: palette.lmp or a pak0.pak
+      --palette FILE           colors of conchars and gfx.wad: palette.lmp or a pak0.pak
   remove NAME|NUMBER           remove a set
   export NUMBER FILE.png       write a set's picture
   preview NUMBER               show a set in the terminal
