@@ -9,10 +9,11 @@
 
 namespace support {
 
-/// How a program that was run to its end went.
+/// How a program that was run to its end went. The lines of what it wrote end with LF.
 struct ToolRun {
     int exitCode = -1;
-    std::string errors; ///< what it wrote to the standard error output; its lines end with LF
+    std::string output; ///< what it wrote to the standard output
+    std::string errors; ///< what it wrote to the standard error output
 };
 
 /// Runs a program with arguments that hold no quotes.

@@ -323,6 +323,25 @@ TEST(CharSetProgram, ExitsWithTheCodeOfTheCommand) {
     EXPECT_EQ(support::RunProgram(VTM_CHARSET, {directory, "export"}).exitCode, 2);
 }
 
+TEST(CharSetProgram, TakesAndShowsEveryCharacter) {
+    const support::TempFolder folder;
+    const ui::Path name = ui::PathFromText("\xC3\xBC \xE6\xBC\xA2 \xF0\x9F\x98\x80");
+    const std::string list = ui::PathText(folder.put(name / "vtmtc.dat", MakeSets(1).list));
+    (void)folder.put(name / "vtmgrid.dat", MakeSets(1).store);
+    // Its path ends with what parts folders.
+    const std::string directory = ui::PathText(folder / name / "");
+    const support::ToolRun listed = support::RunProgram(VTM_CHARSET, {"--directory", directory, "list"});
+    EXPECT_EQ(listed.exitCode, 0);
+    EXPECT_EQ(listed.output, list + ":\n  No.   Slot  Name  Address\n    1      0  A\n");
+    EXPECT_EQ(listed.errors, "");
+    const support::ToolRun refused =
+        support::RunProgram(VTM_CHARSET, {"--directory", directory, "remove", ui::PathText(name)});
+    EXPECT_EQ(refused.output, "");
+    EXPECT_EQ(
+        refused.errors, "vtm-charset: There is no character set \"" + ui::PathText(name) +
+                            "\"; \"vtm-charset list\" shows the 1 there are.\n");
+}
+
 TEST_F(CharSetCommand, ExportsToNoOtherName) {
     const support::TempFolder place;
     place.put("y.png.new", "mine");

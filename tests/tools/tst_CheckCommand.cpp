@@ -319,6 +319,15 @@ TEST_F(CheckCommand, OutputHoldsNothingThatATerminalActsOn) {
     expectHarmless(output.str());
 }
 
+TEST_F(CheckCommand, TheProgramPrintsWhatTheCommandDoes) {
+    const std::string script =
+        ui::PathText(folder.put(ui::PathFromText("\xC3\xBC \xE6\xBC\xA2.vta"), Wave(15)));
+    EXPECT_EQ(run({script}), 1);
+    EXPECT_EQ(support::RunProgram(VTM_CHECK, {script}).output, output.str());
+    EXPECT_EQ(run({"--json", script}), 1);
+    EXPECT_EQ(support::RunProgram(VTM_CHECK, {"--json", script}).output, output.str());
+}
+
 TEST_F(CheckCommand, TheProgramExitsWithTheCodeOfTheCommand) {
     EXPECT_EQ(support::RunProgram(VTM_CHECK, {file("clan.vtn", NameHead + "name \"Bob\"\r\n")}).exitCode, 0);
     EXPECT_EQ(support::RunProgram(VTM_CHECK, {file("w.vta", Wave(15))}).exitCode, 1);
