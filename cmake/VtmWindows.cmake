@@ -6,7 +6,8 @@ enable_language(RC)
 set(VTM_WINDOWS_SHARE ${PROJECT_SOURCE_DIR}/share/windows)
 set(VTM_WINDOWS_ICON ${PROJECT_BINARY_DIR}/data/icons/vtm.ico)
 
-# vtm_program(NAME DESCRIPTION [ICON]): gives a program its manifest, its version, and the icon of the project.
+# vtm_program(NAME DESCRIPTION [ICON]): gives a program its manifest, its version, and the icon of the project. What it loads
+# is there when it is built.
 function(vtm_program name description)
     set(icon "")
     if("ICON" IN_LIST ARGN)
@@ -15,6 +16,7 @@ function(vtm_program name description)
     endif()
     configure_file(${VTM_WINDOWS_SHARE}/program.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc @ONLY)
     target_sources(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
+    add_dependencies(${name} vtm_runtime)
 endfunction()
 
 # The libraries of the compiler that every program loads, without what only debuggers read; they lie beside the program.
