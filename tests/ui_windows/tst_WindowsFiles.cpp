@@ -172,6 +172,8 @@ TEST(WindowsFiles, KnowAFileThatCannotSimplyBeReplaced) {
     EXPECT_TRUE(ui::WriteFile(files, path, "three"));
     EXPECT_EQ(folder.content("b"), "three") << "the other name is the same file";
     EXPECT_TRUE(files.sameFile(path, folder / "b"));
+    EXPECT_FALSE(files.sameFile(path, "NUL"));
+    EXPECT_FALSE(files.sameFile("NUL", path));
 }
 
 TEST(WindowsFiles, InspectWhatIsNotThere) {

@@ -330,10 +330,19 @@ std::vector<std::string> DiskFiles::list(const Path& folder) const {
 
 bool DiskFiles::sameFile(const Path& first, const Path& second) const {
     std::optional<native::FileIdentity> known;
+    std::optional<bool> isOnDisk;
     for (const Path& path : {first, second}) {
         const Handle handle = native::LookAt(path);
         if (!handle && IsAbsence(::GetLastError())) {
             return false;
+        }
+        if (handle) {
+            // NUL and its like have no identity.
+            const bool isThisOnDisk = native::IsOnDisk(handle);
+            if (isOnDisk.value_or(isThisOnDisk) != isThisOnDisk) {
+                return false;
+            }
+            isOnDisk = isThisOnDisk;
         }
         const auto identity = native::IdentityOf(handle);
         if (!identity) {
