@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt/KeyTranslation.h"
 #include "ui/windows/QtLockKeys.h"
+#include "ui/windows/QtRowPainter.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QtTest>
 #include <gtest/gtest.h>
 #include <vector>
@@ -41,6 +43,7 @@ protected:
 class Keyboard : public testing::Test {
 protected:
     void SetUp() override {
+        ui::native::MakeRowPainter();
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -99,6 +102,16 @@ TEST_F(Keyboard, LeavesThatKeyToATextWithAMenu) {
     Strike(VK_F10);
     EXPECT_TRUE(QTest::qWaitFor([&isOpened] { return isOpened; }));
     ::keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
+}
+
+TEST_F(Keyboard, StaysWhenAListFirstShowsAChosenRow) {
+    QListWidget list(&window);
+    list.addItem(QStringLiteral("row"));
+    list.setCurrentRow(0);
+    list.setFocus();
+    list.show();
+    QTest::qWait(100);
+    EXPECT_TRUE(window.isActiveWindow());
 }
 
 TEST_F(Keyboard, HasTheProgramsLocksInItsWindowAndTheUsersElsewhere) {

@@ -47,10 +47,6 @@ void Press(int virtualKey) {
 
 } // namespace
 
-bool LocksReachKeyboard() {
-    return ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
-}
-
 int VirtualKeyOf(LockKey key) {
     return Keys.at(IndexOf(key));
 }

@@ -30,10 +30,6 @@ private:
     std::array<int, 4> m_onTheirWay{}; ///< presses that the thread has not got yet, by LockKey
 };
 
-/// Whether what this program turns is the keyboard's. Under Wine the locks are the X server's: at the next
-/// key it turns them back, with presses that nobody could tell from the user's.
-[[nodiscard]] bool LocksReachKeyboard();
-
 /// The system's number of a lock key.
 [[nodiscard]] int VirtualKeyOf(LockKey key);
 

@@ -4,6 +4,7 @@
 
 #include "ui/Platform.h"
 #include "ui/windows/LockState.h"
+#include "ui/windows/Wine.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>
@@ -20,8 +21,10 @@ namespace ui::native {
 /// when the key is up again.
 class QtLockKeys final : public QObject, public QAbstractNativeEventFilter, public LockKeys {
 public:
-    /// `reachesKeyboard`: whether locks can be turned at all; otherwise nothing happens.
-    explicit QtLockKeys(bool reachesKeyboard = LocksReachKeyboard());
+    /// `reachesKeyboard`: whether locks can be turned at all; otherwise nothing happens. Under Wine they are
+    /// the X server's: at the next key it turns them back, with presses that nobody could tell from the
+    /// user's.
+    explicit QtLockKeys(bool reachesKeyboard = !IsWine());
     QtLockKeys(const QtLockKeys&) = delete;
     QtLockKeys& operator=(const QtLockKeys&) = delete;
     QtLockKeys(QtLockKeys&&) = delete;

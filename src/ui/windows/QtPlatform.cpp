@@ -7,9 +7,11 @@
 #include "ui/qt/QtDialogs.h"
 #include "ui/windows/QtBytesClipboard.h"
 #include "ui/windows/QtLockKeys.h"
+#include "ui/windows/QtRowPainter.h"
 #include "ui/windows/QtShellLauncher.h"
 #include "ui/windows/RegistryFileTypes.h"
 #include "ui/windows/WaveSounds.h"
+#include "ui/windows/Wine.h"
 
 #include <utility>
 
@@ -33,7 +35,11 @@ struct QtPlatform::Parts {
 };
 
 QtPlatform::QtPlatform(FolderOffer offered)
-    : m_parts(std::make_unique<Parts>(std::move(offered))) {}
+    : m_parts(std::make_unique<Parts>(std::move(offered))) {
+    if (native::IsWine()) {
+        native::MakeRowPainter();
+    }
+}
 
 QtPlatform::~QtPlatform() = default;
 
