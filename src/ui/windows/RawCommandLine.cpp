@@ -3,6 +3,7 @@
 #include "ui/windows/RawCommandLine.h"
 
 #include <algorithm>
+#include <string>
 #include <windows.h>
 
 namespace ui::native {
@@ -18,9 +19,8 @@ bool BeginsWith(std::wstring_view commandLine, std::wstring_view program) {
         (commandLine.size() > size && Blanks.find(commandLine[size]) == std::wstring_view::npos)) {
         return false;
     }
-    return ::CompareStringOrdinal(
-               commandLine.data(), static_cast<int>(size), program.data(), static_cast<int>(size), TRUE) ==
-           CSTR_EQUAL;
+    const std::wstring begin(commandLine.substr(0, size));
+    return ::CompareStringOrdinal(begin.c_str(), -1, std::wstring(program).c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 std::size_t EndOfProgram(std::wstring_view commandLine, std::wstring_view program) {
