@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -23,6 +24,13 @@ bool TryFor(std::chrono::milliseconds patience, std::chrono::milliseconds pause,
         std::this_thread::sleep_for(pause);
     }
     return true;
+}
+
+/// What is left until then; nothing when it is over.
+inline std::chrono::milliseconds LeftUntil(std::chrono::steady_clock::time_point end) {
+    using std::chrono::milliseconds;
+    const auto left = std::chrono::duration_cast<milliseconds>(end - std::chrono::steady_clock::now());
+    return std::max(left, milliseconds(0));
 }
 
 } // namespace ui

@@ -42,6 +42,7 @@ Status WaitForLock(int number, const Path& path, const char* busy, std::chrono::
 }
 
 Result<std::unique_ptr<FileLock>> LockFile(const Path& path, std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
         constexpr int Common = O_CLOEXEC | O_NONBLOCK;
         int number = ::open(path.c_str(), O_RDWR | Common);
@@ -55,7 +56,8 @@ Result<std::unique_ptr<FileLock>> LockFile(const Path& path, std::chrono::millis
         if (number < 0 || ::fstat(number, &opened) != 0) {
             return FileFailure("Could not lock", path, errno);
         }
-        if (auto locked = WaitForLock(number, path, "another program is writing it", patience); !locked) {
+        if (auto locked = WaitForLock(number, path, "another program is writing it", LeftUntil(end));
+            !locked) {
             return locked.failure();
         }
 

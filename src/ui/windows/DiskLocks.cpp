@@ -58,12 +58,13 @@ Failure BusyFailure(const Path& path, const char* busy) {
 }
 
 Result<std::unique_ptr<FileLock>> LockFile(const Path& path, std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
         const auto opened = native::IdentityOf(native::LookAt(path));
         if (!opened) {
             return FileFailure("Could not lock", path, ::GetLastError());
         }
-        auto lock = WaitForLock(*opened, patience);
+        auto lock = WaitForLock(*opened, LeftUntil(end));
         if (lock == nullptr) {
             return BusyFailure(path, "another program is writing it");
         }
