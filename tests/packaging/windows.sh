@@ -46,11 +46,11 @@ hasNoWindow() {
 
 # Presses a key in a window, which is brought to the front first: Wine may show one without the keyboard.
 press() {
-    timeout 5 xdotool search --onlyvisible --name "$1" windowactivate key "$2" || true
+    timeout 5 xdotool search --onlyvisible --name "$1" windowactivate --sync key "$2" || true
 }
 
 # Closes the program by the system: keys would still be held for Wine when the window goes before they are up again, and the
-# next program would hear Alt with all others.
+# next program would take every key for one with Alt.
 closeWindow() {
     waitFor isClosed "$1"
 }
@@ -59,10 +59,6 @@ isClosed() {
     hasNoWindow "$1" && return
     "$wine" taskkill /im VTM.exe || true
     return 1
-}
-
-hasValue() {
-    "$wine" reg query "$1" /ve
 }
 
 opensWith() {
@@ -126,6 +122,11 @@ waitFor isAnswered
 closeWindow 'Vortigo \['
 "$wine" start "C:\\users\\$(id -un)\\my name.vtn"
 waitFor hasWindow 'Vortigo \[' # a script that cannot be read would be told of first
+closeWindow 'Vortigo \['
+# The page of messages is shown for no other type.
+cp "$root/tests/fuzz/corpus/messages/three.vtm" "$user/my messages.vtm"
+"$wine" start "C:\\users\\$(id -un)\\my messages.vtm"
+waitFor hasWindow 'Vortigo \[Messages\]'
 closeWindow 'Vortigo \['
 echo "the installer's file types open scripts with the program"
 
@@ -193,7 +194,9 @@ removed() {
 waitFor removed
 left=$(installedFiles)
 [[ $left == './mine.cfg ./tempfile.cfg ./vtmgrid.dat ./vtmtc.dat ' ]] || fail "the removal leaves $left"
-! hasValue 'HKCU\Software\Classes\.vtn' >/dev/null 2>&1 || fail "the removal leaves the file types"
+for key in .vtn .vta .vtm VTM_Name VTM_Ani VTM_Macro; do
+    ! "$wine" reg query "HKCU\\Software\\Classes\\$key" >/dev/null 2>&1 || fail "the removal leaves $key"
+done
 ! inMenu || fail "the removal leaves the entry of the start menu"
 ! isListed || fail "the removal leaves the program in the list"
 
