@@ -336,9 +336,9 @@ bool DiskFiles::sameFile(const Path& first, const Path& second) const {
         if (!handle && IsAbsence(::GetLastError())) {
             return false;
         }
-        if (handle) {
-            // NUL and its like have no identity.
-            const bool isThisOnDisk = native::IsOnDisk(handle);
+        // A device has no identity, and would count as the same as any file.
+        if (const DWORD type = ::GetFileType(handle.get()); handle && type != FILE_TYPE_UNKNOWN) {
+            const bool isThisOnDisk = type == FILE_TYPE_DISK;
             if (isOnDisk.value_or(isThisOnDisk) != isThisOnDisk) {
                 return false;
             }
