@@ -6,8 +6,8 @@ enable_language(RC)
 set(VTM_WINDOWS_SHARE ${PROJECT_SOURCE_DIR}/share/windows)
 set(VTM_WINDOWS_ICON ${PROJECT_BINARY_DIR}/data/icons/vtm.ico)
 
-# vtm_program(NAME DESCRIPTION [ICON]): gives a program its manifest, its version, and the icon of the project. What it loads
-# is there when it is built.
+# vtm_program(NAME DESCRIPTION [ICON]): gives a program its manifest, its version, and the icon of the project. The
+# libraries of the compiler are there when it is built.
 function(vtm_program name description)
     set(icon "")
     if("ICON" IN_LIST ARGN)

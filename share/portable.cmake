@@ -107,7 +107,7 @@ function(carry_licences folder)
     file(WRITE ${folder}/README "\
 What this program itself may be used for says LICENSE, one folder up. The archive also carries libraries
 and a font from these packages of Debian. Beside this file lies for each who wrote it and what it may be
-used for; the licences that these refer to are in common-licenses.
+used for; the licenses that these refer to are in common-licenses.
 
 ${packages}
 Debian provides the source of each package under the name and version in parentheses. Any of the

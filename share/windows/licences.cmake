@@ -32,7 +32,7 @@ What this program itself may be used for says LICENSE.txt, one folder up. It als
 built from these sources of Debian:
 
 ${versions}
-Beside this file lies for each who wrote it and what it may be used for, and the licences that these refer
+Beside this file lies for each who wrote it and what it may be used for, and the licenses that these refer
 to. Debian provides the sources under these names and versions. Any library beside the program may be
 replaced by another build of the same version.
 ")

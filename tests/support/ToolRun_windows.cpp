@@ -14,7 +14,7 @@ namespace {
 
 constexpr DWORD LongestRun = 60000; // milliseconds
 
-/// A file that a program writes to as to a terminal.
+/// A file that takes what a program writes.
 class Written {
 public:
     explicit Written(ui::Path path)

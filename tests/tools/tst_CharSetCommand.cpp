@@ -328,7 +328,7 @@ TEST(CharSetProgram, TakesAndShowsEveryCharacter) {
     const ui::Path name = ui::PathFromText("\xC3\xBC \xE6\xBC\xA2 \xF0\x9F\x98\x80");
     const std::string list = ui::PathText(folder.put(name / "vtmtc.dat", MakeSets(1).list));
     (void)folder.put(name / "vtmgrid.dat", MakeSets(1).store);
-    // Its path ends with what parts folders.
+    // A command line takes a backslash before a quote for the quote's.
     const std::string directory = ui::PathText(folder / name / "");
     const support::ToolRun listed = support::RunProgram(VTM_CHARSET, {"--directory", directory, "list"});
     EXPECT_EQ(listed.exitCode, 0);

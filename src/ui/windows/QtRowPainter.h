@@ -4,8 +4,8 @@
 
 namespace ui::native {
 
-/// Has the toolkit make the hidden window that it draws chosen rows with, for Wine, which hands the keyboard
-/// to it when it is made: made before all other windows, it takes the keyboard from none.
+/// Has the toolkit make the hidden window that it draws chosen rows of the first screen with, for Wine, which
+/// hands the keyboard to it when it is made: made before all other windows, it takes the keyboard from none.
 void MakeRowPainter();
 
 } // namespace ui::native
