@@ -7,12 +7,19 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 class QImage;
 
 namespace tour {
+
+/// Something did not happen that the tour has waited for, or is not as it should be.
+class TourFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /// A window as the window manager knows it.
 struct WindowFacts {
@@ -48,7 +55,7 @@ public:
     virtual void typeAsShown(std::string_view text) { type(text); }
 
     virtual void moveTo(int x, int y) = 0;
-    /// `button`: 1 the left one, 2 the middle one, 3 the right one.
+    /// `button`: 1 the left one, 2 the middle one, 3 the right one. Fails where the display does not see it.
     void click(int x, int y, unsigned button = 1);
 
     /// The window that has the keyboard.

@@ -9,19 +9,12 @@
 
 #include <functional>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
 #include <utility>
 
 namespace tour {
-
-/// Something did not happen that the tour has waited for, or is not as it should be.
-class TourFailure : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 struct TourOptions {
     ui::Path program; ///< the executable

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tour_driver/X11Desktop.h"
 
+#include "ui/TryFor.h"
+
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -11,7 +13,6 @@
 #include <algorithm>
 #include <chrono>
 #include <poll.h>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -19,7 +20,6 @@ namespace tour {
 
 namespace {
 
-using WaitClock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr milliseconds ButtonPatience{5000};
@@ -189,9 +189,11 @@ void X11Desktop::sendKey(unsigned code, bool isDown) {
 void X11Desktop::sendButton(unsigned button, bool isDown) {
     XTestFakeButtonEvent(m_connection->display, button, isDown ? True : False, CurrentTime);
     // The window manager sees a press first and may lose what follows before it has passed the press on.
-    const auto deadline = WaitClock::now() + ButtonPatience;
-    while (m_connection->isHeld(button) != isDown && WaitClock::now() < deadline) {
-        std::this_thread::sleep_for(ButtonGlance);
+    const auto isSeen = [&] {
+        return m_connection->isHeld(button) == isDown;
+    };
+    if (!ui::TryFor(ButtonPatience, ButtonGlance, isSeen)) {
+        throw TourFailure("the display does not see the button");
     }
 }
 
@@ -275,8 +277,9 @@ std::optional<std::string> X11Desktop::Connection::clipboard(Atom type) const {
     const Atom target = atom("TOUR_CLIPBOARD");
     XConvertSelection(display, atom("CLIPBOARD"), type, target, own, CurrentTime);
     XFlush(display);
-    const auto deadline = WaitClock::now() + std::chrono::seconds(5);
-    while (WaitClock::now() < deadline) {
+    using Clock = std::chrono::steady_clock;
+    const auto deadline = Clock::now() + std::chrono::seconds(5);
+    while (Clock::now() < deadline) {
         XEvent event;
         if (XCheckTypedWindowEvent(display, own, SelectionNotify, &event) != 0) {
             if (event.xselection.property == None) {
