@@ -4,37 +4,28 @@
 
 #include "charset/Command.h"
 #include "glyphs/PngPicture.h"
-#include "support/CharSetWorld.h"
-#include "support/FailingFiles.h"
+#include "tools/SetsCommandRun.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace support {
 
 /// Runs the command, with three sets in a program directory of its own.
-class CharSetCommand : public testing::Test {
+class CharSetCommand : public SetsCommand {
 protected:
-    /// What terminals act on, in a name.
-    static inline const std::string ActedOn = "a\x1b]0;title\a\nvtm-charset: done";
+    CharSetCommand()
+        : SetsCommand("vtm-charset", 3) {}
 
-    CharSetCommand() {
-        (void)directory.files.put("vtmtc.dat", MakeSets(3).list);
-        (void)directory.files.put("vtmgrid.dat", MakeSets(3).store);
-    }
-
-    int run(const std::vector<std::string>& arguments) {
-        output.str("");
-        errors.str("");
+    int command(const std::vector<std::string>& arguments) override {
         return charset::RunCommand(arguments, {files, directory, output, errors, 128});
     }
 
+    /// And nothing has changed.
     void expectRefusal(const std::vector<std::string>& arguments, const std::string& message) {
         const artwork::CharSetFiles before = now();
-        EXPECT_EQ(run(arguments), 1);
-        EXPECT_EQ(errors.str(), "vtm-charset: " + message + "\n");
+        SetsCommand::expectRefusal(arguments, message);
         EXPECT_EQ(output.str(), "");
         EXPECT_EQ(now(), before);
     }
@@ -47,14 +38,6 @@ protected:
         EXPECT_EQ(now(), before);
     }
 
-    /// The command refuses that with one line, in which nothing is that a terminal acts on.
-    void expectHarmlessRefusal(const std::vector<std::string>& arguments) {
-        EXPECT_NE(run(arguments), 0);
-        const std::string message = errors.str();
-        EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
-        EXPECT_EQ(message.find_first_of("\x1b\a\r"), std::string::npos) << message;
-    }
-
     [[nodiscard]] artwork::CharSetFiles now() const {
         return {directory.files.content("vtmtc.dat"), directory.files.content("vtmgrid.dat")};
     }
@@ -63,13 +46,6 @@ protected:
     std::string picture(const ui::Path& name = "set.png") {
         return ui::PathText(folder.put(name, glyphs::EncodePng(SmallArtwork(9)).value()));
     }
-
-    TempProgramDirectory directory;
-    TempFolder folder;
-    ui::DiskFiles disk;
-    FailingFiles files{disk};
-    std::ostringstream output;
-    std::ostringstream errors;
 };
 
 } // namespace support

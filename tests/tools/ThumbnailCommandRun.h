@@ -3,12 +3,10 @@
 #pragma once
 
 #include "glyphs/PngPicture.h"
-#include "support/CharSetWorld.h"
-#include "support/FailingFiles.h"
 #include "thumbnail/Command.h"
+#include "tools/SetsCommandRun.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -21,33 +19,13 @@ inline const std::string TwoNamesScript = "// Animation File Created by Vortigo\
                                           "name \"second\"\r\nwait; wait; \r\n";
 
 /// Runs the command on files of its own, with two sets in a program directory of its own.
-class ThumbnailCommand : public testing::Test {
+class ThumbnailCommand : public SetsCommand {
 protected:
-    /// What terminals act on, in a name.
-    static inline const std::string ActedOn = "a\x1b]0;title\a\nvtm-thumbnail: done";
+    ThumbnailCommand()
+        : SetsCommand("vtm-thumbnail", 2) {}
 
-    ThumbnailCommand() {
-        (void)directory.files.put("vtmtc.dat", MakeSets(2).list);
-        (void)directory.files.put("vtmgrid.dat", MakeSets(2).store);
-    }
-
-    int run(const std::vector<std::string>& arguments) {
-        output.str("");
-        errors.str("");
+    int command(const std::vector<std::string>& arguments) override {
         return thumbnail::RunCommand(arguments, {files, directory, output, errors});
-    }
-
-    void expectRefusal(const std::vector<std::string>& arguments, const std::string& message) {
-        EXPECT_EQ(run(arguments), 1);
-        EXPECT_EQ(errors.str(), "vtm-thumbnail: " + message + "\n");
-    }
-
-    /// The command refuses that with one line, in which nothing is that a terminal acts on.
-    void expectHarmlessRefusal(const std::vector<std::string>& arguments) {
-        EXPECT_NE(run(arguments), 0);
-        const std::string message = errors.str();
-        EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
-        EXPECT_EQ(message.find_first_of("\x1b\a\r"), std::string::npos) << message;
     }
 
     [[nodiscard]] std::string at(const ui::Path& name) const { return ui::PathText(folder / name); }
@@ -57,13 +35,6 @@ protected:
         EXPECT_TRUE(picture) << picture.failure().message;
         return picture ? picture.value() : ui::Picture();
     }
-
-    TempProgramDirectory directory;
-    TempFolder folder;
-    ui::DiskFiles disk;
-    FailingFiles files{disk};
-    std::ostringstream output;
-    std::ostringstream errors;
 };
 
 } // namespace support

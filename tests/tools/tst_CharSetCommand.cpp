@@ -130,15 +130,15 @@ TEST_F(CharSetCommand, AddRefusesAddressesThatABrowserMayNotBeGiven) {
 }
 
 TEST_F(CharSetCommand, MessagesHoldNothingThatATerminalActsOn) {
-    const std::string file = ui::PathText(folder / ActedOn);
+    const std::string file = ui::PathText(folder / actedOn);
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"--directory", file, "list"},
           {"add", "New", file},
-          {"add", ActedOn, picture()},
-          {"remove", ActedOn},
-          {"preview", ActedOn},
+          {"add", actedOn, picture()},
+          {"remove", actedOn},
+          {"preview", actedOn},
           {"export", "1", file},
-          {"--" + ActedOn}}) {
+          {"--" + actedOn}}) {
         expectHarmlessRefusal(arguments);
     }
 }

@@ -17,11 +17,11 @@ class PosixCharSetCommand : public support::CharSetCommand {};
 } // namespace
 
 TEST_F(PosixCharSetCommand, NamesOfFilesHoldNothingThatATerminalActsOn) {
-    expectHarmlessRefusal({"add", "New", ui::PathText(folder.put(ActedOn + ".png", "none"))});
-    std::filesystem::create_directory(folder / ActedOn);
-    expectHarmlessRefusal({"--directory", ui::PathText(folder / ActedOn), "list"});
-    (void)folder.put(ActedOn + "/vtmtc.dat", MakeSets(1).list);
-    EXPECT_EQ(run({"--directory", ui::PathText(folder / ActedOn), "list"}), 0);
+    expectHarmlessRefusal({"add", "New", ui::PathText(folder.put(actedOn + ".png", "none"))});
+    std::filesystem::create_directory(folder / actedOn);
+    expectHarmlessRefusal({"--directory", ui::PathText(folder / actedOn), "list"});
+    (void)folder.put(actedOn + "/vtmtc.dat", MakeSets(1).list);
+    EXPECT_EQ(run({"--directory", ui::PathText(folder / actedOn), "list"}), 0);
     EXPECT_EQ(output.str().find_first_of("\x1b\a\r"), std::string::npos) << output.str();
     EXPECT_EQ(std::ranges::count(output.str(), '\n'), 3) << output.str();
 }

@@ -156,6 +156,6 @@ TEST_F(ThumbnailCommand, TheProgramWritesIntoAnEmptyFileOfAnyName) {
 }
 
 TEST_F(ThumbnailCommand, MessagesHoldNothingThatATerminalActsOn) {
-    expectHarmlessRefusal({at(ActedOn), at("out.png")});
-    expectHarmlessRefusal({"--" + ActedOn});
+    expectHarmlessRefusal({at(actedOn), at("out.png")});
+    expectHarmlessRefusal({"--" + actedOn});
 }

@@ -43,5 +43,5 @@ TEST_F(PosixThumbnailCommand, FileManagersCallItForTheThreeKindsOfScripts) {
 }
 
 TEST_F(PosixThumbnailCommand, NamesOfFilesHoldNothingThatATerminalActsOn) {
-    expectHarmlessRefusal({ui::PathText(folder.put(ActedOn + ".vtn", "none")), at("out.png")});
+    expectHarmlessRefusal({ui::PathText(folder.put(actedOn + ".vtn", "none")), at("out.png")});
 }
